@@ -1,0 +1,359 @@
+#include "Datenbank.h"
+
+#include "AccessSql.h"
+#include "Fehler.h"
+#include "Pfade.h"
+#include "Schema.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+namespace {
+
+/// What a result code means for the user.
+[[noreturn]] void werfen(sqlite3 *db, const QString &pfad)
+{
+    const QString datei = QFileInfo(pfad).fileName();
+    const QString meldung = QString::fromUtf8(sqlite3_errmsg(db));
+    QString text;
+    switch (sqlite3_errcode(db) & 0xff) {
+    case SQLITE_NOTADB: text = QStringLiteral("Die Datei '%1' ist keine Datenbank."); break;
+    case SQLITE_CORRUPT: text = QStringLiteral("Die Datenbank '%1' ist beschädigt."); break;
+    case SQLITE_CANTOPEN: text = QStringLiteral("Die Datenbank '%1' kann nicht geöffnet werden."); break;
+    case SQLITE_READONLY:
+    case SQLITE_PERM: text = QStringLiteral("Die Datenbank '%1' ist schreibgeschützt."); break;
+    case SQLITE_FULL: text = QStringLiteral("Der Datenträger der Datenbank '%1' ist voll."); break;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED: text = QStringLiteral("Die Datenbank '%1' wird gerade von einem anderen Programm benutzt."); break;
+    case SQLITE_IOERR: text = QStringLiteral("Die Datenbank '%1' kann nicht gelesen oder geschrieben werden."); break;
+    default:
+        text = QStringLiteral("Fehler in der Datenbank '%1': ");
+        if (const QString tabelle = QStringLiteral("no such table: "); meldung.startsWith(tabelle))
+            throw Fehler(QStringLiteral("In der Datenbank '%1' fehlt die Tabelle '%2'.").arg(datei, meldung.mid(tabelle.size())));
+        if (const QString spalte = QStringLiteral("no such column: "); meldung.startsWith(spalte))
+            throw Fehler(QStringLiteral("In der Datenbank '%1' fehlt das Feld '%2'.").arg(datei, meldung.mid(spalte.size())));
+        throw Fehler(text.arg(datei) + meldung);
+    }
+    throw Fehler(text.arg(datei));
+}
+
+void likeFunktion(sqlite3_context *kontext, int, sqlite3_value **werte)
+{
+    if (sqlite3_value_type(werte[0]) == SQLITE_NULL || sqlite3_value_type(werte[1]) == SQLITE_NULL) {
+        sqlite3_result_int(kontext, 0);
+        return;
+    }
+    const auto text = [](sqlite3_value *wert) {
+        return QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_value_text(wert)), sqlite3_value_bytes(wert));
+    };
+    sqlite3_result_int(kontext, accessLike(text(werte[0]), text(werte[1])));
+}
+
+QHash<QString, std::weak_ptr<Datenbank>> &offene()
+{
+    static QHash<QString, std::weak_ptr<Datenbank>> tabelle;
+    return tabelle;
+}
+
+constexpr int meisteAnweisungen = 100;
+
+} // namespace
+
+Anweisung::~Anweisung()
+{
+    sqlite3_finalize(stmt_);
+}
+
+void Anweisung::binden(int nummer, const QVariant &wert)
+{
+    int ergebnis = SQLITE_OK;
+    switch (wert.typeId()) {
+    case QMetaType::UnknownType: ergebnis = sqlite3_bind_null(stmt_, nummer + 1); break;
+    case QMetaType::Int:
+    case QMetaType::LongLong: ergebnis = sqlite3_bind_int64(stmt_, nummer + 1, wert.toLongLong()); break;
+    case QMetaType::Double: ergebnis = sqlite3_bind_double(stmt_, nummer + 1, wert.toDouble()); break;
+    default: {
+        const QByteArray utf8 = wert.toString().toUtf8();
+        ergebnis = wert.toString().isNull() ? sqlite3_bind_null(stmt_, nummer + 1)
+                                            : sqlite3_bind_text(stmt_, nummer + 1, utf8.constData(), int(utf8.size()), SQLITE_TRANSIENT);
+    }
+    }
+    if (ergebnis != SQLITE_OK)
+        werfen(db_, QString::fromUtf8(sqlite3_db_filename(db_, nullptr)));
+}
+
+bool Anweisung::schritt()
+{
+    const int ergebnis = sqlite3_step(stmt_);
+    if (ergebnis == SQLITE_ROW)
+        return true;
+    sqlite3_reset(stmt_);
+    if (ergebnis != SQLITE_DONE)
+        werfen(db_, QString::fromUtf8(sqlite3_db_filename(db_, nullptr)));
+    return false;
+}
+
+void Anweisung::zuruecksetzen()
+{
+    sqlite3_reset(stmt_);
+}
+
+int Anweisung::spalten() const
+{
+    return sqlite3_column_count(stmt_);
+}
+
+QString Anweisung::spaltenname(int spalte) const
+{
+    return QString::fromUtf8(sqlite3_column_name(stmt_, spalte));
+}
+
+bool Anweisung::istNull(int spalte) const
+{
+    return sqlite3_column_type(stmt_, spalte) == SQLITE_NULL;
+}
+
+qint64 Anweisung::zahl(int spalte) const
+{
+    return sqlite3_column_int64(stmt_, spalte);
+}
+
+QString Anweisung::text(int spalte) const
+{
+    const std::string_view roh = bytes(spalte);
+    return roh.data() ? QString::fromUtf8(roh.data(), qsizetype(roh.size())) : QStringLiteral("");
+}
+
+std::string_view Anweisung::bytes(int spalte) const
+{
+    const auto *zeichen = reinterpret_cast<const char *>(sqlite3_column_text(stmt_, spalte));
+    return zeichen ? std::string_view(zeichen, size_t(sqlite3_column_bytes(stmt_, spalte))) : std::string_view();
+}
+
+Datenbank::Datenbank(const QString &pfad, int schalter) : pfad_(pfad)
+{
+    const int ergebnis = sqlite3_open_v2(pfad.toUtf8().constData(), &db_, schalter | SQLITE_OPEN_PRIVATECACHE, nullptr);
+    if (ergebnis != SQLITE_OK) {
+        const auto schliessen = [](sqlite3 *db) { sqlite3_close_v2(db); };
+        const std::unique_ptr<sqlite3, decltype(schliessen)> halter(db_, schliessen);
+        werfen(db_, pfad);
+    }
+    sqlite3_extended_result_codes(db_, 1);
+    sqlite3_busy_timeout(db_, 2000);
+    sqlite3_db_config(db_, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(db_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    // A name that is no column must be an error, not a text.
+    sqlite3_db_config(db_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_create_function_v2(db_, "like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, nullptr, likeFunktion, nullptr,
+                               nullptr, nullptr);
+}
+
+Datenbank::~Datenbank()
+{
+    anweisungen_.clear();
+    sqlite3_close_v2(db_);
+}
+
+std::shared_ptr<Datenbank> Datenbank::OpenDatabase(const QString &pfad, Zugriff zugriff)
+{
+    const QString echt = systemPfad(pfad);
+    if (!QFileInfo(echt).isFile())
+        throw Fehler(QStringLiteral("Die Datenbank '%1' wurde nicht gefunden.").arg(QDir::toNativeSeparators(echt)));
+    const QString schluessel = QFileInfo(echt).canonicalFilePath();
+    if (std::shared_ptr<Datenbank> schon = offene().value(schluessel).lock())
+        return schon;
+    std::shared_ptr<Datenbank> neu(new Datenbank(echt, SQLITE_OPEN_READWRITE));
+    neu->einstellen(zugriff);
+    neu->pruefen();
+    offene().insert(schluessel, neu);
+    return neu;
+}
+
+std::shared_ptr<Datenbank> Datenbank::CreateDatabase(const QString &pfad)
+{
+    const QString echt = systemPfad(pfad);
+    QFile::remove(echt + QStringLiteral("-journal"));
+    if (QFile::exists(echt) && !QFile::remove(echt))
+        throw Fehler(QStringLiteral("Die Datei '%1' kann nicht ersetzt werden.").arg(QDir::toNativeSeparators(echt)));
+    std::shared_ptr<Datenbank> neu(new Datenbank(echt, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE));
+    neu->einstellen(Zugriff::Arbeit);
+    neu->roh(QStringLiteral("PRAGMA page_size = 16384"));
+    neu->roh(QStringLiteral("PRAGMA application_id = %1").arg(schema::anwendungsnummer));
+    neu->roh(QStringLiteral("PRAGMA user_version = %1").arg(schema::version));
+    offene().insert(QFileInfo(echt).canonicalFilePath(), neu);
+    return neu;
+}
+
+void Datenbank::einstellen(Zugriff zugriff)
+{
+    roh(QStringLiteral("PRAGMA cell_size_check = ON"));
+    roh(QStringLiteral("PRAGMA temp_store = MEMORY"));
+    if (zugriff == Zugriff::Privat) {
+        for (const char *pragma : {"locking_mode = EXCLUSIVE", "journal_mode = OFF", "synchronous = OFF", "secure_delete = OFF"})
+            roh(QStringLiteral("PRAGMA ") + QLatin1String(pragma));
+    } else {
+        roh(QStringLiteral("PRAGMA synchronous = EXTRA"));
+    }
+}
+
+void Datenbank::pruefen()
+{
+    const auto wert = [this](const char *pragma) {
+        Anweisung &anweisung = vorbereitet(QStringLiteral("PRAGMA ") + QLatin1String(pragma));
+        const qint64 zahl = anweisung.schritt() ? anweisung.zahl(0) : 0;
+        anweisung.zuruecksetzen();
+        return zahl;
+    };
+    // The first page is read here, so that a broken file shows at once.
+    vorbereitet(QStringLiteral("SELECT count(*) FROM sqlite_master")).schritt();
+    vorbereitet(QStringLiteral("SELECT count(*) FROM sqlite_master")).zuruecksetzen();
+    if (wert("application_id") != schema::anwendungsnummer)
+        throw Fehler(QStringLiteral("Die Datei '%1' ist keine Flox-Datenbank.").arg(QFileInfo(pfad_).fileName()));
+    if (wert("user_version") > schema::version)
+        throw Fehler(QStringLiteral("Die Datenbank '%1' wurde mit einer neueren Version von Flox angelegt.").arg(QFileInfo(pfad_).fileName()));
+}
+
+void Datenbank::roh(const QString &sql)
+{
+    if (sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        werfen(db_, pfad_);
+}
+
+Anweisung &Datenbank::vorbereitet(const QString &sql)
+{
+    if (const auto schon = anweisungen_.constFind(sql); schon != anweisungen_.cend()) {
+        (*schon)->zuruecksetzen();
+        return **schon;
+    }
+    const QByteArray utf8 = sql.toUtf8();
+    sqlite3_stmt *stmt = nullptr;
+    if (sqlite3_prepare_v3(db_, utf8.constData(), int(utf8.size()), SQLITE_PREPARE_PERSISTENT, &stmt, nullptr) != SQLITE_OK)
+        werfen(db_, pfad_);
+    if (!stmt)
+        throw Fehler(QStringLiteral("Leere Anweisung an die Datenbank '%1'.").arg(QFileInfo(pfad_).fileName()));
+    if (anweisungen_.size() >= meisteAnweisungen)
+        anweisungen_.clear();
+    return **anweisungen_.insert(sql, std::make_shared<Anweisung>(db_, stmt));
+}
+
+void Datenbank::Execute(const QString &sql, const QVariantList &werte)
+{
+    if (const std::optional<Kopierauftrag> auftrag = kopierauftragLesen(sql)) {
+        tabelleKopieren(auftrag->spalten, auftrag->ziel, auftrag->datei, auftrag->rest);
+        return;
+    }
+    Anweisung &anweisung = vorbereitet(sql);
+    for (int i = 0; i < werte.size(); ++i)
+        anweisung.binden(i, werte[i]);
+    while (anweisung.schritt()) {
+    }
+}
+
+void Datenbank::tabelleKopieren(const QString &spalten, const QString &ziel, const QString &datei, const QString &rest)
+{
+    const QString echt = systemPfad(datei);
+    if (!QFileInfo(echt).isFile())
+        throw Fehler(QStringLiteral("Die Datenbank '%1' wurde nicht gefunden.").arg(QDir::toNativeSeparators(echt)));
+    const Auswahl auswahl = auswahlLesen(QStringLiteral("SELECT %1 FROM %2").arg(spalten, rest), *this);
+    // Statements that rest on the old set of files would keep the attached one busy.
+    anweisungen_.clear();
+    Execute(QStringLiteral("ATTACH ? AS ziel"), {echt});
+    const auto trennen = [](Datenbank *db) {
+        db->anweisungen_.clear();
+        sqlite3_exec(db->db_, "DETACH ziel", nullptr, nullptr, nullptr);
+    };
+    const std::unique_ptr<Datenbank, decltype(trennen)> halter(this, trennen);
+
+    const QString zielname = u'"' + ziel + u'"';
+    QStringList indexe;
+    QString spaltenliste;
+    Anweisung &vorbild = vorbereitet(QStringLiteral("SELECT type, sql, name FROM main.sqlite_master WHERE lower(tbl_name) = lower(?) "
+                                                    "AND type IN ('table', 'index') AND sql IS NOT NULL"));
+    vorbild.binden(0, auswahl.tabelle);
+    while (vorbild.schritt()) {
+        const QString sql = vorbild.text(1);
+        const QString klammer = sql.mid(sql.indexOf(u'('));
+        if (vorbild.bytes(0) == "table")
+            spaltenliste = klammer;
+        else
+            indexe += QStringLiteral("CREATE INDEX ziel.\"%1\" ON %2 %3").arg(vorbild.text(2), zielname, klammer);
+    }
+    Transaktion transaktion(*this);
+    const QString quelle = QStringLiteral("SELECT %1 FROM main.\"%2\"%3")
+                               .arg(auswahl.spalten, auswahl.tabelle, auswahl.bedingung.isEmpty() ? QString() : QStringLiteral(" WHERE ") + auswahl.bedingung);
+    if (auswahl.spalten != u"*" || spaltenliste.isEmpty()) {
+        Execute(QStringLiteral("CREATE TABLE ziel.%1 AS %2").arg(zielname, quelle));
+    } else {
+        Execute(QStringLiteral("CREATE TABLE ziel.%1 %2").arg(zielname, spaltenliste));
+        Execute(QStringLiteral("INSERT INTO ziel.%1 %2").arg(zielname, quelle));
+        for (const QString &index : indexe)
+            Execute(index);
+    }
+    transaktion.festschreiben();
+}
+
+QStringList Datenbank::TableDefs()
+{
+    QStringList namen;
+    Anweisung &anweisung = vorbereitet(
+        QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT GLOB 'sqlite_*' ORDER BY lower(name)"));
+    while (anweisung.schritt())
+        namen += anweisung.text(0);
+    return namen;
+}
+
+bool Datenbank::hatTabelle(const QString &name)
+{
+    Anweisung &anweisung = vorbereitet(QStringLiteral("SELECT 1 FROM sqlite_master WHERE type IN ('table', 'view') AND lower(name) = lower(?)"));
+    anweisung.binden(0, name);
+    const bool da = anweisung.schritt();
+    anweisung.zuruecksetzen();
+    return da;
+}
+
+bool Datenbank::istAbfrage(const QString &name)
+{
+    Anweisung &anweisung = vorbereitet(QStringLiteral("SELECT 1 FROM sqlite_master WHERE type = 'view' AND lower(name) = lower(?)"));
+    anweisung.binden(0, name);
+    const bool da = anweisung.schritt();
+    anweisung.zuruecksetzen();
+    return da;
+}
+
+bool Datenbank::istGanzzahl(const QString &tabelle, const QString &spalte)
+{
+    const char *typ = nullptr;
+    return sqlite3_table_column_metadata(db_, "main", tabelle.toUtf8().constData(), spalte.toUtf8().constData(), &typ, nullptr, nullptr,
+                                         nullptr, nullptr) == SQLITE_OK
+        && typ && sqlite3_stricmp(typ, "INTEGER") == 0;
+}
+
+bool Datenbank::schreibgeschuetzt() const
+{
+    return sqlite3_db_readonly(db_, "main") == 1;
+}
+
+int Datenbank::geaendert() const
+{
+    return sqlite3_changes(db_);
+}
+
+Transaktion::~Transaktion()
+{
+    if (fertig_)
+        return;
+    try {
+        db_.Execute(QStringLiteral("ROLLBACK"));
+    } catch (const Fehler &) {
+        // The engine has rolled back already.
+    }
+}
+
+void Transaktion::festschreiben()
+{
+    db_.Execute(QStringLiteral("COMMIT"));
+    fertig_ = true;
+}

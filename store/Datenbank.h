@@ -1,0 +1,102 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <memory>
+#include <string_view>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+/* One database file, spoken to in DAO's words. Every failure is a Fehler with a German text; values are bound, never built
+   into a statement. Paths may be written with "\". */
+
+/// A prepared statement. Parameters and columns are counted from 0.
+class Anweisung
+{
+public:
+    Anweisung(sqlite3 *db, sqlite3_stmt *stmt) : db_(db), stmt_(stmt) {}
+    Anweisung(Anweisung &&andere) noexcept : db_(andere.db_), stmt_(std::exchange(andere.stmt_, nullptr)) {}
+    Anweisung &operator=(Anweisung &&) = delete;
+    ~Anweisung();
+
+    void binden(int nummer, const QVariant &wert);
+    /// Next row; false at the end, where the statement is reset. Throws, reset, on an error.
+    bool schritt();
+    void zuruecksetzen();
+
+    int spalten() const;
+    QString spaltenname(int spalte) const;
+    bool istNull(int spalte) const;
+    qint64 zahl(int spalte) const;
+    QString text(int spalte) const;
+    /// Raw UTF-8 of the value; valid until the next step.
+    std::string_view bytes(int spalte) const;
+
+private:
+    sqlite3 *db_;
+    sqlite3_stmt *stmt_;
+};
+
+class Datenbank
+{
+public:
+    enum class Zugriff {
+        Arbeit, ///< the user's data: every change is on the disk when the call returns
+        Privat, ///< a window's scratch copy: no journal, exclusive, lost with a crash
+    };
+
+    /// Opens an existing file; all controls that work on the same file share one connection. Throws when the file is missing,
+    /// no database, damaged, of a newer version or not one of this program.
+    static std::shared_ptr<Datenbank> OpenDatabase(const QString &pfad, Zugriff zugriff = Zugriff::Arbeit);
+    /// Creates an empty database in place of any file there.
+    static std::shared_ptr<Datenbank> CreateDatabase(const QString &pfad);
+    ~Datenbank();
+    Datenbank(const Datenbank &) = delete;
+    Datenbank &operator=(const Datenbank &) = delete;
+
+    /// Runs a statement of the program, Access dialect included; "SELECT * INTO t IN 'file' FROM t" copies the table with its
+    /// indexes into a database file that exists already. Throws on any error.
+    void Execute(const QString &sql, const QVariantList &werte = {});
+    /// Names of the tables (stored queries are none), in alphabetical order.
+    QStringList TableDefs();
+    bool hatTabelle(const QString &name);
+    bool istAbfrage(const QString &name);
+    /// Whether a column of a table is declared INTEGER; false for queries and unknown names.
+    bool istGanzzahl(const QString &tabelle, const QString &spalte);
+    bool schreibgeschuetzt() const;
+    int geaendert() const; ///< rows that the last statement changed
+
+    /// A statement in SQLite's dialect, prepared once and kept; it comes reset.
+    Anweisung &vorbereitet(const QString &sql);
+    QString pfad() const { return pfad_; }
+
+private:
+    Datenbank(const QString &pfad, int schalter);
+    void einstellen(Zugriff zugriff);
+    void pruefen();
+    void roh(const QString &sql);
+    void tabelleKopieren(const QString &spalten, const QString &ziel, const QString &datei, const QString &rest);
+
+    QString pfad_;
+    sqlite3 *db_ = nullptr;
+    QHash<QString, std::shared_ptr<Anweisung>> anweisungen_;
+};
+
+/// Pair of BEGIN and COMMIT; rolls back unless `festschreiben` was reached.
+class Transaktion
+{
+public:
+    explicit Transaktion(Datenbank &db) : db_(db) { db_.Execute(QStringLiteral("BEGIN IMMEDIATE")); }
+    ~Transaktion();
+    void festschreiben();
+    Transaktion(const Transaktion &) = delete;
+    Transaktion &operator=(const Transaktion &) = delete;
+
+private:
+    Datenbank &db_;
+    bool fertig_ = false;
+};

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+/* Paths are kept as the program's texts write them, with "\"; one function turns them into paths of the system. */
+
+/// `ordner` and `rest` joined with exactly one "\" between them; empty when the folder is unknown (empty).
+QString pfadAus(const QString &ordner, const QString &rest);
+/// The path for the system: its own separator, and where the exact name is missing, an existing one that differs in case only.
+QString systemPfad(const QString &pfad);
+/// First match of a name with wildcards (`* ?`) below a folder, as the program probes for files; false for an empty path.
+bool dateiVorhanden(const QString &muster);

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Sparten.h"
+
+#include <QString>
+
+#include <array>
+
+/* State of the process that several rooms read and write; the frame owns the one instance and hands it on. Paths carry "\"
+   or the system's separator and no trailing one; `pfadAus` joins. */
+struct Programm
+{
+    QString ProgrammVersion; ///< major.minor.revision
+    QString ProgrammPfad;    ///< folder of the executable; all data files are found from here
+    QString IniPfad;         ///< named for compatibility; no file is read or written there
+    QString BilderPfad;      ///< picture folder; empty: none is known, every probe fails
+    QString MulkoPfad;       ///< folder of the design program, with trailing "\"
+    QString EditorPfad;      ///< folder of the database editor, with trailing "\"
+
+    bool StartPhase = false;
+    bool HausModus = false;
+    bool OriginalDatenbank = true;
+    bool BilderAufCD = false;
+    bool LokaleVorschauBilder = false;
+    double BilderFormBreite = 10110; ///< twips
+    double BilderFormHoehe = 9225;   ///< twips
+    long MdiHoehe = 14520;           ///< twips
+    long MdiBreite = 19320;          ///< twips
+    long MdiLinks = 0;               ///< twips
+    long MdiOben = 0;                ///< twips
+    long MdiStatus = 2;              ///< 0 normal, 1 minimised, 2 maximised
+    int MonatsDarstellung = 1;       ///< 0: month numbers, otherwise letters
+    bool OriginalGroesse = true;
+    std::array<bool, 3> HinweisAus{}; ///< entries 1 and 2 are used
+
+    QString AktiveSparte; ///< word of the Sparte whose window was last activated; empty: none
+    std::array<int, anzahlSparten> AktuellesFenster{};
+    std::array<bool, 6> AzubiAuswahl{}; ///< in the order of WL_Ausbildung
+    QString SortierFeld;                ///< field behind ORDER BY, set just before it is used
+    /// Names of the user-defined properties, row r for position r + 1 of benu_eigen.
+    std::array<std::array<QString, anzahlEigenschaften>, anzahlSparten> BenutzerNamen;
+
+    int &aktuellesFenster(Sparte sparte) { return AktuellesFenster[size_t(sparte)]; }
+    QString arbeitsdatenbank() const { return ProgrammPfad + QStringLiteral("\\flox-demo.mdb"); }
+};
+
+/// Screen size of a measure in twips: 15 to the pixel everywhere.
+constexpr int pixel(double twips)
+{
+    return int(twips / 15 + (twips < 0 ? -0.5 : 0.5));
+}

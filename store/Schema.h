@@ -1,0 +1,92 @@
+#pragma once
+
+#include "Wertelisten.h"
+
+#include <QString>
+#include <span>
+
+/* The tables of the working database: each column once, with its order (ordinal 0 is ARTNR), the kind of its content, its
+   vocabulary, and its label and unit in print. The build tool, the record views, the filters and the printouts read it here. */
+
+enum class Art {
+    Schluessel, ///< record number
+    Name,       ///< name in the one German order; indexed
+    Text,
+    Memo,       ///< running text
+    Flags,      ///< flag string over the column's vocabulary
+    Monate,     ///< flag string of 12 months, position 1 = January
+    Eigen,      ///< five characters, "1" or blank: the user's own properties
+    Literatur,  ///< flag string of 20 works
+    Wahrheit,   ///< "True" or "False"
+    Zahl,       ///< metres, Lux, degrees Celsius or plants per square metre
+    Ganzzahl,
+    Code,       ///< code described at the column's reader
+    Familie,    ///< key into Familien
+};
+
+struct Spalte
+{
+    const char *name;
+    Art art;
+    const Werteliste *liste = nullptr;
+    QStringView druckname = {}; ///< empty: not printed with a label
+    QStringView einheit = {};
+};
+
+/// A column of the query that joins cemetery plants with their sources; `quelle` null: computed.
+struct Abfragespalte
+{
+    const char *name;
+    const char *quelle;
+    const char *spalte;
+    QStringView druckname = {};
+    QStringView einheit = {};
+};
+
+struct Tabelle
+{
+    const char *name;
+    std::span<const Spalte> spalten;
+
+    /// Column by name, case-blind; null when there is none.
+    const Spalte *spalte(QStringView name) const;
+};
+
+namespace schema {
+
+/// The six main tables (Friedhof: its own columns only).
+std::span<const Tabelle> haupttabellen();
+/// Main table by name, case-blind; null when there is none.
+const Tabelle *haupttabelle(QStringView name);
+std::span<const Abfragespalte> abfrageFriedhof();
+/// Whether the query's columns can be qualified by this table, case-blind.
+bool istQuelle(QStringView tabelle);
+/// Number of works that a literature flag string can name.
+inline constexpr int anzahlWerke = 20;
+/// Slots a picture row has for each of its two halves, "-G" and "-D".
+inline constexpr int anzahlBilder = 5;
+
+/// Names that a database of the program must hold as tables.
+std::span<const char *const> pflichttabellen();
+/// All statements that create the empty working database, in order.
+QStringList anlegen();
+
+inline constexpr int anwendungsnummer = 0x464C4F58; ///< PRAGMA application_id
+inline constexpr int version = 1;                   ///< PRAGMA user_version
+
+} // namespace schema
+
+/// Order of a printout: the ordinal of the column that stands at each place. Labels and units are the columns' own.
+struct Druckliste
+{
+    std::span<const short> folge;
+    int eintraege; ///< number of columns that take part
+};
+
+extern const Druckliste DL_Topf;
+extern const Druckliste DL_Stauden;
+extern const Druckliste DL_Gehoelze;
+extern const Druckliste DL_Apfel;
+extern const Druckliste DL_Obst;
+/// Has no order of its own: the columns of the query as they stand.
+extern const Druckliste DL_Friedhof;

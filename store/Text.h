@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+#include <optional>
+
+/* Text helpers that every room uses. */
+
+/// Every occurrence of `von` replaced by `nach`, case-sensitive, left to right; replaced text is not searched again.
+QString ErsetzeAlle(const QString &text, const QString &von, const QString &nach);
+/// First occurrence of `von` overwritten in place: blanked at its length, then `nach` written there as far as it fits.
+QString ErsetzeErstes(const QString &text, const QString &von, const QString &nach);
+/// Decimal separator of the program's locale, taken from 5 / 2 as text.
+QString DezimalZeichen();
+
+/// True, Wahr (any case) or a number other than 0.
+bool istWahr(QStringView text);
+/// Benu_Aenderung: 2, -1 and True mean changed by the user; empty, 0, 1 and False mean original.
+bool istGeaendert(QStringView text);
+/// A number written with comma or point; nothing where the text is none.
+std::optional<double> zahlLesen(QStringView text);
+/// A stored number as it is shown: decimal comma, no trailing zeros. Text that is no number comes back unchanged.
+QString zahlZeigen(const QString &text);
+/// Upper case, character by character: the length never changes (ß stays ß).
+QString grossbuchstaben(QStringView text);
+/// Whether position `p`, counted from 1, of a flag string holds "1"; false beyond its end.
+bool flagGesetzt(QStringView flags, int p);
+/// Home region with its abbreviations written out.
+QString herkunftAusgeschrieben(const QString &hk);
+/// Sentence for a nomenclature letter out of `buchstaben` (tested in that order); empty for any other.
+QString nomenklatur(QStringView quelle, QStringView buchstaben);
