@@ -1,0 +1,104 @@
+#pragma once
+
+#include "store/Schema.h"
+#include "store/Sparten.h"
+
+#include <QString>
+
+#include <span>
+
+/* What a plant window is: tables that the one window frame reads. A Sparte's source holds its tables and nothing else. Field
+   kinds, vocabularies and units come from the schema; here stands only where and how a field is shown. */
+
+/// The way a field becomes visible. Each has one display class; no field has code of its own.
+enum class Muster {
+    Text,          ///< the field's text; see `leer`, `umformung`
+    Liste,         ///< the words of a flag string
+    VonBisMeter,   ///< "0,2 bis 0,5 m", "max. 0,5 m", "min. 0,2 m"
+    VonBisMindest, ///< "500 bis 800 Lux", "mind. 500 Lux"
+    Monate,        ///< row of 12 month labels
+    Farbfeld,      ///< row of swatches, the last one for "bunt"
+    Symbole,       ///< pictures, each visible exactly when its position is set
+    Symbolfluss,   ///< the same, set ones placed side by side; `feld2` is a boolean for the last picture
+    Satz,          ///< boolean: the sentence `leer` shows while it is true
+    BotName,       ///< name with the nomenclature as tool tip
+    DtName,        ///< German name followed by the German synonyms
+    Familie,       ///< family name of a family number
+    Synonyme,      ///< botanical synonyms
+    Bewertung,     ///< indicator on a scale of nine steps
+    Kaestchen,     ///< check boxes of a flag string, with `worte` as captions
+    Benutzertext,  ///< the user's own remark
+    Benutzereigen, ///< the user's own properties
+    Ausbildung,    ///< sentence of the trades for whose examination the plant matters
+    Herkunftsmarke ///< whether the user changed the record
+};
+
+struct Symbol
+{
+    const char *bild; ///< "list/key"
+    QStringView hinweis;
+    QStringView name; ///< accessible name
+};
+
+struct Element
+{
+    Muster muster;
+    const char *control; ///< objectName, or its stem for an array
+    const char *feld;
+    const char *feld2 = nullptr;
+    QStringView titeltext = {};      ///< caption; it vanishes with an empty control
+    const char *titel = nullptr;     ///< objectName of the caption label; rows may share one
+    QStringView trenner = u", ";
+    QStringView leer = {};           ///< text of an empty field
+    QStringView einheit = {};        ///< behind a range, with its leading blank
+    QString (*umformung)(const QString &) = nullptr; ///< last step before the text is shown
+    std::span<const Symbol> symbole = {};
+    std::span<const QStringView> worte = {};
+    const Farbliste *farben = nullptr;
+    const char *buntZiel = nullptr;  ///< row whose last swatch this field's last position marks
+    bool nullObergrenze = false;     ///< VonBisMindest: an empty upper bound counts as none, not only "0"
+    bool leerNurBeiNull = false;     ///< `leer` stands for a null only, an empty text shows as empty
+    bool kasten = false;             ///< a scrolling text box in place of a label
+    bool ausArbeit = false;          ///< read from the working database at every view, not from the window's copy
+};
+
+enum class Gruppenregel {
+    Immer,
+    Feld,     ///< hidden while `regelfeld` is empty or "0"
+    Controls, ///< hidden while all of `regelcontrols` (all of the group when none are named) are empty
+};
+
+struct Gruppe
+{
+    const char *name; ///< objectName of the frame
+    QStringView titel;
+    int spalte;       ///< column of the tab, counted from 0
+    std::span<const Element> elemente;
+    Gruppenregel regel = Gruppenregel::Immer;
+    const char *regelfeld = nullptr;
+    std::span<const char *const> regelcontrols = {};
+    bool wachsend = false; ///< takes the height that is left
+    bool loeschtHinweis = false; ///< the mouse over it empties the hint in the status bar
+};
+
+struct Reiter
+{
+    QStringView titel;
+    std::span<const Gruppe> gruppen;
+};
+
+struct Fensterbeschreibung
+{
+    Sparte sparte;
+    std::span<const Element> kopf;        ///< record head, the first element is the name
+    std::span<const Element> tafel;       ///< marks beside the head: properties, rating, origin
+    std::span<const Reiter> reiter;
+    QStringView quellenBuchstaben = {};   ///< letters of Quelle, in the order of testing
+};
+
+/// Description of a Sparte's window; null while there is none.
+const Fensterbeschreibung *fensterbeschreibung(Sparte sparte);
+
+/// Linear check of a description: every field stands in the Sparte's schema, kinds fit patterns, no objectName stands twice.
+/// Returns what is wrong, empty when nothing is.
+QString beschreibungsfehler(const Fensterbeschreibung &beschreibung);

@@ -1,0 +1,509 @@
+#include "Elemente.h"
+
+#include "Pflanzensatz.h"
+#include "Steuerelemente.h"
+#include "store/Text.h"
+
+#include <QCheckBox>
+#include <QEvent>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+
+namespace {
+
+QString feldname(const char *feld)
+{
+    return QString::fromLatin1(feld);
+}
+
+QString arrayname(const Element &element, int i)
+{
+    return QStringLiteral("%1_%2").arg(QLatin1String(element.control)).arg(i);
+}
+
+/// A label or a scrolling box that shows one text; most patterns differ only in how they make it.
+class Textelement : public Anzeigeelement
+{
+public:
+    using Macher = std::function<QString(const Element &, Pflanzensatz &)>;
+
+    Textelement(const Element &element, QWidget *eltern, Macher macher) : Anzeigeelement(element), macher_(std::move(macher))
+    {
+        if (element.kasten) {
+            kasten_ = new QPlainTextEdit(eltern);
+            kasten_->setReadOnly(true);
+            kasten_->setTabChangesFocus(true);
+            kasten_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+            kasten_->setMinimumHeight(60);
+        } else {
+            schild_ = new QLabel(eltern);
+            schild_->setTextFormat(Qt::PlainText);
+            schild_->setWordWrap(true);
+            schild_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+            schild_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+            schild_->setFocusPolicy(Qt::NoFocus);
+        }
+        widget()->setObjectName(QString::fromLatin1(element.control));
+        if (!element.titeltext.isEmpty())
+            widget()->setAccessibleName(element.titeltext.toString().remove(u':'));
+    }
+
+    QWidget *widget() const override { return kasten_ ? static_cast<QWidget *>(kasten_) : schild_; }
+    bool leer() const override { return text_.isEmpty(); }
+
+    void zeigen(Pflanzensatz &satz) override
+    {
+        text_ = macher_(element_, satz);
+        if (element_.umformung)
+            text_ = element_.umformung(text_);
+        if (text_.isEmpty() && element_.muster != Muster::Satz && (!element_.leerNurBeiNull || satz.istNull(feldname(element_.feld))))
+            text_ = element_.leer.toString();
+        if (kasten_ && kasten_->toPlainText() != text_)
+            kasten_->setPlainText(text_);
+        if (schild_ && schild_->text() != text_)
+            schild_->setText(text_);
+        if (element_.muster == Muster::Satz)
+            schild_->setVisible(!text_.isEmpty());
+    }
+
+protected:
+    QLabel *schild() const { return schild_; }
+
+private:
+    Macher macher_;
+    QLabel *schild_ = nullptr;
+    QPlainTextEdit *kasten_ = nullptr;
+    QString text_;
+};
+
+class Namenselement : public Textelement
+{
+public:
+    Namenselement(const Element &element, QWidget *eltern, QStringView buchstaben, Macher macher)
+        : Textelement(element, eltern, std::move(macher)), buchstaben_(buchstaben)
+    {
+        QFont schrift = schild()->font();
+        schrift.setPointSizeF(schrift.pointSizeF() * 1.7);
+        schrift.setItalic(true);
+        schrift.setBold(true);
+        schild()->setFont(schrift);
+    }
+
+    void zeigen(Pflanzensatz &satz) override
+    {
+        Textelement::zeigen(satz);
+        schild()->setToolTip(buchstaben_.isEmpty() ? QString() : nomenklatur(satz.Auslesen(QStringLiteral("Quelle")), buchstaben_));
+    }
+
+private:
+    QStringView buchstaben_;
+};
+
+/// Row of colour cells: months or swatches.
+class Zellenreihe : public Anzeigeelement
+{
+public:
+    Zellenreihe(const Element &element, const Elementumgebung &umgebung, QWidget *eltern)
+        : Anzeigeelement(element), form_(umgebung.form), reihe_(new QWidget(eltern))
+    {
+        const bool monate = element.muster == Muster::Monate;
+        const Werteliste *worte = monate ? &WL_Monate : wertelisteVon(umgebung.fenster.sparte, element.feld);
+        const int anzahl = monate ? WL_Monate.anzahl() : int(element.farben->werte.size()) + 1;
+        auto *anordnung = new QHBoxLayout(reihe_);
+        anordnung->setContentsMargins(0, 0, 0, 0);
+        anordnung->setSpacing(2);
+        for (int i = 0; i < anzahl; ++i) {
+            auto *zelle = new Farbzelle(!monate && i == anzahl - 1, reihe_);
+            zelle->setObjectName(arrayname(element, i));
+            zelle->setToolTip(worte ? worte->wort(i + 1).toString() : QString());
+            zelle->setAccessibleName(zelle->toolTip());
+            anordnung->addWidget(zelle);
+            zellen_.push_back(zelle);
+        }
+        anordnung->addStretch();
+        monateBeschriften(umgebung.programm.MonatsDarstellung != 0);
+    }
+
+    QWidget *widget() const override { return reihe_; }
+
+    void zeigen(Pflanzensatz &satz) override
+    {
+        const QString flags = satz.Auslesen(feldname(element_.feld));
+        const bool monate = element_.muster == Muster::Monate;
+        const int letzte = int(zellen_.size()) - 1;
+        for (int i = 0; i < (monate ? letzte + 1 : letzte); ++i)
+            zellen_[size_t(i)]->setBackColor(!flagGesetzt(flags, i + 1) ? farbeKnopf
+                                             : monate                   ? farbeTitel
+                                                                        : element_.farben->werte[size_t(i)]);
+        if (monate)
+            return;
+        const bool bunt = flagGesetzt(flags, letzte + 1);
+        zellen_.back()->setBackStyle(bunt && !element_.buntZiel ? 1 : 0);
+        // The mark of another row is only ever set here; that row has painted itself before.
+        if (bunt && element_.buntZiel)
+            if (auto *ziel = form_->findChild<Farbzelle *>(QStringLiteral("%1_%2").arg(QLatin1String(element_.buntZiel)).arg(letzte)))
+                ziel->setBackStyle(1);
+    }
+
+    void monateBeschriften(bool buchstaben) override
+    {
+        if (element_.muster != Muster::Monate)
+            return;
+        for (size_t i = 0; i < zellen_.size(); ++i)
+            zellen_[i]->setCaption(monatsbeschriftung(int(i), buchstaben));
+    }
+
+private:
+    QWidget *form_;
+    QWidget *reihe_;
+    std::vector<Farbzelle *> zellen_;
+};
+
+/// Pictures that stand for positions of a flag string.
+class Symbolreihe : public Anzeigeelement
+{
+public:
+    Symbolreihe(const Element &element, const Elementumgebung &umgebung, QWidget *eltern)
+        : Anzeigeelement(element), reihe_(new QWidget(eltern))
+    {
+        const bool fluss = element.muster == Muster::Symbolfluss;
+        auto *anordnung = fluss ? nullptr : new QHBoxLayout(reihe_);
+        if (anordnung) {
+            anordnung->setContentsMargins(0, 0, 0, 0);
+            anordnung->setSpacing(8);
+        } else {
+            reihe_->setFixedSize(pixel(flussLinks + 3 * flussSchritt), pixel(flussZeile2) + symbolgroesse);
+        }
+        for (size_t i = 0; i < element.symbole.size(); ++i) {
+            const Symbol &symbol = element.symbole[i];
+            auto *feld = new Bildfeld({symbolgroesse, symbolgroesse}, reihe_);
+            feld->setObjectName(arrayname(element, int(i)));
+            feld->setBild(QString::fromLatin1(symbol.bild));
+            feld->setAccessibleName(symbol.name.toString());
+            feld->setToolTip(symbol.name.toString());
+            feld->hide();
+            QObject::connect(feld, &Bildfeld::mausDarueber, feld,
+                             [hinweis = umgebung.hinweis, text = symbol.hinweis.toString()] { hinweis(text); });
+            if (anordnung)
+                anordnung->addWidget(feld);
+            felder_.push_back(feld);
+        }
+        if (anordnung)
+            anordnung->addStretch();
+    }
+
+    QWidget *widget() const override { return reihe_; }
+    bool leer() const override { return leer_; }
+
+    void zeigen(Pflanzensatz &satz) override
+    {
+        const QString flags = satz.Auslesen(feldname(element_.feld));
+        const bool letztes = element_.feld2 && istWahr(satz.Auslesen(feldname(element_.feld2)));
+        leer_ = true;
+        int x = flussLinks, y = flussZeile1;
+        for (size_t i = 0; i < felder_.size(); ++i) {
+            const bool gesetzt = element_.feld2 && i + 1 == felder_.size() ? letztes : flagGesetzt(flags, int(i) + 1);
+            Bildfeld *feld = felder_[i];
+            if (gesetzt && element_.muster == Muster::Symbolfluss) {
+                feld->move(pixel(x), pixel(y));
+                feld->setProperty("Left", x);
+                feld->setProperty("Top", y);
+                x += flussSchritt;
+                if (x > flussRand) {
+                    x = flussLinks;
+                    y = flussZeile2;
+                }
+            }
+            feld->setVisible(gesetzt);
+            leer_ = leer_ && !gesetzt;
+        }
+    }
+
+private:
+    static constexpr int symbolgroesse = 34; // pixels
+    // The flow of the marks, in twips.
+    static constexpr int flussLinks = 240, flussZeile1 = 1035, flussZeile2 = 1560, flussSchritt = 550, flussRand = 1400;
+
+    QWidget *reihe_;
+    std::vector<Bildfeld *> felder_;
+    bool leer_ = true;
+};
+
+class Bewertungselement : public Anzeigeelement
+{
+public:
+    Bewertungselement(const Element &element, QWidget *eltern) : Anzeigeelement(element), leiste_(new Bewertungsleiste(eltern))
+    {
+        leiste_->setObjectName(QString::fromLatin1(element.control));
+        leiste_->setAccessibleName(QStringLiteral("Bewertung"));
+    }
+
+    QWidget *widget() const override { return leiste_; }
+
+    void zeigen(Pflanzensatz &satz) override
+    {
+        const QString feld = feldname(element_.feld);
+        const std::optional<QString> text = element_.ausArbeit ? satz.ausArbeit(feld)
+                                          : satz.istNull(feld) ? std::nullopt
+                                                               : std::optional(satz.Auslesen(feld));
+        // Without a rating the indicator stays where it was.
+        if (const std::optional<double> wert = text ? zahlLesen(*text) : std::nullopt)
+            leiste_->setWert(int(*wert));
+    }
+
+private:
+    Bewertungsleiste *leiste_;
+};
+
+/// Check boxes that show a flag string and cannot be changed.
+class Kaestchenreihe : public Anzeigeelement
+{
+public:
+    Kaestchenreihe(const Element &element, QWidget *eltern) : Anzeigeelement(element), feld_(new QWidget(eltern))
+    {
+        auto *anordnung = new QGridLayout(feld_);
+        anordnung->setContentsMargins(0, 0, 0, 0);
+        anordnung->setVerticalSpacing(3);
+        const int haelfte = (int(element.worte.size()) + 1) / 2;
+        for (int i = 0; i < int(element.worte.size()); ++i) {
+            auto *kaestchen = new QCheckBox(element.worte[size_t(i)].toString(), feld_);
+            kaestchen->setObjectName(arrayname(element, i));
+            kaestchen->setAttribute(Qt::WA_TransparentForMouseEvents);
+            kaestchen->setFocusPolicy(Qt::NoFocus);
+            anordnung->addWidget(kaestchen, i % haelfte, i / haelfte);
+            kaestchen_.push_back(kaestchen);
+        }
+    }
+
+    QWidget *widget() const override { return feld_; }
+
+    void zeigen(Pflanzensatz &satz) override
+    {
+        const QString flags = satz.Auslesen(feldname(element_.feld));
+        for (size_t i = 0; i < kaestchen_.size(); ++i)
+            kaestchen_[i]->setChecked(flagGesetzt(flags, int(i) + 1));
+    }
+
+private:
+    QWidget *feld_;
+    std::vector<QCheckBox *> kaestchen_;
+};
+
+/// Reports mouse presses in the user's fields.
+class Mauswaechter : public QObject
+{
+public:
+    Mauswaechter(QObject *eltern, std::function<void()> gedrueckt) : QObject(eltern), gedrueckt_(std::move(gedrueckt)) {}
+    bool eventFilter(QObject *, QEvent *ereignis) override
+    {
+        if (ereignis->type() == QEvent::MouseButtonPress)
+            gedrueckt_();
+        return false;
+    }
+
+private:
+    std::function<void()> gedrueckt_;
+};
+
+class Benutzertext : public Anzeigeelement
+{
+public:
+    Benutzertext(const Element &element, const Elementumgebung &umgebung, QWidget *eltern)
+        : Anzeigeelement(element), kasten_(new QPlainTextEdit(eltern))
+    {
+        kasten_->setObjectName(QString::fromLatin1(element.control));
+        kasten_->setTabChangesFocus(true);
+        kasten_->setPlaceholderText(QStringLiteral("Hier können Sie sich etwas zu dieser Pflanze notieren."));
+        kasten_->setAccessibleName(QStringLiteral("Eigene Bemerkung"));
+        auto *waechter = new Mauswaechter(kasten_, umgebung.geaendert);
+        kasten_->installEventFilter(waechter);
+        kasten_->viewport()->installEventFilter(waechter);
+    }
+
+    QWidget *widget() const override { return kasten_; }
+    void zeigen(Pflanzensatz &satz) override { kasten_->setPlainText(satz.Auslesen(feldname(element_.feld))); }
+
+private:
+    QPlainTextEdit *kasten_;
+};
+
+class Benutzereigen : public Anzeigeelement
+{
+public:
+    Benutzereigen(const Element &element, const Elementumgebung &umgebung, QWidget *eltern)
+        : Anzeigeelement(element), feld_(new QWidget(eltern))
+    {
+        auto *anordnung = new QVBoxLayout(feld_);
+        anordnung->setContentsMargins(0, 0, 0, 0);
+        for (int i = 0; i < anzahlEigenschaften; ++i) {
+            auto *kaestchen = new QCheckBox(umgebung.programm.BenutzerNamen[size_t(umgebung.fenster.sparte)][size_t(i)], feld_);
+            kaestchen->setObjectName(arrayname(element, i));
+            kaestchen->installEventFilter(new Mauswaechter(kaestchen, umgebung.geaendert));
+            anordnung->addWidget(kaestchen);
+            kaestchen_.push_back(kaestchen);
+        }
+    }
+
+    QWidget *widget() const override { return feld_; }
+
+    void zeigen(Pflanzensatz &satz) override
+    {
+        const QString flags = satz.Auslesen(feldname(element_.feld));
+        for (size_t i = 0; i < kaestchen_.size(); ++i)
+            kaestchen_[i]->setChecked(flagGesetzt(flags, int(i) + 1));
+    }
+
+private:
+    QWidget *feld_;
+    std::vector<QCheckBox *> kaestchen_;
+};
+
+class Herkunftsmarke : public Anzeigeelement
+{
+public:
+    Herkunftsmarke(const Element &element, QWidget *eltern) : Anzeigeelement(element), bild_(new Bildfeld({24, 24}, eltern))
+    {
+        bild_->setObjectName(QString::fromLatin1(element.control));
+    }
+
+    QWidget *widget() const override { return bild_; }
+
+    void zeigen(Pflanzensatz &satz) override
+    {
+        const bool geaendert = istGeaendert(satz.Auslesen(feldname(element_.feld)));
+        const QString marke = geaendert ? QStringLiteral("2") : QStringLiteral("1");
+        // The picture is assigned only when it changes.
+        if (bild_->tag() == marke)
+            return;
+        bild_->setTag(marke);
+        bild_->setBild(geaendert ? QStringLiteral("iliBenutzer/ko") : QStringLiteral("iliBenutzer/ok"));
+        bild_->setToolTip(geaendert ? QStringLiteral("Diese Daten wurden vom Benutzer geändert!")
+                                    : QStringLiteral("Diese Daten stammen aus einem Original-Datensatz der FH Lindenhof"));
+        bild_->setAccessibleName(bild_->toolTip());
+    }
+
+private:
+    Bildfeld *bild_;
+};
+
+QString einText(const Element &e, Pflanzensatz &satz)
+{
+    if (e.ausArbeit)
+        return satz.ausArbeit(feldname(e.feld)).value_or(QString());
+    return satz.Auslesen(feldname(e.feld));
+}
+
+/// German name and all German synonyms, or the botanical synonyms alone, joined by commas.
+QString namenMitSynonymen(const Element &e, Pflanzensatz &satz)
+{
+    const bool deutsch = e.muster == Muster::DtName;
+    QStringList namen = satz.synonyme(deutsch);
+    if (deutsch && !satz.Auslesen(feldname(e.feld)).isEmpty())
+        namen.prepend(satz.Auslesen(feldname(e.feld)));
+    return namen.join(QStringLiteral(", "));
+}
+
+} // namespace
+
+std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const Elementumgebung &umgebung, QWidget *eltern)
+{
+    const auto text = [&](Textelement::Macher macher) { return std::make_unique<Textelement>(element, eltern, std::move(macher)); };
+    switch (element.muster) {
+    case Muster::Text: return text(einText);
+    case Muster::Liste:
+        return text([liste = wertelisteVon(umgebung.fenster.sparte, element.feld)](const Element &e, Pflanzensatz &satz) {
+            return liste ? listentext(einText(e, satz), *liste, e.trenner) : QString();
+        });
+    case Muster::VonBisMeter:
+        return text([](const Element &e, Pflanzensatz &satz) {
+            return vonBisMeter(satz.Auslesen(feldname(e.feld)), satz.Auslesen(feldname(e.feld2)), e.einheit);
+        });
+    case Muster::VonBisMindest:
+        return text([](const Element &e, Pflanzensatz &satz) {
+            return vonBisMindest(satz.Auslesen(feldname(e.feld)), satz.Auslesen(feldname(e.feld2)), e.einheit, e.nullObergrenze);
+        });
+    case Muster::Satz:
+        return text([](const Element &e, Pflanzensatz &satz) {
+            return istWahr(satz.Auslesen(feldname(e.feld))) ? e.leer.toString() : QString();
+        });
+    case Muster::BotName: return std::make_unique<Namenselement>(element, eltern, umgebung.fenster.quellenBuchstaben, einText);
+    case Muster::DtName:
+    case Muster::Synonyme: return text(namenMitSynonymen);
+    case Muster::Familie:
+        return text([](const Element &e, Pflanzensatz &satz) { return satz.familie(satz.Auslesen(feldname(e.feld))); });
+    case Muster::Ausbildung:
+        return text([](const Element &e, Pflanzensatz &satz) { return ausbildungstext(satz.Auslesen(feldname(e.feld))); });
+    case Muster::Monate:
+    case Muster::Farbfeld: return std::make_unique<Zellenreihe>(element, umgebung, eltern);
+    case Muster::Symbole:
+    case Muster::Symbolfluss: return std::make_unique<Symbolreihe>(element, umgebung, eltern);
+    case Muster::Bewertung: return std::make_unique<Bewertungselement>(element, eltern);
+    case Muster::Kaestchen: return std::make_unique<Kaestchenreihe>(element, eltern);
+    case Muster::Benutzertext: return std::make_unique<Benutzertext>(element, umgebung, eltern);
+    case Muster::Benutzereigen: return std::make_unique<Benutzereigen>(element, umgebung, eltern);
+    case Muster::Herkunftsmarke: return std::make_unique<Herkunftsmarke>(element, eltern);
+    }
+    return nullptr;
+}
+
+const Werteliste *wertelisteVon(Sparte sparte, const char *feld)
+{
+    const Tabelle *tabelle = schema::haupttabelle(eintrag(sparte).haupttabelle);
+    const Spalte *spalte = tabelle ? tabelle->spalte(feldname(feld)) : nullptr;
+    return spalte ? spalte->liste : nullptr;
+}
+
+QString monatsbeschriftung(int i, bool buchstaben)
+{
+    const QStringView quelle = buchstaben ? u" J F M A M J J A S O N D" : u" 1 2 3 4 5 6 7 8 9101112";
+    return quelle.mid(2 * i, 2).trimmed().toString();
+}
+
+QString listentext(QStringView flags, const Werteliste &liste, QStringView trenner)
+{
+    QString text;
+    for (int p = 1; p <= liste.anzahl(); ++p)
+        if (flagGesetzt(flags, p)) {
+            if (!text.isEmpty())
+                text += trenner;
+            text += liste.wort(p);
+        }
+    return text;
+}
+
+QString vonBisMeter(const QString &min, const QString &max, QStringView einheit)
+{
+    const auto da = [](const QString &wert) { return !wert.isEmpty() && zahlZeigen(wert) != u"0"; };
+    if (da(min) && da(max))
+        return QStringLiteral("%1 bis %2%3").arg(zahlZeigen(min), zahlZeigen(max), einheit);
+    if (da(max))
+        return QStringLiteral("max. %1%2").arg(zahlZeigen(max), einheit);
+    if (da(min))
+        return QStringLiteral("min. %1%2").arg(zahlZeigen(min), einheit);
+    return {};
+}
+
+QString vonBisMindest(const QString &min, const QString &max, QStringView einheit, bool leereObergrenzeFehlt)
+{
+    if (zahlZeigen(max) == u"0" || (max.isEmpty() && leereObergrenzeFehlt))
+        return QStringLiteral("mind. %1%2").arg(zahlZeigen(min), einheit);
+    return QStringLiteral("%1 bis %2%3").arg(zahlZeigen(min), zahlZeigen(max), einheit);
+}
+
+QString ausbildungstext(QStringView flags)
+{
+    const QString worte = listentext(flags, WL_Ausbildung, u", ");
+    if (worte.isEmpty())
+        return {};
+    QString text = QStringLiteral("Pflanze ist Bestandteil der Gehilfenprüfung ") + worte;
+    if (const qsizetype komma = text.lastIndexOf(QStringLiteral(", ")); komma >= 0)
+        text.replace(komma, 2, QStringLiteral(" und "));
+    return text;
+}
+
+QString ohneZeilenmarken(const QString &text)
+{
+    return ErsetzeAlle(text, QStringLiteral("\u00EC\n"), QString());
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "Beschreibung.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class Pflanzensatz;
+struct Programm;
+class QLabel;
+
+/* The displays of a record view: one class for each pattern, all with the same few words. An element paints its field from
+   nothing at every view; no value of the record before stays. */
+class Anzeigeelement
+{
+public:
+    virtual ~Anzeigeelement() = default;
+    /// The control, or the panel that holds an array of controls; owned by its Qt parent.
+    virtual QWidget *widget() const = 0;
+    /// Shows the current record. Odd data show what can be read of them.
+    virtual void zeigen(Pflanzensatz &satz) = 0;
+    /// Whether nothing is shown: the caption and, by the group's rule, the frame follow it.
+    virtual bool leer() const { return false; }
+    /// Month captions as letters or numbers.
+    virtual void monateBeschriften(bool) {}
+    const Element &beschreibung() const { return element_; }
+
+protected:
+    explicit Anzeigeelement(const Element &element) : element_(element) {}
+    const Element &element_;
+};
+
+/// What elements need of their window.
+struct Elementumgebung
+{
+    Programm &programm;
+    const Fensterbeschreibung &fenster;
+    QWidget *form;                                   ///< other elements' controls are found below it
+    std::function<void(const QString &)> hinweis;    ///< text for the hint panel
+    std::function<void()> geaendert;                 ///< a mouse press in the user's fields
+};
+
+std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const Elementumgebung &umgebung, QWidget *eltern);
+
+/// Vocabulary of a field of the Sparte; null when it has none.
+const Werteliste *wertelisteVon(Sparte sparte, const char *feld);
+/// Captions of the month labels: letters or numbers, i counted from 0.
+QString monatsbeschriftung(int i, bool buchstaben);
+
+/* The texts of the patterns, as pure functions. */
+QString listentext(QStringView flags, const Werteliste &liste, QStringView trenner);
+QString vonBisMeter(const QString &min, const QString &max, QStringView einheit);
+QString vonBisMindest(const QString &min, const QString &max, QStringView einheit, bool leereObergrenzeFehlt);
+QString ausbildungstext(QStringView flags);
+/// Running text without the editor's line marks (the character pair 236, 10).
+QString ohneZeilenmarken(const QString &text);

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Beschreibung.h"
+
+/* Parts of a description that every Sparte's window has. */
+namespace gemeinsam {
+
+inline constexpr Element eigeneBemerkung[] = {
+    {.muster = Muster::Benutzertext, .control = "txtEigeneBemerkung", .feld = "benu_bemerkung"},
+};
+inline constexpr Element eigenschaften[] = {
+    {.muster = Muster::Benutzereigen, .control = "sschkBenutzer", .feld = "benu_eigen"},
+};
+inline constexpr Element ausbildung[] = {
+    {.muster = Muster::Ausbildung, .control = "lblAusbildung", .feld = "Ausbildung"},
+};
+/// The tab "Benutzer / Ausbildung".
+inline constexpr Gruppe benutzer[] = {
+    {.name = "SSFraBenutzer1", .titel = u"Eigene Bemerkung", .spalte = 0, .elemente = eigeneBemerkung, .wachsend = true},
+    {.name = "SSFraBenutzer2", .titel = u"Eigene Eigenschaften", .spalte = 1, .elemente = eigenschaften},
+    {.name = "ssfraAusbildung", .titel = u"Ausbildung", .spalte = 1, .elemente = ausbildung, .regel = Gruppenregel::Controls},
+};
+inline constexpr Element herkunftsmarke{.muster = Muster::Herkunftsmarke, .control = "imgBenuAenderung", .feld = "Benu_Aenderung"};
+
+} // namespace gemeinsam

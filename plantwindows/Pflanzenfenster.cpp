@@ -1,0 +1,371 @@
+#include "Pflanzenfenster.h"
+
+#include "Artenmodell.h"
+#include "Elemente.h"
+#include "Geschuetzt.h"
+#include "Steuerelemente.h"
+#include "Zentrale.h"
+#include "store/Pfade.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFile>
+#include <QKeyEvent>
+#include <QLabel>
+
+Pflanzenfenster::Pflanzenfenster(Programm &programm, Zentrale &zentrale, const Fensterbeschreibung &beschreibung, int nummer)
+    : Fensternummer(nummer), programm_(programm), zentrale_(zentrale), beschreibung_(beschreibung), satz_(programm, eintrag(beschreibung.sparte))
+{
+    setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(eintrag(beschreibung.sparte).fenster)).arg(nummer));
+    setProperty("Tag", QString::number(nummer));
+    setWindowTitle(titel());
+    setFocusPolicy(Qt::StrongFocus);
+    aufbauen();
+}
+
+Pflanzenfenster::~Pflanzenfenster() = default;
+
+QString Pflanzenfenster::titel() const
+{
+    return QStringLiteral("%1 %2").arg(eintrag(sparte()).titel).arg(Fensternummer);
+}
+
+void Pflanzenfenster::aktivMelden()
+{
+    programm_.AktiveSparte = eintrag(sparte()).wort.toString();
+    programm_.aktuellesFenster(sparte()) = Fensternummer;
+}
+
+void Pflanzenfenster::Form_Activate()
+{
+    aktivMelden();
+    lblArtNr_->setVisible(programm_.HausModus);
+    if (ErsteAktivierung) {
+        DatensätzeAuffüllen();
+        satz_.oeffnen(Fensternummer);
+        DatenOrdnen();
+        BilderAnzahl = 10;
+        Monatsbeschriftung();
+        darstellen();
+        NaviPruefung();
+        ErsteAktivierung = false;
+    }
+    zentrale_.mulkoSpeichernErlauben(FilterGesetzt && FilterEin);
+    unsetCursor();
+}
+
+void Pflanzenfenster::DatensätzeAuffüllen()
+{
+    arten_->neu(nullptr, Botanisch);
+    satz_.auffuellen(programm_.aktuellesFenster(sparte()));
+}
+
+void Pflanzenfenster::Sortieren()
+{
+    arten_->neu(nullptr, Botanisch);
+    satz_.sortieren(programm_.SortierFeld);
+}
+
+void Pflanzenfenster::DatenOrdnen()
+{
+    const QString gemerkt = Auslesen(QStringLiteral("BOT_NAME"));
+    const qint64 nummer = satz_.artnr();
+    programm_.SortierFeld = Botanisch ? QStringLiteral("BOT_NAME") : QStringLiteral("DTNAM");
+    Sortieren();
+    Recordset &haupt = satz_.haupt();
+    Anzahl = int(haupt.RecordCount());
+    if (!ErsteAktivierung && nummer != 0) {
+        // The same record; where it is gone, the first of its name.
+        if (!haupt.Finden(nummer))
+            haupt.FindFirst(QStringLiteral("BOT_NAME"), gemerkt);
+    }
+    arten_->neu(&haupt, Botanisch);
+    cboArten_->setCurrentIndex(int(haupt.AbsolutePosition()));
+}
+
+void Pflanzenfenster::darstellen()
+{
+    if (!satz_.offen())
+        return;
+    struct Malpause
+    {
+        QWidget *fenster;
+        explicit Malpause(QWidget *f) : fenster(f) { fenster->setUpdatesEnabled(false); }
+        ~Malpause() { fenster->setUpdatesEnabled(true); }
+    } pause(this);
+    lblArtNr_->setText(satz_.artnr() ? QString::number(satz_.artnr()) : QString());
+    for (const auto &element : elemente_)
+        element->zeigen(satz_);
+    for (const Titel &titel : titel_)
+        titel.schild->setVisible(std::ranges::any_of(titel.elemente, [](const Anzeigeelement *e) { return !e->leer(); }));
+    gruppenPruefen();
+    AnzeigeAnzahl();
+}
+
+Anzeigeelement *Pflanzenfenster::elementNamens(QStringView control) const
+{
+    for (const auto &element : elemente_)
+        if (control == QLatin1String(element->beschreibung().control))
+            return element.get();
+    return nullptr;
+}
+
+void Pflanzenfenster::gruppenPruefen()
+{
+    const auto leer = [](const Anzeigeelement *element) { return element->leer(); };
+    for (const Rahmen &rahmen : rahmen_) {
+        bool sichtbar = true;
+        switch (rahmen.gruppe->regel) {
+        case Gruppenregel::Immer: break;
+        case Gruppenregel::Feld: {
+            const QString wert = Auslesen(QString::fromLatin1(rahmen.gruppe->regelfeld));
+            sichtbar = !wert.isEmpty() && wert != u"0";
+            break;
+        }
+        case Gruppenregel::Controls: {
+            std::vector<Anzeigeelement *> gefragt;
+            for (const char *control : rahmen.gruppe->regelcontrols)
+                gefragt.push_back(elementNamens(QString::fromLatin1(control)));
+            sichtbar = !std::ranges::all_of(gefragt.empty() ? rahmen.elemente : gefragt, leer);
+            break;
+        }
+        }
+        rahmen.rahmen->setVisible(sichtbar);
+    }
+}
+
+void Pflanzenfenster::AnzeigeAnzahl()
+{
+    const qsizetype stelle = satz_.offen() ? satz_.haupt().AbsolutePosition() : -1;
+    stbAnzeige_[3]->setText(QStringLiteral("%1/%2").arg(stelle + 1).arg(Anzahl));
+}
+
+void Pflanzenfenster::Monatsbeschriftung()
+{
+    for (const auto &element : elemente_)
+        element->monateBeschriften(programm_.MonatsDarstellung != 0);
+}
+
+void Pflanzenfenster::eigenschaftenBenennen()
+{
+    for (int i = 0; i < anzahlEigenschaften; ++i)
+        if (auto *kaestchen = findChild<QCheckBox *>(QStringLiteral("sschkBenutzer_%1").arg(i)))
+            kaestchen->setText(programm_.BenutzerNamen[size_t(sparte())][size_t(i)]);
+}
+
+void Pflanzenfenster::bewegen(Bewegung bewegung)
+{
+    struct Zeigerende
+    {
+        QWidget *fenster;
+        ~Zeigerende() { fenster->unsetCursor(); }
+    } ende{this};
+    if (!satz_.offen())
+        return;
+    if (DatenGeaendert)
+        BenutzerdatenSpeichern();
+    Recordset &haupt = satz_.haupt();
+    const qsizetype vorher = haupt.AbsolutePosition();
+    (haupt.*bewegung)();
+    // A step beyond an end stays where it was.
+    if (haupt.AbsolutePosition() < 0 && vorher >= 0)
+        haupt.setAbsolutePosition(vorher);
+    cboArten_->setCurrentIndex(int(haupt.AbsolutePosition()));
+    darstellen();
+    NaviPruefung();
+}
+
+void Pflanzenfenster::artenGewaehlt()
+{
+    if (!ArtenHatFokus || !satz_.offen() || cboArten_->currentIndex() < 0 || cboArten_->currentIndex() == satz_.haupt().AbsolutePosition())
+        return;
+    const int gewaehlt = cboArten_->currentIndex();
+    try {
+        if (DatenGeaendert)
+            BenutzerdatenSpeichern();
+    } catch (const Fehler &) {
+        // The record is not left: the selector goes back to it.
+        cboArten_->setCurrentIndex(int(satz_.haupt().AbsolutePosition()));
+        throw;
+    }
+    satz_.haupt().setAbsolutePosition(gewaehlt);
+    darstellen();
+    NaviPruefung();
+}
+
+void Pflanzenfenster::botDeu()
+{
+    setCursor(Qt::WaitCursor);
+    Botanisch = !Botanisch;
+    knopf(Knopf::BotDeu)->setBild(knopfbild(knopfzeilen()[size_t(Knopf::BotDeu)], Knopfzustand::Hervorgehoben, true, umschaltungen()));
+    DatenOrdnen();
+    unsetCursor();
+    NaviPruefung();
+    AnzeigeAnzahl();
+}
+
+void Pflanzenfenster::NaviPruefung()
+{
+    if (!satz_.offen())
+        return;
+    Recordset &haupt = satz_.haupt();
+    haupt.MoveNext();
+    naviSetzen(Knopf::Next, Knopf::Last, haupt.Eof());
+    haupt.MovePrevious();
+    haupt.MovePrevious();
+    naviSetzen(Knopf::Back, Knopf::First, haupt.Bof());
+    haupt.MoveNext();
+}
+
+void Pflanzenfenster::naviSetzen(Knopf innen, Knopf aussen, bool amEnde)
+{
+    for (const Knopf welcher : {innen, aussen}) {
+        Bildknopf *button = knopf(welcher);
+        const bool unterMaus = ButtonUnterMaus == button->objectName();
+        button->setEnabled(!amEnde);
+        knopfMalen(welcher, !amEnde && unterMaus ? Knopfzustand::Hervorgehoben : Knopfzustand::Normal);
+    }
+    knopf(innen)->setTag(amEnde ? QStringLiteral("gesperrt") : QString());
+}
+
+void Pflanzenfenster::knopfMalen(Knopf welcher, Knopfzustand zustand)
+{
+    if (Bildknopf *button = knopf(welcher))
+        button->setBild(knopfbild(knopfzeilen()[size_t(welcher)], zustand, button->isEnabled(), umschaltungen()));
+}
+
+void Pflanzenfenster::NormaleButtons()
+{
+    for (const Knopfzeile &zeile : knopfzeilen()) {
+        Bildknopf *button = knopf(zeile.knopf);
+        if (!button || button->tag() != u"benutzt" || button->objectName() == ButtonUnterMaus)
+            continue;
+        knopfMalen(zeile.knopf, Knopfzustand::Normal);
+        button->setTag(QString());
+    }
+}
+
+void Pflanzenfenster::knoepfeVerbinden()
+{
+    for (const Knopfzeile &zeile : knopfzeilen()) {
+        Bildknopf *button = knopf(zeile.knopf);
+        if (!button)
+            continue;
+        connect(button, &Bildknopf::mausBewegt, this, [this, &zeile, button] {
+            ButtonUnterMaus = button->objectName();
+            NormaleButtons();
+            if (!button->isEnabled() || button->tag() == u"gesperrt")
+                return;
+            if (button->tag() != u"benutzt")
+                knopfMalen(zeile.knopf, Knopfzustand::Hervorgehoben);
+            button->setTag(QStringLiteral("benutzt"));
+        });
+        connect(button, &Bildknopf::mausVerlassen, this, [this, button] {
+            if (ButtonUnterMaus == button->objectName())
+                ButtonUnterMaus.clear();
+            NormaleButtons();
+        });
+        connect(button, &Bildknopf::mausGedrueckt, this, [this, &zeile] {
+            knopfMalen(zeile.knopf, Knopfzustand::Gedrueckt);
+            if (zeile.navigation)
+                setCursor(Qt::WaitCursor);
+        });
+        connect(button, &Bildknopf::mausLosgelassen, this, [this, &zeile, button] {
+            if (zeile.navigation && !button->underMouse())
+                unsetCursor();
+            switch (zeile.knopf) {
+            case Knopf::FilterEin: button->setBild(FilterEin ? QStringLiteral("filter") : QStringLiteral("filter_n")); break;
+            case Knopf::Filter: button->setBild(QStringLiteral("filterb_n")); break;
+            default: knopfMalen(zeile.knopf, Knopfzustand::Hervorgehoben);
+            }
+        });
+    }
+    const auto beiKlick = [this](Knopf welcher, auto handlung) {
+        if (Bildknopf *button = knopf(welcher))
+            connect(button, &Bildknopf::clicked, this, geschuetzt(this, std::move(handlung)));
+    };
+    beiKlick(Knopf::First, [this] { bewegen(&Recordset::MoveFirst); });
+    beiKlick(Knopf::Back, [this] { bewegen(&Recordset::MovePrevious); });
+    beiKlick(Knopf::Next, [this] { bewegen(&Recordset::MoveNext); });
+    beiKlick(Knopf::Last, [this] { bewegen(&Recordset::MoveLast); });
+    beiKlick(Knopf::BotDeu, [this] { botDeu(); });
+    // Filter and print belong to the rooms that follow; what these buttons do first holds already.
+    for (const Knopf welcher : {Knopf::FilterEin, Knopf::Filter, Knopf::FilterLaden, Knopf::FilterSpeichern, Knopf::Druck})
+        beiKlick(welcher, [this] {
+            if (DatenGeaendert)
+                BenutzerdatenSpeichern();
+        });
+}
+
+void Pflanzenfenster::BenutzerdatenSpeichern()
+{
+    const auto *bemerkung = elementNamens(u"txtEigeneBemerkung");
+    if (!bemerkung)
+        return;
+    QString eigen;
+    for (int i = 0; i < anzahlEigenschaften; ++i) {
+        const auto *kaestchen = findChild<QCheckBox *>(QStringLiteral("sschkBenutzer_%1").arg(i));
+        eigen += kaestchen && kaestchen->isChecked() ? u'1' : u' ';
+    }
+    satz_.benutzerSchreiben(bemerkung->widget()->property("plainText").toString(), eigen);
+    DatenGeaendert = false;
+}
+
+void Pflanzenfenster::hinweis(const QString &text)
+{
+    if (stbAnzeige_[1]->text() != text)
+        stbAnzeige_[1]->setText(text);
+}
+
+bool Pflanzenfenster::eventFilter(QObject *quelle, QEvent *ereignis)
+{
+    switch (ereignis->type()) {
+    case QEvent::MouseMove:
+        // The mouse is on a panel: no button is under it, and its panel may end a hint.
+        if (quelle->property("leertHinweis").toBool())
+            hinweis(QString());
+        ButtonUnterMaus.clear();
+        NormaleButtons();
+        break;
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+        if (quelle == cboArten_)
+            ArtenHatFokus = ereignis->type() == QEvent::FocusIn || static_cast<QFocusEvent *>(ereignis)->reason() == Qt::PopupFocusReason;
+        break;
+    default: break;
+    }
+    return QWidget::eventFilter(quelle, ereignis);
+}
+
+void Pflanzenfenster::keyPressEvent(QKeyEvent *ereignis)
+{
+    if (ereignis->key() == Qt::Key_F1)
+        zentrale_.hilfeZeigen(eintrag(sparte()).hilfethema.toString());
+    else
+        QWidget::keyPressEvent(ereignis);
+}
+
+void Pflanzenfenster::focusInEvent(QFocusEvent *ereignis)
+{
+    aktivMelden();
+    QWidget::focusInEvent(ereignis);
+}
+
+void Pflanzenfenster::closeEvent(QCloseEvent *ereignis)
+{
+    // A note that cannot be stored is told, but the window can always be closed.
+    if (DatenGeaendert)
+        geschuetztAusfuehren(this, [this] { BenutzerdatenSpeichern(); });
+    programm_.aktuellesFenster(sparte()) = Fensternummer;
+    arten_->neu(nullptr, Botanisch);
+    satz_.schliessen();
+    QFile::remove(systemPfad(satz_.tempPfad(Fensternummer)));
+    if (!FilterEin)
+        QFile::remove(systemPfad(QStringLiteral("%1%2%3%4").arg(programm_.ProgrammPfad, eintrag(sparte()).tempFilter.toString(),
+                                                                QString::number(Fensternummer), eintrag(sparte()).filterEndung.toString())));
+    zentrale_.fensterGeschlossen(sparte(), Fensternummer);
+    programm_.AktiveSparte.clear();
+    ereignis->accept();
+}

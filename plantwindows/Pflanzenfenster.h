@@ -1,0 +1,123 @@
+#pragma once
+
+#include "Beschreibung.h"
+#include "Knopfzustaende.h"
+#include "Pflanzensatz.h"
+
+#include <QWidget>
+
+#include <array>
+#include <memory>
+#include <vector>
+
+class Anzeigeelement;
+class Artenmodell;
+class Bildknopf;
+class QComboBox;
+class QGridLayout;
+class QLabel;
+class QVBoxLayout;
+class Zentrale;
+
+/* The plant window, one for all Sparten: record selector, picture buttons, tabbed record view, status bar. What it shows and
+   of which Sparte stands in its description. It works on a private copy of the database that lives as long as it does. */
+class Pflanzenfenster : public QWidget
+{
+    Q_OBJECT
+
+public:
+    Pflanzenfenster(Programm &programm, Zentrale &zentrale, const Fensterbeschreibung &beschreibung, int nummer);
+    ~Pflanzenfenster() override;
+
+    // State that other forms read and write.
+    int Anzahl = 0;
+    bool FilterEin = true;
+    bool FilterGesetzt = false;
+    const int Fensternummer;
+    bool ErsteAktivierung = true;
+    bool Botanisch = true;
+    bool ArtenHatFokus = false;
+    int BilderAnzahl = 0;
+    bool DatenGeaendert = false;
+    QString ButtonUnterMaus; ///< name of the picture button under the mouse
+
+    /// At every activation; the first one copies the database and shows the first record. Throws when the data cannot be opened.
+    void Form_Activate();
+    /// Copies the working database over the private copy; the window has no data until it is opened again.
+    void DatensätzeAuffüllen();
+    /// Sorts anew, rebuilds the selector and stays on the same plant.
+    void DatenOrdnen();
+    void Sortieren();
+    /// Shows the current record.
+    void darstellen();
+    void NaviPruefung();
+    void Monatsbeschriftung();
+    /// Captions of the user-defined properties.
+    void eigenschaftenBenennen();
+    void NormaleButtons();
+    void AnzeigeAnzahl();
+    QString Auslesen(const QString &feld) { return satz_.Auslesen(feld); }
+    /// Writes the user's fields of the current record to the copy and to the working database; throws, with DatenGeaendert
+    /// still set, when that fails.
+    void BenutzerdatenSpeichern();
+
+    Sparte sparte() const { return beschreibung_.sparte; }
+    Pflanzensatz &satz() { return satz_; }
+    /// "Topfpflanzen 1"
+    QString titel() const;
+
+protected:
+    void closeEvent(QCloseEvent *ereignis) override;
+    void keyPressEvent(QKeyEvent *ereignis) override;
+    void focusInEvent(QFocusEvent *ereignis) override;
+    bool eventFilter(QObject *quelle, QEvent *ereignis) override;
+
+private:
+    void aufbauen();
+    QWidget *leisteBauen();
+    QWidget *kopfBauen();
+    QWidget *reiterBauen(const Reiter &reiter);
+    QWidget *gruppeBauen(const Gruppe &gruppe, QWidget *eltern);
+    QWidget *statusBauen();
+    void elementSetzen(const Element &element, QGridLayout &raster, QWidget *eltern);
+    void knoepfeVerbinden();
+    void gruppenPruefen();
+    void aktivMelden();
+
+    using Bewegung = void (Recordset::*)();
+    void bewegen(Bewegung bewegung);
+    void artenGewaehlt();
+    void botDeu();
+    void hinweis(const QString &text);
+    void knopfMalen(Knopf knopf, Knopfzustand zustand);
+    void naviSetzen(Knopf innen, Knopf aussen, bool amEnde);
+    Bildknopf *knopf(Knopf welcher) const { return knoepfe_[size_t(welcher)]; }
+    Umschaltungen umschaltungen() const { return {Botanisch, FilterEin}; }
+
+    Programm &programm_;
+    Zentrale &zentrale_;
+    const Fensterbeschreibung &beschreibung_;
+    Pflanzensatz satz_;
+
+    struct Titel
+    {
+        QLabel *schild;
+        std::vector<Anzeigeelement *> elemente; ///< rows may share a caption: it stays while one of them shows something
+    };
+    struct Rahmen
+    {
+        const Gruppe *gruppe;
+        QWidget *rahmen;
+        std::vector<Anzeigeelement *> elemente;
+    };
+    Anzeigeelement *elementNamens(QStringView control) const;
+
+    std::vector<std::unique_ptr<Anzeigeelement>> elemente_;
+    std::vector<Titel> titel_;
+    std::vector<Rahmen> rahmen_;
+    std::array<Bildknopf *, anzahlKnoepfe> knoepfe_{};
+    QComboBox *cboArten_ = nullptr;
+    Artenmodell *arten_ = nullptr;
+    QLabel *lblArtNr_ = nullptr;
+    std::array<QLabel *, 4> stbAnzeige_{};
+};

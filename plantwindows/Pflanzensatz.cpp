@@ -1,0 +1,116 @@
+#include "Pflanzensatz.h"
+
+#include "store/Dateien.h"
+#include "store/Fehler.h"
+#include "store/Pfade.h"
+
+Pflanzensatz::Pflanzensatz(Programm &programm, const SpartenEintrag &sparte) : programm_(programm), sparte_(sparte) {}
+
+QString Pflanzensatz::tempPfad(int nummer) const
+{
+    return QStringLiteral("%1%2%3.tmp").arg(programm_.ProgrammPfad, sparte_.tempDatenbank).arg(nummer);
+}
+
+void Pflanzensatz::auffuellen(int nummer)
+{
+    schliessen();
+    kopiereUeber(systemPfad(programm_.arbeitsdatenbank()), systemPfad(tempPfad(nummer)));
+}
+
+void Pflanzensatz::oeffnen(int nummer)
+{
+    // Held for as long as the window is open, so that look-ups find a connection.
+    arbeit_ = Datenbank::OpenDatabase(programm_.arbeitsdatenbank());
+    datHaupt_.setDatabaseName(tempPfad(nummer));
+    datHaupt_.setRecordSource(sparte_.haupttabelle.toString());
+    datHaupt_.Refresh();
+}
+
+void Pflanzensatz::schliessen()
+{
+    datHaupt_.schliessen();
+    datArbeit_.schliessen();
+    arbeit_.reset();
+}
+
+void Pflanzensatz::sortieren(const QString &feld)
+{
+    datHaupt_.setRecordSource(QStringLiteral("SELECT * From %1 WHERE BOT_NAME LIKE '*' ORDER BY %2").arg(sparte_.haupttabelle, feld));
+    datHaupt_.Refresh();
+}
+
+qint64 Pflanzensatz::artnr()
+{
+    return offen() && haupt().AbsolutePosition() >= 0 ? haupt().Fields(u"ARTNR").Ganzzahl() : 0;
+}
+
+QString Pflanzensatz::Auslesen(const QString &feld)
+{
+    return offen() && haupt().AbsolutePosition() >= 0 ? haupt().Fields(feld).Text() : QString();
+}
+
+bool Pflanzensatz::istNull(const QString &feld)
+{
+    return !offen() || haupt().AbsolutePosition() < 0 || haupt().Fields(feld).IsNull();
+}
+
+Recordset &Pflanzensatz::arbeitssatz()
+{
+    datArbeit_.setDatabaseName(programm_.arbeitsdatenbank());
+    datArbeit_.setRecordSource(QStringLiteral("SELECT * From %1 WHERE ARTNR LIKE ?").arg(sparte_.haupttabelle), {artnr()});
+    datArbeit_.Refresh();
+    return datArbeit_.recordset();
+}
+
+std::optional<QString> Pflanzensatz::ausArbeit(const QString &feld)
+{
+    Recordset &satz = arbeitssatz();
+    if (satz.Eof() || satz.Fields(feld).IsNull())
+        return std::nullopt;
+    return satz.Fields(feld).Text();
+}
+
+QStringList Pflanzensatz::synonyme(bool deutsch)
+{
+    const QStringView tabelle = deutsch ? sparte_.synonymDeutsch : sparte_.synonymBotanisch;
+    if (tabelle.isEmpty() || artnr() == 0)
+        return {};
+    QStringList gefunden;
+    DatenControl datSynonym;
+    datSynonym.setDatabaseName(programm_.arbeitsdatenbank());
+    datSynonym.setRecordSource(QStringLiteral("SELECT * From %1 WHERE ARTNR LIKE ?").arg(tabelle), {artnr()});
+    datSynonym.Refresh();
+    for (Recordset &satz = datSynonym.recordset(); !satz.Eof(); satz.MoveNext())
+        if (!satz.Fields(u"SYN").IsNull())
+            gefunden += satz.Fields(u"SYN").Text();
+    return gefunden;
+}
+
+QString Pflanzensatz::familie(const QString &nummer)
+{
+    bool ok = false;
+    const int zahl = nummer.toInt(&ok);
+    if (!ok)
+        return {};
+    DatenControl datFamilien;
+    datFamilien.setDatabaseName(programm_.arbeitsdatenbank());
+    datFamilien.setRecordSource(QStringLiteral("SELECT FAMNAME FROM Familien WHERE FAMILIE LIKE ?"), {zahl});
+    datFamilien.Refresh();
+    return datFamilien.recordset().Eof() ? QString() : datFamilien.recordset().Fields(u"FAMNAME").Text();
+}
+
+void Pflanzensatz::benutzerSchreiben(const QString &bemerkung, const QString &eigen)
+{
+    const auto schreiben = [&](Recordset &satz) {
+        satz.Edit();
+        satz.Fields(u"benu_bemerkung").setValue(bemerkung);
+        satz.Fields(u"benu_eigen").setValue(eigen);
+        satz.Update();
+    };
+    if (artnr() == 0)
+        return;
+    schreiben(haupt());
+    Recordset &satz = arbeitssatz();
+    if (!satz.Eof())
+        schreiben(satz);
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "store/DatenControl.h"
+#include "store/Programm.h"
+
+/* The data of one plant window: its private copy of the database with the main recordset, and the side tables of the working
+   database. No window is needed for it. */
+class Pflanzensatz
+{
+public:
+    Pflanzensatz(Programm &programm, const SpartenEintrag &sparte);
+
+    /// Path of the private copy of window `nummer`, with "\".
+    QString tempPfad(int nummer) const;
+    /// Copies the working database over the copy of window `nummer`, which must not be open. Failures are passed over; what
+    /// the copy then holds shows when it is opened.
+    void auffuellen(int nummer);
+    /// Opens the copy of window `nummer` on the whole table.
+    void oeffnen(int nummer);
+    void schliessen();
+    bool offen() const { return datHaupt_.offen(); }
+
+    /// Sorts the main recordset by `feld`: the German order, ARTNR where names are equal. Stands on the first record.
+    void sortieren(const QString &feld);
+
+    Recordset &haupt() { return datHaupt_.recordset(); }
+    /// Text of a field of the current record; empty for a null and while there is no record. Throws for an unknown field.
+    QString Auslesen(const QString &feld);
+    /// The same from the working database, asked again by ARTNR; nothing for a null or a record that is not there.
+    std::optional<QString> ausArbeit(const QString &feld);
+    bool istNull(const QString &feld);
+
+    /// Synonyms of the current plant, in the order they were entered; empty for a Sparte without synonym tables.
+    QStringList synonyme(bool deutsch);
+    /// Family name for a number; empty for an unknown one.
+    QString familie(const QString &nummer);
+    /// Stores the user's fields of the current record in the copy and, durably, in the working database. Throws on a failure.
+    void benutzerSchreiben(const QString &bemerkung, const QString &eigen);
+
+    /// Number of the current record; 0 while there is none.
+    qint64 artnr();
+
+private:
+    Recordset &arbeitssatz();
+
+    Programm &programm_;
+    const SpartenEintrag &sparte_;
+    DatenControl datHaupt_{Datenbank::Zugriff::Privat};
+    DatenControl datArbeit_;
+    std::shared_ptr<Datenbank> arbeit_;
+};

@@ -1,0 +1,138 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QWidget>
+
+/* Small controls with the properties by which forms, filter files and tests speak of them. Colours are signed 32-bit
+   numbers, 0xBBGGRR; two numbers stand for colours of the palette and stay numbers until they are painted. */
+
+inline constexpr int farbeKnopf = int(0x8000000Fu);   ///< button face: not set
+inline constexpr int farbeTitel = int(0x80000003u);   ///< highlight: month set
+
+/// A cell of a swatch or month row.
+class Farbzelle : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(int BackColor READ backColor WRITE setBackColor)
+    Q_PROPERTY(int BackStyle READ backStyle WRITE setBackStyle)
+    Q_PROPERTY(QString Caption READ caption WRITE setCaption)
+
+public:
+    explicit Farbzelle(bool bunt, QWidget *eltern = nullptr);
+
+    int backColor() const { return backColor_; }
+    void setBackColor(int farbe);
+    /// 0 transparent, 1 opaque; only the last cell of a swatch row paints by it.
+    int backStyle() const { return backStyle_; }
+    void setBackStyle(int stil);
+    QString caption() const { return caption_; }
+    void setCaption(const QString &text);
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+signals:
+    void geklickt();
+    void doppelgeklickt();
+
+protected:
+    void paintEvent(QPaintEvent *) override;
+    void mouseReleaseEvent(QMouseEvent *ereignis) override;
+    void mouseDoubleClickEvent(QMouseEvent *) override { emit doppelgeklickt(); }
+
+private:
+    bool bunt_;
+    int backColor_ = farbeKnopf;
+    int backStyle_ = 0;
+    QString caption_;
+};
+
+/// A picture out of an image list.
+class Bildfeld : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(QString Bild READ bild WRITE setBild)
+    Q_PROPERTY(QString Tag READ tag WRITE setTag)
+    Q_PROPERTY(int BorderStyle READ borderStyle WRITE setBorderStyle)
+
+public:
+    explicit Bildfeld(QSize groesse, QWidget *eltern = nullptr);
+
+    /// Picture as "list/key"; the property `Bild` gives it the same way.
+    QString bild() const { return bild_; }
+    void setBild(const QString &bild);
+    QString tag() const { return tag_; }
+    void setTag(const QString &tag) { tag_ = tag; }
+    int borderStyle() const { return borderStyle_; }
+    void setBorderStyle(int stil);
+    QSize sizeHint() const override { return groesse_; }
+
+signals:
+    void geklickt();
+    void mausDarueber();
+
+protected:
+    void paintEvent(QPaintEvent *) override;
+    void mouseMoveEvent(QMouseEvent *) override { emit mausDarueber(); }
+    void enterEvent(QEnterEvent *) override { emit mausDarueber(); }
+    void mouseReleaseEvent(QMouseEvent *ereignis) override;
+
+private:
+    QSize groesse_;
+    QString bild_, tag_;
+    int borderStyle_ = 0;
+};
+
+/// A picture button: an image control with a tool tip. Its owner decides which picture it shows in which state.
+class Bildknopf : public QAbstractButton
+{
+    Q_OBJECT
+    Q_PROPERTY(QString Bild READ bild WRITE setBild)
+    Q_PROPERTY(QString Tag READ tag WRITE setTag)
+
+public:
+    explicit Bildknopf(const QString &hinweis, QWidget *eltern = nullptr);
+
+    /// Key in the list iliIcons, such as "next_n".
+    QString bild() const { return bild_; }
+    void setBild(const QString &bild);
+    QString tag() const { return tag_; }
+    void setTag(const QString &tag) { tag_ = tag; }
+    QSize sizeHint() const override { return {36, 36}; }
+
+signals:
+    void mausBewegt();
+    void mausGedrueckt();
+    void mausLosgelassen();
+    void mausVerlassen();
+
+protected:
+    void paintEvent(QPaintEvent *) override;
+    void mouseMoveEvent(QMouseEvent *ereignis) override;
+    void mousePressEvent(QMouseEvent *ereignis) override;
+    void mouseReleaseEvent(QMouseEvent *ereignis) override;
+    void enterEvent(QEnterEvent *ereignis) override;
+    void leaveEvent(QEvent *ereignis) override;
+
+private:
+    QString bild_, tag_;
+};
+
+/// Scale of nine steps with an indicator whose place is measured in twips.
+class Bewertungsleiste : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Bewertungsleiste(QWidget *eltern = nullptr);
+
+    /// Moves the indicator; `wert` counts from 1 (rarity) to 9 (standard assortment).
+    void setWert(int wert);
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *) override;
+
+private:
+    QWidget *anzeige_; ///< picBewAnzeige
+};

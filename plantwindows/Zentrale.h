@@ -1,0 +1,22 @@
+#pragma once
+
+#include "store/Sparten.h"
+
+#include <QString>
+
+class QWidget;
+
+/* What plant windows need of the program around them. The main window is one; tests bring their own. */
+class Zentrale
+{
+public:
+    virtual ~Zentrale() = default;
+
+    /// Only a filtered window can be handed to the design program.
+    virtual void mulkoSpeichernErlauben(bool erlaubt) = 0;
+    /// The last steps of closing: menu entries follow the windows that stay, then the slot is free.
+    virtual void fensterGeschlossen(Sparte sparte, int nummer) = 0;
+    /// Shows the dialog of the user's property names for the active window, modally.
+    virtual void namenAendern(QWidget *fenster) = 0;
+    virtual void hilfeZeigen(const QString &thema) = 0;
+};
