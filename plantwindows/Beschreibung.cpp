@@ -1,5 +1,6 @@
 #include "Beschreibung.h"
 
+#include "frmAnzeigeApfel.h"
 #include "frmAnzeigeTopfpflanzen.h"
 
 #include <QSet>
@@ -9,7 +10,7 @@
 namespace {
 
 constexpr std::array<const Fensterbeschreibung *, anzahlSparten> beschreibungen{&frmAnzeigeTopfpflanzen, nullptr, nullptr,
-                                                                                nullptr, nullptr, nullptr};
+                                                                                &frmAnzeigeApfel, nullptr, nullptr};
 
 /// The kind of column that a pattern can show; empty when it fits.
 QString unpassend(const Element &element, const Spalte &spalte)

@@ -47,7 +47,7 @@ struct Element
     const char *feld;
     const char *feld2 = nullptr;
     QStringView titeltext = {};      ///< caption; it vanishes with an empty control
-    const char *titel = nullptr;     ///< objectName of the caption label; rows may share one
+    const char *titel = nullptr;     ///< objectName of the caption label; without a text the field's print label is the caption
     QStringView trenner = u", ";
     QStringView leer = {};           ///< text of an empty field
     QStringView einheit = {};        ///< behind a range, with its leading blank

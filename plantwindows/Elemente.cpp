@@ -46,8 +46,6 @@ public:
             schild_->setFocusPolicy(Qt::NoFocus);
         }
         widget()->setObjectName(QString::fromLatin1(element.control));
-        if (!element.titeltext.isEmpty())
-            widget()->setAccessibleName(element.titeltext.toString().remove(u':'));
     }
 
     QWidget *widget() const override { return kasten_ ? static_cast<QWidget *>(kasten_) : schild_; }
@@ -113,7 +111,7 @@ public:
         const int anzahl = monate ? WL_Monate.anzahl() : int(element.farben->werte.size()) + 1;
         auto *anordnung = new QHBoxLayout(reihe_);
         anordnung->setContentsMargins(0, 0, 0, 0);
-        anordnung->setSpacing(2);
+        anordnung->setSpacing(1);
         for (int i = 0; i < anzahl; ++i) {
             auto *zelle = new Farbzelle(!monate && i == anzahl - 1, reihe_);
             zelle->setObjectName(arrayname(element, i));
@@ -448,11 +446,28 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
     return nullptr;
 }
 
-const Werteliste *wertelisteVon(Sparte sparte, const char *feld)
+namespace {
+
+const Spalte *spalteVon(Sparte sparte, const char *feld)
 {
     const Tabelle *tabelle = schema::haupttabelle(eintrag(sparte).haupttabelle);
-    const Spalte *spalte = tabelle ? tabelle->spalte(feldname(feld)) : nullptr;
+    return tabelle ? tabelle->spalte(feldname(feld)) : nullptr;
+}
+
+} // namespace
+
+const Werteliste *wertelisteVon(Sparte sparte, const char *feld)
+{
+    const Spalte *spalte = spalteVon(sparte, feld);
     return spalte ? spalte->liste : nullptr;
+}
+
+QString titelVon(Sparte sparte, const Element &element)
+{
+    if (!element.titeltext.isEmpty() || !element.titel)
+        return element.titeltext.toString();
+    const Spalte *spalte = spalteVon(sparte, element.feld);
+    return spalte ? spalte->druckname.toString() + u':' : QString();
 }
 
 QString monatsbeschriftung(int i, bool buchstaben)

@@ -47,6 +47,8 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
 
 /// Vocabulary of a field of the Sparte; null when it has none.
 const Werteliste *wertelisteVon(Sparte sparte, const char *feld);
+/// Caption of an element: its own, or where only a caption label is named the field's print label; empty: none.
+QString titelVon(Sparte sparte, const Element &element);
 /// Captions of the month labels: letters or numbers, i counted from 0.
 QString monatsbeschriftung(int i, bool buchstaben);
 

@@ -98,8 +98,14 @@ void Pflanzenfenster::darstellen()
     lblArtNr_->setText(satz_.artnr() ? QString::number(satz_.artnr()) : QString());
     for (const auto &element : elemente_)
         element->zeigen(satz_);
-    for (const Titel &titel : titel_)
-        titel.schild->setVisible(std::ranges::any_of(titel.elemente, [](const Anzeigeelement *e) { return !e->leer(); }));
+    for (const Titel &titel : titel_) {
+        bool etwas = false;
+        for (const Anzeigeelement *element : titel.elemente) {
+            element->widget()->setVisible(!element->leer());
+            etwas = etwas || !element->leer();
+        }
+        titel.schild->setVisible(etwas);
+    }
     gruppenPruefen();
     AnzeigeAnzahl();
 }

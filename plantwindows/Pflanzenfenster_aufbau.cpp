@@ -23,7 +23,6 @@
 namespace {
 
 constexpr int abstand = 10;
-constexpr int titelbreite = 150;   // pixels: captions of a group stand in one column
 constexpr int streifenbreite = 176; // pixels: preview strip
 
 QFrame *karte(const QString &name, QWidget *eltern)
@@ -264,7 +263,7 @@ QWidget *Pflanzenfenster::gruppeBauen(const Gruppe &gruppe, QWidget *eltern)
     rahmen_.push_back(std::move(eintrag));
 
     if (std::ranges::any_of(gruppe.elemente, [](const Element &e) { return e.muster == Muster::Benutzereigen; })) {
-        auto *cmdNamen = new QPushButton(QStringLiteral("Namen &ändern"), rahmen);
+        auto *cmdNamen = new QPushButton(QStringLiteral("Namen ändern"), rahmen);
         cmdNamen->setObjectName(QStringLiteral("cmdNamen"));
         connect(cmdNamen, &QPushButton::clicked, this, geschuetzt(this, [this] { zentrale_.namenAendern(this); }));
         aussen->addWidget(cmdNamen, 0, Qt::AlignLeft);
@@ -279,19 +278,19 @@ void Pflanzenfenster::elementSetzen(const Element &element, QGridLayout &raster,
                                         eltern));
     Anzeigeelement *anzeige = elemente_.back().get();
     const int zeile = raster.rowCount();
-    if (element.titeltext.isEmpty()) {
+    const QString titeltext = titelVon(sparte(), element);
+    if (titeltext.isEmpty()) {
         raster.addWidget(anzeige->widget(), zeile, 0, 1, 2);
         return;
     }
+    anzeige->widget()->setAccessibleName(titeltext.chopped(1));
     const QString name = element.titel ? QString::fromLatin1(element.titel) : QString::fromLatin1(element.control) + QStringLiteral("_Titel");
     const auto schon = std::ranges::find_if(titel_, [&](const Titel &t) { return t.schild->objectName() == name; });
     if (schon != titel_.end()) {
         schon->elemente.push_back(anzeige);
     } else {
-        auto *schild = new QLabel(element.titeltext.toString(), eltern);
+        auto *schild = new QLabel(titeltext, eltern);
         schild->setObjectName(name);
-        schild->setFixedWidth(titelbreite);
-        schild->setWordWrap(true);
         schild->setProperty("feldtitel", true);
         raster.addWidget(schild, zeile, 0, Qt::AlignTop);
         titel_.push_back({schild, {anzeige}});

@@ -56,7 +56,7 @@ void Farbzelle::setCaption(const QString &text)
 
 QSize Farbzelle::sizeHint() const
 {
-    return {22, 22};
+    return {19, 22};
 }
 
 void Farbzelle::paintEvent(QPaintEvent *)
@@ -68,7 +68,7 @@ void Farbzelle::paintEvent(QPaintEvent *)
     const QColor rand = gesetzt ? palette().color(QPalette::Text).lighter(160) : palette().color(QPalette::Mid);
     QBrush fuellung = gemalt(backColor_, palette());
     if (bunt_) {
-        fuellung = Qt::NoBrush;
+        fuellung = gemalt(farbeKnopf, palette());
         if (gesetzt) {
             QLinearGradient verlauf(flaeche.topLeft(), flaeche.bottomRight());
             const QColor farben[] = {QColor(220, 40, 40), QColor(250, 190, 0), QColor(60, 160, 60), QColor(40, 90, 200), QColor(170, 40, 170)};

@@ -1,0 +1,109 @@
+#include "Ablauf.h"
+
+#include "Aussehen.h"
+#include "Einstellungen.h"
+#include "frmDBWahl.h"
+#include "frmStart.h"
+#include "mdiZentral.h"
+#include "plantwindows/Bilder.h"
+#include "plantwindows/Geschuetzt.h"
+#include "store/Benutzernamen.h"
+#include "store/Pfade.h"
+
+#include <QApplication>
+#include <QCryptographicHash>
+#include <QDir>
+#include <QLocale>
+#include <QScreen>
+#include <QTranslator>
+
+Ablauf::Ablauf() = default;
+
+Ablauf::~Ablauf()
+{
+    delete wahl_;
+}
+
+bool Ablauf::einzigeInstanz()
+{
+    // Keyed by the folder: two installations may run side by side. A lock whose process is gone is taken over.
+    const QByteArray kennung = QCryptographicHash::hash(QCoreApplication::applicationDirPath().toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
+    sperre_ = std::make_unique<QLockFile>(QDir::temp().filePath(QStringLiteral("flox-%1.lock").arg(QLatin1String(kennung))));
+    sperre_->setStaleLockTime(0);
+    return sperre_->tryLock(0) || sperre_->error() != QLockFile::LockFailedError;
+}
+
+Ablauf::Ergebnis Ablauf::starten()
+{
+    if (!einzigeInstanz())
+        return Ergebnis::ZweiteInstanz;
+    programm_.StartPhase = true;
+    programm_.ProgrammVersion = QStringLiteral(FLOX_VERSION);
+    programm_.ProgrammPfad = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
+    QDir::setCurrent(QCoreApplication::applicationDirPath());
+    programm_.IniPfad = pfadAus(programm_.ProgrammPfad, QStringLiteral("\\flox.ini"));
+    programm_.BilderPfad = programm_.ProgrammPfad;
+    bilder::setOrdner(systemPfad(programm_.ProgrammPfad + QStringLiteral("\\icons")));
+    oberflaecheEinrichten();
+    if (!geschuetztAusfuehren(nullptr, [this] { benutzernamenLesen(programm_); }))
+        return Ergebnis::Abgebrochen;
+    EinstellungenLesen(programm_);
+    // A stored picture folder does not survive the start: the folder of a run is the program's until another is chosen.
+    programm_.BilderPfad = programm_.ProgrammPfad;
+
+    start_ = std::make_unique<frmStart>(programm_.ProgrammVersion);
+    QObject::connect(start_.get(), &frmStart::fertig, qApp, [this] { splashBeenden(); });
+    const QRect schirm = start_->screen()->availableGeometry();
+    start_->move(schirm.center() - start_->rect().center());
+    start_->show();
+    return Ergebnis::Laeuft;
+}
+
+void Ablauf::splashBeenden()
+{
+    if (!start_)
+        return;
+    wahlZeigen();
+    start_->close();
+    // It is inside one of its own events here.
+    start_.release()->deleteLater();
+}
+
+void Ablauf::wahlZeigen()
+{
+    delete wahl_;
+    wahl_ = new frmDBWahl(programm_);
+    wahl_->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(wahl_, &frmDBWahl::gewaehlt, wahl_, [this](Sparte sparte) {
+        mdiZentral &fenster = zentrale();
+        fenster.show();
+        geschuetztAusfuehren(&fenster, [&] { fenster.FensterOeffnen(sparte); });
+        wahl_->close();
+    });
+    QObject::connect(wahl_, &frmDBWahl::fensterAlleine, wahl_, [this] {
+        zentrale().show();
+        wahl_->close();
+    });
+    const QRect schirm = wahl_->screen()->availableGeometry();
+    wahl_->move(schirm.center() - wahl_->rect().center());
+    wahl_->show();
+    wahl_->activateWindow();
+}
+
+mdiZentral &Ablauf::zentrale()
+{
+    if (!zentrale_) {
+        zentrale_ = std::make_unique<mdiZentral>(programm_);
+        QObject::connect(zentrale_.get(), &mdiZentral::wahlGewuenscht, zentrale_.get(), [this] { wahlZeigen(); });
+    }
+    return *zentrale_;
+}
+
+void oberflaecheEinrichten()
+{
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    static QTranslator deutsch;
+    if (deutsch.load(QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("translations/qtbase_de.qm"))))
+        QCoreApplication::installTranslator(&deutsch);
+    aussehen::anwenden();
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "store/Programm.h"
+
+#include <QLockFile>
+#include <QPointer>
+
+#include <memory>
+
+class frmDBWahl;
+class frmStart;
+class mdiZentral;
+
+/* From process start to the first usable screen: splash, chooser, main window. Owns the process-wide state. */
+class Ablauf
+{
+public:
+    Ablauf();
+    ~Ablauf();
+
+    enum class Ergebnis { Laeuft, ZweiteInstanz, Abgebrochen };
+    /// Runs the start sequence up to the splash. Shows its own message when the working database cannot be read.
+    Ergebnis starten();
+
+    Programm &programm() { return programm_; }
+    /// The main window, loaded when it is first asked for.
+    mdiZentral &zentrale();
+    void wahlZeigen();
+
+private:
+    bool einzigeInstanz();
+    void splashBeenden();
+
+    Programm programm_;
+    std::unique_ptr<QLockFile> sperre_;
+    std::unique_ptr<frmStart> start_;
+    QPointer<frmDBWahl> wahl_;
+    std::unique_ptr<mdiZentral> zentrale_;
+};
+
+/// German locale and Qt's own texts, look and fonts; once, before the first window.
+void oberflaecheEinrichten();

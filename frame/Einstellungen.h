@@ -1,0 +1,32 @@
+#pragma once
+
+#include "store/Programm.h"
+
+#include <QString>
+
+#include <span>
+#include <variant>
+
+/* The lasting settings: one row each, read and written by one loop. */
+
+struct Einstellung
+{
+    using Ziel = std::variant<QString Programm::*, bool Programm::*, int Programm::*, long Programm::*, double Programm::*>;
+
+    const char *schluessel; ///< below the root key
+    const char *name;
+    Ziel ziel;
+    const char *vorgabe;
+};
+
+std::span<const Einstellung> einstellungstabelle();
+inline constexpr QStringView wurzelschluessel = u"Software\\FH Lindenhof\\FLOX3-DEMO";
+
+/// Text of a setting as it is stored: "True"/"False" and decimal numbers.
+QString einstellungstext(const Programm &programm, const Einstellung &zeile);
+
+/// Reads all settings; the program's own key wins over the design program's, that one over the editor's. A blank counts as not
+/// set. Writes the paths back, so that the keys exist from the first run.
+void EinstellungenLesen(Programm &programm);
+/// Writes all settings. The caller has put the window's geometry into `programm`.
+void EinstellungenSchreiben(const Programm &programm);

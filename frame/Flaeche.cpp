@@ -1,0 +1,61 @@
+#include "Flaeche.h"
+
+#include <QMdiSubWindow>
+#include <QPainter>
+
+Flaeche::Flaeche(QWidget *eltern) : QMdiArea(eltern)
+{
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setBackground(palette().color(QPalette::Window).darker(104));
+}
+
+void Flaeche::setBild(const QPixmap &bild)
+{
+    bild_ = bild;
+    gemalt_ = {};
+    viewport()->update();
+}
+
+void Flaeche::fensterZeigen(QWidget *form)
+{
+    const auto schon = subWindowList();
+    auto *unterfenster = addSubWindow(form);
+    unterfenster->setAttribute(Qt::WA_DeleteOnClose);
+    unterfenster->setWindowIcon(form->window()->windowIcon());
+    const QSize platz = viewport()->size();
+    // The first window uses the place there is; further ones step aside so that all can be seen.
+    const int versatz = 28 * int(schon.size() % 8);
+    unterfenster->setGeometry(versatz, versatz, qMax(640, qMin(1180, platz.width() - versatz)), qMax(440, qMin(760, platz.height() - versatz)));
+    unterfenster->show();
+}
+
+void Flaeche::anordnen(Qt::Orientation richtung)
+{
+    QList<QMdiSubWindow *> fenster;
+    for (QMdiSubWindow *eines : subWindowList())
+        if (eines->isVisible() && !eines->isMinimized())
+            fenster += eines;
+    const int anzahl = int(fenster.size());
+    for (int i = 0; i < anzahl; ++i) {
+        const QRect ganz = viewport()->rect();
+        fenster[i]->showNormal();
+        fenster[i]->setGeometry(richtung == Qt::Horizontal
+                                    ? QRect(ganz.width() * i / anzahl, 0, ganz.width() / anzahl, ganz.height())
+                                    : QRect(0, ganz.height() * i / anzahl, ganz.width(), ganz.height() / anzahl));
+    }
+}
+
+void Flaeche::paintEvent(QPaintEvent *ereignis)
+{
+    if (bild_.isNull())
+        return QMdiArea::paintEvent(ereignis);
+    const qreal skala = devicePixelRatioF();
+    const QSize ziel = viewport()->size() * skala;
+    if (gemalt_.size() != ziel) {
+        const QPixmap gross = bild_.scaled(ziel, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+        gemalt_ = gross.copy(QRect(QPoint((gross.width() - ziel.width()) / 2, (gross.height() - ziel.height()) / 2), ziel));
+        gemalt_.setDevicePixelRatio(skala);
+    }
+    QPainter(viewport()).drawPixmap(0, 0, gemalt_);
+}

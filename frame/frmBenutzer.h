@@ -1,0 +1,30 @@
+#pragma once
+
+#include "store/Programm.h"
+
+#include <QDialog>
+
+#include <functional>
+
+class QLineEdit;
+class QButtonGroup;
+
+/* Names of the user-defined properties of the active window's Sparte. */
+class frmBenutzer : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// `umbenannt` runs after every store.
+    frmBenutzer(Programm &programm, std::function<void()> umbenannt, QWidget *eltern);
+
+    void cmdSpeichern_Click();
+
+private:
+    QString *name();
+
+    Programm &programm_;
+    std::function<void()> umbenannt_;
+    QButtonGroup *optEigen_;
+    QLineEdit *txtName_;
+};

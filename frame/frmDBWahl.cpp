@@ -1,0 +1,113 @@
+#include "frmDBWahl.h"
+
+#include "plantwindows/Beschreibung.h"
+#include "plantwindows/Bilder.h"
+#include "store/Programm.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QSize bildgroesse(160, 120);
+/// Places of the Sparten, row by row.
+constexpr int spalten = 3;
+
+QIcon wahlbild(const char *name, const QWidget *fenster)
+{
+    return QIcon(bilder::pixmap(QStringLiteral("wahl/") + QLatin1String(name), bildgroesse, fenster->devicePixelRatioF()));
+}
+
+class Schild : public QLabel
+{
+public:
+    Schild(const QString &text, QToolButton *knopf, QWidget *eltern) : QLabel(text, eltern), knopf_(knopf) { setAlignment(Qt::AlignHCenter); }
+
+protected:
+    void mouseReleaseEvent(QMouseEvent *) override { knopf_->click(); }
+
+private:
+    QToolButton *knopf_;
+};
+
+} // namespace
+
+frmDBWahl::frmDBWahl(Programm &programm) : QWidget(nullptr, Qt::Window | Qt::WindowTitleHint | Qt::WindowCloseButtonHint)
+{
+    setObjectName(QStringLiteral("frmDBWahl"));
+    setWindowTitle(QStringLiteral("Flox - Auswahl der Datenbank"));
+    auto *frage = new QLabel(QStringLiteral("Welche Datenbank wollen Sie verwenden?"), this);
+    QFont schrift = frage->font();
+    schrift.setPointSizeF(schrift.pointSizeF() * 1.4);
+    schrift.setBold(true);
+    frage->setFont(schrift);
+    frage->setAlignment(Qt::AlignHCenter);
+
+    auto *raster = new QGridLayout;
+    raster->setSpacing(8);
+    raster->setHorizontalSpacing(24);
+    for (const SpartenEintrag &zeile : alleSparten()) {
+        const int i = int(zeile.sparte);
+        auto *knopf = new QToolButton(this);
+        knopf->setObjectName(QString::fromLatin1(zeile.wahlknopf));
+        knopf->setIcon(wahlbild(zeile.wahlbild, this));
+        knopf->setIconSize(bildgroesse);
+        knopf->setAutoRaise(true);
+        knopf->setFocusPolicy(Qt::StrongFocus);
+        knopf->setAccessibleName(zeile.titel.toString());
+        auto *schild = new Schild(zeile.titel.toString(), knopf, this);
+        schild->setObjectName(QStringLiteral("Label%1").arg(i + 2));
+        if (!fensterbeschreibung(zeile.sparte)) {
+            knopf->setEnabled(false);
+            schild->setEnabled(false);
+            knopf->setToolTip(QStringLiteral("In dieser Version noch nicht enthalten"));
+        }
+        raster->addWidget(knopf, 2 * (i / spalten), i % spalten, Qt::AlignHCenter);
+        raster->addWidget(schild, 2 * (i / spalten) + 1, i % spalten);
+        connect(knopf, &QToolButton::clicked, this, [this, sparte = zeile.sparte] {
+            hide();
+            emit gewaehlt(sparte);
+        });
+    }
+    auto *cmdFensterAlleine = new QPushButton(QStringLiteral("Nur das Programmfenster starten"), this);
+    cmdFensterAlleine->setObjectName(QStringLiteral("cmdFensterAlleine"));
+    cmdFensterAlleine->setVisible(programm.StartPhase);
+    connect(cmdFensterAlleine, &QPushButton::clicked, this, [this] {
+        hide();
+        emit fensterAlleine();
+    });
+
+    auto *alles = new QVBoxLayout(this);
+    alles->setContentsMargins(32, 24, 32, 24);
+    alles->setSpacing(18);
+    alles->addWidget(frage);
+    alles->addLayout(raster);
+    alles->addWidget(cmdFensterAlleine, 0, Qt::AlignHCenter);
+    setFixedSize(sizeHint());
+    programm.StartPhase = false;
+}
+
+void frmDBWahl::changeEvent(QEvent *ereignis)
+{
+    QWidget::changeEvent(ereignis);
+    if (ereignis->type() != QEvent::ActivationChange)
+        return;
+    // It may lose activation before it ever had it; only after it was active does that close it.
+    if (isActiveWindow())
+        warAktiv_ = true;
+    else if (warAktiv_ && isVisible())
+        close();
+}
+
+void frmDBWahl::paintEvent(QPaintEvent *)
+{
+    QPainter maler(this);
+    const QSize bild = QSize(640, 480).scaled(size(), Qt::KeepAspectRatioByExpanding);
+    bilder::malen(maler, QRect(QPoint((width() - bild.width()) / 2, (height() - bild.height()) / 2), bild), QStringLiteral("wahl/hintergrund"));
+}

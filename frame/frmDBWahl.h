@@ -1,0 +1,29 @@
+#pragma once
+
+#include "store/Sparten.h"
+
+#include <QWidget>
+
+struct Programm;
+class QPushButton;
+
+/* The chooser: six Sparten, and at the start of the program the bare main window. It goes when another window comes to the
+   front. */
+class frmDBWahl : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit frmDBWahl(Programm &programm);
+
+signals:
+    void gewaehlt(Sparte sparte);
+    void fensterAlleine();
+
+protected:
+    void changeEvent(QEvent *ereignis) override;
+    void paintEvent(QPaintEvent *ereignis) override;
+
+private:
+    bool warAktiv_ = false;
+};

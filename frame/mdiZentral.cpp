@@ -1,0 +1,301 @@
+#include "mdiZentral.h"
+
+#include "Einstellungen.h"
+#include "Flaeche.h"
+#include "Menue.h"
+#include "frmBenutzer.h"
+#include "plantwindows/Beschreibung.h"
+#include "plantwindows/Bilder.h"
+#include "plantwindows/Geschuetzt.h"
+#include "plantwindows/Pflanzenfenster.h"
+#include "store/Benutzernamen.h"
+#include "store/Pfade.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QFile>
+#include <QImage>
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QRandomGenerator>
+#include <QStatusBar>
+#include <QTime>
+
+mdiZentral::mdiZentral(Programm &programm) : programm_(programm), flaeche_(new Flaeche(this))
+{
+    setObjectName(QStringLiteral("mdiZentral"));
+    setWindowTitle(programmtitel.toString());
+    setMinimumSize(800, 560);
+    setCentralWidget(flaeche_);
+    flaeche_->viewport()->installEventFilter(this);
+    menueBauen(*menuBar(), this, [this](const Menuezeile &zeile) { geschuetztAusfuehren(this, [&] { befehl(zeile); }); });
+    for (const SpartenEintrag &sparte : alleSparten())
+        for (const Menuezeile &zeile : menuezeilen())
+            if (zeile.sparten.size() == 1 && zeile.sparten[0] == sparte.sparte && !fensterbeschreibung(sparte.sparte))
+                findChild<QAction *>(QString::fromLatin1(zeile.name))->setEnabled(false);
+    statusleisteBauen();
+    connect(flaeche_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *unterfenster) {
+        if (auto *form = unterfenster ? qobject_cast<Pflanzenfenster *>(unterfenster->widget()) : nullptr)
+            geschuetztAusfuehren(this, [form] { form->Form_Activate(); });
+    });
+    timResize_.setObjectName(QStringLiteral("timResize"));
+    timResize_.setInterval(250);
+    connect(&timResize_, &QTimer::timeout, this, [this] {
+        if (!isMinimized() && geladen_ && groessenZaehler_ >= 1)
+            hintergrundVerarbeiten();
+        ++groessenZaehler_;
+        timResize_.stop();
+    });
+
+    hintergrundWaehlen();
+    geometrieAnwenden();
+    geladen_ = true;
+    hintergrundVerarbeiten();
+}
+
+mdiZentral::~mdiZentral()
+{
+    // Windows report their close; that must not reach a main window half gone.
+    AlleFensterSchliessen();
+}
+
+void mdiZentral::statusleisteBauen()
+{
+    auto *leiste = statusBar();
+    leiste->setObjectName(QStringLiteral("stbAnzeigeZentral"));
+    leiste->setSizeGripEnabled(false);
+    auto *satz = new QLabel(leiste);
+    satz->setObjectName(QStringLiteral("stbAnzeigeZentral_1"));
+    satz->setContentsMargins(8, 0, 0, 0);
+    if (!programm_.OriginalDatenbank)
+        satz->setText(QStringLiteral("Sie arbeiten mit Datenbanken die vom Benutzer geändert wurden!"));
+    findChild<QAction *>(QStringLiteral("mnuDateiDBLadenOriginal"))->setEnabled(!programm_.OriginalDatenbank);
+    leiste->addWidget(satz, 1);
+    uhrzeit_ = new QLabel(leiste);
+    uhrzeit_->setObjectName(QStringLiteral("stbAnzeigeZentral_2"));
+    leiste->addPermanentWidget(uhrzeit_);
+    const auto stellen = [this] { uhrzeit_->setText(QTime::currentTime().toString(QStringLiteral("HH:mm"))); };
+    connect(&uhr_, &QTimer::timeout, this, stellen);
+    uhr_.start(10000);
+    stellen();
+}
+
+void mdiZentral::geometrieAnwenden()
+{
+    resize(pixel(double(programm_.MdiBreite)), pixel(double(programm_.MdiHoehe)));
+    move(pixel(double(programm_.MdiLinks)), pixel(double(programm_.MdiOben)));
+    if (programm_.MdiStatus == 2)
+        setWindowState(Qt::WindowMaximized);
+    else if (programm_.MdiStatus == 1)
+        setWindowState(Qt::WindowMinimized);
+}
+
+void mdiZentral::geometrieMerken()
+{
+    programm_.MdiStatus = isMinimized() ? 1 : isMaximized() ? 2 : 0;
+    // The size the window has when it is neither minimised nor maximised.
+    QRect normal = programm_.MdiStatus == 0 ? QRect(pos(), size()) : normalGeometry();
+    if (!normal.isValid())
+        return;
+    constexpr long twips = 15;
+    programm_.MdiHoehe = normal.height() * twips;
+    programm_.MdiBreite = normal.width() * twips;
+    programm_.MdiLinks = normal.x() * twips;
+    programm_.MdiOben = normal.y() * twips;
+}
+
+void mdiZentral::hintergrundWaehlen()
+{
+    constexpr int anzahlBilder = 8;
+    const int n = 1 + int(anzahlBilder * QRandomGenerator::global()->generateDouble());
+    HintergrundBild = QStringLiteral("hintergrund%1.jpg").arg(n);
+}
+
+void mdiZentral::hintergrundVerarbeiten()
+{
+    // Made once a run: the picture is stretched when it is painted, so that another window size needs no other file.
+    if (flaeche_->hatBild())
+        return;
+    const QString ordner = QStringLiteral("\\icons\\");
+    QImage bild(systemPfad(programm_.ProgrammPfad + ordner + HintergrundBild));
+    if (bild.width() < 1 || bild.height() < 1)
+        return;
+    const QString zwischen = systemPfad(programm_.ProgrammPfad + QStringLiteral("\\tempbild.bmp"));
+    const QString fertig = systemPfad(programm_.ProgrammPfad + ordner + QStringLiteral("temp-hg.jpg"));
+    if (bild.save(zwischen, "BMP") && QImage(zwischen).save(fertig, "JPG", jpegGuete))
+        bild = QImage(fertig);
+    flaeche_->setBild(QPixmap::fromImage(bild));
+}
+
+void mdiZentral::resizeEvent(QResizeEvent *ereignis)
+{
+    QMainWindow::resizeEvent(ereignis);
+    timResize_.start();
+}
+
+Pflanzenfenster *mdiZentral::fenster(Sparte sparte, int nummer)
+{
+    return nummer >= 1 && nummer <= tabelle(sparte).obergrenze() ? tabelle(sparte).platz(nummer).fenster.data() : nullptr;
+}
+
+Pflanzenfenster *mdiZentral::fensterAnlegen(Sparte sparte, int nummer)
+{
+    auto *form = new Pflanzenfenster(programm_, *this, *fensterbeschreibung(sparte), nummer);
+    tabelle(sparte).platz(nummer).fenster = form;
+    return form;
+}
+
+void mdiZentral::FensterOeffnen(Sparte sparte)
+{
+    if (!fensterbeschreibung(sparte))
+        return;
+    struct Sanduhr
+    {
+        QWidget *fenster;
+        explicit Sanduhr(QWidget *f) : fenster(f) { fenster->setCursor(Qt::WaitCursor); }
+        ~Sanduhr() { fenster->unsetCursor(); }
+    } sanduhr(this);
+    const int nummer = tabelle(sparte).FensterNummerHolen();
+    Pflanzenfenster *form = fenster(sparte, nummer);
+    if (!form)
+        form = fensterAnlegen(sparte, nummer);
+    try {
+        form->Form_Activate();
+    } catch (const Fehler &) {
+        delete form;
+        tabelle(sparte).platz(nummer).frei = true;
+        programm_.AktiveSparte.clear();
+        throw;
+    }
+    flaeche_->fensterZeigen(form);
+}
+
+void mdiZentral::fensterBedienbar(Sparte sparte, bool bedienbar)
+{
+    for (int nummer = 1; nummer <= tabelle(sparte).obergrenze(); ++nummer)
+        if (Pflanzenfenster *form = fenster(sparte, nummer))
+            form->setEnabled(bedienbar);
+}
+
+void mdiZentral::FormenAktualisieren()
+{
+    for (const SpartenEintrag &sparte : alleSparten()) {
+        Fenstertabelle &fensterDerSparte = tabelle(sparte.sparte);
+        // The slot of the window last active answers for all slots of the Sparte.
+        if (!fensterDerSparte.besetzt(programm_.aktuellesFenster(sparte.sparte)))
+            continue;
+        for (int nummer = 1; nummer <= fensterDerSparte.obergrenze(); ++nummer) {
+            Pflanzenfenster *form = fenster(sparte.sparte, nummer);
+            if (!form)
+                form = fensterAnlegen(sparte.sparte, nummer);
+            form->eigenschaftenBenennen();
+            form->Monatsbeschriftung();
+            form->darstellen();
+        }
+    }
+}
+
+void mdiZentral::AlleFensterSchliessen()
+{
+    for (const SpartenEintrag &sparte : alleSparten())
+        for (int nummer = 1; nummer <= tabelle(sparte.sparte).obergrenze(); ++nummer) {
+            if (Pflanzenfenster *form = fenster(sparte.sparte, nummer)) {
+                if (auto *unterfenster = qobject_cast<QMdiSubWindow *>(form->parentWidget()))
+                    unterfenster->close();
+                delete fenster(sparte.sparte, nummer);
+            }
+            if (QWidget *filter = tabelle(sparte.sparte).platz(nummer).filter)
+                delete filter;
+        }
+}
+
+void mdiZentral::mulkoSpeichernErlauben(bool erlaubt)
+{
+    findChild<QAction *>(QStringLiteral("mnuMulkoSpeichern"))->setEnabled(erlaubt);
+}
+
+void mdiZentral::fensterGeschlossen(Sparte sparte, int nummer)
+{
+    findChild<QMenu *>(QStringLiteral("mnudb"))->setEnabled(true);
+    if (FensterZahlPruefen(tabellen_))
+        mulkoSpeichernErlauben(false);
+    Fenstertabelle::Platz &platz = tabelle(sparte).platz(nummer);
+    platz.fenster.clear();
+    platz.frei = true;
+}
+
+void mdiZentral::namenAendern(QWidget *fenster)
+{
+    frmBenutzer form(programm_, [this] {
+        const std::optional<Sparte> sparte = sparteVonWort(programm_.AktiveSparte);
+        if (Pflanzenfenster *aktives = sparte ? this->fenster(*sparte, programm_.aktuellesFenster(*sparte)) : nullptr)
+            aktives->eigenschaftenBenennen();
+    }, fenster);
+    form.exec();
+    FormenAktualisieren();
+}
+
+void mdiZentral::hilfeZeigen(const QString &)
+{
+}
+
+void mdiZentral::befehl(const Menuezeile &zeile)
+{
+    switch (zeile.befehl) {
+    case Befehl::Keiner: break;
+    case Befehl::Oeffnen: FensterOeffnen(zeile.sparten[0]); break;
+    case Befehl::Ausbildung: ausbildung(zeile); break;
+    case Befehl::Ueberlappend: flaeche_->cascadeSubWindows(); break;
+    case Befehl::Nebeneinander: flaeche_->anordnen(Qt::Horizontal); break;
+    case Befehl::Untereinander: flaeche_->anordnen(Qt::Vertical); break;
+    case Befehl::Beenden: close(); break;
+    }
+}
+
+void mdiZentral::ausbildung(const Menuezeile &zeile)
+{
+    struct Auswahl
+    {
+        Programm &programm;
+        decltype(Programm::AzubiAuswahl) gemerkt = programm.AzubiAuswahl;
+        ~Auswahl() { programm.AzubiAuswahl = gemerkt; }
+    } auswahl{programm_};
+    programm_.AzubiAuswahl = {};
+    programm_.AzubiAuswahl[size_t(zeile.beruf)] = true;
+    for (const Sparte sparte : zeile.sparten)
+        FensterOeffnen(sparte);
+}
+
+bool mdiZentral::eventFilter(QObject *quelle, QEvent *ereignis)
+{
+    if (quelle == flaeche_->viewport() && ereignis->type() == QEvent::MouseButtonPress) {
+        const auto *maus = static_cast<QMouseEvent *>(ereignis);
+        if (maus->button() == Qt::RightButton) {
+            if (maus->modifiers() == Qt::ControlModifier) {
+                programm_.HausModus = !programm_.HausModus;
+                QMessageBox::information(this, programmtitel.toString(), programm_.HausModus ? QStringLiteral("Haus-Modus eingeschaltet")
+                                                                                             : QStringLiteral("Haus-Modus ausgeschaltet"));
+            } else {
+                emit wahlGewuenscht();
+            }
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(quelle, ereignis);
+}
+
+void mdiZentral::closeEvent(QCloseEvent *ereignis)
+{
+    geladen_ = false;
+    geometrieMerken();
+    hide();
+    // Notes first told of and stored; names and settings must not hinder the end.
+    geschuetztAusfuehren(nullptr, [this] { benutzernamenSchreiben(programm_); });
+    EinstellungenSchreiben(programm_);
+    AlleFensterSchliessen();
+    ereignis->accept();
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "Fenstertabelle.h"
+#include "plantwindows/Zentrale.h"
+#include "store/Programm.h"
+
+#include <QMainWindow>
+#include <QPixmap>
+#include <QTimer>
+
+#include <array>
+
+class Flaeche;
+class QLabel;
+struct Menuezeile;
+
+/* The main window: hosts the plant windows and owns their tables. */
+class mdiZentral : public QMainWindow, public Zentrale
+{
+    Q_OBJECT
+
+public:
+    explicit mdiZentral(Programm &programm);
+    ~mdiZentral() override;
+
+    /// Opens a window of a Sparte and shows its first record. Throws, with no window left, when the data cannot be read.
+    void FensterOeffnen(Sparte sparte);
+    void FensterSperren(Sparte sparte) { fensterBedienbar(sparte, false); }
+    void FensterFreigeben(Sparte sparte) { fensterBedienbar(sparte, true); }
+    /// After a change of options or names: every open window shows them.
+    void FormenAktualisieren();
+    void AlleFensterSchliessen();
+    Fenstertabelle &tabelle(Sparte sparte) { return tabellen_[size_t(sparte)]; }
+    Pflanzenfenster *fenster(Sparte sparte, int nummer);
+
+    void mulkoSpeichernErlauben(bool erlaubt) override;
+    void fensterGeschlossen(Sparte sparte, int nummer) override;
+    void namenAendern(QWidget *fenster) override;
+    void hilfeZeigen(const QString &thema) override;
+
+signals:
+    /// A right click asks for the chooser.
+    void wahlGewuenscht();
+
+protected:
+    void closeEvent(QCloseEvent *ereignis) override;
+    void resizeEvent(QResizeEvent *ereignis) override;
+    bool eventFilter(QObject *quelle, QEvent *ereignis) override;
+
+private:
+    void befehl(const Menuezeile &zeile);
+    void ausbildung(const Menuezeile &zeile);
+    void anordnen(bool nebeneinander);
+    void fensterBedienbar(Sparte sparte, bool bedienbar);
+    Pflanzenfenster *fensterAnlegen(Sparte sparte, int nummer);
+    void statusleisteBauen();
+    void geometrieAnwenden();
+    void geometrieMerken();
+    void hintergrundWaehlen();
+    void hintergrundVerarbeiten();
+
+    Programm &programm_;
+    std::array<Fenstertabelle, anzahlSparten> tabellen_;
+    Flaeche *flaeche_;
+    QTimer timResize_, uhr_;
+    QLabel *uhrzeit_ = nullptr;
+    QString HintergrundBild;
+    bool geladen_ = false;
+    int groessenZaehler_ = 0;
+    static constexpr int jpegGuete = 100;
+};

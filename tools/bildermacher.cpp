@@ -1,0 +1,121 @@
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <cstdio>
+
+/* bildermacher QUELLE ZIEL   makes the picture lists out of the drawings: toolbar glyphs get a plate and a colour for each
+   state, the other pictures are taken as they are, backgrounds are painted to JPEG. */
+
+namespace {
+
+struct Zustand
+{
+    const char *endung;
+    const char *farbe, *platte, *rand;
+};
+
+constexpr Zustand hervorgehoben{"", "#2f6b3a", "#dfeed8", "#7fae77"};
+constexpr Zustand normal{"_n", "#33503a", "#ffffff", "#d5dcd0"};
+constexpr Zustand gedrueckt{"_u", "#ffffff", "#3f7d45", "#2f6b3a"};
+constexpr Zustand grau{"_ef", "#b9c1b6", "#f5f6f3", "#e3e7e0"};
+
+struct Knopfbild
+{
+    const char *schluessel, *glyphe;
+    Zustand zustand;
+};
+
+/// The switch for the filter and the pressed button for saving have keys of their own.
+constexpr Knopfbild einzelne[] = {
+    {"filter", "filter_aus", hervorgehoben}, {"filter_n", "filter", hervorgehoben}, {"filter_n_n", "filter", normal},
+    {"filter_n_u", "filter", gedrueckt},     {"filter_n2", "filter_aus", normal},   {"filter_u", "filter", gedrueckt},
+    {"filter_u_n", "filter", grau},          {"filter_u2", "filter_aus", gedrueckt}, {"filtersu", "filters", gedrueckt},
+};
+constexpr const char *mitGrau[] = {"back", "next", "first", "last", "filterl", "filters"};
+constexpr const char *ohneGrau[] = {"botanisc", "deutsch", "druck", "filterb", "anpassen", "groesser", "kleiner", "original"};
+
+/// Folder of the drawings and the list they make up.
+constexpr std::pair<const char *, const char *> listen[] = {{"licht", "iliLicht"},
+                                                            {"eigenschaften", "iliEigenschaften"},
+                                                            {"eigenschaften", "bilder"},
+                                                            {"verwendung", "bilder"},
+                                                            {"benutzer", "iliBenutzer"},
+                                                            {"hand", "iliHand"},
+                                                            {"wahl", "wahl"},
+                                                            {".", "."}};
+
+[[noreturn]] void ende(const QString &was)
+{
+    std::fprintf(stderr, "%s\n", was.toUtf8().constData());
+    std::exit(1);
+}
+
+QByteArray lesen(const QString &pfad)
+{
+    QFile datei(pfad);
+    if (!datei.open(QIODevice::ReadOnly))
+        ende(QStringLiteral("%1: kann nicht gelesen werden").arg(pfad));
+    return datei.readAll();
+}
+
+void schreiben(const QString &pfad, const QByteArray &inhalt)
+{
+    QDir().mkpath(QFileInfo(pfad).path());
+    QFile datei(pfad);
+    if (!datei.open(QIODevice::WriteOnly) || datei.write(inhalt) != inhalt.size() || !datei.flush())
+        ende(QStringLiteral("%1: kann nicht geschrieben werden").arg(pfad));
+}
+
+void knopf(const QDir &quelle, const QDir &ziel, const QString &schluessel, const QString &glyphe, const Zustand &zustand)
+{
+    QByteArray svg = lesen(quelle.filePath(QStringLiteral("glyphen/%1.svg").arg(glyphe)));
+    svg.replace("currentColor", zustand.farbe);
+    const qsizetype inhalt = svg.indexOf('>', svg.indexOf("<svg")) + 1;
+    // The glyph stands a little smaller on its plate.
+    svg.insert(inhalt, QByteArray("<rect x=\"0.5\" y=\"0.5\" width=\"31\" height=\"31\" rx=\"6\" fill=\"") + zustand.platte + "\" stroke=\"" + zustand.rand
+                           + "\"/><g transform=\"translate(3.2 3.2) scale(0.8)\">");
+    svg.replace("</svg>", "</g></svg>");
+    schreiben(ziel.filePath(QStringLiteral("iliIcons/%1.svg").arg(schluessel)), svg);
+}
+
+void hintergrund(const QString &svg, const QString &jpeg)
+{
+    QSvgRenderer zeichner(svg);
+    if (!zeichner.isValid())
+        ende(QStringLiteral("%1: keine Zeichnung").arg(svg));
+    QImage bild(1920, 1200, QImage::Format_RGB32);
+    bild.fill(Qt::white);
+    QPainter maler(&bild);
+    maler.setRenderHint(QPainter::Antialiasing);
+    zeichner.render(&maler);
+    maler.end();
+    if (!bild.save(jpeg, "JPG", 92))
+        ende(QStringLiteral("%1: kann nicht geschrieben werden").arg(jpeg));
+}
+
+} // namespace
+
+int main(int anzahl, char **argumente)
+{
+    if (anzahl != 3)
+        ende(QStringLiteral("Aufruf: bildermacher QUELLE ZIEL"));
+    const QDir quelle(QString::fromLocal8Bit(argumente[1]));
+    const QDir ziel(QString::fromLocal8Bit(argumente[2]));
+    for (const char *name : mitGrau)
+        for (const Zustand &zustand : {hervorgehoben, normal, gedrueckt, grau})
+            knopf(quelle, ziel, QLatin1String(name) + QLatin1String(zustand.endung), QLatin1String(name), zustand);
+    for (const char *name : ohneGrau)
+        for (const Zustand &zustand : {hervorgehoben, normal, gedrueckt})
+            knopf(quelle, ziel, QLatin1String(name) + QLatin1String(zustand.endung), QLatin1String(name), zustand);
+    for (const Knopfbild &bild : einzelne)
+        knopf(quelle, ziel, QLatin1String(bild.schluessel), QLatin1String(bild.glyphe), bild.zustand);
+    for (const auto &[ordner, liste] : listen)
+        for (const QFileInfo &datei : QDir(quelle.filePath(QLatin1String(ordner))).entryInfoList({QStringLiteral("*.svg")}, QDir::Files))
+            schreiben(ziel.filePath(QStringLiteral("%1/%2").arg(QLatin1String(liste), datei.fileName())), lesen(datei.filePath()));
+    for (int n = 1; n <= 8; ++n)
+        hintergrund(quelle.filePath(QStringLiteral("hintergrund/hintergrund%1.svg").arg(n)), ziel.filePath(QStringLiteral("hintergrund%1.jpg").arg(n)));
+    return 0;
+}
