@@ -84,7 +84,8 @@ public:
     {
         QFont schrift = schild()->font();
         schrift.setPointSizeF(schrift.pointSizeF() * 1.7);
-        schrift.setItalic(true);
+        // Botanical names stand in italics, names of varieties do not.
+        schrift.setItalic(!buchstaben.isEmpty());
         schrift.setBold(true);
         schild()->setFont(schrift);
     }

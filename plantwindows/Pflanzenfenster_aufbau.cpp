@@ -201,7 +201,7 @@ QWidget *Pflanzenfenster::kopfBauen()
     lage->addWidget(oben, 0, 0, Qt::AlignTop);
     oben->lower();
     anordnung->addWidget(tafel, 0, Qt::AlignTop);
-    kopf->setFixedHeight(158);
+    kopf->setFixedHeight(qMax(104, tafel->sizeHint().height() + 18));
     return kopf;
 }
 

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "plantwindows/Zentrale.h"
+#include "store/Datenbank.h"
+#include "store/Programm.h"
+
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTimer>
+
+/* What tests share: a program folder of their own, an answer to message boxes, a program around a window. */
+
+/// A temporary program folder with the shipped database and the program's pictures.
+class Programmordner
+{
+public:
+    Programmordner();
+
+    QString pfad(const QString &datei = {}) const { return ordner_.filePath(datei); }
+    QString datenbank() const { return pfad(QStringLiteral("flox-demo.mdb")); }
+    /// State as after the start, with this folder.
+    Programm programm() const;
+    /// The working database, opened for changes by the test.
+    std::shared_ptr<Datenbank> db() const { return Datenbank::OpenDatabase(datenbank()); }
+
+private:
+    QTemporaryDir ordner_;
+};
+
+/// Answers every message box that opens while it lives with its default button and keeps what it said.
+class Meldungsfaenger : public QObject
+{
+public:
+    Meldungsfaenger();
+    QStringList texte, titel;
+
+private:
+    QTimer takt_;
+};
+
+/// Notes what a plant window asks for.
+class Testzentrale : public Zentrale
+{
+public:
+    void mulkoSpeichernErlauben(bool erlaubt) override { mulko = erlaubt; }
+    void fensterGeschlossen(Sparte, int nummer) override { geschlossen = nummer; }
+    void namenAendern(QWidget *) override { ++namen; }
+    void hilfeZeigen(const QString &thema) override { hilfe = thema; }
+
+    bool mulko = false;
+    int geschlossen = 0, namen = 0;
+    QString hilfe;
+};
