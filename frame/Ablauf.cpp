@@ -5,8 +5,8 @@
 #include "frmDBWahl.h"
 #include "frmStart.h"
 #include "mdiZentral.h"
-#include "plantwindows/Bilder.h"
-#include "plantwindows/Geschuetzt.h"
+#include "controls/Bilder.h"
+#include "controls/Geschuetzt.h"
 #include "store/Benutzernamen.h"
 #include "store/Pfade.h"
 

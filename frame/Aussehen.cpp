@@ -1,6 +1,6 @@
 #include "Aussehen.h"
 
-#include "plantwindows/Bilder.h"
+#include "controls/Bilder.h"
 
 #include <QApplication>
 #include <QIcon>

@@ -1,6 +1,6 @@
 #include "frmBenutzer.h"
 
-#include "plantwindows/Geschuetzt.h"
+#include "controls/Geschuetzt.h"
 #include "store/Benutzernamen.h"
 
 #include <QButtonGroup>

@@ -1,7 +1,7 @@
 #include "frmDBWahl.h"
 
 #include "plantwindows/Beschreibung.h"
-#include "plantwindows/Bilder.h"
+#include "controls/Bilder.h"
 #include "store/Programm.h"
 
 #include <QEvent>

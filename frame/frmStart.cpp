@@ -1,6 +1,6 @@
 #include "frmStart.h"
 
-#include "plantwindows/Bilder.h"
+#include "controls/Bilder.h"
 
 #include <QMouseEvent>
 #include <QPainter>

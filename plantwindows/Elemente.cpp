@@ -1,7 +1,7 @@
 #include "Elemente.h"
 
 #include "Pflanzensatz.h"
-#include "Steuerelemente.h"
+#include "controls/Steuerelemente.h"
 #include "store/Text.h"
 
 #include <QCheckBox>

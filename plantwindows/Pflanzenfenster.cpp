@@ -2,8 +2,8 @@
 
 #include "Artenmodell.h"
 #include "Elemente.h"
-#include "Geschuetzt.h"
-#include "Steuerelemente.h"
+#include "controls/Geschuetzt.h"
+#include "controls/Steuerelemente.h"
 #include "Zentrale.h"
 #include "store/Pfade.h"
 

@@ -1,6 +1,6 @@
 #include "Hilfen.h"
 
-#include "plantwindows/Bilder.h"
+#include "controls/Bilder.h"
 #include "store/Benutzernamen.h"
 
 #include <QApplication>
