@@ -20,6 +20,29 @@ QColor gemalt(int farbe, const QPalette &palette)
     return QColor(farbe & 0xff, (farbe >> 8) & 0xff, (farbe >> 16) & 0xff);
 }
 
+bool istWahltaste(const QKeyEvent &ereignis)
+{
+    return ereignis.key() == Qt::Key_Space && ereignis.modifiers() == Qt::NoModifier;
+}
+
+void fokusrahmen(QWidget &widget, QPainter &maler)
+{
+    if (!widget.hasFocus())
+        return;
+    QStyleOptionFocusRect rahmen;
+    rahmen.initFrom(&widget);
+    widget.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &rahmen, &maler, &widget);
+}
+
+QBrush vielfarbig(const QRectF &flaeche)
+{
+    QLinearGradient verlauf(flaeche.topLeft(), flaeche.bottomRight());
+    const QColor farben[] = {QColor(220, 40, 40), QColor(250, 190, 0), QColor(60, 160, 60), QColor(40, 90, 200), QColor(170, 40, 170)};
+    for (int i = 0; i < 5; ++i)
+        verlauf.setColorAt(i / 4.0, farben[i]);
+    return verlauf;
+}
+
 constexpr int bewertungLinks = 40;   // twips: indicator at step 1
 constexpr int bewertungSchritt = 92; // twips between two steps
 
@@ -66,20 +89,15 @@ void Farbzelle::paintEvent(QPaintEvent *)
     const QRectF flaeche = QRectF(rect()).adjusted(1, 1, -1, -1);
     const bool gesetzt = bunt_ ? backStyle_ == 1 : backColor_ != farbeKnopf;
     const QColor rand = gesetzt ? palette().color(QPalette::Text).lighter(160) : palette().color(QPalette::Mid);
-    QBrush fuellung = gemalt(backColor_, palette());
-    if (bunt_) {
-        fuellung = gemalt(farbeKnopf, palette());
-        if (gesetzt) {
-            QLinearGradient verlauf(flaeche.topLeft(), flaeche.bottomRight());
-            const QColor farben[] = {QColor(220, 40, 40), QColor(250, 190, 0), QColor(60, 160, 60), QColor(40, 90, 200), QColor(170, 40, 170)};
-            for (int i = 0; i < 5; ++i)
-                verlauf.setColorAt(i / 4.0, farben[i]);
-            fuellung = verlauf;
-        }
-    }
+    const QBrush eigen = bunt_ ? vielfarbig(flaeche) : QBrush(gemalt(eigenfarbe_, palette()));
     maler.setPen(QPen(rand, gesetzt ? 1.2 : 0.8));
-    maler.setBrush(fuellung);
+    maler.setBrush(!gesetzt ? QBrush(gemalt(farbeKnopf, palette())) : bunt_ ? eigen : QBrush(gemalt(backColor_, palette())));
     maler.drawRoundedRect(flaeche, 3, 3);
+    if (!gesetzt && eigenfarbe_ != farbeKnopf) {
+        maler.setPen(QPen(palette().color(QPalette::Mid), 0.8));
+        maler.setBrush(eigen);
+        maler.drawEllipse(flaeche.center(), 4.5, 4.5);
+    }
     if (!caption_.isEmpty()) {
         maler.setPen(gesetzt ? palette().color(QPalette::HighlightedText) : palette().color(QPalette::Disabled, QPalette::Text));
         QFont schrift = font();
@@ -87,17 +105,41 @@ void Farbzelle::paintEvent(QPaintEvent *)
         maler.setFont(schrift);
         maler.drawText(rect(), Qt::AlignCenter, caption_);
     }
-    if (hasFocus()) {
-        QStyleOptionFocusRect rahmen;
-        rahmen.initFrom(this);
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &rahmen, &maler, this);
-    }
+    fokusrahmen(*this, maler);
+}
+
+void Farbzelle::setBedienbar()
+{
+    setFocusPolicy(Qt::TabFocus);
+    setCursor(Qt::PointingHandCursor);
+}
+
+void Farbzelle::setEigenfarbe(int farbe)
+{
+    eigenfarbe_ = farbe;
+    update();
 }
 
 void Farbzelle::mouseReleaseEvent(QMouseEvent *ereignis)
 {
+    if (std::exchange(nachDoppelklick_, false))
+        return;
     if (ereignis->button() == Qt::LeftButton && rect().contains(ereignis->pos()))
         emit geklickt();
+}
+
+void Farbzelle::mouseDoubleClickEvent(QMouseEvent *)
+{
+    nachDoppelklick_ = true;
+    emit doppelgeklickt();
+}
+
+void Farbzelle::keyPressEvent(QKeyEvent *ereignis)
+{
+    if (istWahltaste(*ereignis))
+        emit geklickt();
+    else
+        QWidget::keyPressEvent(ereignis);
 }
 
 Bildfeld::Bildfeld(QSize groesse, QWidget *eltern) : QWidget(eltern), groesse_(groesse)
@@ -131,7 +173,22 @@ void Bildfeld::paintEvent(QPaintEvent *)
         maler.setBrush(palette().color(QPalette::Highlight).lighter(180));
         maler.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
     }
-    bilder::malen(maler, rect(), bild_);
+    bilder::malen(maler, QRectF(rect()), bild_);
+    fokusrahmen(*this, maler);
+}
+
+void Bildfeld::setBedienbar()
+{
+    setFocusPolicy(Qt::TabFocus);
+    setCursor(Qt::PointingHandCursor);
+}
+
+void Bildfeld::keyPressEvent(QKeyEvent *ereignis)
+{
+    if (istWahltaste(*ereignis))
+        emit geklickt();
+    else
+        QWidget::keyPressEvent(ereignis);
 }
 
 void Bildfeld::mouseReleaseEvent(QMouseEvent *ereignis)
@@ -161,11 +218,7 @@ void Bildknopf::paintEvent(QPaintEvent *)
 {
     QPainter maler(this);
     bilder::malen(maler, QRectF(rect()).adjusted(2, 2, -2, -2), QStringLiteral("iliIcons/") + bild_);
-    if (hasFocus()) {
-        QStyleOptionFocusRect rahmen;
-        rahmen.initFrom(this);
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &rahmen, &maler, this);
-    }
+    fokusrahmen(*this, maler);
 }
 
 void Bildknopf::mouseMoveEvent(QMouseEvent *ereignis)

@@ -27,22 +27,30 @@ public:
     void setBackStyle(int stil);
     QString caption() const { return caption_; }
     void setCaption(const QString &text);
+    /// Can be reached and chosen by keyboard.
+    void setBedienbar();
+    /// Colour that a cell not set hints at: what choosing it would paint.
+    void setEigenfarbe(int farbe);
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 signals:
+    /// One click; the second one of a double click is none.
     void geklickt();
     void doppelgeklickt();
 
 protected:
     void paintEvent(QPaintEvent *) override;
     void mouseReleaseEvent(QMouseEvent *ereignis) override;
-    void mouseDoubleClickEvent(QMouseEvent *) override { emit doppelgeklickt(); }
+    void mouseDoubleClickEvent(QMouseEvent *ereignis) override;
+    void keyPressEvent(QKeyEvent *ereignis) override;
 
 private:
     bool bunt_;
+    bool nachDoppelklick_ = false;
     int backColor_ = farbeKnopf;
     int backStyle_ = 0;
+    int eigenfarbe_ = farbeKnopf;
     QString caption_;
 };
 
@@ -64,6 +72,8 @@ public:
     void setTag(const QString &tag) { tag_ = tag; }
     int borderStyle() const { return borderStyle_; }
     void setBorderStyle(int stil);
+    /// Can be reached and chosen by keyboard.
+    void setBedienbar();
     QSize sizeHint() const override { return groesse_; }
 
 signals:
@@ -75,6 +85,7 @@ protected:
     void mouseMoveEvent(QMouseEvent *) override { emit mausDarueber(); }
     void enterEvent(QEnterEvent *) override { emit mausDarueber(); }
     void mouseReleaseEvent(QMouseEvent *ereignis) override;
+    void keyPressEvent(QKeyEvent *ereignis) override;
 
 private:
     QSize groesse_;

@@ -4,6 +4,7 @@
 #include "Flaeche.h"
 #include "Menue.h"
 #include "frmBenutzer.h"
+#include "filters/Filterdialog.h"
 #include "plantwindows/Beschreibung.h"
 #include "controls/Bilder.h"
 #include "controls/Geschuetzt.h"
@@ -145,6 +146,8 @@ Pflanzenfenster *mdiZentral::fenster(Sparte sparte, int nummer)
 Pflanzenfenster *mdiZentral::fensterAnlegen(Sparte sparte, int nummer)
 {
     auto *form = new Pflanzenfenster(programm_, *this, *fensterbeschreibung(sparte), nummer);
+    // A child of the main window from the start: its dialogs belong to it.
+    form->setParent(this);
     tabelle(sparte).platz(nummer).fenster = form;
     return form;
 }
@@ -172,6 +175,7 @@ void mdiZentral::FensterOeffnen(Sparte sparte)
         throw;
     }
     flaeche_->fensterZeigen(form);
+    tabelle(sparte).platz(nummer).filter = form->filterdialog();
 }
 
 void mdiZentral::fensterBedienbar(Sparte sparte, bool bedienbar)
@@ -208,8 +212,6 @@ void mdiZentral::AlleFensterSchliessen()
                     unterfenster->close();
                 delete fenster(sparte.sparte, nummer);
             }
-            if (QWidget *filter = tabelle(sparte.sparte).platz(nummer).filter)
-                delete filter;
         }
 }
 

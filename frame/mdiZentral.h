@@ -25,8 +25,8 @@ public:
 
     /// Opens a window of a Sparte and shows its first record. Throws, with no window left, when the data cannot be read.
     void FensterOeffnen(Sparte sparte);
-    void FensterSperren(Sparte sparte) { fensterBedienbar(sparte, false); }
-    void FensterFreigeben(Sparte sparte) { fensterBedienbar(sparte, true); }
+    void FensterSperren(Sparte sparte) override { fensterBedienbar(sparte, false); }
+    void FensterFreigeben(Sparte sparte) override { fensterBedienbar(sparte, true); }
     /// After a change of options or names: every open window shows them.
     void FormenAktualisieren();
     void AlleFensterSchliessen();

@@ -471,12 +471,6 @@ QString titelVon(Sparte sparte, const Element &element)
     return spalte ? spalte->druckname.toString() + u':' : QString();
 }
 
-QString monatsbeschriftung(int i, bool buchstaben)
-{
-    const QStringView quelle = buchstaben ? u" J F M A M J J A S O N D" : u" 1 2 3 4 5 6 7 8 9101112";
-    return quelle.mid(2 * i, 2).trimmed().toString();
-}
-
 QString listentext(QStringView flags, const Werteliste &liste, QStringView trenner)
 {
     QString text;

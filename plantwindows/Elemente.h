@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Beschreibung.h"
+#include "store/Text.h"
 
 #include <QWidget>
 
@@ -49,8 +50,6 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
 const Werteliste *wertelisteVon(Sparte sparte, const char *feld);
 /// Caption of an element: its own, or where only a caption label is named the field's print label; empty: none.
 QString titelVon(Sparte sparte, const Element &element);
-/// Captions of the month labels: letters or numbers, i counted from 0.
-QString monatsbeschriftung(int i, bool buchstaben);
 
 /* The texts of the patterns, as pure functions. */
 QString listentext(QStringView flags, const Werteliste &liste, QStringView trenner);

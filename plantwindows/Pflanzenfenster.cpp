@@ -5,6 +5,7 @@
 #include "controls/Geschuetzt.h"
 #include "controls/Steuerelemente.h"
 #include "Zentrale.h"
+#include "filters/Filterdialog.h"
 #include "store/Pfade.h"
 
 #include <QApplication>
@@ -25,7 +26,10 @@ Pflanzenfenster::Pflanzenfenster(Programm &programm, Zentrale &zentrale, const F
     aufbauen();
 }
 
-Pflanzenfenster::~Pflanzenfenster() = default;
+Pflanzenfenster::~Pflanzenfenster()
+{
+    delete filter_;
+}
 
 QString Pflanzenfenster::titel() const
 {
@@ -51,6 +55,12 @@ void Pflanzenfenster::Form_Activate()
         darstellen();
         NaviPruefung();
         ErsteAktivierung = false;
+        if (Filterdialog *dialog = filterdialog()) {
+            for (size_t i = 0; i < programm_.AzubiAuswahl.size(); ++i)
+                if (programm_.AzubiAuswahl[i])
+                    dialog->ausbildungWaehlen(int(i));
+            dialog->cmdOK_Click();
+        }
     }
     zentrale_.mulkoSpeichernErlauben(FilterGesetzt && FilterEin);
     unsetCursor();
@@ -297,12 +307,20 @@ void Pflanzenfenster::knoepfeVerbinden()
     beiKlick(Knopf::Next, [this] { bewegen(&Recordset::MoveNext); });
     beiKlick(Knopf::Last, [this] { bewegen(&Recordset::MoveLast); });
     beiKlick(Knopf::BotDeu, [this] { botDeu(); });
-    // Filter and print belong to the rooms that follow; what these buttons do first holds already.
-    for (const Knopf welcher : {Knopf::FilterEin, Knopf::Filter, Knopf::FilterLaden, Knopf::FilterSpeichern, Knopf::Druck})
-        beiKlick(welcher, [this] {
+    const auto mitNotizen = [this, &beiKlick](Knopf welcher, void (Pflanzenfenster::*handlung)()) {
+        beiKlick(welcher, [this, handlung] {
             if (DatenGeaendert)
                 BenutzerdatenSpeichern();
+            if (handlung && satz_.offen() && filterdialog())
+                (this->*handlung)();
         });
+    };
+    mitNotizen(Knopf::FilterEin, &Pflanzenfenster::filterUmschalten);
+    mitNotizen(Knopf::Filter, &Pflanzenfenster::filterZeigen);
+    mitNotizen(Knopf::FilterLaden, &Pflanzenfenster::filterLaden);
+    mitNotizen(Knopf::FilterSpeichern, &Pflanzenfenster::filterSpeichern);
+    // Printing belongs to a room that follows; storing first holds already.
+    mitNotizen(Knopf::Druck, nullptr);
 }
 
 void Pflanzenfenster::BenutzerdatenSpeichern()
@@ -364,13 +382,15 @@ void Pflanzenfenster::closeEvent(QCloseEvent *ereignis)
     // A note that cannot be stored is told, but the window can always be closed.
     if (DatenGeaendert)
         geschuetztAusfuehren(this, [this] { BenutzerdatenSpeichern(); });
+    if (filter_)
+        filter_->cmdRuecksetzen_Click();
+    delete filter_;
     programm_.aktuellesFenster(sparte()) = Fensternummer;
     arten_->neu(nullptr, Botanisch);
     satz_.schliessen();
     QFile::remove(systemPfad(satz_.tempPfad(Fensternummer)));
     if (!FilterEin)
-        QFile::remove(systemPfad(QStringLiteral("%1%2%3%4").arg(programm_.ProgrammPfad, eintrag(sparte()).tempFilter.toString(),
-                                                                QString::number(Fensternummer), eintrag(sparte()).filterEndung.toString())));
+        QFile::remove(systemPfad(parkdatei()));
     zentrale_.fensterGeschlossen(sparte(), Fensternummer);
     programm_.AktiveSparte.clear();
     ereignis->accept();

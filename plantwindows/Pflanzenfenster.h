@@ -3,7 +3,9 @@
 #include "Beschreibung.h"
 #include "Knopfzustaende.h"
 #include "Pflanzensatz.h"
+#include "filters/Filterziel.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <array>
@@ -11,6 +13,7 @@
 #include <vector>
 
 class Anzeigeelement;
+class Filterdialog;
 class Artenmodell;
 class Bildknopf;
 class QComboBox;
@@ -21,7 +24,7 @@ class Zentrale;
 
 /* The plant window, one for all Sparten: record selector, picture buttons, tabbed record view, status bar. What it shows and
    of which Sparte stands in its description. It works on a private copy of the database that lives as long as it does. */
-class Pflanzenfenster : public QWidget
+class Pflanzenfenster : public QWidget, private Filterziel
 {
     Q_OBJECT
 
@@ -61,6 +64,9 @@ public:
     /// still set, when that fails.
     void BenutzerdatenSpeichern();
 
+    /// The window's filter dialog, made when it is first asked for; null where the Sparte has no filter.
+    Filterdialog *filterdialog();
+
     Sparte sparte() const { return beschreibung_.sparte; }
     Pflanzensatz &satz() { return satz_; }
     /// "Topfpflanzen 1"
@@ -84,6 +90,18 @@ private:
     void gruppenPruefen();
     void aktivMelden();
 
+    Datenbank &allePflanzen() override;
+    Datenbank &arbeitsdatenbank() override { return satz_.arbeitsdatenbank(); }
+    void filterGelaufen(const Laufergebnis &ergebnis) override;
+    void filterVerworfen() override;
+    void dialogVerlassen() override;
+    void filterZeigen();
+    void filterLaden();
+    void filterSpeichern();
+    void filterUmschalten();
+    void filterInKraft();
+    QString parkdatei() const;
+
     using Bewegung = void (Recordset::*)();
     void bewegen(Bewegung bewegung);
     void artenGewaehlt();
@@ -98,6 +116,7 @@ private:
     Zentrale &zentrale_;
     const Fensterbeschreibung &beschreibung_;
     Pflanzensatz satz_;
+    QPointer<Filterdialog> filter_;
 
     struct Titel
     {

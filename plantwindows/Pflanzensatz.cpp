@@ -4,6 +4,8 @@
 #include "store/Fehler.h"
 #include "store/Pfade.h"
 
+#include <algorithm>
+
 Pflanzensatz::Pflanzensatz(Programm &programm, const SpartenEintrag &sparte) : programm_(programm), sparte_(sparte) {}
 
 QString Pflanzensatz::tempPfad(int nummer) const
@@ -14,6 +16,8 @@ QString Pflanzensatz::tempPfad(int nummer) const
 void Pflanzensatz::auffuellen(int nummer)
 {
     schliessen();
+    uebrig_.reset();
+    frisch_ = true;
     kopiereUeber(systemPfad(programm_.arbeitsdatenbank()), systemPfad(tempPfad(nummer)));
 }
 
@@ -36,7 +40,26 @@ void Pflanzensatz::schliessen()
 void Pflanzensatz::sortieren(const QString &feld)
 {
     datHaupt_.setRecordSource(QStringLiteral("SELECT * From %1 WHERE BOT_NAME LIKE '*' ORDER BY %2").arg(sparte_.haupttabelle, feld));
-    datHaupt_.Refresh();
+    const auto bekannt = ordnung_.constFind(feld);
+    if (bekannt == ordnung_.cend()) {
+        datHaupt_.Refresh();
+        if (!uebrig_)
+            ordnung_.insert(feld, datHaupt_.recordset().Schluesselfolge());
+        return;
+    }
+    std::vector<qint64> folge = *bekannt;
+    if (uebrig_)
+        std::erase_if(folge, [&](qint64 nummer) { return !std::ranges::binary_search(*uebrig_, nummer); });
+    datHaupt_.Refresh(std::move(folge));
+}
+
+void Pflanzensatz::ausgeduennt(std::vector<qint64> uebrig, qsizetype gesamt)
+{
+    frisch_ = frisch_ && qsizetype(uebrig.size()) == gesamt;
+    // The working database holds other plants than when the order was taken.
+    ordnung_.removeIf([gesamt](const auto &eintrag) { return qsizetype(eintrag.value().size()) != gesamt; });
+    uebrig_ = std::move(uebrig);
+    datHaupt_.Refresh(*uebrig_);
 }
 
 qint64 Pflanzensatz::artnr()
@@ -110,6 +133,7 @@ void Pflanzensatz::benutzerSchreiben(const QString &bemerkung, const QString &ei
     if (artnr() == 0)
         return;
     schreiben(haupt());
+    frisch_ = false;
     Recordset &satz = arbeitssatz();
     if (!satz.Eof())
         schreiben(satz);

@@ -20,6 +20,12 @@ public:
     void schliessen();
     bool offen() const { return datHaupt_.offen(); }
 
+    /// Whether the copy still equals the working database.
+    bool frisch() const { return frisch_; }
+    /// The copy was thinned to these record numbers (rising) out of `gesamt`.
+    void ausgeduennt(std::vector<qint64> uebrig, qsizetype gesamt);
+    Datenbank &kopie() { return haupt().datenbank(); }
+    Datenbank &arbeitsdatenbank() { return *arbeit_; }
     /// Sorts the main recordset by `feld`: the German order, ARTNR where names are equal. Stands on the first record.
     void sortieren(const QString &feld);
 
@@ -48,4 +54,8 @@ private:
     DatenControl datHaupt_{Datenbank::Zugriff::Privat};
     DatenControl datArbeit_;
     std::shared_ptr<Datenbank> arbeit_;
+    bool frisch_ = false;
+    /// The order of all plants by a name is worked out once; filters only leave some of them out.
+    QHash<QString, std::vector<qint64>> ordnung_;
+    std::optional<std::vector<qint64>> uebrig_;
 };

@@ -24,13 +24,14 @@ public:
     /// Opens the recordset anew, on its first record. On a failure it throws and the control is closed.
     void Refresh()
     {
-        satz_.reset();
-        if (!db_ || name_ != datenbankname_) {
-            db_.reset();
-            db_ = Datenbank::OpenDatabase(datenbankname_, zugriff_);
-            name_ = datenbankname_;
-        }
+        oeffnen();
         satz_.emplace(db_, quelle_, werte_);
+    }
+    /// The same where the caller knows the keys of the source and their order.
+    void Refresh(std::vector<qint64> schluessel)
+    {
+        oeffnen();
+        satz_.emplace(db_, quelle_, std::move(schluessel));
     }
     /// Lets go of the file.
     void schliessen()
@@ -42,6 +43,16 @@ public:
     Recordset &recordset() { return *satz_; }
 
 private:
+    void oeffnen()
+    {
+        satz_.reset();
+        if (db_ && name_ == datenbankname_)
+            return;
+        db_.reset();
+        db_ = Datenbank::OpenDatabase(datenbankname_, zugriff_);
+        name_ = datenbankname_;
+    }
+
     Datenbank::Zugriff zugriff_;
     QString datenbankname_, name_, quelle_;
     QVariantList werte_;

@@ -52,6 +52,17 @@ void likeFunktion(sqlite3_context *kontext, int, sqlite3_value **werte)
     sqlite3_result_int(kontext, accessLike(text(werte[0]), text(werte[1])));
 }
 
+/// The columns of a query for a table that takes its rows: the query's key becomes the table's.
+QString abfragespalten(const Anweisung &abfrage)
+{
+    QStringList spalten;
+    for (int i = 0; i < abfrage.spalten(); ++i) {
+        const QString name = abfrage.spaltenname(i), typ = abfrage.spaltentyp(i);
+        spalten += QStringLiteral("\"%1\" %2").arg(name, name == u"ARTNR" ? QStringLiteral("INTEGER PRIMARY KEY") : typ.isEmpty() ? QStringLiteral("TEXT") : typ);
+    }
+    return u'(' + spalten.join(QStringLiteral(", ")) + u')';
+}
+
 QHash<QString, std::weak_ptr<Datenbank>> &offene()
 {
     static QHash<QString, std::weak_ptr<Datenbank>> tabelle;
@@ -99,6 +110,7 @@ bool Anweisung::schritt()
 void Anweisung::zuruecksetzen()
 {
     sqlite3_reset(stmt_);
+    sqlite3_clear_bindings(stmt_);
 }
 
 int Anweisung::spalten() const
@@ -109,6 +121,11 @@ int Anweisung::spalten() const
 QString Anweisung::spaltenname(int spalte) const
 {
     return QString::fromUtf8(sqlite3_column_name(stmt_, spalte));
+}
+
+QString Anweisung::spaltentyp(int spalte) const
+{
+    return QString::fromUtf8(sqlite3_column_decltype(stmt_, spalte));
 }
 
 bool Anweisung::istNull(int spalte) const
@@ -192,7 +209,8 @@ void Datenbank::einstellen(Zugriff zugriff)
     roh(QStringLiteral("PRAGMA cell_size_check = ON"));
     roh(QStringLiteral("PRAGMA temp_store = MEMORY"));
     if (zugriff == Zugriff::Privat) {
-        for (const char *pragma : {"locking_mode = EXCLUSIVE", "journal_mode = OFF", "synchronous = OFF", "secure_delete = OFF"})
+        // No journal at all is refused to a defensive connection; one in memory also keeps transactions whole.
+        for (const char *pragma : {"locking_mode = EXCLUSIVE", "journal_mode = MEMORY", "synchronous = OFF", "secure_delete = OFF"})
             roh(QStringLiteral("PRAGMA ") + QLatin1String(pragma));
     } else {
         roh(QStringLiteral("PRAGMA synchronous = EXTRA"));
@@ -230,13 +248,17 @@ Anweisung &Datenbank::vorbereitet(const QString &sql)
     }
     const QByteArray utf8 = sql.toUtf8();
     sqlite3_stmt *stmt = nullptr;
-    if (sqlite3_prepare_v3(db_, utf8.constData(), int(utf8.size()), SQLITE_PREPARE_PERSISTENT, &stmt, nullptr) != SQLITE_OK)
+    const char *rest = nullptr;
+    if (sqlite3_prepare_v3(db_, utf8.constData(), int(utf8.size()), SQLITE_PREPARE_PERSISTENT, &stmt, &rest) != SQLITE_OK)
         werfen(db_, pfad_);
     if (!stmt)
         throw Fehler(QStringLiteral("Leere Anweisung an die Datenbank '%1'.").arg(QFileInfo(pfad_).fileName()));
+    auto neu = std::make_shared<Anweisung>(db_, stmt);
+    if (!QByteArray(rest).trimmed().isEmpty())
+        throw Fehler(QStringLiteral("Syntaxfehler in der Anweisung: %1").arg(sql));
     if (anweisungen_.size() >= meisteAnweisungen)
         anweisungen_.clear();
-    return **anweisungen_.insert(sql, std::make_shared<Anweisung>(db_, stmt));
+    return **anweisungen_.insert(sql, std::move(neu));
 }
 
 void Datenbank::Execute(const QString &sql, const QVariantList &werte)
@@ -255,9 +277,9 @@ void Datenbank::Execute(const QString &sql, const QVariantList &werte)
 void Datenbank::tabelleKopieren(const QString &spalten, const QString &ziel, const QString &datei, const QString &rest)
 {
     const QString echt = systemPfad(datei);
-    if (!QFileInfo(echt).isFile())
-        throw Fehler(QStringLiteral("Die Datenbank '%1' wurde nicht gefunden.").arg(QDir::toNativeSeparators(echt)));
+    OpenDatabase(echt); // its checks, and its messages about that file
     const Auswahl auswahl = auswahlLesen(QStringLiteral("SELECT %1 FROM %2").arg(spalten, rest), *this);
+    tabelleFordern(auswahl.tabelle);
     // Statements that rest on the old set of files would keep the attached one busy.
     anweisungen_.clear();
     Execute(QStringLiteral("ATTACH ? AS ziel"), {echt});
@@ -281,9 +303,11 @@ void Datenbank::tabelleKopieren(const QString &spalten, const QString &ziel, con
         else
             indexe += QStringLiteral("CREATE INDEX ziel.\"%1\" ON %2 %3").arg(vorbild.text(2), zielname, klammer);
     }
-    Transaktion transaktion(*this);
     const QString quelle = QStringLiteral("SELECT %1 FROM main.\"%2\"%3")
                                .arg(auswahl.spalten, auswahl.tabelle, auswahl.bedingung.isEmpty() ? QString() : QStringLiteral(" WHERE ") + auswahl.bedingung);
+    if (istAbfrage(auswahl.tabelle))
+        spaltenliste = abfragespalten(vorbereitet(quelle));
+    Transaktion transaktion(*this);
     if (auswahl.spalten != u"*" || spaltenliste.isEmpty()) {
         Execute(QStringLiteral("CREATE TABLE ziel.%1 AS %2").arg(zielname, quelle));
     } else {
@@ -293,6 +317,53 @@ void Datenbank::tabelleKopieren(const QString &spalten, const QString &ziel, con
             Execute(index);
     }
     transaktion.festschreiben();
+}
+
+namespace {
+
+/// A walk under way: exceptions cannot cross the engine and wait here.
+struct Durchgang
+{
+    const Datenbank::Behalten &behalten;
+    std::vector<std::string_view> werte;
+    std::exception_ptr fehler;
+};
+
+void behaltenFunktion(sqlite3_context *kontext, int anzahl, sqlite3_value **werte)
+{
+    auto &durchgang = *static_cast<Durchgang *>(sqlite3_user_data(kontext));
+    try {
+        for (int i = 1; i < anzahl; ++i) {
+            const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(werte[i]));
+            durchgang.werte[size_t(i - 1)] = text ? std::string_view(text, size_t(sqlite3_value_bytes(werte[i]))) : std::string_view();
+        }
+        sqlite3_result_int(kontext, durchgang.behalten(sqlite3_value_int64(werte[0]), durchgang.werte));
+    } catch (...) {
+        durchgang.fehler = std::current_exception();
+        sqlite3_result_error(kontext, "abgebrochen", -1);
+    }
+}
+
+} // namespace
+
+void Datenbank::loescheAusser(const QString &tabelle, const QStringList &felder, const Behalten &behalten)
+{
+    Durchgang durchgang{behalten, std::vector<std::string_view>(size_t(felder.size())), {}};
+    constexpr const char *name = "flox_behalten";
+    sqlite3_create_function_v2(db_, name, -1, SQLITE_UTF8 | SQLITE_DIRECTONLY, &durchgang, behaltenFunktion, nullptr, nullptr, nullptr);
+    const auto abmelden = [](sqlite3 *db) {
+        sqlite3_create_function_v2(db, name, -1, SQLITE_UTF8, nullptr, nullptr, nullptr, nullptr, nullptr);
+    };
+    const std::unique_ptr<sqlite3, decltype(abmelden)> halter(db_, abmelden);
+    QStringList argumente{QStringLiteral("ARTNR")};
+    for (const QString &feld : felder)
+        argumente += u'"' + feld + u'"';
+    const QByteArray sql = QStringLiteral("DELETE FROM \"%1\" WHERE NOT %2(%3)").arg(tabelle, QLatin1String(name), argumente.join(u',')).toUtf8();
+    const int ergebnis = sqlite3_exec(db_, sql.constData(), nullptr, nullptr, nullptr);
+    if (durchgang.fehler)
+        std::rethrow_exception(durchgang.fehler);
+    if (ergebnis != SQLITE_OK)
+        werfen(db_, pfad_);
 }
 
 QStringList Datenbank::TableDefs()
@@ -312,6 +383,12 @@ bool Datenbank::hatTabelle(const QString &name)
     const bool da = anweisung.schritt();
     anweisung.zuruecksetzen();
     return da;
+}
+
+void Datenbank::tabelleFordern(const QString &name)
+{
+    if (!hatTabelle(name))
+        throw Fehler(QStringLiteral("In der Datenbank '%1' fehlt die Tabelle '%2'.").arg(QFileInfo(pfad_).fileName(), name));
 }
 
 bool Datenbank::istAbfrage(const QString &name)

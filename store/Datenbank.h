@@ -5,7 +5,9 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <functional>
 #include <memory>
+#include <span>
 #include <string_view>
 
 struct sqlite3;
@@ -26,10 +28,11 @@ public:
     void binden(int nummer, const QVariant &wert);
     /// Next row; false at the end, where the statement is reset. Throws, reset, on an error.
     bool schritt();
-    void zuruecksetzen();
+    void zuruecksetzen(); ///< values are null again
 
     int spalten() const;
     QString spaltenname(int spalte) const;
+    QString spaltentyp(int spalte) const; ///< as declared; empty for a computed column
     bool istNull(int spalte) const;
     qint64 zahl(int spalte) const;
     QString text(int spalte) const;
@@ -41,12 +44,12 @@ private:
     sqlite3_stmt *stmt_;
 };
 
-class Datenbank
+class Datenbank : public std::enable_shared_from_this<Datenbank>
 {
 public:
     enum class Zugriff {
         Arbeit, ///< the user's data: every change is on the disk when the call returns
-        Privat, ///< a window's scratch copy: no journal, exclusive, lost with a crash
+        Privat, ///< a window's scratch copy: no journal on the disk, exclusive, lost with a crash
     };
 
     /// Opens an existing file; all controls that work on the same file share one connection. Throws when the file is missing,
@@ -61,9 +64,15 @@ public:
     /// Runs a statement of the program, Access dialect included; "SELECT * INTO t IN 'file' FROM t" copies the table with its
     /// indexes into a database file that exists already. Throws on any error.
     void Execute(const QString &sql, const QVariantList &werte = {});
+    /// Keeps the rows for which `behalten` is true and deletes the others, in one walk over the whole table or query. It gets
+    /// ARTNR and the fields' raw UTF-8 (no data for a null). What it throws comes out; rows deleted so far stay deleted.
+    using Behalten = std::function<bool(qint64, std::span<const std::string_view>)>;
+    void loescheAusser(const QString &tabelle, const QStringList &felder, const Behalten &behalten);
     /// Names of the tables (stored queries are none), in alphabetical order.
     QStringList TableDefs();
     bool hatTabelle(const QString &name);
+    /// Throws where neither a table nor a query has this name.
+    void tabelleFordern(const QString &name);
     bool istAbfrage(const QString &name);
     /// Whether a column of a table is declared INTEGER; false for queries and unknown names.
     bool istGanzzahl(const QString &tabelle, const QString &spalte);

@@ -49,17 +49,28 @@ void Feld::setValue(const QVariant &wert)
 Recordset::Recordset(std::shared_ptr<Datenbank> db, const QString &recordSource, const QVariantList &werte)
     : db_(std::move(db)), auswahl_(auswahlLesen(recordSource, *db_))
 {
-    if (!db_->hatTabelle(auswahl_.tabelle))
-        throw Fehler(QStringLiteral("In der Datenbank '%1' fehlt die Tabelle '%2'.")
-                         .arg(QStringView(db_->pfad()).mid(db_->pfad().lastIndexOf(u'/') + 1).toString(), auswahl_.tabelle));
+    vorbereiten();
+    schluesselLesen(werte);
+    MoveFirst();
+}
+
+Recordset::Recordset(std::shared_ptr<Datenbank> db, const QString &recordSource, std::vector<qint64> schluessel)
+    : db_(std::move(db)), auswahl_(auswahlLesen(recordSource, *db_)), schluessel_(std::move(schluessel))
+{
+    vorbereiten();
+    anzahl_ = qsizetype(schluessel_.size());
+    MoveFirst();
+}
+
+void Recordset::vorbereiten()
+{
+    db_->tabelleFordern(auswahl_.tabelle);
     schluesselspalte_ = db_->istAbfrage(auswahl_.tabelle) ? QStringLiteral("ARTNR") : QStringLiteral("rowid");
     zeilenSql_ = QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?")
                      .arg(auswahl_.spalten, inAnfuehrung(auswahl_.tabelle), schluesselspalte_);
     const Anweisung &zeile = db_->vorbereitet(zeilenSql_);
     for (int i = 0; i < zeile.spalten(); ++i)
         namen_ += zeile.spaltenname(i);
-    schluesselLesen(werte);
-    MoveFirst();
 }
 
 void Recordset::schluesselLesen(const QVariantList &werte)

@@ -40,6 +40,9 @@ public:
     /// and stands on the first record. Throws where the source does not fit the database.
     Recordset(std::shared_ptr<Datenbank> db, const QString &recordSource, const QVariantList &werte = {});
 
+    /// The same over keys that the caller knows, in that order; nothing is read.
+    Recordset(std::shared_ptr<Datenbank> db, const QString &recordSource, std::vector<qint64> schluessel);
+
     void MoveFirst() { suchen(0, 1); }
     void MoveLast() { suchen(qsizetype(schluessel_.size()) - 1, -1); }
     void MoveNext() { suchen(stelle_ + 1, 1); }
@@ -57,6 +60,8 @@ public:
     /// Key of the current record or, given a place, of the record there: ARTNR of plants.
     qint64 Schluessel() const;
     qint64 Schluessel(qsizetype stelle) const { return schluessel_[size_t(stelle)]; }
+    /// All keys in the set's order; deleted records are missing only after the set was opened anew.
+    const std::vector<qint64> &Schluesselfolge() const { return schluessel_; }
     /// Moves to the record with this key; false, at the end, when there is none.
     bool Finden(qint64 schluessel);
     /// Moves to the first record in the set's order whose field holds exactly this text; false, at the end, when there is none.
@@ -91,6 +96,7 @@ private:
         size_t anfang = 0, laenge = 0;
     };
 
+    void vorbereiten();
     void suchen(qsizetype stelle, int richtung);
     void schluesselLesen(const QVariantList &werte);
     int finden(QStringView name) const;

@@ -1,8 +1,13 @@
 #include "Text.h"
 
+#include "Fehler.h"
+
 #include <QLocale>
 
+#include <unicode/ucnv.h>
+
 #include <cmath>
+#include <memory>
 #include <utility>
 
 QString ErsetzeAlle(const QString &text, const QString &von, const QString &nach)
@@ -75,6 +80,12 @@ bool flagGesetzt(QStringView flags, int p)
     return p >= 1 && p <= flags.size() && flags[p - 1] == u'1';
 }
 
+QString monatsbeschriftung(int i, bool buchstaben)
+{
+    const QStringView quelle = buchstaben ? u" J F M A M J J A S O N D" : u" 1 2 3 4 5 6 7 8 9101112";
+    return quelle.mid(2 * i, 2).trimmed().toString();
+}
+
 QString herkunftAusgeschrieben(const QString &hk)
 {
     QString text = hk;
@@ -100,4 +111,46 @@ QString nomenklatur(QStringView quelle, QStringView buchstaben)
     case u'c': return QStringLiteral("Nomenklatur nach 'Classified List and International Register of Tulip Names'");
     }
     return {};
+}
+
+namespace {
+
+UConverter *cp1252()
+{
+    static const std::unique_ptr<UConverter, void (*)(UConverter *)> wandler = [] {
+        UErrorCode fehler = U_ZERO_ERROR;
+        std::unique_ptr<UConverter, void (*)(UConverter *)> neu(ucnv_open("windows-1252", &fehler), ucnv_close);
+        if (neu)
+            ucnv_setSubstChars(neu.get(), "?", 1, &fehler);
+        if (U_FAILURE(fehler))
+            throw Fehler(QStringLiteral("Die Codeseite 1252 ist nicht verfügbar."));
+        return neu;
+    }();
+    return wandler.get();
+}
+
+} // namespace
+
+QByteArray nachCp1252(const QString &text)
+{
+    UErrorCode fehler = U_ZERO_ERROR;
+    QByteArray bytes(text.size() + 1, Qt::Uninitialized);
+    const int32_t laenge = ucnv_fromUChars(cp1252(), bytes.data(), int32_t(bytes.size()), reinterpret_cast<const UChar *>(text.utf16()),
+                                           int32_t(text.size()), &fehler);
+    if (U_FAILURE(fehler))
+        throw Fehler(QStringLiteral("Der Text lässt sich nicht in die Codeseite 1252 wandeln."));
+    bytes.truncate(laenge);
+    return bytes;
+}
+
+QString ausCp1252(const QByteArray &bytes)
+{
+    UErrorCode fehler = U_ZERO_ERROR;
+    QString text(bytes.size() + 1, Qt::Uninitialized);
+    const int32_t laenge = ucnv_toUChars(cp1252(), reinterpret_cast<UChar *>(text.data()), int32_t(text.size()), bytes.constData(),
+                                         int32_t(bytes.size()), &fehler);
+    if (U_FAILURE(fehler))
+        throw Fehler(QStringLiteral("Der Text lässt sich nicht aus der Codeseite 1252 wandeln."));
+    text.truncate(laenge);
+    return text;
 }

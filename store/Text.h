@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringView>
 #include <optional>
@@ -25,7 +26,12 @@ QString zahlZeigen(const QString &text);
 QString grossbuchstaben(QStringView text);
 /// Whether position `p`, counted from 1, of a flag string holds "1"; false beyond its end.
 bool flagGesetzt(QStringView flags, int p);
+/// Caption of a month label, i counted from 0: a letter or a number.
+QString monatsbeschriftung(int i, bool buchstaben);
 /// Home region with its abbreviations written out.
 QString herkunftAusgeschrieben(const QString &hk);
 /// Sentence for a nomenclature letter out of `buchstaben` (tested in that order); empty for any other.
 QString nomenklatur(QStringView quelle, QStringView buchstaben);
+/// Code page 1252, as text files of the program are written; what does not fit becomes "?".
+QByteArray nachCp1252(const QString &text);
+QString ausCp1252(const QByteArray &bytes);

@@ -44,10 +44,12 @@ class Testzentrale : public Zentrale
 public:
     void mulkoSpeichernErlauben(bool erlaubt) override { mulko = erlaubt; }
     void fensterGeschlossen(Sparte, int nummer) override { geschlossen = nummer; }
+    void FensterSperren(Sparte) override { gesperrt = true; }
+    void FensterFreigeben(Sparte) override { gesperrt = false; }
     void namenAendern(QWidget *) override { ++namen; }
     void hilfeZeigen(const QString &thema) override { hilfe = thema; }
 
-    bool mulko = false;
+    bool mulko = false, gesperrt = false;
     int geschlossen = 0, namen = 0;
     QString hilfe;
 };

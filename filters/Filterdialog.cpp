@@ -1,0 +1,282 @@
+#include "Filterdialog.h"
+
+#include "Filterdatei.h"
+#include "Filterlauf.h"
+#include "Filterziel.h"
+#include "controls/Geschuetzt.h"
+#include "controls/Steuerelemente.h"
+#include "store/Dateien.h"
+#include "store/Pfade.h"
+#include "store/Programm.h"
+#include "store/Text.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSlider>
+#include <QTabWidget>
+
+namespace {
+
+static_assert(nichtGewaehlt == farbeKnopf && monatGewaehlt == farbeTitel);
+
+/// "text (*.x)|*.x|..." as the file dialog wants it; a text that names another pattern than it has stays as it is.
+QString namensfilter(QStringView filter)
+{
+    const QStringList teile = filter.toString().split(u'|');
+    QStringList fertig;
+    for (qsizetype i = 0; i + 1 < teile.size(); i += 2) {
+        const QString muster = QStringLiteral("(%1)").arg(teile[i + 1] == u"*.*" ? QStringLiteral("*") : teile[i + 1]);
+        fertig += teile[i].endsWith(muster) ? teile[i] : teile[i] + u' ' + muster;
+    }
+    return fertig.join(QStringLiteral(";;"));
+}
+
+} // namespace
+
+Filterzustand Filterdialog::zustand() const
+{
+    Filterzustand zustand;
+    for (const Zeile &zeile : zeilen_)
+        zustand.kriterien.push_back({lesen(zeile.a), lesen(zeile.b)});
+    return zustand;
+}
+
+Teilzustand Filterdialog::lesen(const Teil &teil) const
+{
+    Teilzustand zustand;
+    for (size_t i = 0; i < teil.widgets.size(); ++i) {
+        QWidget *widget = teil.widgets[i];
+        switch (teil.steuerteil->art) {
+        case Steuerung::Kaestchen:
+        case Steuerung::KaestchenWert:
+        case Steuerung::Option: zustand.werte.push_back(static_cast<QAbstractButton *>(widget)->isChecked() ? 1 : 0); break;
+        case Steuerung::Farben:
+            zustand.werte.push_back(i + 1 == teil.widgets.size() ? static_cast<Farbzelle *>(widget)->backStyle()
+                                                                 : static_cast<Farbzelle *>(widget)->backColor());
+            break;
+        case Steuerung::Monate: zustand.werte.push_back(static_cast<Farbzelle *>(widget)->backColor()); break;
+        case Steuerung::Bilder: zustand.werte.push_back(static_cast<Bildfeld *>(widget)->borderStyle()); break;
+        case Steuerung::Schieber: zustand.werte.push_back(static_cast<QSlider *>(widget)->value()); break;
+        case Steuerung::Text:
+        case Steuerung::Zahl: zustand.text = static_cast<QLineEdit *>(widget)->text(); break;
+        case Steuerung::Liste: zustand.text = static_cast<QComboBox *>(widget)->currentText(); break;
+        }
+    }
+    return zustand;
+}
+
+void Filterdialog::setzen(const Teil &teil, int element, int wert, const QString &text)
+{
+    QWidget *widget = teil.widgets[size_t(element)];
+    switch (teil.steuerteil->art) {
+    case Steuerung::Kaestchen:
+    case Steuerung::KaestchenWert:
+    case Steuerung::Option: {
+        auto *taste = static_cast<QAbstractButton *>(widget);
+        // An option that is to go out needs its group to let it.
+        const bool ausschliessend = taste->autoExclusive();
+        taste->setAutoExclusive(false);
+        taste->setChecked(wert != 0);
+        taste->setAutoExclusive(ausschliessend);
+        break;
+    }
+    case Steuerung::Farben:
+        if (element + 1 == int(teil.widgets.size())) {
+            static_cast<Farbzelle *>(widget)->setBackStyle(wert);
+            break;
+        }
+        [[fallthrough]];
+    case Steuerung::Monate: static_cast<Farbzelle *>(widget)->setBackColor(wert); break;
+    case Steuerung::Bilder: static_cast<Bildfeld *>(widget)->setBorderStyle(wert); break;
+    case Steuerung::Schieber: static_cast<QSlider *>(widget)->setValue(wert); break;
+    case Steuerung::Text:
+    case Steuerung::Zahl: static_cast<QLineEdit *>(widget)->setText(text); break;
+    case Steuerung::Liste: static_cast<QComboBox *>(widget)->setCurrentText(text); break;
+    }
+}
+
+void Filterdialog::vorgeben(const Teil &teil)
+{
+    if (!teil.steuerteil || teil.widgets.empty())
+        return;
+    const Teilzustand anfang = vorgabe(*teil.steuerteil);
+    for (int i = 0; i < int(teil.widgets.size()); ++i)
+        setzen(teil, i, anfang.werte.empty() ? 0 : anfang.werte[size_t(i)], anfang.text);
+}
+
+void Filterdialog::umschalten(const Teil &teil, int i)
+{
+    const Teilzustand jetzt = lesen(teil);
+    const bool an = !gewaehlt(*teil.steuerteil, jetzt, i);
+    const bool letzte = i + 1 == int(teil.widgets.size());
+    switch (teil.steuerteil->art) {
+    case Steuerung::Farben: setzen(teil, i, letzte ? int(an) : an ? teil.steuerteil->farben->werte[size_t(i)] : nichtGewaehlt, {}); break;
+    case Steuerung::Monate: setzen(teil, i, an ? monatGewaehlt : nichtGewaehlt, {}); break;
+    case Steuerung::Bilder: setzen(teil, i, int(an), {}); break;
+    default: break;
+    }
+    zaehlen();
+}
+
+void Filterdialog::ruecksetzen(bool auchBewertung)
+{
+    for (size_t k = 0; k < zeilen_.size(); ++k) {
+        const Pruefung pruefung = beschreibung_.kriterien[k].pruefung;
+        if (pruefung == Pruefung::Bewertung && !auchBewertung)
+            continue;
+        vorgeben(zeilen_[k].a);
+        if (pruefung != Pruefung::Bild)
+            vorgeben(zeilen_[k].b);
+    }
+    zaehlen();
+}
+
+void Filterdialog::zaehlen()
+{
+    std::vector<int> anzahl(beschreibung_.reiter.size());
+    for (size_t k = 0; k < zeilen_.size(); ++k)
+        if (const Kriterium &kriterium = beschreibung_.kriterien[k]; kriterium.reiter >= 0)
+            anzahl[size_t(kriterium.reiter)] += zeigtAktiv(kriterium, {lesen(zeilen_[k].a), lesen(zeilen_[k].b)});
+    for (int i = 0; i < int(anzahl.size()); ++i) {
+        const QString name = beschreibung_.reiter[size_t(i)].toString();
+        const QString text = anzahl[size_t(i)] ? QStringLiteral("%1 (%2)").arg(name).arg(anzahl[size_t(i)]) : name;
+        if (SSTab1_->tabText(i) != text)
+            SSTab1_->setTabText(i, text);
+    }
+}
+
+void Filterdialog::cmdOK_Click()
+{
+    setCursor(Qt::WaitCursor);
+    Laufergebnis ergebnis;
+    const bool gelaufen = geschuetztAusfuehren(this, [&] {
+        Datenbank &kopie = ziel_.allePflanzen();
+        ergebnis = filterLauf(kopie, ziel_.arbeitsdatenbank(), beschreibung_, zustand());
+    });
+    unsetCursor();
+    if (gelaufen && ergebnis.uebrig.empty())
+        QMessageBox::warning(this, QStringLiteral("Keine passende Pflanze!"),
+                             QStringLiteral("Leider gibt es keine Pflanze mit \rden gewünschten Merkmalen!"));
+    if (!gelaufen || ergebnis.uebrig.empty()) {
+        try {
+            ziel_.filterVerworfen();
+        } catch (const Fehler &fehler) {
+            if (gelaufen) // otherwise the user has been told
+                fehlerZeigen(this, fehler.text());
+        }
+        return;
+    }
+    if (geschuetztAusfuehren(this, [&] { ziel_.filterGelaufen(ergebnis); }))
+        cmdAbbruch_Click();
+}
+
+void Filterdialog::cmdAbbruch_Click()
+{
+    hide();
+    geschuetztAusfuehren(this, [this] { ziel_.dialogVerlassen(); });
+}
+
+void Filterdialog::Form_Activate()
+{
+    for (int i = 0; i < anzahlEigenschaften; ++i)
+        if (auto *kaestchen = findChild<QCheckBox *>(QStringLiteral("sschkBenutzer_%1").arg(i)))
+            kaestchen->setText(programm_.BenutzerNamen[size_t(beschreibung_.sparte)][size_t(i)]);
+    Monatsbeschriftung();
+    if (auto *chkOhneBild = findChild<QCheckBox *>(QStringLiteral("chkOhneBild"))) {
+        chkOhneBild->setVisible(programm_.HausModus);
+        if (!programm_.HausModus)
+            chkOhneBild->setChecked(false);
+    }
+}
+
+void Filterdialog::Monatsbeschriftung()
+{
+    for (const Zeile &zeile : zeilen_)
+        if (zeile.a.steuerteil->art == Steuerung::Monate)
+            for (size_t i = 0; i < zeile.a.widgets.size(); ++i)
+                static_cast<Farbzelle *>(zeile.a.widgets[i])->setCaption(monatsbeschriftung(int(i), programm_.MonatsDarstellung != 0));
+}
+
+void Filterdialog::ausbildungWaehlen(int i)
+{
+    if (auto *kaestchen = findChild<QCheckBox *>(QStringLiteral("chkAusbildung_%1").arg(i)))
+        kaestchen->setChecked(true);
+}
+
+void Filterdialog::FilterLaden(const QString &pfad)
+{
+    const auto melden = [this] { QMessageBox::information(this, programmtitel.toString(), QStringLiteral("Fehler beim Laden des Filters")); };
+    QFile datei(systemPfad(pfad));
+    if (programm_.FilterdateiGestoert || !datei.open(QIODevice::ReadOnly))
+        return melden();
+    const bool ganz = filterLesen(beschreibung_, datei.readAll(), [this](int k, bool zweites, int element, int wert, const QString &text) {
+        setzen(zweites ? zeilen_[size_t(k)].b : zeilen_[size_t(k)].a, element, wert, text);
+    });
+    zaehlen();
+    if (ganz)
+        return;
+    programm_.FilterdateiGestoert = true;
+    melden();
+}
+
+void Filterdialog::FilterSpeichern(const QString &pfad)
+{
+    if (programm_.FilterdateiGestoert || !schreibeSicher(systemPfad(pfad), filterSchreiben(beschreibung_, zustand())))
+        throw Fehler(QStringLiteral("Die Filterdatei '%1' kann nicht geschrieben werden.").arg(QDir::toNativeSeparators(systemPfad(pfad))));
+}
+
+void Filterdialog::DialogLaden()
+{
+    QFileDialog dialog(this, QStringLiteral("Filter laden"), QDir::currentPath(), namensfilter(beschreibung_.ladeFilter));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        cmdAbbruch_Click();
+        return;
+    }
+    try {
+        FilterLaden(dialog.selectedFiles().constFirst());
+    } catch (const Fehler &fehler) {
+        constexpr int unbekannterFehler = 51;
+        QMessageBox::critical(this, QStringLiteral("Laufzeitfehler (Dialog_Laden)"), QStringLiteral("%1 (%2)").arg(fehler.text()).arg(unbekannterFehler));
+    }
+}
+
+void Filterdialog::DialogSpeichernunter()
+{
+    QFileDialog dialog(this, QStringLiteral("Filter speichern"), QDir::currentPath(), namensfilter(beschreibung_.speicherFilter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty())
+        FilterSpeichern(dialog.selectedFiles().constFirst());
+}
+
+void Filterdialog::closeEvent(QCloseEvent *ereignis)
+{
+    ereignis->ignore();
+    cmdAbbruch_Click();
+}
+
+void Filterdialog::keyPressEvent(QKeyEvent *ereignis)
+{
+    if (ereignis->key() == Qt::Key_Escape)
+        cmdAbbruch_Click();
+    else if (ereignis->key() == Qt::Key_Return || ereignis->key() == Qt::Key_Enter)
+        cmdOK_Click();
+    else
+        QWidget::keyPressEvent(ereignis);
+}
+
+bool Filterdialog::event(QEvent *ereignis)
+{
+    if (ereignis->type() == QEvent::WindowActivate)
+        Form_Activate();
+    return QWidget::event(ereignis);
+}

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "Filterzustand.h"
+
+#include <QWidget>
+
+#include <vector>
+
+class Filterziel;
+class QGridLayout;
+class QLabel;
+class QTabWidget;
+class QVBoxLayout;
+struct Programm;
+
+/* The filter dialog, one for all Sparten, built from the criteria table. Its controls are the filter's whole definition; it is
+   hidden, not closed, and lives as long as its window. */
+class Filterdialog : public QWidget
+{
+    Q_OBJECT
+
+public:
+    Filterdialog(Programm &programm, Filterziel &ziel, const Filterbeschreibung &beschreibung, int nummer, QWidget *eltern);
+
+    /// Runs the filter on the window. Shows its own messages; never throws.
+    void cmdOK_Click();
+    /// All controls to their defaults, the rating too.
+    void cmdRuecksetzen_Click() { ruecksetzen(true); }
+    /// The same without the rating; the window calls it to switch the filter off.
+    void RuecksetzenFenster() { ruecksetzen(false); }
+    void cmdAbbruch_Click();
+    void Form_Activate();
+    void Monatsbeschriftung();
+
+    void DialogLaden();
+    void DialogSpeichernunter();
+    /// Sets the controls from a file, value by value; a message for a file that cannot be read to its end. Does not run the filter.
+    void FilterLaden(const QString &pfad);
+    /// Throws when the file cannot be written.
+    void FilterSpeichern(const QString &pfad);
+
+    Filterzustand zustand() const;
+    /// Checks the box of a trade, i counted from 0.
+    void ausbildungWaehlen(int i);
+
+protected:
+    void closeEvent(QCloseEvent *ereignis) override;
+    void keyPressEvent(QKeyEvent *ereignis) override;
+    bool event(QEvent *ereignis) override;
+    bool eventFilter(QObject *quelle, QEvent *ereignis) override;
+
+private:
+    struct Teil
+    {
+        const Steuerteil *steuerteil;
+        std::vector<QWidget *> widgets;
+    };
+    struct Zeile
+    {
+        Teil a, b;
+    };
+
+    void aufbauen();
+    QWidget *seite(int reiter, QWidget *eltern);
+    QWidget *gruppe(int kriterium, QWidget *eltern);
+    Teil teilBauen(const Kriterium &kriterium, const Steuerteil &steuerteil, QWidget *eltern);
+    QWidget *elementBauen(const Kriterium &kriterium, const Steuerteil &steuerteil, int i, QWidget *eltern);
+    void teilAnordnen(const Kriterium &kriterium, const Zeile &zeile, QVBoxLayout &ort, QWidget *rahmen);
+    QWidget *tastenBauen();
+    void familienFuellen(QWidget *liste);
+
+    Teilzustand lesen(const Teil &teil) const;
+    void setzen(const Teil &teil, int element, int wert, const QString &text);
+    void vorgeben(const Teil &teil);
+    void umschalten(const Teil &teil, int element);
+    void ruecksetzen(bool auchBewertung);
+    void zaehlen();
+    QString beschriftung(const Kriterium &kriterium, const Steuerteil &teil, int i) const;
+
+    Programm &programm_;
+    Filterziel &ziel_;
+    const Filterbeschreibung &beschreibung_;
+    std::vector<Zeile> zeilen_; ///< in the order of the criteria
+    QTabWidget *SSTab1_ = nullptr;
+};

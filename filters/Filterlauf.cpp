@@ -1,0 +1,97 @@
+#include "Filterlauf.h"
+
+#include "Filterpruefung.h"
+#include "store/Recordset.h"
+#include "store/Schema.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+const Kriterium *aktivesKriterium(const Filterbeschreibung &beschreibung, const Filterzustand &zustand, Pruefung pruefung, const Teilzustand **teil)
+{
+    for (size_t i = 0; i < beschreibung.kriterien.size(); ++i)
+        if (beschreibung.kriterien[i].pruefung == pruefung && aktiv(beschreibung.kriterien[i], zustand.kriterien[i])) {
+            *teil = &zustand.kriterien[i].a;
+            return &beschreibung.kriterien[i];
+        }
+    return nullptr;
+}
+
+QString familiennummer(Datenbank &arbeit, const QString &name)
+{
+    Anweisung &anweisung = arbeit.vorbereitet(QStringLiteral("SELECT FAMILIE FROM Familien WHERE FAMNAME = ?"));
+    anweisung.binden(0, name);
+    const QString nummer = anweisung.schritt() ? anweisung.text(0) : QString();
+    anweisung.zuruecksetzen();
+    return nummer;
+}
+
+/// The text goes into the statement as it is: an apostrophe ends the literal and the statement fails.
+Filterumgebung::Synonyme synonyme(std::shared_ptr<Datenbank> arbeit, QStringView tabelle, const QString &text)
+{
+    Recordset satz(std::move(arbeit), QStringLiteral("SELECT * From %1 WHERE SYN LIKE '*%2*'").arg(tabelle, text));
+    if (satz.Eof())
+        return std::nullopt;
+    QHash<qint64, QString> sammlung;
+    for (; !satz.Eof(); satz.MoveNext()) {
+        if (satz.Fields(u"SYN").IsNull())
+            continue;
+        QString &eintrag = sammlung[satz.Fields(u"ARTNR").Ganzzahl()];
+        if (!eintrag.isEmpty())
+            eintrag += QStringLiteral(", ");
+        eintrag += satz.Fields(u"SYN").Text();
+    }
+    return sammlung;
+}
+
+/// Picture rows are matched to plants by position alone, both in the order of the names.
+QSet<qint64> plaetzeMitBild(std::shared_ptr<Datenbank> kopie, std::shared_ptr<Datenbank> arbeit, const SpartenEintrag &sparte)
+{
+    Recordset pflanzen(std::move(kopie), QStringLiteral("SELECT * From %1 WHERE ARTNR LIKE '*' ORDER BY Bot_Name").arg(sparte.haupttabelle));
+    Recordset bilder(std::move(arbeit), QStringLiteral("SELECT * From %1 WHERE ARTNR LIKE '*' ORDER BY BotName").arg(sparte.bildtabelle));
+    QStringList spalten;
+    for (const char *haelfte : {"-G", "-D"})
+        for (int i = 1; i <= schema::anzahlBilder; ++i)
+            spalten += QStringLiteral("BILD%1%2").arg(i).arg(QLatin1String(haelfte));
+    QSet<qint64> mit;
+    for (qsizetype stelle = 0; stelle < pflanzen.RecordCount() && !bilder.Eof(); ++stelle, bilder.MoveNext()) {
+        const bool hat = std::ranges::any_of(spalten, [&](const QString &spalte) {
+            const Feld feld = bilder.Fields(spalte);
+            return !feld.IsNull() && feld.Text() != u"fehlt";
+        });
+        if (hat)
+            mit.insert(pflanzen.Schluessel(stelle));
+    }
+    return mit;
+}
+
+} // namespace
+
+Laufergebnis filterLauf(Datenbank &kopie, Datenbank &arbeit, const Filterbeschreibung &beschreibung, const Filterzustand &zustand)
+{
+    const SpartenEintrag &sparte = eintrag(beschreibung.sparte);
+    Filterumgebung umgebung;
+    const Teilzustand *teil = nullptr;
+    if (aktivesKriterium(beschreibung, zustand, Pruefung::Familie, &teil))
+        umgebung.familie = familiennummer(arbeit, teil->text);
+    if (aktivesKriterium(beschreibung, zustand, Pruefung::SynonymBotanisch, &teil))
+        umgebung.botanisch = synonyme(arbeit.shared_from_this(), sparte.synonymBotanisch, teil->text);
+    if (aktivesKriterium(beschreibung, zustand, Pruefung::SynonymDeutsch, &teil))
+        umgebung.deutsch = synonyme(arbeit.shared_from_this(), sparte.synonymDeutsch, teil->text);
+    if (aktivesKriterium(beschreibung, zustand, Pruefung::Bild, &teil))
+        umgebung.mitBild = plaetzeMitBild(kopie.shared_from_this(), arbeit.shared_from_this(), sparte);
+
+    const Filterpruefung pruefung(beschreibung, zustand, std::move(umgebung));
+    Laufergebnis ergebnis;
+    kopie.loescheAusser(sparte.haupttabelle.toString(), pruefung.felder(), [&](qint64 nummer, std::span<const std::string_view> werte) {
+        ++ergebnis.gesamt;
+        if (!pruefung.passt(nummer, werte))
+            return false;
+        ergebnis.uebrig.push_back(nummer);
+        return true;
+    });
+    std::ranges::sort(ergebnis.uebrig);
+    return ergebnis;
+}

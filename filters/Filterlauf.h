@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Filterzustand.h"
+
+#include <QtGlobal>
+
+#include <vector>
+
+class Datenbank;
+
+/* One filter run on a window's private copy, which holds all plants: what fails is deleted in one walk. */
+
+struct Laufergebnis
+{
+    std::vector<qint64> uebrig; ///< record numbers that stay, in rising order
+    qsizetype gesamt = 0;       ///< plants before the run
+};
+
+/// Look-ups come from the working database. Throws, with the copy half thinned, where a box or a record cannot be converted
+/// or a statement fails.
+Laufergebnis filterLauf(Datenbank &kopie, Datenbank &arbeit, const Filterbeschreibung &beschreibung, const Filterzustand &zustand);

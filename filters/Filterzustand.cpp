@@ -1,0 +1,111 @@
+#include "Filterzustand.h"
+
+#include "store/Fehler.h"
+#include "store/Text.h"
+
+Teilzustand vorgabe(const Steuerteil &teil)
+{
+    Teilzustand zustand;
+    switch (teil.art) {
+    case Steuerung::Farben:
+        zustand.werte.assign(size_t(teil.elemente()), nichtGewaehlt);
+        if (!zustand.werte.empty())
+            zustand.werte.back() = 0;
+        break;
+    case Steuerung::Monate: zustand.werte.assign(size_t(teil.elemente()), nichtGewaehlt); break;
+    case Steuerung::Kaestchen:
+    case Steuerung::KaestchenWert:
+    case Steuerung::Bilder: zustand.werte.assign(size_t(teil.elemente()), 0); break;
+    case Steuerung::Option:
+        zustand.werte.assign(size_t(teil.elemente()), 0);
+        zustand.werte.front() = 1;
+        break;
+    case Steuerung::Schieber: zustand.werte.assign(1, schieberVorgabe); break;
+    case Steuerung::Liste: zustand.text = alleEintrag.toString(); break;
+    case Steuerung::Text:
+    case Steuerung::Zahl: zustand.text = teil.vorgabe.toString(); break;
+    }
+    return zustand;
+}
+
+Filterzustand vorgabe(const Filterbeschreibung &beschreibung)
+{
+    Filterzustand zustand;
+    for (const Kriterium &kriterium : beschreibung.kriterien)
+        zustand.kriterien.push_back({vorgabe(kriterium.a), vorgabe(kriterium.b)});
+    return zustand;
+}
+
+bool gewaehlt(const Steuerteil &teil, const Teilzustand &zustand, int i)
+{
+    const int wert = zustand.werte[size_t(i)];
+    switch (teil.art) {
+    case Steuerung::Farben: return i + 1 == teil.elemente() ? wert == 1 : wert != nichtGewaehlt;
+    case Steuerung::Monate: return wert != nichtGewaehlt;
+    case Steuerung::Bilder: return wert == 1;
+    case Steuerung::Kaestchen:
+    case Steuerung::KaestchenWert:
+    case Steuerung::Option: return wert != 0;
+    case Steuerung::Text:
+    case Steuerung::Zahl:
+    case Steuerung::Liste:
+    case Steuerung::Schieber: break;
+    }
+    return false;
+}
+
+int anzahlGewaehlt(const Steuerteil &teil, const Teilzustand &zustand)
+{
+    int anzahl = 0;
+    for (int i = 0; i < teil.elemente(); ++i)
+        anzahl += gewaehlt(teil, zustand, i) ? 1 : 0;
+    return anzahl;
+}
+
+namespace {
+
+/// A number of a box in single precision; throws what the user is told.
+float zahlAus(const QString &text)
+{
+    const std::optional<double> zahl = zahlLesen(text);
+    if (!zahl)
+        throw Fehler(QStringLiteral("\"%1\" ist keine Zahl.").arg(text));
+    return float(*zahl);
+}
+
+} // namespace
+
+bool aktiv(const Kriterium &k, const Kriteriumzustand &z)
+{
+    switch (k.pruefung) {
+    case Pruefung::Familie: return z.a.text != alleEintrag;
+    case Pruefung::Bild: return anzahlGewaehlt(k.a, z.a) + anzahlGewaehlt(k.b, z.b) > 0;
+    case Pruefung::Flags:
+    case Pruefung::FlagsOderWahr: {
+        const int n = anzahlGewaehlt(k.a, z.a) + (k.b.control ? anzahlGewaehlt(k.b, z.b) : 0);
+        return n != 0 && n != k.a.elemente() + k.b.elemente();
+    }
+    case Pruefung::Bereich:
+        if (k.regel == Bereichsregel::GleicheZahlen) {
+            const float min = zahlAus(z.a.text), max = zahlAus(z.b.text);
+            return min != zahlAus(k.a.vorgabe.toString()) || max != zahlAus(k.b.vorgabe.toString());
+        }
+        return z.a.text != k.a.vorgabe || z.b.text != k.b.vorgabe;
+    case Pruefung::Enthaelt:
+    case Pruefung::SynonymBotanisch:
+    case Pruefung::SynonymDeutsch: return !z.a.text.isEmpty();
+    case Pruefung::Bewertung: return true;
+    }
+    return false;
+}
+
+bool zeigtAktiv(const Kriterium &k, const Kriteriumzustand &z)
+{
+    if (k.pruefung == Pruefung::Bewertung)
+        return z != Kriteriumzustand{vorgabe(k.a), vorgabe(k.b)};
+    try {
+        return aktiv(k, z);
+    } catch (const Fehler &) {
+        return true;
+    }
+}

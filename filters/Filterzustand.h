@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Kriterien.h"
+
+#include <QString>
+
+#include <vector>
+
+/* A snapshot of a dialog's controls: the whole definition of a filter, without any window. */
+
+struct Teilzustand
+{
+    std::vector<int> werte; ///< by element: 0/1, BackColor, BackStyle, BorderStyle or the slider's step
+    QString text;           ///< Text, Zahl, Liste
+
+    bool operator==(const Teilzustand &) const = default;
+};
+
+struct Kriteriumzustand
+{
+    Teilzustand a, b;
+    bool operator==(const Kriteriumzustand &) const = default;
+};
+
+struct Filterzustand
+{
+    std::vector<Kriteriumzustand> kriterien; ///< in the order of the table
+    bool operator==(const Filterzustand &) const = default;
+};
+
+/// The dialog as it opens.
+Filterzustand vorgabe(const Filterbeschreibung &beschreibung);
+Teilzustand vorgabe(const Steuerteil &teil);
+/// Whether element `i`, counted from 0, is selected.
+bool gewaehlt(const Steuerteil &teil, const Teilzustand &zustand, int i);
+int anzahlGewaehlt(const Steuerteil &teil, const Teilzustand &zustand);
+/// Whether a criterion restricts: some but not all items, a range other than the default, a text that is not empty. Throws
+/// where a height box is no number.
+bool aktiv(const Kriterium &kriterium, const Kriteriumzustand &zustand);
+/// The same for display: the rating counts only where it differs from its default, and nothing throws.
+bool zeigtAktiv(const Kriterium &kriterium, const Kriteriumzustand &zustand);

@@ -1,0 +1,132 @@
+#include "Pflanzenfenster.h"
+
+#include "Artenmodell.h"
+#include "Zentrale.h"
+#include "controls/Geschuetzt.h"
+#include "controls/Steuerelemente.h"
+#include "filters/Filterdialog.h"
+#include "filters/Filterlauf.h"
+#include "store/Pfade.h"
+
+#include <QComboBox>
+#include <QFile>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+/* The window's side of its filter: what the buttons hand over to the dialog, and what the dialog asks of the window. */
+
+Filterdialog *Pflanzenfenster::filterdialog()
+{
+    const Filterbeschreibung *beschreibung = filterbeschreibung(sparte());
+    if (!filter_ && beschreibung)
+        filter_ = new Filterdialog(programm_, *this, *beschreibung, Fensternummer, window() == this ? nullptr : window());
+    return filter_;
+}
+
+QString Pflanzenfenster::parkdatei() const
+{
+    const SpartenEintrag &zeile = eintrag(sparte());
+    return QStringLiteral("%1%2%3%4").arg(programm_.ProgrammPfad, zeile.tempFilter).arg(Fensternummer).arg(zeile.filterEndung);
+}
+
+void Pflanzenfenster::filterInKraft()
+{
+    if (!FilterEin)
+        filterUmschalten();
+}
+
+void Pflanzenfenster::filterZeigen()
+{
+    filterInKraft();
+    zentrale_.FensterSperren(sparte());
+    const QRect fenster(mapToGlobal(QPoint(0, 0)), size());
+    filter_->move(fenster.left() + (fenster.width() - filter_->width()) / 2, fenster.top() + (fenster.height() - filter_->height()) / 2);
+    filter_->show();
+    filter_->raise();
+    filter_->activateWindow();
+}
+
+void Pflanzenfenster::filterLaden()
+{
+    filterZeigen();
+    filter_->Form_Activate();
+    filter_->DialogLaden();
+}
+
+void Pflanzenfenster::filterSpeichern()
+{
+    filterInKraft();
+    filter_->DialogSpeichernunter();
+}
+
+void Pflanzenfenster::filterUmschalten()
+{
+    Bildknopf *button = knopf(Knopf::FilterEin);
+    setCursor(Qt::WaitCursor);
+    const QString park = parkdatei();
+    if (!FilterEin) {
+        FilterEin = true;
+        filter_->FilterLaden(park);
+        filter_->cmdOK_Click();
+        QFile::remove(systemPfad(park));
+        button->setBild(QStringLiteral("filter_n"));
+    } else {
+        button->setBild(QStringLiteral("filter"));
+        try {
+            filter_->FilterSpeichern(park);
+        } catch (const Fehler &) {
+            unsetCursor();
+            throw; // it could not be parked: the filter stays in force
+        }
+        filter_->RuecksetzenFenster();
+        filter_->cmdOK_Click();
+        FilterEin = false;
+        zentrale_.mulkoSpeichernErlauben(false);
+    }
+    unsetCursor();
+    NaviPruefung();
+}
+
+Datenbank &Pflanzenfenster::allePflanzen()
+{
+    const int nummer = programm_.aktuellesFenster(sparte());
+    if (!satz_.offen() || !satz_.frisch()) {
+        DatensätzeAuffüllen();
+        satz_.oeffnen(nummer);
+    }
+    return satz_.kopie();
+}
+
+void Pflanzenfenster::filterGelaufen(const Laufergebnis &ergebnis)
+{
+    satz_.ausgeduennt(ergebnis.uebrig, ergebnis.gesamt);
+    DatenOrdnen();
+    satz_.haupt().MoveFirst();
+    cboArten_->setCurrentIndex(int(satz_.haupt().AbsolutePosition()));
+    darstellen();
+    for (const Knopf welcher : {Knopf::FilterSpeichern, Knopf::FilterEin})
+        knopf(welcher)->setEnabled(true);
+    FilterEin = true;
+    FilterGesetzt = true;
+    for (const Knopf welcher : {Knopf::FilterSpeichern, Knopf::FilterEin})
+        knopfMalen(welcher, Knopfzustand::Normal);
+    zentrale_.mulkoSpeichernErlauben(true);
+    unsetCursor();
+}
+
+void Pflanzenfenster::filterVerworfen()
+{
+    DatensätzeAuffüllen();
+    satz_.oeffnen(programm_.aktuellesFenster(sparte()));
+    DatenOrdnen();
+    darstellen();
+}
+
+void Pflanzenfenster::dialogVerlassen()
+{
+    zentrale_.FensterFreigeben(sparte());
+    NaviPruefung();
+    if (auto *unterfenster = qobject_cast<QMdiSubWindow *>(parentWidget()); unterfenster && unterfenster->mdiArea())
+        unterfenster->mdiArea()->setActiveSubWindow(unterfenster);
+    raise();
+}
