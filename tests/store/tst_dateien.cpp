@@ -1,0 +1,196 @@
+#include "Datenhilfen.h"
+
+#include "store/Dateien.h"
+#include "store/Pfade.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Bytes without a period, so that a shifted or doubled block shows.
+QByteArray muster(qsizetype groesse, quint32 saat)
+{
+    QByteArray bytes(groesse, Qt::Uninitialized);
+    for (char &byte : bytes) {
+        saat = saat * 1664525u + 1013904223u;
+        byte = char(saat >> 24);
+    }
+    return bytes;
+}
+
+} // namespace
+
+/* Paths in the program's spelling, copies and safe writing. */
+class TestDateien : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        ordner_.emplace();
+        QVERIFY(ordner_->isValid());
+    }
+
+    void pfadAus_data()
+    {
+        QTest::addColumn<QString>("ordner");
+        QTest::addColumn<QString>("rest");
+        QTest::addColumn<QString>("pfad");
+        QTest::newRow("ohne Trenner") << u"C:\\flox"_s << u"a.jpg"_s << u"C:\\flox\\a.jpg"_s;
+        QTest::newRow("am Ordner") << u"C:\\flox\\"_s << u"a.jpg"_s << u"C:\\flox\\a.jpg"_s;
+        QTest::newRow("am Rest") << u"C:\\flox"_s << u"\\a.jpg"_s << u"C:\\flox\\a.jpg"_s;
+        QTest::newRow("an beiden") << u"C:\\flox\\"_s << u"\\a.jpg"_s << u"C:\\flox\\a.jpg"_s;
+        QTest::newRow("des Systems") << u"/opt/flox/"_s << u"/a.jpg"_s << u"/opt/flox/a.jpg"_s;
+        QTest::newRow("Ordner unbekannt") << u""_s << u"\\a.jpg"_s << u""_s;
+    }
+    void pfadAus()
+    {
+        QFETCH(QString, ordner);
+        QFETCH(QString, rest);
+        QTEST(::pfadAus(ordner, rest), "pfad");
+    }
+
+    void systemPfadFindet_data()
+    {
+        QTest::addColumn<QStringList>("vorhanden");
+        QTest::addColumn<QString>("gesucht");
+        QTest::addColumn<QString>("gefunden");
+        QTest::newRow("genau") << QStringList{u"flox-demo.mdb"_s} << u"\\flox-demo.mdb"_s << u"flox-demo.mdb"_s;
+        QTest::newRow("anders geschrieben") << QStringList{u"Flox-Demo.MDB"_s} << u"\\flox-demo.mdb"_s << u"Flox-Demo.MDB"_s;
+        QTest::newRow("Ordner anders geschrieben") << QStringList{u"Bilder/TOPF/a.jpg"_s} << u"\\bilder\\topf\\A.JPG"_s << u"Bilder/TOPF/a.jpg"_s;
+        QTest::newRow("genaue Schreibung geht vor") << QStringList{u"A.jpg"_s, u"a.jpg"_s} << u"\\a.jpg"_s << u"a.jpg"_s;
+        QTest::newRow("Umlaut") << QStringList{u"Ähre.jpg"_s} << u"\\ähre.JPG"_s << u"Ähre.jpg"_s;
+        QTest::newRow("versteckt") << QStringList{u".Temp"_s} << u"\\.temp"_s << u".Temp"_s;
+        QTest::newRow("gibt es nicht") << QStringList{u"Bilder/a.jpg"_s} << u"\\bilder\\neu.jpg"_s << u"Bilder/neu.jpg"_s;
+        QTest::newRow("Ordner gibt es nicht") << QStringList{} << u"\\fehlt\\Neu.jpg"_s << u"fehlt/Neu.jpg"_s;
+    }
+    void systemPfadFindet()
+    {
+        QFETCH(QStringList, vorhanden);
+        QFETCH(QString, gesucht);
+        QFETCH(QString, gefunden);
+        for (const QString &name : vorhanden) {
+            QVERIFY(QDir().mkpath(QFileInfo(pfad(name)).path()));
+            schreiben(pfad(name), "x");
+        }
+        QCOMPARE(systemPfad(ordner_->path() + gesucht), pfad(gefunden));
+    }
+    void systemPfadVonNichts() { QCOMPARE(systemPfad(QString()), QString()); }
+
+    void dateiVorhanden_data()
+    {
+        QTest::addColumn<QString>("muster");
+        QTest::addColumn<bool>("da");
+        QTest::newRow("genau") << u"\\db_to1.tmp"_s << true;
+        QTest::newRow("anders geschrieben") << u"\\DB_TO1.TMP"_s << true;
+        QTest::newRow("Stern") << u"\\db_to*.tmp"_s << true;
+        QTest::newRow("Fragezeichen") << u"\\db_to?.tmp"_s << true;
+        QTest::newRow("passt nicht") << u"\\db_st*.tmp"_s << false;
+        QTest::newRow("im Unterordner") << u"\\Bilder\\*.jpg"_s << true;
+        QTest::newRow("Ordner fehlt") << u"\\fehlt\\*.jpg"_s << false;
+        QTest::newRow("ein Ordner ist keine Datei") << u"\\Bilder"_s << false;
+    }
+    void dateiVorhanden()
+    {
+        QFETCH(QString, muster);
+        schreiben(pfad(u"db_to1.tmp"_s), "x");
+        QVERIFY(QDir(ordner_->path()).mkdir(u"bilder"_s));
+        schreiben(pfad(u"bilder/a.jpg"_s), "x");
+        QTEST(::dateiVorhanden(ordner_->path() + muster), "da");
+        QVERIFY(!::dateiVorhanden(QString()));
+    }
+
+    void kopiereUeber_data()
+    {
+        QTest::addColumn<qsizetype>("alt"); // -1: no target yet
+        QTest::addColumn<qsizetype>("neu");
+        constexpr qsizetype block = 1 << 20;
+        QTest::newRow("neues Ziel") << qsizetype(-1) << qsizetype(5000);
+        QTest::newRow("größer über kleiner") << qsizetype(10) << 2 * block + 77;
+        QTest::newRow("kleiner über größer") << 3 * block + 5 << qsizetype(12345);
+        QTest::newRow("genau Blöcke") << qsizetype(1) << 2 * block;
+        QTest::newRow("gleich groß") << qsizetype(4096) << qsizetype(4096);
+        QTest::newRow("leer über voll") << qsizetype(4096) << qsizetype(0);
+    }
+    void kopiereUeber()
+    {
+        QFETCH(qsizetype, alt);
+        QFETCH(qsizetype, neu);
+        const QString von = pfad(u"von"_s), nach = pfad(u"nach"_s);
+        schreiben(von, muster(neu, 1));
+        if (alt >= 0)
+            schreiben(nach, muster(alt, 2));
+        schreiben(nach + u"-journal"_s, "von einem früheren Lauf");
+        QVERIFY(::kopiereUeber(von, nach));
+        QVERIFY(inhalt(nach) == inhalt(von));
+        QCOMPARE(QFileInfo(von).size(), neu);
+        QVERIFY2(!QFile::exists(nach + u"-journal"_s), "A stale journal would be rolled into the copy.");
+    }
+
+    void kopiereUeberScheitert_data()
+    {
+        QTest::addColumn<QString>("von");
+        QTest::addColumn<QString>("nach");
+        QTest::newRow("Quelle fehlt") << u"fehlt"_s << u"ziel"_s;
+        QTest::newRow("Quelle ist ein Ordner") << u"."_s << u"ziel"_s;
+        QTest::newRow("Ziel ist ein Ordner") << u"quelle"_s << u"."_s;
+        QTest::newRow("Zielordner fehlt") << u"quelle"_s << u"fehlt/ziel"_s;
+    }
+    void kopiereUeberScheitert()
+    {
+        QFETCH(QString, von);
+        QFETCH(QString, nach);
+        schreiben(pfad(u"quelle"_s), "neu");
+        schreiben(pfad(u"ziel"_s), "alt");
+        QVERIFY(!::kopiereUeber(pfad(von), pfad(nach)));
+        QCOMPARE(inhalt(pfad(u"ziel"_s)), QByteArray("alt"));
+    }
+    void kopiereUeberVollerDatentraeger()
+    {
+        schreiben(pfad(u"quelle"_s), muster(200000, 1));
+        const Dateigrenze grenze(100000);
+        QVERIFY(!::kopiereUeber(pfad(u"quelle"_s), pfad(u"ziel"_s)));
+    }
+
+    void schreibeSicherErsetzt()
+    {
+        QVERIFY(::schreibeSicher(pfad(u"neu"_s), "eins"));
+        QCOMPARE(inhalt(pfad(u"neu"_s)), QByteArray("eins"));
+        QVERIFY(::schreibeSicher(pfad(u"neu"_s), "zwei, länger"));
+        QCOMPARE(inhalt(pfad(u"neu"_s)), QByteArray("zwei, länger"));
+        QVERIFY(::schreibeSicher(pfad(u"neu"_s), ""));
+        QCOMPARE(inhalt(pfad(u"neu"_s)), QByteArray());
+        QCOMPARE(QDir(ordner_->path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"neu"_s});
+    }
+    void schreibeSicherScheitert()
+    {
+        QVERIFY(!::schreibeSicher(pfad(u"fehlt/neu"_s), "x"));
+        QVERIFY(!QFile::exists(pfad(u"fehlt"_s)));
+        QVERIFY(!::schreibeSicher(ordner_->path(), "x"));
+        QVERIFY(QFileInfo(ordner_->path()).isDir());
+    }
+    void schreibeSicherVollerDatentraeger()
+    {
+        QVERIFY(::schreibeSicher(pfad(u"alt"_s), "alt"));
+        {
+            const Dateigrenze grenze(10000);
+            QVERIFY(!::schreibeSicher(pfad(u"alt"_s), muster(100000, 3)));
+        }
+        QCOMPARE(inhalt(pfad(u"alt"_s)), QByteArray("alt"));
+        QCOMPARE(QDir(ordner_->path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"alt"_s});
+    }
+
+private:
+    QString pfad(const QString &name) const { return ordner_->filePath(name); }
+    std::optional<QTemporaryDir> ordner_;
+};
+
+QTEST_GUILESS_MAIN(TestDateien)
+#include "tst_dateien.moc"
