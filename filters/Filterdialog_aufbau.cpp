@@ -85,7 +85,7 @@ Filterdialog::Filterdialog(Programm &programm, Filterziel &ziel, const Filterbes
     setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(sparte.filter)).arg(nummer));
     setProperty("Tag", QString::number(nummer));
     setWindowTitle(QStringLiteral("Filter für %1-Fenster %2 definieren").arg(sparte.titel).arg(nummer));
-    resize(980, 620);
+    resize(960, 580);
     aufbauen();
     cmdRuecksetzen_Click();
     Form_Activate();
@@ -312,9 +312,10 @@ void Filterdialog::teilAnordnen(const Kriterium &kriterium, const Zeile &zeile, 
     };
     switch (kriterium.pruefung) {
     case Pruefung::Bereich: {
+        auto *anfang = new QLabel(kriterium.anfang.toString(), rahmen);
         auto *mitte = new QLabel(kriterium.mitte.toString(), rahmen);
         auto *einheit = new QLabel(kriterium.einheit.toString(), rahmen);
-        reihe({zeile.a.widgets.front(), mitte, zeile.b.widgets.front(), einheit});
+        reihe({anfang, zeile.a.widgets.front(), mitte, zeile.b.widgets.front(), einheit});
         return;
     }
     case Pruefung::Bewertung: {

@@ -71,6 +71,7 @@ struct Kriterium
     int spalte = 0;
     Bereichsregel regel = Bereichsregel::Keine;
     bool untereGegenMax = false; ///< Bereich: the lower field, too, must not exceed the upper box
+    QStringView anfang = {};  ///< Bereich: word before the boxes
     QStringView mitte = {};   ///< Bereich: word between the boxes
     QStringView einheit = {}; ///< Bereich: behind the boxes
     const char *rahmen = nullptr; ///< objectName of the group's frame, where it has one of its own

@@ -40,14 +40,14 @@ void Pflanzensatz::schliessen()
 void Pflanzensatz::sortieren(const QString &feld)
 {
     datHaupt_.setRecordSource(QStringLiteral("SELECT * From %1 WHERE BOT_NAME LIKE '*' ORDER BY %2").arg(sparte_.haupttabelle, feld));
-    const auto bekannt = ordnung_.constFind(feld);
-    if (bekannt == ordnung_.cend()) {
+    if (!uebrig_ && !ordnung_.contains(feld)) {
         datHaupt_.Refresh();
-        if (!uebrig_)
-            ordnung_.insert(feld, datHaupt_.recordset().Schluesselfolge());
+        ordnung_.insert(feld, datHaupt_.recordset().Schluesselfolge());
         return;
     }
-    std::vector<qint64> folge = *bekannt;
+    if (!ordnung_.contains(feld))
+        ordnung_.insert(feld, Recordset(arbeit_, datHaupt_.RecordSource()).Schluesselfolge());
+    std::vector<qint64> folge = ordnung_.value(feld);
     if (uebrig_)
         std::erase_if(folge, [&](qint64 nummer) { return !std::ranges::binary_search(*uebrig_, nummer); });
     datHaupt_.Refresh(std::move(folge));

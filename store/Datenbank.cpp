@@ -267,6 +267,8 @@ void Datenbank::Execute(const QString &sql, const QVariantList &werte)
         tabelleKopieren(auftrag->spalten, auftrag->ziel, auftrag->datei, auftrag->rest);
         return;
     }
+    if (sql.trimmed().startsWith(u"DROP", Qt::CaseInsensitive))
+        sorten_.clear();
     Anweisung &anweisung = vorbereitet(sql);
     for (int i = 0; i < werte.size(); ++i)
         anweisung.binden(i, werte[i]);
@@ -346,8 +348,20 @@ void behaltenFunktion(sqlite3_context *kontext, int anzahl, sqlite3_value **wert
 
 } // namespace
 
+void Datenbank::indexeFallenLassen(const QString &tabelle)
+{
+    QStringList namen;
+    Anweisung &anweisung = vorbereitet(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'index' AND sql IS NOT NULL AND lower(tbl_name) = lower(?)"));
+    anweisung.binden(0, tabelle);
+    while (anweisung.schritt())
+        namen += anweisung.text(0);
+    for (const QString &name : namen)
+        roh(QStringLiteral("DROP INDEX \"%1\"").arg(name));
+}
+
 void Datenbank::loescheAusser(const QString &tabelle, const QStringList &felder, const Behalten &behalten)
 {
+    indexeFallenLassen(tabelle);
     Durchgang durchgang{behalten, std::vector<std::string_view>(size_t(felder.size())), {}};
     constexpr const char *name = "flox_behalten";
     sqlite3_create_function_v2(db_, name, -1, SQLITE_UTF8 | SQLITE_DIRECTONLY, &durchgang, behaltenFunktion, nullptr, nullptr, nullptr);
@@ -376,13 +390,23 @@ QStringList Datenbank::TableDefs()
     return namen;
 }
 
+Datenbank::Sorte Datenbank::sorte(const QString &name)
+{
+    if (const auto schon = sorten_.constFind(name); schon != sorten_.cend())
+        return *schon;
+    Anweisung &anweisung = vorbereitet(QStringLiteral("SELECT type FROM sqlite_master WHERE type IN ('table', 'view') AND lower(name) = lower(?)"));
+    anweisung.binden(0, name);
+    const Sorte gefunden = !anweisung.schritt() ? Sorte::Keine : anweisung.bytes(0) == "table" ? Sorte::Tabelle : Sorte::Abfrage;
+    anweisung.zuruecksetzen();
+    // What is missing may still come.
+    if (gefunden != Sorte::Keine)
+        sorten_.insert(name, gefunden);
+    return gefunden;
+}
+
 bool Datenbank::hatTabelle(const QString &name)
 {
-    Anweisung &anweisung = vorbereitet(QStringLiteral("SELECT 1 FROM sqlite_master WHERE type IN ('table', 'view') AND lower(name) = lower(?)"));
-    anweisung.binden(0, name);
-    const bool da = anweisung.schritt();
-    anweisung.zuruecksetzen();
-    return da;
+    return sorte(name) != Sorte::Keine;
 }
 
 void Datenbank::tabelleFordern(const QString &name)
@@ -393,11 +417,7 @@ void Datenbank::tabelleFordern(const QString &name)
 
 bool Datenbank::istAbfrage(const QString &name)
 {
-    Anweisung &anweisung = vorbereitet(QStringLiteral("SELECT 1 FROM sqlite_master WHERE type = 'view' AND lower(name) = lower(?)"));
-    anweisung.binden(0, name);
-    const bool da = anweisung.schritt();
-    anweisung.zuruecksetzen();
-    return da;
+    return sorte(name) == Sorte::Abfrage;
 }
 
 bool Datenbank::istGanzzahl(const QString &tabelle, const QString &spalte)

@@ -67,6 +67,7 @@ public:
     /// Keeps the rows for which `behalten` is true and deletes the others, in one walk over the whole table or query. It gets
     /// ARTNR and the fields' raw UTF-8 (no data for a null). What it throws comes out; rows deleted so far stay deleted.
     using Behalten = std::function<bool(qint64, std::span<const std::string_view>)>;
+    /// The table's indexes go first: keeping them up would cost several times the walk.
     void loescheAusser(const QString &tabelle, const QStringList &felder, const Behalten &behalten);
     /// Names of the tables (stored queries are none), in alphabetical order.
     QStringList TableDefs();
@@ -88,11 +89,16 @@ private:
     void einstellen(Zugriff zugriff);
     void pruefen();
     void roh(const QString &sql);
+    void indexeFallenLassen(const QString &tabelle);
     void tabelleKopieren(const QString &spalten, const QString &ziel, const QString &datei, const QString &rest);
 
     QString pfad_;
     sqlite3 *db_ = nullptr;
+    enum class Sorte { Keine, Tabelle, Abfrage };
+    Sorte sorte(const QString &name);
+
     QHash<QString, std::shared_ptr<Anweisung>> anweisungen_;
+    QHash<QString, Sorte> sorten_; ///< tables and queries asked for so far
 };
 
 /// Pair of BEGIN and COMMIT; rolls back unless `festschreiben` was reached.

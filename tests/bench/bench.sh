@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# bench.sh [PLANTS...]   builds the release benchmark and runs it on that many potted plants (3000 and 100000).
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+cmake --preset release -DFLOX_BENCH=ON >/dev/null
+cmake --build build/release --target bench_flox vervielfacher flox_daten >/dev/null
+for anzahl in "${@:-3000 100000}"; do
+    for n in $anzahl; do
+        datenbank=build/release/bench-$n.mdb
+        [ "$datenbank" -nt build/release/flox-demo.mdb ] || build/release/tools/vervielfacher build/release/flox-demo.mdb "$datenbank" Topfpfl "$n"
+        QT_QPA_PLATFORM=offscreen build/release/tests/bench/bench_flox "$datenbank"
+    done
+done

@@ -1,0 +1,257 @@
+#include "controls/Steuerelemente.h"
+#include "filters/Filterdialog.h"
+#include "frame/Ablauf.h"
+#include "plantwindows/Beschreibung.h"
+#include "plantwindows/Pflanzenfenster.h"
+#include "store/Dateien.h"
+#include "store/Kollation.h"
+#include "store/Recordset.h"
+#include "tests/Hilfen.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMdiArea>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+
+#ifdef Q_OS_UNIX
+#include <sys/resource.h>
+#endif
+
+/* bench_flox DATABASE   prints each figure with its baseline; medians of several runs in turn. */
+
+namespace {
+
+using Handlung = std::function<void()>;
+
+double einmal(const Handlung &handlung)
+{
+    QElapsedTimer uhr;
+    uhr.start();
+    handlung();
+    return double(uhr.nsecsElapsed()) / 1e6;
+}
+
+double median(std::vector<double> werte)
+{
+    std::ranges::sort(werte);
+    return werte[werte.size() / 2];
+}
+
+/// Both in turn, so that a machine that changes its speed changes it for both.
+void vergleich(const char *name, double ziel, const Handlung &vorher, const Handlung &messung, const Handlung &grundlage, int laeufe = 5)
+{
+    std::vector<double> a, b;
+    for (int i = 0; i <= laeufe; ++i) {
+        const double basis = einmal(grundlage);
+        vorher();
+        const double gemessen = einmal(messung);
+        if (i > 0) { // the first round warms up
+            a.push_back(gemessen);
+            b.push_back(basis);
+        }
+    }
+    std::printf("%-44s %8.2f ms  baseline %8.2f ms  ratio %5.2f  (goal <= %.2f)\n", name, median(a), median(b), median(a) / median(b), ziel);
+}
+
+void malen(QWidget &fenster)
+{
+    fenster.repaint();
+    QCoreApplication::processEvents();
+}
+
+void namenSortieren(Datenbank &db, const QString &feld)
+{
+    std::vector<std::pair<std::string, qint64>> namen;
+    Anweisung &anweisung = db.vorbereitet(QStringLiteral("SELECT ARTNR, %1 FROM Topfpfl").arg(feld));
+    while (anweisung.schritt())
+        namen.emplace_back(sortierschluessel(anweisung.text(1)), anweisung.zahl(0));
+    std::ranges::sort(namen);
+}
+
+void allesLesen(Datenbank &db)
+{
+    Anweisung &anweisung = db.vorbereitet(QStringLiteral("SELECT * FROM Topfpfl"));
+    size_t bytes = 0;
+    while (anweisung.schritt())
+        for (int i = 0; i < anweisung.spalten(); ++i)
+            bytes += anweisung.bytes(i).size();
+    if (bytes == 0)
+        std::abort();
+}
+
+class Bank
+{
+public:
+    explicit Bank(const QString &datenbank)
+    {
+        QFile::remove(ordner_.datenbank());
+        QFile::copy(datenbank, ordner_.datenbank());
+        programm_ = ordner_.programm();
+        const std::shared_ptr<Datenbank> db = ordner_.db();
+        // Shares of plants for the filter runs; every other criterion passes all.
+        db->Execute(QStringLiteral("UPDATE Topfpfl SET bewertung = 7, benu_eigen = substr('1 ', 1 + (ARTNR % 100 >= 5), 1) || "
+                                   "substr('1 ', 1 + (ARTNR % 100 >= 50), 1) || substr('1 ', 1 + (ARTNR % 100 >= 95), 1) || '  '"));
+    }
+
+    void oeffnen()
+    {
+        std::unique_ptr<Pflanzenfenster> fenster;
+        const QString kopie = ordner_.pfad(QStringLiteral("vergleich.tmp"));
+        vergleich("open a window (data and first view)", 1.5, [&] { fenster.reset(); },
+                  [&] {
+                      fenster = neu();
+                      fenster->Form_Activate();
+                  },
+                  [&] {
+                      kopiereUeber(ordner_.datenbank(), kopie);
+                      namenSortieren(*Datenbank::OpenDatabase(kopie, Datenbank::Zugriff::Privat), QStringLiteral("BOT_NAME"));
+                  });
+    }
+
+    /// Where the time of opening goes: the data alone, the controls alone.
+    void anteile()
+    {
+        std::vector<double> daten, fenster, dialog;
+        for (int i = 0; i < 7; ++i) {
+            Pflanzensatz satz(programm_, eintrag(Sparte::Topf));
+            daten.push_back(einmal([&] {
+                satz.auffuellen(2);
+                satz.oeffnen(2);
+                satz.sortieren(QStringLiteral("BOT_NAME"));
+            }));
+            std::unique_ptr<Pflanzenfenster> neues;
+            fenster.push_back(einmal([&] { neues = neu(); }));
+            dialog.push_back(einmal([&] { neues->filterdialog(); }));
+        }
+        std::printf("%-44s %8.2f ms\n", "  of it: copy and order", median(daten));
+        std::printf("%-44s %8.2f ms\n", "  of it: controls of the window", median(fenster));
+        std::printf("%-44s %8.2f ms\n", "  of it: controls of the filter dialog", median(dialog));
+    }
+
+    void schritte()
+    {
+        const std::unique_ptr<Pflanzenfenster> fenster = gezeigt();
+        auto *cmdNext = fenster->findChild<QAbstractButton *>(QStringLiteral("cmdNext"));
+        std::vector<double> ganz, daten;
+        for (int i = 0; i < 100; ++i) {
+            ganz.push_back(einmal([&] {
+                cmdNext->click();
+                malen(*fenster);
+            }));
+            daten.push_back(einmal([&] {
+                Pflanzensatz &satz = fenster->satz();
+                satz.haupt().MoveNext();
+                satz.haupt().MovePrevious();
+                for (const Spalte &spalte : schema::haupttabelle(u"Topfpfl")->spalten)
+                    satz.Auslesen(QString::fromLatin1(spalte.name));
+                satz.synonyme(true);
+                satz.synonyme(false);
+                satz.familie(satz.Auslesen(QStringLiteral("FAMILIE")));
+            }));
+        }
+        std::printf("%-44s %8.2f ms  (goal <= 8)\n", "step with full repaint", median(ganz));
+        std::printf("%-44s %8.3f ms  (goal <= 0.2)\n", "step, data part", median(daten));
+        auto *cmdBotDeu = fenster->findChild<QAbstractButton *>(QStringLiteral("cmdBotDeu"));
+        const std::shared_ptr<Datenbank> db = ordner_.db();
+        vergleich("switch botanical/German", 1.5, [] {},
+                  [&] {
+                      cmdBotDeu->click();
+                      malen(*fenster);
+                  },
+                  [&] { namenSortieren(*db, QStringLiteral("DTNAM")); });
+    }
+
+    void filter()
+    {
+        const std::unique_ptr<Pflanzenfenster> fenster = gezeigt();
+        Filterdialog *dialog = fenster->filterdialog();
+        dialog->findChild<QLineEdit *>(QStringLiteral("txtMaxHoehe"))->setText(QStringLiteral("98,00"));
+        dialog->findChild<QLineEdit *>(QStringLiteral("txtMaxLicht"))->setText(QStringLiteral("99999"));
+        const QString kopie = ordner_.pfad(QStringLiteral("vergleich.tmp"));
+        for (const auto &[anteil, kaestchen] : {std::pair("5 %", 0), std::pair("50 %", 1), std::pair("95 %", 2)}) {
+            for (int i = 0; i < 3; ++i)
+                dialog->findChild<QCheckBox *>(QStringLiteral("sschkBenutzer_%1").arg(i))->setChecked(i == kaestchen);
+            const QByteArray name = QByteArray("filter run keeping ") + anteil;
+            vergleich(name.constData(), 1.3, [] {},
+                      [&] {
+                          dialog->cmdOK_Click();
+                          malen(*fenster);
+                      },
+                      [&] {
+                          kopiereUeber(ordner_.datenbank(), kopie);
+                          allesLesen(*Datenbank::OpenDatabase(kopie, Datenbank::Zugriff::Privat));
+                      });
+        }
+        std::printf("%-44s %8d of %d plants\n", "kept by the last run", fenster->Anzahl, int(fenster->satz().haupt().RecordCount()));
+    }
+
+private:
+    std::unique_ptr<Pflanzenfenster> neu()
+    {
+        return std::make_unique<Pflanzenfenster>(programm_, zentrale_, *fensterbeschreibung(Sparte::Topf), 1);
+    }
+    std::unique_ptr<Pflanzenfenster> gezeigt()
+    {
+        std::unique_ptr<Pflanzenfenster> fenster = neu();
+        fenster->Form_Activate();
+        fenster->show();
+        malen(*fenster);
+        return fenster;
+    }
+
+    Programmordner ordner_;
+    Programm programm_;
+    Testzentrale zentrale_;
+};
+
+void start()
+{
+    vergleich("start to the painted splash", 2, [] {},
+              [] {
+                  Ablauf ablauf;
+                  if (ablauf.starten() != Ablauf::Ergebnis::Laeuft)
+                      std::abort();
+                  QCoreApplication::processEvents();
+              },
+              [] {
+                  QMainWindow fenster;
+                  fenster.setCentralWidget(new QMdiArea(&fenster));
+                  fenster.resize(1024, 700);
+                  fenster.show();
+                  malen(fenster);
+              });
+}
+
+} // namespace
+
+int main(int anzahl, char **argumente)
+{
+    QApplication anwendung(anzahl, argumente);
+    if (anzahl != 2) {
+        std::fputs("Aufruf: bench_flox DATENBANK\n", stderr);
+        return 2;
+    }
+    std::printf("%s\n", argumente[1]);
+    {
+        Bank bank(QString::fromLocal8Bit(argumente[1]));
+        bank.oeffnen();
+        bank.anteile();
+        bank.schritte();
+        bank.filter();
+    }
+    if (QFile::exists(QCoreApplication::applicationDirPath() + QStringLiteral("/flox-demo.mdb")))
+        start();
+#ifdef Q_OS_UNIX
+    rusage verbrauch{};
+    getrusage(RUSAGE_SELF, &verbrauch);
+    std::printf("%-44s %8.0f MiB (goal < 200)\n", "peak memory", double(verbrauch.ru_maxrss) / 1024);
+#endif
+    return 0;
+}
