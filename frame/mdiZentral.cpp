@@ -15,6 +15,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QFile>
+#include <QGuiApplication>
 #include <QImage>
 #include <QLabel>
 #include <QMdiSubWindow>
@@ -23,8 +24,11 @@
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QRandomGenerator>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTime>
+
+#include <algorithm>
 
 mdiZentral::mdiZentral(Programm &programm) : programm_(programm), flaeche_(new Flaeche(this))
 {
@@ -88,7 +92,12 @@ void mdiZentral::statusleisteBauen()
 void mdiZentral::geometrieAnwenden()
 {
     resize(pixel(double(programm_.MdiBreite)), pixel(double(programm_.MdiHoehe)));
-    move(pixel(double(programm_.MdiLinks)), pixel(double(programm_.MdiOben)));
+    const QPoint ort(pixel(double(programm_.MdiLinks)), pixel(double(programm_.MdiOben)));
+    // A screen that is no longer there must not hide the window.
+    const bool sichtbar = std::ranges::any_of(QGuiApplication::screens(), [&](const QScreen *schirm) {
+        return schirm->availableGeometry().intersects(QRect(ort, QSize(width(), 40)));
+    });
+    move(sichtbar ? ort : QPoint(0, 0));
     if (programm_.MdiStatus == 2)
         setWindowState(Qt::WindowMaximized);
     else if (programm_.MdiStatus == 1)
@@ -198,6 +207,8 @@ void mdiZentral::FormenAktualisieren()
                 form = fensterAnlegen(sparte.sparte, nummer);
             form->eigenschaftenBenennen();
             form->Monatsbeschriftung();
+            if (Filterdialog *dialog = form->filterdialog())
+                dialog->Monatsbeschriftung();
             form->darstellen();
         }
     }
@@ -300,4 +311,6 @@ void mdiZentral::closeEvent(QCloseEvent *ereignis)
     EinstellungenSchreiben(programm_);
     AlleFensterSchliessen();
     ereignis->accept();
+    // Hidden before it was closed, it does not count as the last window.
+    QCoreApplication::quit();
 }

@@ -150,6 +150,8 @@ QWidget *Pflanzenfenster::leisteBauen()
 QWidget *Pflanzenfenster::kopfBauen()
 {
     auto *kopf = karte(QStringLiteral("fraKopf"), this);
+    kopf->setProperty("leertHinweis", true);
+    kopf->installEventFilter(this);
     auto *anordnung = new QHBoxLayout(kopf);
     anordnung->setContentsMargins(14, 8, 8, 8);
     auto *namen = new QWidget(kopf);
