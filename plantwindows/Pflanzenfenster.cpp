@@ -106,8 +106,13 @@ void Pflanzenfenster::darstellen()
         ~Malpause() { fenster->setUpdatesEnabled(true); }
     } pause(this);
     lblArtNr_->setText(satz_.artnr() ? QString::number(satz_.artnr()) : QString());
+    // What the user has entered and nobody has stored yet stays in its fields as long as its record does.
+    const bool behalten = DatenGeaendert && satz_.artnr() == gezeigt_;
+    const auto desBenutzers = [](Muster muster) { return muster == Muster::Benutzertext || muster == Muster::Benutzereigen; };
+    gezeigt_ = satz_.artnr();
     for (const auto &element : elemente_)
-        element->zeigen(satz_);
+        if (!behalten || !desBenutzers(element->beschreibung().muster))
+            element->zeigen(satz_);
     for (const Titel &titel : titel_) {
         bool etwas = false;
         for (const Anzeigeelement *element : titel.elemente) {

@@ -139,4 +139,5 @@ private:
     Artenmodell *arten_ = nullptr;
     QLabel *lblArtNr_ = nullptr;
     std::array<QLabel *, 4> stbAnzeige_{};
+    qint64 gezeigt_ = 0; ///< number of the record last shown
 };
