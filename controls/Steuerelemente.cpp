@@ -224,6 +224,8 @@ void Bildknopf::paintEvent(QPaintEvent *)
 void Bildknopf::mouseMoveEvent(QMouseEvent *ereignis)
 {
     QAbstractButton::mouseMoveEvent(ereignis);
+    // The panel below would take the move for one of its own.
+    ereignis->accept();
     emit mausBewegt();
 }
 
