@@ -11,6 +11,8 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 
+#include <algorithm>
+
 namespace {
 
 QString feldname(const char *feld)
@@ -247,9 +249,9 @@ public:
         const std::optional<QString> text = element_.ausArbeit ? satz.ausArbeit(feld)
                                           : satz.istNull(feld) ? std::nullopt
                                                                : std::optional(satz.Auslesen(feld));
-        // Without a rating the indicator stays where it was.
+        // Without a rating the indicator stays where it was; beyond the scale of 1 to 9 it goes one step off its end.
         if (const std::optional<double> wert = text ? zahlLesen(*text) : std::nullopt)
-            leiste_->setWert(int(*wert));
+            leiste_->setWert(int(std::clamp(*wert, 0.0, 10.0)));
     }
 
 private:
