@@ -3,8 +3,10 @@
 #include "frmAnzeigeApfel.h"
 #include "frmAnzeigeTopfpflanzen.h"
 
+#include <QList>
 #include <QSet>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -12,38 +14,55 @@ namespace {
 constexpr std::array<const Fensterbeschreibung *, anzahlSparten> beschreibungen{&frmAnzeigeTopfpflanzen, nullptr, nullptr,
                                                                                 &frmAnzeigeApfel, nullptr, nullptr};
 
-/// The kind of column that a pattern can show; empty when it fits.
-QString unpassend(const Element &element, const Spalte &spalte)
+QString wort(const char *name)
 {
-    const auto verlangt = [&](std::initializer_list<Art> arten) {
-        for (const Art art : arten)
-            if (spalte.art == art)
-                return QString();
-        return QStringLiteral("%1 kann %2 nicht zeigen").arg(QLatin1String(element.control), QLatin1String(spalte.name));
+    return QString::fromLatin1(name);
+}
+
+/// What keeps a pattern from showing its columns; empty when they fit.
+QString unpassend(const Element &element, const Tabelle &tabelle)
+{
+    const auto verlangt = [&](const char *feld, std::initializer_list<Art> arten) {
+        const Spalte *spalte = feld ? tabelle.spalte(wort(feld)) : nullptr;
+        if (!spalte)
+            return QStringLiteral("%1: kein Feld %2").arg(wort(element.control), wort(feld));
+        if (std::ranges::find(arten, spalte->art) == arten.end())
+            return QStringLiteral("%1 kann %2 nicht zeigen").arg(wort(element.control), wort(feld));
+        return QString();
+    };
+    const auto mit = [&](bool vorhanden, const QString &fehler) {
+        return vorhanden || !fehler.isEmpty() ? fehler : QStringLiteral("%1: Bilder, Wörter oder Farben fehlen").arg(wort(element.control));
     };
     switch (element.muster) {
     case Muster::Text:
     case Muster::DtName:
     case Muster::Synonyme:
-    case Muster::BotName: return verlangt({Art::Name, Art::Text, Art::Memo, Art::Code, Art::Zahl});
-    case Muster::Benutzertext: return verlangt({Art::Memo});
+    case Muster::BotName: return verlangt(element.feld, {Art::Name, Art::Text, Art::Memo, Art::Code, Art::Zahl});
+    case Muster::Benutzertext: return verlangt(element.feld, {Art::Memo});
     case Muster::Liste:
-    case Muster::Symbole:
+    case Muster::Ausbildung: return verlangt(element.feld, {Art::Flags});
     case Muster::Symbolfluss:
-    case Muster::Ausbildung: return verlangt({Art::Flags});
-    case Muster::Farbfeld:
-        if (!element.farben || !spalte.liste || int(element.farben->werte.size()) + 1 != spalte.liste->anzahl())
-            return QStringLiteral("%1: Farben und Wörter passen nicht zusammen").arg(QLatin1String(element.control));
-        return verlangt({Art::Flags});
-    case Muster::Monate: return verlangt({Art::Monate});
+        if (const QString fehler = element.feld2 ? verlangt(element.feld2, {Art::Wahrheit}) : QString(); !fehler.isEmpty())
+            return fehler;
+        [[fallthrough]];
+    case Muster::Symbole: return mit(!element.symbole.empty(), verlangt(element.feld, {Art::Flags}));
+    case Muster::Farbfeld: {
+        const QString fehler = verlangt(element.feld, {Art::Flags});
+        return mit(element.farben && fehler.isEmpty()
+                       && int(element.farben->werte.size()) + 1 == tabelle.spalte(wort(element.feld))->liste->anzahl(), fehler);
+    }
+    case Muster::Monate: return verlangt(element.feld, {Art::Monate});
     case Muster::VonBisMeter:
-    case Muster::VonBisMindest: return verlangt({Art::Zahl});
-    case Muster::Satz: return verlangt({Art::Wahrheit});
-    case Muster::Familie: return verlangt({Art::Familie});
+    case Muster::VonBisMindest: {
+        const QString fehler = verlangt(element.feld, {Art::Zahl});
+        return fehler.isEmpty() ? verlangt(element.feld2, {Art::Zahl}) : fehler;
+    }
+    case Muster::Satz: return verlangt(element.feld, {Art::Wahrheit});
+    case Muster::Familie: return verlangt(element.feld, {Art::Familie});
     case Muster::Bewertung:
-    case Muster::Herkunftsmarke: return verlangt({Art::Ganzzahl});
-    case Muster::Kaestchen: return verlangt({Art::Literatur, Art::Flags});
-    case Muster::Benutzereigen: return verlangt({Art::Eigen});
+    case Muster::Herkunftsmarke: return verlangt(element.feld, {Art::Ganzzahl});
+    case Muster::Kaestchen: return mit(!element.worte.empty(), verlangt(element.feld, {Art::Literatur, Art::Flags}));
+    case Muster::Benutzereigen: return verlangt(element.feld, {Art::Eigen});
     }
     return {};
 }
@@ -58,36 +77,40 @@ const Fensterbeschreibung *fensterbeschreibung(Sparte sparte)
 QString beschreibungsfehler(const Fensterbeschreibung &beschreibung)
 {
     const Tabelle *tabelle = schema::haupttabelle(eintrag(beschreibung.sparte).haupttabelle);
-    QSet<QString> namen;
-    const auto pruefen = [&](const Element &element) {
-        for (const char *feld : {element.feld, element.feld2}) {
-            const Spalte *spalte = feld ? tabelle->spalte(QString::fromLatin1(feld)) : nullptr;
-            if (feld && !spalte)
-                return QStringLiteral("%1: kein Feld %2").arg(QLatin1String(element.control), QLatin1String(feld));
-            if (feld == element.feld)
-                if (const QString fehler = unpassend(element, *spalte); !fehler.isEmpty())
-                    return fehler;
-        }
-        const QString name = QString::fromLatin1(element.control);
-        if (namen.contains(name))
-            return QStringLiteral("%1 steht doppelt").arg(name);
-        namen.insert(name);
-        return QString();
-    };
-    const auto alle = [&](std::span<const Element> elemente) {
-        for (const Element &element : elemente)
-            if (const QString fehler = pruefen(element); !fehler.isEmpty())
-                return fehler;
-        return QString();
-    };
     if (!tabelle)
         return QStringLiteral("keine Tabelle");
-    for (const auto &elemente : {beschreibung.kopf, beschreibung.tafel})
-        if (const QString fehler = alle(elemente); !fehler.isEmpty())
-            return fehler;
+    QSet<QString> controls, rahmen;
+    QList<const char *> genannt; // controls that must be there
+    QString fehler;
+    const auto melden = [&](const QString &neuer) {
+        if (fehler.isEmpty())
+            fehler = neuer;
+    };
+    const auto eintragen = [&](QSet<QString> &namen, const char *name) {
+        if (controls.contains(wort(name)) || rahmen.contains(wort(name)))
+            melden(QStringLiteral("%1 steht doppelt").arg(wort(name)));
+        namen.insert(wort(name));
+    };
+    const auto alle = [&](std::span<const Element> elemente) {
+        for (const Element &element : elemente) {
+            melden(unpassend(element, *tabelle));
+            eintragen(controls, element.control);
+            if (element.buntZiel)
+                genannt += element.buntZiel;
+        }
+    };
+    alle(beschreibung.kopf);
+    alle(beschreibung.tafel);
     for (const Reiter &reiter : beschreibung.reiter)
-        for (const Gruppe &gruppe : reiter.gruppen)
-            if (const QString fehler = alle(gruppe.elemente); !fehler.isEmpty())
-                return fehler;
-    return {};
+        for (const Gruppe &gruppe : reiter.gruppen) {
+            alle(gruppe.elemente);
+            eintragen(rahmen, gruppe.name);
+            if (gruppe.regel == Gruppenregel::Feld && !(gruppe.regelfeld && tabelle->spalte(wort(gruppe.regelfeld))))
+                melden(QStringLiteral("%1: kein Feld %2").arg(wort(gruppe.name), wort(gruppe.regelfeld)));
+            genannt.append(QList<const char *>(gruppe.regelcontrols.begin(), gruppe.regelcontrols.end()));
+        }
+    for (const char *control : std::as_const(genannt))
+        if (!controls.contains(wort(control)))
+            melden(QStringLiteral("kein Control %1").arg(wort(control)));
+    return fehler;
 }

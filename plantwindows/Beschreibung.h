@@ -99,6 +99,7 @@ struct Fensterbeschreibung
 /// Description of a Sparte's window; null while there is none.
 const Fensterbeschreibung *fensterbeschreibung(Sparte sparte);
 
-/// Linear check of a description: every field stands in the Sparte's schema, kinds fit patterns, no objectName stands twice.
+/// Linear check of a description: every field stands in the Sparte's schema, kinds fit patterns, no control or frame stands
+/// twice, what rules and marks name is there.
 /// Returns what is wrong, empty when nothing is.
 QString beschreibungsfehler(const Fensterbeschreibung &beschreibung);
