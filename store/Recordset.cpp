@@ -140,7 +140,7 @@ qint64 Recordset::Schluessel() const
 
 bool Recordset::Finden(qint64 schluessel)
 {
-    const auto gefunden = std::ranges::find(schluessel_, schluessel);
+    const auto gefunden = schluessel == geloescht ? schluessel_.end() : std::ranges::find(schluessel_, schluessel);
     suchen(gefunden - schluessel_.begin(), 1);
     return gefunden != schluessel_.end();
 }
@@ -167,10 +167,16 @@ int Recordset::finden(QStringView name) const
     for (int i = 0; i < namen_.size(); ++i)
         if (gleich(namen_[i], name))
             return i;
-    // A bare name may stand for one qualified column, a qualified name for a column that only its source has.
-    const qsizetype punkt = name.indexOf(u'.');
-    if (punkt >= 0)
-        return finden(name.mid(punkt + 1));
+    // A qualified name may stand for a column that only its source has, a bare name for one qualified column.
+    const qsizetype punkt = name.indexOf(u'.'), strich = name.indexOf(u'_');
+    if (const qsizetype ende = punkt >= 0 ? punkt : strich; ende >= 0 && (punkt >= 0 || schema::istQuelle(name.left(ende)))) {
+        const bool abfrage = auswahl_.tabelle.compare(u"Abfrage_Friedhof", Qt::CaseInsensitive) == 0;
+        for (int i = 0; i < namen_.size(); ++i)
+            if (gleich(namen_[i], name.mid(ende + 1))
+                && (abfrage ? schema::kommtAus(namen_[i], name.left(ende)) : gleich(auswahl_.tabelle, name.left(ende))))
+                return i;
+        return -1;
+    }
     int einzige = -1;
     for (int i = 0; i < namen_.size(); ++i) {
         const qsizetype trenner = QString(namen_[i]).replace(u'.', u'_').indexOf(u'_');

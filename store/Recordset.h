@@ -47,8 +47,9 @@ public:
     void MoveLast() { suchen(qsizetype(schluessel_.size()) - 1, -1); }
     void MoveNext() { suchen(stelle_ + 1, 1); }
     void MovePrevious() { suchen(stelle_ - 1, -1); }
-    bool Bof() const { return stelle_ < 0 || schluessel_.empty(); }
-    bool Eof() const { return stelle_ >= qsizetype(schluessel_.size()); }
+    /// Both are true once no record is left.
+    bool Bof() const { return stelle_ < 0 || anzahl_ == 0; }
+    bool Eof() const { return stelle_ >= qsizetype(schluessel_.size()) || anzahl_ == 0; }
 
     /// Counted from 0; -1 while there is no current record. Deleted records keep their place until the set is opened anew.
     qsizetype AbsolutePosition() const { return Bof() || Eof() ? -1 : stelle_; }

@@ -564,6 +564,14 @@ bool istQuelle(QStringView tabelle)
     });
 }
 
+bool kommtAus(QStringView gesucht, QStringView tabelle)
+{
+    return std::ranges::any_of(spaltenAbfrageFriedhof, [&](const Abfragespalte &spalte) {
+        return spalte.quelle && tabelle.compare(QLatin1String(spalte.quelle), Qt::CaseInsensitive) == 0
+            && gesucht.compare(QLatin1String(spalte.name), Qt::CaseInsensitive) == 0;
+    });
+}
+
 std::span<const char *const> pflichttabellen()
 {
     return pflicht;

@@ -61,6 +61,8 @@ const Tabelle *haupttabelle(QStringView name);
 std::span<const Abfragespalte> abfrageFriedhof();
 /// Whether the query's columns can be qualified by this table, case-blind.
 bool istQuelle(QStringView tabelle);
+/// Whether the query takes its column `spalte` from this table, case-blind.
+bool kommtAus(QStringView spalte, QStringView tabelle);
 /// Number of works that a literature flag string can name.
 inline constexpr int anzahlWerke = 20;
 /// Slots a picture row has for each of its two halves, "-G" and "-D".
