@@ -32,7 +32,7 @@ namespace {
     default:
         text = QStringLiteral("Fehler in der Datenbank '%1': ");
         if (const QString tabelle = QStringLiteral("no such table: "); meldung.startsWith(tabelle))
-            throw Fehler(QStringLiteral("In der Datenbank '%1' fehlt die Tabelle '%2'.").arg(datei, meldung.mid(tabelle.size())));
+            throw Fehler(QStringLiteral("In der Datenbank '%1' fehlt die Tabelle '%2'.").arg(datei, meldung.mid(tabelle.size()).section(u'.', -1)));
         if (const QString spalte = QStringLiteral("no such column: "); meldung.startsWith(spalte))
             throw Fehler(QStringLiteral("In der Datenbank '%1' fehlt das Feld '%2'.").arg(datei, meldung.mid(spalte.size())));
         throw Fehler(text.arg(datei) + meldung);
