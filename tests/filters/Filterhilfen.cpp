@@ -1,0 +1,294 @@
+#include "Filterhilfen.h"
+
+#include <QFile>
+#include <QMap>
+
+using namespace Qt::StringLiterals;
+
+const std::vector<Dateizeile> &dateizeilen(Sparte sparte)
+{
+    static QMap<Sparte, std::vector<Dateizeile>> bekannt;
+    std::vector<Dateizeile> &zeilen = bekannt[sparte];
+    if (!zeilen.empty())
+        return zeilen;
+    const QString name = u"%1/zeilen_%2.tsv"_s.arg(QStringLiteral(FLOX_FILTERZEILEN), sparte == Sparte::Topf ? u"to"_s : u"ap"_s);
+    QFile datei(name);
+    if (!datei.open(QIODevice::ReadOnly | QIODevice::Text))
+        qFatal("'%s' cannot be read.", qPrintable(name));
+    while (!datei.atEnd()) {
+        const QStringList spalten = QString::fromUtf8(datei.readLine()).chopped(1).split(u'\t');
+        Dateizeile zeile{spalten[0].toInt(), spalten[1], -1, spalten[2], spalten.value(3)};
+        if (const qsizetype klammer = zeile.control.indexOf(u'('); klammer >= 0) {
+            zeile.element = zeile.control.mid(klammer + 1).chopped(1).toInt();
+            zeile.control.truncate(klammer);
+        }
+        zeilen.push_back(zeile);
+    }
+    return zeilen;
+}
+
+QByteArray vorgabezeile(const Dateizeile &zeile)
+{
+    if (zeile.art == u"flag" || zeile.art == u"value")
+        return " 0 ";
+    if (zeile.art == u"colour")
+        return "-2147483633 ";
+    if (zeile.art == u"step")
+        return " 3 ";
+    if (zeile.art == u"boolean")
+        return zeile.element == 0 ? "True" : "False";
+    if (zeile.art == u"number text") {
+        const QMap<QString, QByteArray> zahlen{{u"txtMinHoehe"_s, "0.00"}, {u"txtMaxHoehe"_s, "99.00"}, {u"txtMinLicht"_s, "0"},
+                                               {u"txtMaxLicht"_s, "3000"}, {u"txtMinTemp"_s, "-20"}, {u"txtMaxTemp"_s, "50"}};
+        return zahlen.value(zeile.control, "(?)");
+    }
+    return zeile.control == u"cmbFamilie" ? "- Alle -" : "";
+}
+
+QByteArray vorgabedatei(Sparte sparte)
+{
+    QByteArray datei;
+    for (const Dateizeile &zeile : dateizeilen(sparte))
+        datei += vorgabezeile(zeile) + "\r\n";
+    return datei;
+}
+
+namespace {
+
+constexpr Regel regelnTo[] = {
+    {Regelart::Familie, "cmbFamilie", 0, "familie"},
+    {Regelart::Bild, "chkBild", 0, nullptr, "chkOhneBild"},
+    {Regelart::Typen, "chkTyp", 5, "pflanztyp", "chkGift", "giftig"},
+    {Regelart::Flags, "lblBlFarbe", 13, "farben"},
+    {Regelart::Flags, "lblBlMonat", 12, "bluehzeit"},
+    {Regelart::Flags, "lblFrFarbe", 13, "fruchtfarb"},
+    {Regelart::Flags, "lblFrMonat", 12, "fruchtzeit"},
+    {Regelart::Flags, "lblAngMonat", 12, "angebotsz"},
+    {Regelart::Flags, "chkHaltbarkeit", 3, "haltbar"},
+    {Regelart::Flags, "chkLaubFarbe", 9, "blattfarb"},
+    {Regelart::Flags, "chkWuchsForm", 14, "wuchsform"},
+    {Regelart::Hoehe, "txtMinHoehe", 0, "minhoehe", "txtMaxHoehe", "maxhoehe"},
+    {Regelart::Flags, "chkTageslaenge", 3, "tagesl"},
+    {Regelart::Flags, "imgLicht", 3, "sonne"},
+    {Regelart::Spanne, "txtMinLicht", 0, "lichtmin", "txtMaxLicht", "lichtmax"},
+    {Regelart::Spanne, "txtMinTemp", 0, "tempmin", "txtMaxTemp", "tempmax"},
+    {Regelart::Flags, "chkWasser", 3, "h_wasserst"},
+    {Regelart::Flags, "chkpH", 2, "h_ph"},
+    {Regelart::Flags, "chkVerwHydro", 5, "h_verw"},
+    {Regelart::Flags, "imgVerwendung", 8, "verwendung"},
+    {Regelart::Flags, "chkNachduengung", 3, "nachdueng"},
+    {Regelart::Flags, "chkKrank", 3, "krankh"},
+    {Regelart::Text, "txtKrank", 0, "schaden"},
+    {Regelart::SynonymBotanisch, "txtSynonym", 0},
+    {Regelart::SynonymDeutsch, "txtSynonymDeutsch", 0, "dtnam"},
+    {Regelart::Text, "txtSorte", 0, "sorten"},
+    {Regelart::Text, "txtbotName", 0, "bot_name"},
+    {Regelart::Text, "txtBenutzerText", 0, "benu_bemerkung"},
+    {Regelart::Flags, "sschkBenutzer", 5, "benu_eigen"},
+    {Regelart::Flags, "chkAusbildung", 6, "ausbildung"},
+    {Regelart::Bewertung, "optBewertung", 2, "bewertung", "sldBewertung"},
+};
+
+constexpr Regel regelnAp[] = {
+    {Regelart::Bild, "chkBild", 0, nullptr, "chkOhneBild"},
+    {Regelart::Flags, "ChkHaltbar", 4, "haltbark"},
+    {Regelart::Flags, "ChkFruGro", 4, "fruchtgr"},
+    {Regelart::Flags, "ChkFormLaengs", 10, "form_l"},
+    {Regelart::Flags, "ChkFormQuer", 5, "form_q"},
+    {Regelart::Flags, "ChkFruRelief", 6, "fruchtrel"},
+    {Regelart::Flags, "ChkAussGrif", 11, "aussehen"},
+    {Regelart::Flags, "ChkDruckFes", 3, "druck"},
+    {Regelart::Flags, "ChkGrundFar", 4, "grundfarbe"},
+    {Regelart::Flags, "ChkDeckFarb", 5, "deckfarbe"},
+    {Regelart::Flags, "ChkDFArt", 8, "df_art"},
+    {Regelart::Flags, "ChkDFAusd", 4, "df_ausdehn"},
+    {Regelart::Flags, "ChkSchBeros", 4, "rost"},
+    {Regelart::Flags, "ChkReif", 3, "reif"},
+    {Regelart::Flags, "ChkSchP", 10, "sch_punkt"},
+    {Regelart::Flags, "ChkKGr", 7, "k_grube"},
+    {Regelart::Flags, "ChkKGrRelie", 7, "k_relief"},
+    {Regelart::Flags, "ChkKGrUmgeb", 4, "k_umgebung"},
+    {Regelart::Flags, "ChkKGrBeros", 5, "k_berost"},
+    {Regelart::Flags, "ChkKGroesse", 3, "k_groesse"},
+    {Regelart::Flags, "ChkKOeffnun", 3, "k_oeffnung"},
+    {Regelart::Flags, "ChkKBlaette", 20, "k_blaetter"},
+    {Regelart::Flags, "ChkStGrGroe", 6, "st_grube"},
+    {Regelart::Flags, "ChkStGrBero", 12, "st_berost"},
+    {Regelart::Flags, "ChkStLaenge", 6, "st_laenge"},
+    {Regelart::Flags, "ChkStBesond", 10, "st_besond"},
+    {Regelart::Flags, "ChkSchKelch", 7, "k_roehre"},
+    {Regelart::Flags, "ChkSchGefB", 8, "g_buendel"},
+    {Regelart::Flags, "ChkSchKWFor", 5, "kw_form"},
+    {Regelart::Flags, "ChkSchKWRis", 7, "kw_risse"},
+    {Regelart::Flags, "ChkKernZahl", 3, "k_anzahl"},
+    {Regelart::Flags, "ChkKernQual", 3, "k_qualit"},
+    {Regelart::Flags, "ChkKernLaen", 3, "k_laenge"},
+    {Regelart::Flags, "ChkFrFlScha", 3, "schale"},
+    {Regelart::Flags, "ChkFrFlFarb", 6, "fl_farbe"},
+    {Regelart::Flags, "ChkFrFlStru", 11, "fl_strukt"},
+    {Regelart::Text, "txtName", 0, "bot_name"},
+    {Regelart::Text, "txtVName", 0, "dtnam"},
+    {Regelart::Text, "txtSynonym", 0, "synonym"},
+    {Regelart::Text, "txtBenutzerText", 0, "benu_bemerkung"},
+    {Regelart::Flags, "sschkBenutzer", 5, "benu_eigen"},
+    {Regelart::Flags, "chkAusbildung", 6, "ausbildung"},
+    {Regelart::Bewertung, "optBewertung", 2, "bewertung", "sldBewertung"},
+};
+
+} // namespace
+
+std::span<const Regel> regeln(Sparte sparte)
+{
+    return sparte == Sparte::Topf ? std::span<const Regel>(regelnTo) : std::span<const Regel>(regelnAp);
+}
+
+const Steuerteil &Zustand::steuerteil(const char *control) const
+{
+    for (const Kriterium &k : beschreibung.kriterien)
+        for (const Steuerteil *teil : {&k.a, &k.b})
+            if (teil->control && std::string_view(teil->control) == control)
+                return *teil;
+    qFatal("There is no control '%s'.", control);
+}
+
+Teilzustand &Zustand::operator[](const char *control)
+{
+    const Steuerteil *gesucht = &steuerteil(control);
+    size_t i = 0;
+    while (&beschreibung.kriterien[i].a != gesucht && &beschreibung.kriterien[i].b != gesucht)
+        ++i;
+    return &beschreibung.kriterien[i].a == gesucht ? werte.kriterien[i].a : werte.kriterien[i].b;
+}
+
+Zustand &Zustand::waehlen(const char *control, int element)
+{
+    const Steuerteil &teil = steuerteil(control);
+    int wert = 1;
+    if (teil.art == Steuerung::Farben && element < 12)
+        wert = 0x00AFFF;
+    else if (teil.art == Steuerung::Monate)
+        wert = int(0x80000003u);
+    (*this)[control].werte[size_t(element)] = wert;
+    return *this;
+}
+
+Zustand &Zustand::alle(const char *control)
+{
+    for (int i = 0; i < int((*this)[control].werte.size()); ++i)
+        waehlen(control, i);
+    return *this;
+}
+
+Zustand &Zustand::text(const char *control, const QString &text)
+{
+    (*this)[control].text = text;
+    return *this;
+}
+
+Zustand &Zustand::bewertung(int stufe, bool minimum)
+{
+    (*this)["sldBewertung"].werte = {stufe};
+    (*this)["optBewertung"].werte = {minimum, !minimum};
+    return *this;
+}
+
+bool Zustand::hat(const char *control, int element) const
+{
+    const Steuerteil &teil = steuerteil(control);
+    const int wert = (*this)[control].werte[size_t(element)];
+    const bool alsFarbe = teil.art == Steuerung::Monate || (teil.art == Steuerung::Farben && element < 12);
+    return alsFarbe ? wert != int(0x8000000Fu) : wert != 0;
+}
+
+Datensatz::Datensatz()
+{
+    mit("bewertung", u"5"_s).mit("giftig", u"False"_s);
+}
+
+Datensatz &Datensatz::mit(const char *feld, const QString &wert)
+{
+    werte_[QString::fromLatin1(feld).toLower()] = wert.isEmpty() ? QByteArray("") : wert.toUtf8();
+    return *this;
+}
+
+Datensatz &Datensatz::ohne(const char *feld)
+{
+    werte_.remove(QString::fromLatin1(feld).toLower());
+    return *this;
+}
+
+bool Datensatz::passt(const Filterpruefung &pruefung, qint64 artnr) const
+{
+    std::vector<std::string_view> werte;
+    for (const QString &feld : pruefung.felder()) {
+        const auto wert = werte_.constFind(feld.toLower());
+        werte.push_back(wert == werte_.cend() ? std::string_view() : std::string_view(wert->constData(), size_t(wert->size())));
+    }
+    return pruefung.passt(artnr, werte);
+}
+
+bool Datensatz::passt(const Zustand &zustand, Filterumgebung umgebung, qint64 artnr) const
+{
+    return passt(Filterpruefung(zustand.beschreibung, zustand.werte, std::move(umgebung)), artnr);
+}
+
+QString flags(int laenge, std::initializer_list<int> stellen)
+{
+    QString text(laenge, u'0');
+    for (const int stelle : stellen)
+        text[stelle - 1] = u'1';
+    return text;
+}
+
+bool laden(const Filterbeschreibung &beschreibung, const QByteArray &inhalt, Filterzustand &zustand)
+{
+    return filterLesen(beschreibung, inhalt, [&](int k, bool zweites, int element, int wert, const QString &text) {
+        Teilzustand &teil = zweites ? zustand.kriterien[size_t(k)].b : zustand.kriterien[size_t(k)].a;
+        if (teil.werte.empty())
+            teil.text = text;
+        else
+            teil.werte[size_t(element)] = wert;
+    });
+}
+
+Zustand zufallszustand(Sparte sparte, Zufall &zufall, const QStringList &texte, const QStringList &familien)
+{
+    Zustand z(sparte);
+    const auto eins = [&](const QStringList &liste) { return liste[zahl(zufall, 0, int(liste.size()) - 1)]; };
+    const auto gruppe = [&](const char *control) {
+        const int n = int(z[control].werte.size());
+        const int viele = einmalIn(zufall, 5) ? n : zahl(zufall, 1, n);
+        for (int i = 0; i < n; ++i)
+            if (viele == n || zahl(zufall, 0, n) < viele)
+                z.waehlen(control, i);
+    };
+    for (const Regel &regel : regeln(sparte)) {
+        // A few criteria at a time, so that some plants remain.
+        if (regel.art != Regelart::Bewertung && !einmalIn(zufall, regel.art == Regelart::Flags ? 9 : 5))
+            continue;
+        switch (regel.art) {
+        case Regelart::Familie: z.text(regel.control, eins(familien)); break;
+        case Regelart::Bild: z.waehlen(einmalIn(zufall, 3) ? regel.control2 : regel.control); break;
+        case Regelart::Typen:
+            gruppe(regel.control);
+            if (einmalIn(zufall, 2))
+                z.waehlen(regel.control2);
+            break;
+        case Regelart::Flags: gruppe(regel.control); break;
+        case Regelart::Hoehe:
+        case Regelart::Spanne: {
+            const bool temperatur = QLatin1String(regel.control) == "txtMinTemp"_L1;
+            const int unten = temperatur ? zahl(zufall, -22, 8) : zahl(zufall, 0, 3) * (regel.art == Regelart::Hoehe ? 1 : 500);
+            const int oben = temperatur ? zahl(zufall, 5, 52) : zahl(zufall, 1, 7) * (regel.art == Regelart::Hoehe ? 1 : 500);
+            const QStringList schreibweisen{u"%1"_s, u"%1,0"_s, u"%1.5"_s, u" %1 "_s};
+            z.text(regel.control, eins(schreibweisen).arg(unten)).text(regel.control2, eins(schreibweisen).arg(oben));
+            break;
+        }
+        case Regelart::Text:
+        case Regelart::SynonymBotanisch:
+        case Regelart::SynonymDeutsch: z.text(regel.control, eins(texte)); break;
+        case Regelart::Bewertung: z.bewertung(zahl(zufall, 1, 5), !einmalIn(zufall, 4)); break;
+        }
+    }
+    return z;
+}

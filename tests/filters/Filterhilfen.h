@@ -1,0 +1,95 @@
+#pragma once
+
+#include "filters/Filterdatei.h"
+#include "filters/Filterpruefung.h"
+
+#include <QHash>
+#include <QString>
+
+#include <random>
+
+/* What the tests of filters share. The rules and the lines stand here once more, written down by hand. */
+
+/// A line of a filter file.
+struct Dateizeile
+{
+    int nummer = 0; ///< counted from 1
+    QString control;
+    int element = -1; ///< -1: a single control
+    QString art;      ///< flag, text, colour, value, number text, boolean, step
+    QString eigenschaft;
+};
+const std::vector<Dateizeile> &dateizeilen(Sparte sparte);
+/// A line as a dialog in its default state writes it, without the line end.
+QByteArray vorgabezeile(const Dateizeile &zeile);
+/// The whole file of such a dialog.
+QByteArray vorgabedatei(Sparte sparte);
+
+enum class Regelart { Familie, Bild, Flags, Typen, Hoehe, Spanne, Text, SynonymBotanisch, SynonymDeutsch, Bewertung };
+
+/// A row test; the rules of a Sparte stand in the order of the tests.
+struct Regel
+{
+    Regelart art;
+    const char *control;
+    int anzahl; ///< elements of the array; 0: a single control
+    const char *feld = nullptr;
+    const char *control2 = nullptr;
+    const char *feld2 = nullptr;
+};
+std::span<const Regel> regeln(Sparte sparte);
+
+/// A state of a dialog, by the names of its controls.
+class Zustand
+{
+public:
+    explicit Zustand(Sparte sparte) : beschreibung(*filterbeschreibung(sparte)), werte(vorgabe(beschreibung)) {}
+
+    const Steuerteil &steuerteil(const char *control) const;
+    Teilzustand &operator[](const char *control);
+    const Teilzustand &operator[](const char *control) const { return const_cast<Zustand &>(*this)[control]; }
+    /// Selects an element as a click would.
+    Zustand &waehlen(const char *control, int element = 0);
+    Zustand &alle(const char *control);
+    Zustand &text(const char *control, const QString &text);
+    /// Slider and option: "Minimum" or "Maximum".
+    Zustand &bewertung(int stufe, bool minimum);
+    /// Whether an element shows as selected.
+    bool hat(const char *control, int element = 0) const;
+
+    const Filterbeschreibung &beschreibung;
+    Filterzustand werte;
+};
+
+/// A record in memory; fields that were not set are null.
+class Datensatz
+{
+public:
+    /// Passes the default dialog.
+    Datensatz();
+    Datensatz &mit(const char *feld, const QString &wert);
+    Datensatz &ohne(const char *feld);
+    bool passt(const Filterpruefung &pruefung, qint64 artnr = 1) const;
+    /// The same with a test made for the state.
+    bool passt(const Zustand &zustand, Filterumgebung umgebung = {}, qint64 artnr = 1) const;
+
+private:
+    QHash<QString, QByteArray> werte_;
+};
+
+/// Flag string of `laenge` with "1" at the given positions, counted from 1.
+QString flags(int laenge, std::initializer_list<int> stellen = {});
+/// Applies a file to a state, as a dialog would; false after a read error.
+bool laden(const Filterbeschreibung &beschreibung, const QByteArray &inhalt, Filterzustand &zustand);
+
+using Zufall = std::mt19937;
+inline int zahl(Zufall &zufall, int von, int bis)
+{
+    return std::uniform_int_distribution(von, bis)(zufall);
+}
+inline bool einmalIn(Zufall &zufall, int anzahl)
+{
+    return zahl(zufall, 1, anzahl) == 1;
+}
+/// A dialog in a state that any sequence of clicks and keys could leave, its number boxes readable. `texte` fills the text boxes.
+Zustand zufallszustand(Sparte sparte, Zufall &zufall, const QStringList &texte, const QStringList &familien);

@@ -1,0 +1,155 @@
+#include "Filterhilfen.h"
+
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+/* The tables of criteria against the lines and the rules written down beside them. */
+
+class TestKriterien : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void tabellenSindStimmig_data() { sparten(); }
+    void tabellenSindStimmig();
+    void zeilenDerDatei_data() { sparten(); }
+    void zeilenDerDatei();
+    void reihenfolgeDerPruefungen_data() { sparten(); }
+    void reihenfolgeDerPruefungen();
+    void fehlerFallenAuf_data();
+    void fehlerFallenAuf();
+    void ohneTabelle();
+
+private:
+    void sparten();
+};
+
+void TestKriterien::sparten()
+{
+    QTest::addColumn<Sparte>("sparte");
+    QTest::newRow("to") << Sparte::Topf;
+    QTest::newRow("ap") << Sparte::Apfel;
+}
+
+void TestKriterien::tabellenSindStimmig()
+{
+    QFETCH(const Sparte, sparte);
+    const Filterbeschreibung *b = filterbeschreibung(sparte);
+    QVERIFY(b);
+    QCOMPARE(b->sparte, sparte);
+    QCOMPARE(filterfehler(*b), QString());
+    QCOMPARE(b->zeilen, int(dateizeilen(sparte).size()));
+}
+
+/// Kind of a control as a line of a file names it.
+static QString zeilenart(const Dateistelle &stelle)
+{
+    switch (stelle.teil->art) {
+    case Steuerung::Kaestchen: return u"flag"_s;
+    case Steuerung::KaestchenWert: return u"value CheckBoxValue"_s;
+    case Steuerung::Farben: return stelle.element == stelle.teil->anzahl - 1 ? u"value BackStyle"_s : u"colour"_s;
+    case Steuerung::Monate: return u"colour"_s;
+    case Steuerung::Bilder: return u"value BorderStyle"_s;
+    case Steuerung::Text:
+    case Steuerung::Liste: return u"text"_s;
+    case Steuerung::Zahl: return u"number text"_s;
+    case Steuerung::Option: return u"boolean"_s;
+    case Steuerung::Schieber: return u"step"_s;
+    }
+    return {};
+}
+
+void TestKriterien::zeilenDerDatei()
+{
+    QFETCH(const Sparte, sparte);
+    const std::vector<Dateistelle> stellen = dateistellen(*filterbeschreibung(sparte));
+    QCOMPARE(stellen.size(), dateizeilen(sparte).size());
+    for (size_t i = 0; i < stellen.size(); ++i) {
+        const Dateizeile &soll = dateizeilen(sparte)[i];
+        const Dateistelle &ist = stellen[i];
+        const QByteArray wo = "line " + QByteArray::number(soll.nummer);
+        QVERIFY2(soll.nummer == int(i) + 1, wo);
+        QVERIFY2(QLatin1String(ist.teil->control) == soll.control, wo);
+        QVERIFY2(ist.element == (soll.element < 0 ? 0 : soll.element), wo);
+        QVERIFY2((ist.teil->anzahl == 0) == (soll.element < 0), wo);
+        QVERIFY2(zeilenart(ist) == (soll.art + u' ' + soll.eigenschaft).trimmed(), wo);
+        const Kriterium &k = filterbeschreibung(sparte)->kriterien[size_t(ist.kriterium)];
+        QVERIFY2(ist.teil == (ist.zweites ? &k.b : &k.a), wo);
+    }
+}
+
+void TestKriterien::reihenfolgeDerPruefungen()
+{
+    QFETCH(const Sparte, sparte);
+    const QMap<Pruefung, QList<Regelart>> arten{
+        {Pruefung::Familie, {Regelart::Familie}}, {Pruefung::Bild, {Regelart::Bild}}, {Pruefung::Flags, {Regelart::Flags}},
+        {Pruefung::FlagsOderWahr, {Regelart::Typen}}, {Pruefung::Bereich, {Regelart::Hoehe, Regelart::Spanne}},
+        {Pruefung::Enthaelt, {Regelart::Text}}, {Pruefung::SynonymBotanisch, {Regelart::SynonymBotanisch}},
+        {Pruefung::SynonymDeutsch, {Regelart::SynonymDeutsch}}, {Pruefung::Bewertung, {Regelart::Bewertung}}};
+    const std::span<const Kriterium> kriterien = filterbeschreibung(sparte)->kriterien;
+    QCOMPARE(kriterien.size(), regeln(sparte).size());
+    for (size_t i = 0; i < kriterien.size(); ++i) {
+        const Kriterium &k = kriterien[i];
+        const Regel &regel = regeln(sparte)[i];
+        QVERIFY2(arten.value(k.pruefung).contains(regel.art), regel.control);
+        QCOMPARE(k.a.control, regel.control);
+        QCOMPARE(k.a.anzahl, regel.anzahl);
+        QCOMPARE(QString::fromLatin1(k.b.control), QString::fromLatin1(regel.control2));
+        QCOMPARE(QString::fromLatin1(k.feld).toLower(), QString::fromLatin1(regel.feld));
+        QCOMPARE(QString::fromLatin1(k.feld2).toLower(), QString::fromLatin1(regel.feld2));
+        if (k.pruefung == Pruefung::Bereich) {
+            QCOMPARE(k.regel, regel.art == Regelart::Hoehe ? Bereichsregel::GleicheZahlen : Bereichsregel::GleicherText);
+            QCOMPARE(k.untereGegenMax, regel.art == Regelart::Spanne);
+        }
+    }
+}
+
+using Aenderung = void (*)(std::vector<Kriterium> &, Filterbeschreibung &);
+Q_DECLARE_METATYPE(Aenderung)
+
+void TestKriterien::fehlerFallenAuf_data()
+{
+    QTest::addColumn<Aenderung>("aenderung");
+    QTest::addColumn<QString>("meldung");
+    const auto zeile = [](const char *name, Aenderung aenderung, const QString &meldung) { QTest::newRow(name) << aenderung << meldung; };
+    zeile("unverändert", [](std::vector<Kriterium> &, Filterbeschreibung &) {}, {});
+    zeile("Feld", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[3].feld = "FARBE"; }, u"kein Feld FARBE"_s);
+    zeile("zweites Feld", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[2].feld2 = "GIFT"; }, u"kein Feld GIFT"_s);
+    zeile("Reiter", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[3].reiter = 7; }, u"lblBlFarbe: kein Reiter 7"_s);
+    zeile("doppelt", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[5].a.control = "lblBlFarbe"; }, u"lblBlFarbe steht doppelt"_s);
+    zeile("Farben", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[3].a.farben = nullptr; },
+          u"lblBlFarbe: Farben und Anzahl passen nicht zusammen"_s);
+    zeile("Wörter", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[8].a.anzahl = 4; }, u"chkHaltbarkeit: mehr Kästchen als Wörter"_s);
+    zeile("eigene Wörter", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[10].a.anzahl = 13; },
+          u"chkWuchsForm: 14 Wörter für 13 Kästchen"_s);
+    zeile("Zeile doppelt", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[1].a.zeile = 1; },
+          u"chkBild: Zeile 1 steht doppelt oder gibt es nicht"_s);
+    zeile("Zeile zu groß", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[1].a.zeile = 153; },
+          u"chkBild: Zeile 153 steht doppelt oder gibt es nicht"_s);
+    zeile("Zeile fehlt", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[1].a.zeile = 0; }, u"Zeile 2 fehlt"_s);
+    zeile("Zeile zu viel", [](std::vector<Kriterium> &, Filterbeschreibung &b) { ++b.zeilen; }, u"Zeile 153 fehlt"_s);
+}
+
+void TestKriterien::fehlerFallenAuf()
+{
+    QFETCH(const Aenderung, aenderung);
+    Filterbeschreibung b = *filterbeschreibung(Sparte::Topf);
+    std::vector<Kriterium> kriterien(b.kriterien.begin(), b.kriterien.end());
+    aenderung(kriterien, b);
+    b.kriterien = kriterien;
+    QTEST(filterfehler(b), "meldung");
+}
+
+void TestKriterien::ohneTabelle()
+{
+    for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
+        QVERIFY(filterbeschreibung(sparte));
+    // What has no table has no dialog either; it must not be somebody else's.
+    for (const SpartenEintrag &e : alleSparten())
+        if (const Filterbeschreibung *b = filterbeschreibung(e.sparte))
+            QCOMPARE(b->sparte, e.sparte);
+}
+
+QTEST_GUILESS_MAIN(TestKriterien)
+#include "tst_kriterien.moc"
