@@ -1,5 +1,6 @@
 #include "Pflanzendaten.h"
 
+#include "store/Bildnamen.h"
 #include "store/Recordset.h"
 #include "store/Sparten.h"
 #include "store/Text.h"
@@ -29,6 +30,13 @@ constexpr QStringView spannen[][2] = {
     {u"BLMINH", u"BLMAXH"}, {u"MINHOEHE", u"MAXHOEHE"}, {u"LICHTMIN", u"LICHTMAX"}, {u"TEMPMIN", u"TEMPMAX"}};
 
 constexpr int groessteNummer = 32767; // number searches convert to 16 bits
+
+/// Tables for whose plants two plates are drawn, with what these show.
+constexpr struct
+{
+    QStringView tabelle, gesamt, detail;
+} tafeln[] = {{u"Topfpfl", u"Gesamtansicht, schematisch", u"Blüte und Blatt, schematisch"},
+              {u"Apfel", u"Gesamtansicht, schematisch", u"Frucht außen und im Schnitt, schematisch"}};
 
 int monat(QStringView text)
 {
@@ -229,6 +237,10 @@ void Pflanzendaten::pflanze(const RecSatz &satz, const Tabelle &tabelle)
     nummern_.insert(eindeutig.arg(nummer));
     namen_.insert(eindeutig.arg(name));
 
+    for (const auto &tafel : tafeln)
+        if (tafel.tabelle == tabellenname)
+            bildnamePruefen(satz, name);
+
     spalten += QStringLiteral("Benu_Aenderung");
     marken += QStringLiteral("1");
     db_->Execute(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)").arg(tabellenname, spalten.join(u','), marken.join(u',')), werte);
@@ -241,10 +253,36 @@ void Pflanzendaten::pflanze(const RecSatz &satz, const Tabelle &tabelle)
     ++anzahl_[tabellenname];
 }
 
+void Pflanzendaten::bildnamePruefen(const RecSatz &satz, const QString &name)
+{
+    const QString stamm = bildname(name);
+    if (stamm.isEmpty())
+        satz.falsch(satz.zeile(), QStringLiteral("%1 ergibt keinen Bildnamen").arg(name));
+    const QString eindeutig = satz.typ + u' ' + stamm;
+    if (bildnamen_.contains(eindeutig))
+        satz.falsch(satz.zeile(), QStringLiteral("Bildname %1 steht doppelt").arg(stamm));
+    bildnamen_.insert(eindeutig);
+}
+
+void Pflanzendaten::bilderEintragen()
+{
+    for (const auto &[tabelle, gesamt, detail] : tafeln) {
+        std::vector<std::pair<qint64, QString>> pflanzen;
+        Anweisung &zeilen = db_->vorbereitet(QStringLiteral("SELECT ARTNR, BOT_NAME FROM %1").arg(tabelle));
+        while (zeilen.schritt())
+            pflanzen.emplace_back(zeilen.zahl(0), bildname(zeilen.text(1)));
+        const QString befehl = QStringLiteral("UPDATE %1_Bilder SET \"BILD1-G\" = ?, \"BEMERKUNG1-G\" = ?, \"BILD1-D\" = ?, "
+                                              "\"BEMERKUNG1-D\" = ? WHERE ARTNR = ?").arg(tabelle);
+        for (const auto &[nummer, stamm] : pflanzen)
+            db_->Execute(befehl, {stamm, gesamt.toString(), stamm + QStringLiteral("-detail"), detail.toString(), nummer});
+    }
+}
+
 void Pflanzendaten::abschliessen()
 {
     for (const Tabelle &tabelle : schema::haupttabellen())
         db_->Execute(QStringLiteral("INSERT INTO %1_Bilder (ARTNR, BotName) SELECT ARTNR, BOT_NAME FROM %1").arg(QLatin1String(tabelle.name)));
+    bilderEintragen();
     transaktion_.festschreiben();
     db_->Execute(QStringLiteral("ANALYZE"));
 }

@@ -8,7 +8,7 @@
 #include <QSet>
 
 /* From plant sources to the working database. Whatever the sources get wrong is a Quellfehler with file and line: an unknown
-   field, word or family, a doubled number, a minimum above its maximum. */
+   field, word or family, a doubled number or picture name, a minimum above its maximum. */
 class Pflanzendaten
 {
 public:
@@ -29,11 +29,13 @@ public:
 private:
     void familie(const RecSatz &satz);
     void pflanze(const RecSatz &satz, const Tabelle &tabelle);
+    void bildnamePruefen(const RecSatz &satz, const QString &name);
+    void bilderEintragen();
     QVariant wert(const RecSatz &satz, const RecFeld &feld, const Spalte &spalte);
 
     std::shared_ptr<Datenbank> db_;
     Transaktion transaktion_;
     QHash<QString, int> familien_;
     QHash<QString, int> anzahl_;
-    QSet<QString> nummern_, namen_;
+    QSet<QString> nummern_, namen_, bildnamen_;
 };
