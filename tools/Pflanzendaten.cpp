@@ -14,8 +14,10 @@ namespace {
 std::shared_ptr<Datenbank> leereDatenbank(const QString &ziel)
 {
     std::shared_ptr<Datenbank> db = Datenbank::CreateDatabase(ziel);
+    Transaktion transaktion(*db);
     for (const QString &befehl : schema::anlegen())
         db->Execute(befehl);
+    transaktion.festschreiben();
     return db;
 }
 
@@ -139,6 +141,8 @@ QVariant Pflanzendaten::wert(const RecSatz &satz, const RecFeld &feld, const Spa
                 const int werk = teil.trimmed().toInt();
                 if (werk < 1 || werk > schema::anzahlWerke)
                     falsch(QStringLiteral("kein Werk: \"%1\"").arg(teil.trimmed()));
+                if (flags[werk - 1] == u'1')
+                    falsch(QStringLiteral("Werk %1 steht doppelt").arg(werk));
                 flags[werk - 1] = u'1';
             }
             return flags;
@@ -209,6 +213,8 @@ void Pflanzendaten::pflanze(const RecSatz &satz, const Tabelle &tabelle)
         if (!spalte)
             satz.falsch(feld.zeile, QStringLiteral("unbekanntes Feld \"%1\"").arg(feld.name));
         const QString spaltenname = QString::fromLatin1(spalte->name);
+        if (spaltenname.startsWith(u"benu_", Qt::CaseInsensitive))
+            satz.falsch(feld.zeile, QStringLiteral("%1 gehört dem Benutzer").arg(feld.name));
         if (gesetzt.contains(spaltenname))
             satz.falsch(feld.zeile, QStringLiteral("%1 steht doppelt").arg(feld.name));
         gesetzt.insert(spaltenname);

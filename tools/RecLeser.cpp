@@ -18,8 +18,6 @@ void RecSatz::falsch(int zeile, const QString &was) const
 
 std::vector<RecSatz> recLesen(const QByteArray &utf8, const QString &datei)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8);
-    const QString text = decoder(utf8);
     std::vector<RecSatz> saetze;
     RecSatz satz;
     satz.datei = datei;
@@ -29,10 +27,12 @@ std::vector<RecSatz> recLesen(const QByteArray &utf8, const QString &datei)
         satz.felder.clear();
     };
     int zeile = 0;
-    if (decoder.hasError())
-        satz.falsch(1, QStringLiteral("kein UTF-8"));
-    for (const QString &roh : text.split(u'\n')) {
+    for (const QByteArray &bytes : utf8.split('\n')) {
         ++zeile;
+        QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+        const QString roh = decoder(bytes);
+        if (decoder.hasError())
+            satz.falsch(zeile, QStringLiteral("kein UTF-8"));
         const QString inhalt = roh.trimmed();
         if (inhalt.isEmpty()) {
             abschliessen();

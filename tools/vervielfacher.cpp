@@ -42,7 +42,7 @@ void vervielfachen(Datenbank &db, const QString &tabelle, qint64 anzahl)
     for (const char *art : {"Botanisch", "Deutsch"})
         if (const QString syn = QStringLiteral("%1_Synonyme_%2").arg(tabelle, QLatin1String(art)); db.hatTabelle(syn))
             for (qint64 runde = 1; runde * echte < anzahl; ++runde)
-                db.Execute(QStringLiteral("INSERT INTO %1 SELECT ARTNR + ?1, SYN FROM %1 WHERE ARTNR <= %2").arg(syn).arg(groesste), {runde * groesste});
+                db.Execute(QStringLiteral("INSERT INTO %1 SELECT ARTNR + ?1, SYN FROM %1 WHERE ARTNR <= %2 AND ARTNR + ?1 IN (SELECT ARTNR FROM %3)").arg(syn).arg(groesste).arg(tabelle), {runde * groesste});
     db.Execute(QStringLiteral("DELETE FROM %1_Bilder").arg(tabelle));
     db.Execute(QStringLiteral("INSERT INTO %1_Bilder (ARTNR, BotName) SELECT ARTNR, BOT_NAME FROM %1").arg(tabelle));
     transaktion.festschreiben();
