@@ -64,6 +64,8 @@ private:
     {
         const std::shared_ptr<Datenbank> db = Datenbank::OpenDatabase(pfad);
         [&] { QCOMPARE(werte(*db, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s}); }();
+        if (QTest::currentTestFailed())
+            return false;
         const QStringList notizen = werte(*db, u"SELECT benu_bemerkung FROM Topfpfl ORDER BY ARTNR"_s);
         const QStringList eigen = werte(*db, u"SELECT benu_eigen FROM Topfpfl ORDER BY ARTNR"_s);
         bool auchUnterwegs = false;

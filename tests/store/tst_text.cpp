@@ -152,6 +152,35 @@ private slots:
         QTEST(::flagGesetzt(flags, p), "gesetzt");
     }
 
+    void monatsbeschriftungen()
+    {
+        QString buchstaben;
+        for (int i = 0; i < 12; ++i) {
+            buchstaben += monatsbeschriftung(i, true);
+            QCOMPARE(monatsbeschriftung(i, false), QString::number(i + 1));
+        }
+        QCOMPARE(buchstaben, u"JFMAMJJASOND"_s);
+    }
+
+    void codeseite_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("zurueck");
+        QTest::newRow("leer") << u""_s << QByteArray("") << u""_s;
+        QTest::newRow("ASCII") << u"Ficus 1\r\n"_s << QByteArray("Ficus 1\r\n") << u"Ficus 1\r\n"_s;
+        QTest::newRow("Umlaute") << u"äöüÄÖÜß×°²"_s << QByteArray("\xe4\xf6\xfc\xc4\xd6\xdc\xdf\xd7\xb0\xb2") << u"äöüÄÖÜß×°²"_s;
+        QTest::newRow("Anführung und Euro") << u"„“€–"_s << QByteArray("\x84\x93\x80\x96") << u"„“€–"_s;
+        QTest::newRow("passt nicht") << u"aŁb"_s << QByteArray("a?b") << u"a?b"_s;
+    }
+    void codeseite()
+    {
+        QFETCH(QString, text);
+        QFETCH(QByteArray, bytes);
+        QCOMPARE(nachCp1252(text), bytes);
+        QTEST(ausCp1252(bytes), "zurueck");
+    }
+
     void herkunft_data()
     {
         QTest::addColumn<QString>("hk");
