@@ -1,0 +1,31 @@
+#include "mIntelJPEGLibrary.h"
+
+#include "cDIBSection.h"
+#include "store/Dateien.h"
+#include "store/Pfade.h"
+
+#include <turbojpeg.h>
+
+#include <memory>
+
+namespace mIntelJPEGLibrary {
+
+void *(*anfang)() = tjInitCompress;
+
+bool SaveJPG(const cDIBSection &dib, const QString &dateiname, qint32 qualitaet)
+{
+    const std::unique_ptr<void, decltype(&tjDestroy)> bibliothek(anfang(), tjDestroy);
+    if (!bibliothek)
+        throw JPEGFehler(QStringLiteral("IJL-Library kann nicht initialisiert werden: %1").arg(tjGetErrorCode(nullptr)));
+    unsigned char *puffer = nullptr;
+    unsigned long bytes = 0;
+    const int status = tjCompress2(bibliothek.get(), dib.DIBSectionBitsPtr(), dib.Width(), dib.BytesPerScanLine(), dib.Height(),
+                                   TJPF_BGR, &puffer, &bytes, TJSAMP_420, qualitaet, TJFLAG_BOTTOMUP);
+    const std::unique_ptr<unsigned char, decltype(&tjFree)> besitz(puffer, tjFree);
+    if (status != 0
+        || !schreibeSicher(systemPfad(dateiname), QByteArray::fromRawData(reinterpret_cast<char *>(puffer), qsizetype(bytes))))
+        throw JPEGFehler(QStringLiteral("Speichern fehlgeschlagen"));
+    return true;
+}
+
+} // namespace mIntelJPEGLibrary

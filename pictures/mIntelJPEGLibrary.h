@@ -1,0 +1,24 @@
+#pragma once
+
+#include "store/Fehler.h"
+
+class cDIBSection;
+
+/// A failure of the JPEG writer, with the number that callers know it by.
+class JPEGFehler : public Fehler
+{
+public:
+    explicit JPEGFehler(QString text) : Fehler(std::move(text)) {}
+    quint32 nummer() const { return 0x80040001; }
+};
+
+namespace mIntelJPEGLibrary {
+
+/// Writes the bitmap as JPEG at the quality 1 to 100, the whole file or nothing. True, or throws a JPEGFehler: also for an
+/// empty bitmap and any other quality. The name may be written with "\".
+bool SaveJPG(const cDIBSection &dib, const QString &dateiname, qint32 qualitaet);
+
+/// Opens the library; a test puts a failing one here.
+extern void *(*anfang)();
+
+} // namespace mIntelJPEGLibrary
