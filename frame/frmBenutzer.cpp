@@ -60,8 +60,8 @@ frmBenutzer::frmBenutzer(Programm &programm, std::function<void()> umbenannt, QW
     });
     connect(cmdSpeichern, &QPushButton::clicked, this, geschuetzt(this, [this] { cmdSpeichern_Click(); }));
     connect(cmdOK, &QPushButton::clicked, this, geschuetzt(this, [this] {
-                cmdSpeichern_Click();
-                accept();
+                if (cmdSpeichern_Click())
+                    accept();
             }));
     connect(cmdAbbrechen, &QPushButton::clicked, this, &QDialog::reject);
     optEigen_->button(0)->setChecked(true);
@@ -78,11 +78,11 @@ QString *frmBenutzer::name()
     return &programm_.BenutzerNamen[size_t(*sparte)][size_t(optEigen_->checkedId())];
 }
 
-void frmBenutzer::cmdSpeichern_Click()
+bool frmBenutzer::cmdSpeichern_Click()
 {
     QString *ziel = name();
     if (!ziel)
-        return;
+        return false;
     const QString vorher = std::exchange(*ziel, txtName_->text());
     try {
         benutzernamenSchreiben(programm_);
@@ -91,4 +91,5 @@ void frmBenutzer::cmdSpeichern_Click()
         throw;
     }
     umbenannt_();
+    return true;
 }

@@ -18,7 +18,8 @@ public:
     /// `umbenannt` runs after every store.
     frmBenutzer(Programm &programm, std::function<void()> umbenannt, QWidget *eltern);
 
-    void cmdSpeichern_Click();
+    /// False, after a message, where no Sparte is active.
+    bool cmdSpeichern_Click();
 
 private:
     QString *name();

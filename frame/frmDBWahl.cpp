@@ -2,13 +2,13 @@
 
 #include "plantwindows/Beschreibung.h"
 #include "controls/Bilder.h"
+#include "controls/Steuerelemente.h"
 #include "store/Programm.h"
 
 #include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QPushButton>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -16,6 +16,7 @@
 namespace {
 
 constexpr QSize bildgroesse(160, 120);
+const QString hintergrund = QStringLiteral("wahl/hintergrund");
 /// Places of the Sparten, row by row.
 constexpr int spalten = 3;
 
@@ -90,6 +91,12 @@ frmDBWahl::frmDBWahl(Programm &programm) : QWidget(nullptr, Qt::Window | Qt::Win
     alles->addLayout(raster);
     alles->addWidget(cmdFensterAlleine, 0, Qt::AlignHCenter);
     setFixedSize(sizeHint());
+    auto *picHintergrund = new Bildfeld(bilder::eigengroesse(hintergrund).scaled(size(), Qt::KeepAspectRatioByExpanding), this);
+    picHintergrund->setObjectName(QStringLiteral("picHintergrund"));
+    picHintergrund->setAttribute(Qt::WA_TransparentForMouseEvents);
+    picHintergrund->setBild(hintergrund);
+    picHintergrund->move((width() - picHintergrund->width()) / 2, (height() - picHintergrund->height()) / 2);
+    picHintergrund->lower();
     programm.StartPhase = false;
 }
 
@@ -103,11 +110,4 @@ void frmDBWahl::changeEvent(QEvent *ereignis)
         warAktiv_ = true;
     else if (warAktiv_ && isVisible())
         close();
-}
-
-void frmDBWahl::paintEvent(QPaintEvent *)
-{
-    QPainter maler(this);
-    const QSize bild = QSize(640, 480).scaled(size(), Qt::KeepAspectRatioByExpanding);
-    bilder::malen(maler, QRect(QPoint((width() - bild.width()) / 2, (height() - bild.height()) / 2), bild), QStringLiteral("wahl/hintergrund"));
 }

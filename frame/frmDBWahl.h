@@ -22,7 +22,6 @@ signals:
 
 protected:
     void changeEvent(QEvent *ereignis) override;
-    void paintEvent(QPaintEvent *ereignis) override;
 
 private:
     bool warAktiv_ = false;

@@ -55,7 +55,6 @@ frmStart::frmStart(const QString &version) : QWidget(nullptr, Qt::SplashScreen |
     setFixedSize(groesse);
     new Startbild(version, this);
     Timer1_.setObjectName(QStringLiteral("Timer1"));
-    Timer1_.setParent(nullptr);
     Timer1_.setInterval(5000);
     connect(&Timer1_, &QTimer::timeout, this, &frmStart::fertig);
     Timer1_.start();

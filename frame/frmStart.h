@@ -15,5 +15,5 @@ signals:
     void fertig();
 
 private:
-    QTimer Timer1_;
+    QTimer Timer1_{this};
 };
