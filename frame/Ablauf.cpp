@@ -30,7 +30,13 @@ bool Ablauf::einzigeInstanz()
     const QByteArray kennung = QCryptographicHash::hash(QCoreApplication::applicationDirPath().toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
     sperre_ = std::make_unique<QLockFile>(QDir::temp().filePath(QStringLiteral("flox-%1.lock").arg(QLatin1String(kennung))));
     sperre_->setStaleLockTime(0);
-    return sperre_->tryLock(0) || sperre_->error() != QLockFile::LockFailedError;
+    const auto gesperrt = [this] { return !sperre_->tryLock(0) && sperre_->error() == QLockFile::LockFailedError; };
+    if (!gesperrt())
+        return true;
+    // A crash of the machine can leave a lock that names no process; the lock of a running one cannot be removed.
+    qint64 prozess = 0;
+    QString rechner, name;
+    return !sperre_->getLockInfo(&prozess, &rechner, &name) && sperre_->removeStaleLockFile() && !gesperrt();
 }
 
 Ablauf::Ergebnis Ablauf::starten()
