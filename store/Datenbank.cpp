@@ -206,11 +206,13 @@ std::shared_ptr<Datenbank> Datenbank::CreateDatabase(const QString &pfad)
 
 void Datenbank::einstellen(Zugriff zugriff)
 {
+    zugriff_ = zugriff;
     roh(QStringLiteral("PRAGMA cell_size_check = ON"));
     roh(QStringLiteral("PRAGMA temp_store = MEMORY"));
     if (zugriff == Zugriff::Privat) {
-        // No journal at all is refused to a defensive connection; one in memory also keeps transactions whole.
-        for (const char *pragma : {"locking_mode = EXCLUSIVE", "journal_mode = MEMORY", "synchronous = OFF", "secure_delete = OFF"})
+        // A defensive connection refuses to go without a journal. In memory one would hold as much as a walk changes.
+        sqlite3_db_config(db_, SQLITE_DBCONFIG_DEFENSIVE, 0, nullptr);
+        for (const char *pragma : {"locking_mode = EXCLUSIVE", "journal_mode = OFF", "synchronous = OFF", "secure_delete = OFF"})
             roh(QStringLiteral("PRAGMA ") + QLatin1String(pragma));
     } else {
         roh(QStringLiteral("PRAGMA synchronous = EXTRA"));
@@ -361,6 +363,8 @@ void Datenbank::indexeFallenLassen(const QString &tabelle)
 
 void Datenbank::loescheAusser(const QString &tabelle, const QStringList &felder, const Behalten &behalten)
 {
+    if (zugriff_ != Zugriff::Privat)
+        throw Fehler(QStringLiteral("Die Datenbank '%1' darf nicht ausgedünnt werden.").arg(QFileInfo(pfad_).fileName()));
     indexeFallenLassen(tabelle);
     Durchgang durchgang{behalten, std::vector<std::string_view>(size_t(felder.size())), {}};
     constexpr const char *name = "flox_behalten";

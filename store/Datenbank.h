@@ -67,7 +67,8 @@ public:
     /// Keeps the rows for which `behalten` is true and deletes the others, in one walk over the whole table or query. It gets
     /// ARTNR and the fields' raw UTF-8 (no data for a null). What it throws comes out; rows deleted so far stay deleted.
     using Behalten = std::function<bool(qint64, std::span<const std::string_view>)>;
-    /// The table's indexes go first: keeping them up would cost several times the walk.
+    /// The table's indexes go first: keeping them up would cost several times the walk. For private copies only: throws for
+    /// the user's data.
     void loescheAusser(const QString &tabelle, const QStringList &felder, const Behalten &behalten);
     /// Names of the tables (stored queries are none), in alphabetical order.
     QStringList TableDefs();
@@ -93,6 +94,7 @@ private:
     void tabelleKopieren(const QString &spalten, const QString &ziel, const QString &datei, const QString &rest);
 
     QString pfad_;
+    Zugriff zugriff_ = Zugriff::Arbeit;
     sqlite3 *db_ = nullptr;
     enum class Sorte { Keine, Tabelle, Abfrage };
     Sorte sorte(const QString &name);

@@ -46,6 +46,13 @@ std::shared_ptr<Datenbank> leereDatenbank(const QString &pfad)
     return db;
 }
 
+void alsPrivat(std::shared_ptr<Datenbank> &db)
+{
+    const QString pfad = db->pfad();
+    db.reset();
+    db = Datenbank::OpenDatabase(pfad, Datenbank::Zugriff::Privat);
+}
+
 QByteArray inhalt(const QString &pfad)
 {
     QFile datei(pfad);

@@ -17,6 +17,8 @@ QStringList werte(Datenbank &db, const QString &sql, const QVariantList &paramet
 qint64 zahl(Datenbank &db, const QString &sql, const QVariantList &parameter = {});
 /// A database of the program with all its tables, empty.
 std::shared_ptr<Datenbank> leereDatenbank(const QString &pfad);
+/// The same file again, as a window's scratch copy. Nobody else may hold it.
+void alsPrivat(std::shared_ptr<Datenbank> &db);
 QByteArray inhalt(const QString &pfad);
 void schreiben(const QString &pfad, const QByteArray &inhalt);
 

@@ -197,6 +197,7 @@ private slots:
 
     void loescheAusser()
     {
+        alsPrivat(db_);
         db_->loescheAusser(u"Abfrage_Friedhof"_s, {u"DB"_s, u"stauden_Quelle"_s},
                            [](qint64, std::span<const std::string_view> werte) { return werte[0] == "100" && werte[1] == "n"; });
         QCOMPARE(werte(*db_, u"SELECT ARTNR FROM Friedhof"_s), QStringList{u"900"_s});

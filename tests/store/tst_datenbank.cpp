@@ -58,7 +58,7 @@ private slots:
         QVERIFY(QFile::copy(ordner_->datenbank(), ordner_->pfad(u"privat.tmp"_s)));
         const std::shared_ptr<Datenbank> privat = Datenbank::OpenDatabase(ordner_->pfad(u"privat.tmp"_s), Datenbank::Zugriff::Privat);
         QCOMPARE(zahl(*privat, u"PRAGMA synchronous"_s), 0);
-        QCOMPARE(werte(*privat, u"PRAGMA journal_mode"_s), QStringList{u"memory"_s});
+        QCOMPARE(werte(*privat, u"PRAGMA journal_mode"_s), QStringList{u"off"_s});
     }
 
     void tabellen()

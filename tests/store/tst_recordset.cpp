@@ -330,6 +330,8 @@ private slots:
         fuellen(10);
         db_->Execute(u"UPDATE Topfpfl SET HK = NULL WHERE ARTNR = ?"_s, {nummer(4)});
         db_->Execute(u"UPDATE Topfpfl SET HK = '' WHERE ARTNR = ?"_s, {nummer(5)});
+        QVERIFY(fehlerVon([&] { db_->loescheAusser(u"Topfpfl"_s, {}, [](qint64, auto) { return false; }); }).contains(u"darf nicht ausgedünnt werden"_s));
+        alsPrivat(db_);
         int gesehen = 0, nullen = 0, leere = 0;
         db_->loescheAusser(u"Topfpfl"_s, {u"BOT_NAME"_s, u"HK"_s}, [&](qint64 artnr, std::span<const std::string_view> werte) {
             ++gesehen;
