@@ -1,0 +1,196 @@
+#include "Apfelhaut.h"
+
+#include "Apfelform.h"
+#include "Farben.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+struct Wortfarbe
+{
+    QStringView wort;
+    QRgb farbe;
+};
+constexpr Wortfarbe grundfarben[] = {{u"grün", 0xFF86AC48}, {u"grüngelb", 0xFFBFC65A}, {u"gelb", 0xFFE9CC55}, {u"weißlich", 0xFFF0EAC6}};
+constexpr Wortfarbe deckfarben[] = {{u"orange", 0xFFE58A36}, {u"hellrot", 0xFFD8483F}, {u"rot", 0xFFB3242E}, {u"dunkelrot", 0xFF6E1628}};
+constexpr Wortfarbe punktfarben[] = {{u"weißlich", 0xFFF6EED2}, {u"gelb", 0xFFEFDC86}, {u"hellbraun", 0xFFCBA268}, {u"braun", 0xFF8E6640},
+                                     {u"rostartig", 0xFFA97B46}, {u"grün", 0xFF8FA555}, {u"grau", 0xFFB9B3A4}, {u"rot", 0xFFB03A33}};
+
+template <size_t n> std::vector<QColor> farben(const Datensatz &s, QStringView spalte, const Wortfarbe (&tabelle)[n])
+{
+    std::vector<QColor> gefunden;
+    for (const Wortfarbe &w : tabelle)
+        if (s.hat(spalte, w.wort))
+            gefunden.emplace_back(w.farbe);
+    return gefunden;
+}
+
+double stufe(double a, double b, double x)
+{
+    const double t = std::clamp((x - a) / (b - a), 0.0, 1.0);
+    return t * t * (3 - 2 * t);
+}
+
+constexpr double sonneLaenge = 0.5, sonneBreite = 0.18;
+
+} // namespace
+
+Apfelhaut::Apfelhaut(const Datensatz &s) : saat_(std::uint32_t(Zufall(s.name()).roh()))
+{
+    const auto ja = [&](QStringView spalte, QStringView wort, double wert) { return s.hat(spalte, wort) ? wert : 0.0; };
+    auto gruende = farben(s, u"grundfarbe", grundfarben);
+    if (gruende.empty())
+        gruende.emplace_back(grundfarben[1].farbe);
+    for (QColor &f : gruende)
+        if (s.hat(u"grundfarbe", u"trüb"))
+            f = gemischt(f, QColor(0x9B, 0x92, 0x66), 0.3);
+    grund_ = rgb(gruende.front());
+    grund2_ = rgb(gruende.back());
+    const auto decken = farben(s, u"deckfarbe", deckfarben);
+    deckHell_ = rgb(decken.empty() ? gruende.front() : decken.front());
+    deckDunkel_ = rgb(decken.empty() ? gruende.front() : decken.back());
+    radius_ = decken.empty() ? -9 : mittel(s, u"df_ausdehn", {{u"wenig", 0.55}, {u"Backe", 0.95}, {u"großflächig", 1.6}, {u"ganz", 3.6}}, 0.95);
+    weich_ = s.hat(u"df_art", u"verwaschen") ? 0.75 : 0.45;
+    kraft_ = 0.86 + ja(u"df_art", u"kräftig", 0.12) - ja(u"df_art", u"zart", 0.28) - ja(u"df_art", u"trüb", 0.1);
+    streifen_ = ja(u"df_art", u"gestreift/geflammt", 1);
+    const bool flaechig = s.hat(u"df_art", u"verwaschen") || s.hat(u"df_art", u"gleichmäßig") || streifen_ == 0;
+    grundton_ = s.hat(u"df_art", u"gleichmäßig") ? 0.95 : flaechig ? (streifen_ > 0 ? 0.5 : 0.85) : 0.2;
+    marmor_ = ja(u"df_art", u"marmoriert", 1);
+    spritzer_ = ja(u"df_art", u"gesprenkelt", 1);
+    const double rauh = s.hat(u"rost", u"rauh") || s.hat(u"rost", u"schuppig") ? 1.25 : s.hat(u"rost", u"fein") ? 0.75 : 1;
+    netz_ = ja(u"rost", u"netzartig", 0.8 * rauh);
+    figur_ = ja(u"rost", u"figurenartig", 0.75 * rauh);
+    flaeche_ = ja(u"rost", u"flächig", 0.8 * rauh);
+    rost_ = rgb(QColor(0xA6, 0x7C, 0x48));
+    stielrost_ = s.hat(u"st_berost", u"nicht vorhanden") || s.worte(u"st_berost").isEmpty() ? 0 : s.hat(u"st_berost", u"nur in Tiefe") ? 0.55 : 1;
+    stielweite_ = s.hat(u"st_berost", u"strahlig") ? 1 : 0;
+    reif_ = s.hat(u"reif", u"nicht vorhanden") || s.worte(u"reif").isEmpty() ? 0 : s.hat(u"reif", u"stark") ? 0.22 : 0.12;
+    blau_ = ja(u"reif", u"bläulich", 1);
+    glanz_ = s.hat(u"aussehen", u"glänzend") ? 0.42 : s.hat(u"aussehen", u"matt") || s.hat(u"rost", u"rauh") ? 0.14 : 0.27;
+    const auto punkte = farben(s, u"sch_punkt", punktfarben);
+    punkt_ = rgb(punkte.empty() ? QColor(punktfarben[2].farbe) : punkte.front());
+    punktdichte_ = s.hat(u"sch_punkt", u"nicht vorhanden") ? 0 : (s.hat(u"sch_punkt", u"zahlreich") ? 0.95 : s.hat(u"sch_punkt", u"wenig") ? 0.35 : 0.65);
+    punktgroesse_ = mittel(s, u"sch_punkt", {{u"sehr fein", 0.09}, {u"fein", 0.12}, {u"mittel", 0.18}, {u"groß", 0.24}, {u"sehr groß", 0.3}}, 0.13)
+                    * (s.hat(u"sch_punkt", u"nicht auffällig") ? 0.8 : 1.1);
+}
+
+QColor Apfelhaut::deck() const
+{
+    if (radius_ < 0)
+        return grund();
+    Rgb f = deckHell_;
+    f.zu(deckDunkel_, 0.5);
+    return QColor::fromRgbF(float(f[0]), float(f[1]), float(f[2]));
+}
+
+/// Smooth value noise in [0, 1].
+double Apfelhaut::rauschen(double x, double y, std::uint32_t lage) const
+{
+    const auto zelle = [&](std::int32_t i, std::int32_t j) {
+        std::uint32_t h = saat_ ^ lage * 0x9E3779B9u;
+        h = (h ^ std::uint32_t(i)) * 0x85EBCA6Bu;
+        h = (h ^ h >> 13 ^ std::uint32_t(j)) * 0xC2B2AE35u;
+        return double((h ^ h >> 16) & 0xFFFF) / 65535.0;
+    };
+    const double fx = std::floor(x), fy = std::floor(y);
+    const auto i = std::int32_t(fx), j = std::int32_t(fy);
+    const double u = stufe(0, 1, x - fx), v = stufe(0, 1, y - fy);
+    const double oben = zelle(i, j) + (zelle(i + 1, j) - zelle(i, j)) * u;
+    const double unten = zelle(i, j + 1) + (zelle(i + 1, j + 1) - zelle(i, j + 1)) * u;
+    return oben + (unten - oben) * v;
+}
+
+double Apfelhaut::deckung(double l, double b) const
+{
+    if (radius_ < 0)
+        return 0;
+    const double cosinus = std::sin(b * 1.45) * std::sin(sonneBreite) + std::cos(b * 1.45) * std::cos(sonneBreite) * std::cos(l - sonneLaenge);
+    const double abstand = std::acos(std::clamp(cosinus, -1.0, 1.0)) + (wolken(l * 2.2, b * 2.4, 1) - 0.5) * 0.55;
+    return 1 - stufe(radius_ - weich_, radius_ + weich_ * 0.4, abstand);
+}
+
+/// Flames along the meridians, long and narrow, that dissolve towards the calyx.
+double Apfelhaut::streifen(double l, double b) const
+{
+    const double breit = rauschen(l * 11, b * 1.3 + 20, 2), schmal = rauschen(l * 27 + 50, b * 2.2, 3);
+    return std::max(stufe(0.52, 0.68, breit) * 0.9, stufe(0.58, 0.72, schmal));
+}
+
+double Apfelhaut::berostung(double l, double b) const
+{
+    double r = 0;
+    if (netz_ > 0) {
+        const double faden = std::min(std::abs(rauschen(l * 9, b * 9, 4) - 0.5), std::abs(rauschen(l * 12 + 9, b * 12, 5) - 0.5));
+        r = std::max(r, netz_ * (1 - stufe(0.02, 0.075, faden)) * stufe(0.3, 0.6, wolken(l * 1.5, b * 1.5, 6)));
+    }
+    if (figur_ > 0)
+        r = std::max(r, figur_ * stufe(0.66, 0.72, wolken(l * 4.3, b * 4.3, 8)) * 0.85);
+    if (flaeche_ > 0)
+        r = std::max(r, flaeche_ * stufe(0.38, 0.62, wolken(l * 1.4, b * 1.4, 9)) * (0.75 + 0.25 * rauschen(l * 40, b * 40, 10)));
+    if (stielrost_ > 0) {
+        const double strahl = stielweite_ * 0.13 * rauschen(l * 7, 3, 11);
+        r = std::max(r, 0.85 * stufe(0.90 - 0.07 * stielrost_ - strahl, 0.97 - 0.04 * stielrost_ - strahl * 0.6, b));
+    }
+    return r;
+}
+
+void Apfelhaut::punkte(Rgb &f, double l, double b, double rot) const
+{
+    if (punktdichte_ <= 0 || std::abs(b) > 0.93)
+        return;
+    const double umfang = std::max(0.35, std::cos(b * 1.45));
+    const double reihe = b * 17, zeile = std::floor(reihe);
+    const double spalten = std::round(78 * umfang) / 6.283185;
+    const double stelle = l * spalten + 0.5 * std::fmod(zeile, 2), spalte = std::floor(stelle);
+    const double zahl = rauschen(spalte * 3 + 400, zeile * 3 + 400, 12);
+    const double x = spalte + 0.25 + 0.5 * rauschen(spalte * 3 + 800, zeile * 3, 13), y = zeile + 0.25 + 0.5 * rauschen(spalte * 3, zeile * 3 + 800, 14);
+    if (zahl > punktdichte_)
+        return;
+    const double abstand = std::hypot((stelle - x), (reihe - y) * 1.05);
+    const double g = punktgroesse_ * (0.7 + 0.6 * zahl);
+    f.zu(punkt_, (1 - stufe(g * 0.55, g, abstand)) * 0.85);
+    if (rot > 0.4) // a light halo in the cover colour
+        f.zu(grund_, (1 - stufe(g, g * 1.8, abstand)) * stufe(g * 0.5, g, abstand) * 0.3);
+}
+
+/// The back, where the ends of the longitude meet, goes over from one to the other.
+QRgb Apfelhaut::farbe(double l, double b) const
+{
+    constexpr double kreis = 6.283185307179586, saum = 0.35;
+    const double ende = kreis / 2 - std::abs(l);
+    if (ende >= saum)
+        return einfach(l, b);
+    const QColor hier(einfach(l, b)), dort(einfach(l > 0 ? l - kreis : l + kreis, b));
+    return gemischt(hier, dort, 0.5 * (1 - stufe(0, saum, std::max(0.0, ende)))).rgb();
+}
+
+QRgb Apfelhaut::einfach(double l, double b) const
+{
+    Rgb f = grund_;
+    f.zu(grund2_, stufe(0.3, 0.7, wolken(l * 1.1, b * 1.4, 15) * 0.7 + 0.3 * (0.5 - 0.5 * b)));
+    const double d = deckung(l, b);
+    if (d > 0) {
+        Rgb deck = deckHell_;
+        deck.zu(deckDunkel_, stufe(0.35, 1, d * 0.8 + 0.3 * wolken(l * 3, b * 3, 16)));
+        double ton = grundton_ * d;
+        if (marmor_ > 0)
+            ton *= 0.35 + 0.65 * stufe(0.35, 0.6, wolken(l * 6, b * 6, 17));
+        if (spritzer_ > 0)
+            ton *= 0.45 + 0.55 * stufe(0.45, 0.55, rauschen(l * 22, b * 22, 18));
+        f.zu(deck, ton * kraft_);
+        if (streifen_ > 0) {
+            Rgb streifenfarbe = deck;
+            streifenfarbe.zu(deckDunkel_, 0.6);
+            f.zu(streifenfarbe, streifen(l, b) * stufe(0.05, 0.55, d) * kraft_);
+        }
+    }
+    f.zu(rgb(QColor(0x9A, 0xA8, 0x55)), 0.35 * stufe(0.84, 1.0, b));
+    punkte(f, l, b, d);
+    f.zu(rost_, berostung(l, b));
+    if (reif_ > 0)
+        f.zu(blau_ > 0 ? Rgb{{0.72, 0.74, 0.86}} : Rgb{{0.93, 0.93, 0.92}}, reif_ * (0.6 + 0.8 * wolken(l * 2, b * 2, 19)));
+    const auto byte = [](double x) { return int(std::clamp(x, 0.0, 1.0) * 255 + 0.5); };
+    return qRgb(byte(f[0]), byte(f[1]), byte(f[2]));
+}

@@ -1,0 +1,163 @@
+#include "Apfelkoerper.h"
+
+#include "Farben.h"
+#include "Stempel.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+constexpr double pi = std::numbers::pi;
+constexpr int ringe = 96, laengen = 144;
+
+struct Vektor
+{
+    double x, y, z;
+};
+
+Vektor minus(const Vektor &a, const Vektor &b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
+Vektor kreuz(const Vektor &a, const Vektor &b) { return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x}; }
+
+Vektor oberflaeche(const Apfelform &f, double phi, double l)
+{
+    const QPointF m = f.meridian(phi);
+    const double r = m.x() * f.quer(l);
+    const double anKelch = std::exp(-std::pow((phi - 2.55) / 0.3, 2)), anStiel = std::exp(-std::pow((phi - 0.55) / 0.3, 2));
+    const double y = m.y() - anKelch * f.kelchhoecker * std::cos(5 * l + 0.4) + 0.3 * anStiel * f.kelchhoecker * std::cos(5 * l + 0.4) + f.schief * r * std::sin(l) * std::sin(phi);
+    return {r * std::sin(l), y, r * std::cos(l)};
+}
+
+} // namespace
+
+Apfelkoerper::Apfelkoerper(const Apfelform &form, const Apfelhaut &haut, double neigung, double radius)
+    : form_(form), haut_(haut), sinus_(std::sin(neigung * pi / 180)), cosinus_(std::cos(neigung * pi / 180)), radius_(radius), halb_(int(radius * 1.36) + 4)
+{
+    bild_ = QImage(2 * halb_, 2 * halb_, QImage::Format_ARGB32_Premultiplied);
+    bild_.fill(0);
+    vorn_ = bild_;
+    tiefe_.assign(size_t(4) * size_t(halb_) * size_t(halb_), -1e9f);
+    gitter();
+    for (int i = 0; i < ringe; ++i)
+        for (int j = 0; j < laengen; ++j) {
+            const size_t a = size_t(i) * (laengen + 1) + size_t(j), b = a + laengen + 1;
+            dreieck(ecken_[a], ecken_[b], ecken_[a + 1]);
+            dreieck(ecken_[a + 1], ecken_[b], ecken_[b + 1]);
+        }
+    saumFuellen();
+    umreissen();
+}
+
+QPointF Apfelkoerper::achse(double hoehe) const
+{
+    return {0, -hoehe * cosinus_ * radius_};
+}
+
+void Apfelkoerper::gitter()
+{
+    ecken_.reserve(size_t(ringe + 1) * (laengen + 1));
+    for (int i = 0; i <= ringe; ++i) {
+        const double phi = std::clamp(pi * i / ringe, 1e-3, pi - 1e-3);
+        for (int j = 0; j <= laengen; ++j) {
+            const double l = -pi + 2 * pi * j / laengen;
+            const Vektor o = oberflaeche(form_, phi, l);
+            const Vektor n = kreuz(minus(oberflaeche(form_, phi, l + 0.01), oberflaeche(form_, phi, l - 0.01)),
+                                   minus(oberflaeche(form_, phi - 0.01, l), oberflaeche(form_, phi + 0.01, l)));
+            const double betrag = std::max(1e-12, std::sqrt(n.x * n.x + n.y * n.y + n.z * n.z));
+            const Vektor d{n.x / betrag, (n.y * cosinus_ - n.z * sinus_) / betrag, (n.z * cosinus_ + n.y * sinus_) / betrag};
+            const double streu = std::max(0.0, -0.42 * d.x + 0.52 * d.y + 0.74 * d.z);
+            const double kante = 1 - std::max(0.0, d.z);
+            const double halbweg = std::max(0.0, -0.23 * d.x + 0.28 * d.y + 0.93 * d.z);
+            const double enge = 0.45 * std::exp(-o.x * o.x * 30 - o.z * o.z * 30); // less light reaches the bottom of a cavity
+            ecken_.push_back({o.x * radius_, -(o.y * cosinus_ - o.z * sinus_) * radius_, (o.z * cosinus_ + o.y * sinus_) * radius_, l,
+                              std::cos(phi), (0.66 + 0.46 * streu - 0.12 * kante * kante) * (1 - enge), std::pow(halbweg, 42) * (1 - enge)});
+        }
+    }
+}
+
+void Apfelkoerper::dreieck(const Ecke &a, const Ecke &b, const Ecke &c)
+{
+    const double flaeche = (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
+    if (std::abs(flaeche) < 1e-9)
+        return;
+    const int x0 = std::max(-halb_, int(std::floor(std::min({a.x, b.x, c.x})))), x1 = std::min(halb_ - 1, int(std::ceil(std::max({a.x, b.x, c.x}))));
+    const int y0 = std::max(-halb_, int(std::floor(std::min({a.y, b.y, c.y})))), y1 = std::min(halb_ - 1, int(std::ceil(std::max({a.y, b.y, c.y}))));
+    for (int y = y0; y <= y1; ++y) {
+        for (int x = x0; x <= x1; ++x) {
+            const double u = ((b.x - x) * (c.y - y) - (b.y - y) * (c.x - x)) / flaeche;
+            const double v = ((c.x - x) * (a.y - y) - (c.y - y) * (a.x - x)) / flaeche;
+            const double w = 1 - u - v;
+            if (u < -1e-6 || v < -1e-6 || w < -1e-6)
+                continue;
+            const double z = u * a.z + v * b.z + w * c.z;
+            float &tiefe = tiefe_[size_t(y + halb_) * size_t(2 * halb_) + size_t(x + halb_)];
+            if (z <= double(tiefe))
+                continue;
+            tiefe = float(z);
+            const QRgb f = haut_.farbe(u * a.laenge + v * b.laenge + w * c.laenge, u * a.breite + v * b.breite + w * c.breite);
+            const double licht = u * a.licht + v * b.licht + w * c.licht, glanz = haut_.glanz() * (u * a.glanz + v * b.glanz + w * c.glanz);
+            const auto kanal = [&](int k) { const double g = std::min(255.0, k * licht); return int(g + (255 - g) * glanz); };
+            const QRgb fertig = qRgb(kanal(qRed(f)), kanal(qGreen(f)), kanal(qBlue(f)));
+            reinterpret_cast<QRgb *>(bild_.scanLine(y + halb_))[x + halb_] = fertig;
+            reinterpret_cast<QRgb *>(vorn_.scanLine(y + halb_))[x + halb_] = z > radius_ * 0.05 + form_.stielboden() * sinus_ * radius_ ? fertig : 0;
+        }
+    }
+}
+
+/// The outline is smooth and filled with the image, so the image must reach a little beyond it.
+void Apfelkoerper::saumFuellen()
+{
+    for (int runde = 0; runde < 3; ++runde) {
+        const QImage vorher = bild_;
+        for (int y = 1; y < 2 * halb_ - 1; ++y) {
+            const auto *zeilen = reinterpret_cast<const QRgb *>(vorher.constScanLine(y));
+            const qsizetype schritt = vorher.bytesPerLine() / 4;
+            auto *ziel = reinterpret_cast<QRgb *>(bild_.scanLine(y));
+            for (int x = 1; x < 2 * halb_ - 1; ++x)
+                if (!zeilen[x])
+                    for (const qsizetype nachbar : {qsizetype(x - 1), qsizetype(x + 1), x - schritt, x + schritt})
+                        if (zeilen[nachbar])
+                            ziel[x] = zeilen[nachbar];
+        }
+    }
+}
+
+void Apfelkoerper::umreissen()
+{
+    constexpr int richtungen = 180;
+    std::array<double, richtungen> weite{};
+    for (const Ecke &e : ecken_) {
+        const int i = int(std::floor((std::atan2(e.y, e.x) + pi) / (2 * pi) * richtungen)) % richtungen;
+        weite[size_t(i)] = std::max(weite[size_t(i)], std::hypot(e.x, e.y));
+    }
+    std::vector<QPointF> punkte;
+    for (int i = 0; i < richtungen; i += 3) {
+        const double w = (weite[size_t(i)] + weite[size_t(i + 1)] + weite[size_t(i + 2)]) / 3;
+        const double winkel = (i + 1.5) / richtungen * 2 * pi - pi;
+        punkte.emplace_back(std::cos(winkel) * w, std::sin(winkel) * w);
+    }
+    umriss_ = geschlossen(punkte);
+}
+
+void Apfelkoerper::zeichnen(QPainter &p, QPointF mitte) const
+{
+    p.save();
+    p.translate(mitte);
+    QBrush muster(bild_);
+    muster.setTransform(QTransform::fromTranslate(-halb_, -halb_));
+    p.setBrush(muster);
+    p.setPen(QPen(durchsichtig(::umriss(haut_.deck()), 0.8), 1.8));
+    p.drawPath(umriss_);
+    p.restore();
+}
+
+void Apfelkoerper::vordererRand(QPainter &p, QPointF mitte) const
+{
+    p.save();
+    QPainterPath innen = umriss_.translated(mitte);
+    p.setClipPath(innen);
+    p.drawImage(mitte - QPointF(halb_, halb_), vorn_);
+    p.restore();
+}

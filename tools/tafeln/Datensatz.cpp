@@ -1,0 +1,55 @@
+#include "Datensatz.h"
+
+#include "store/Text.h"
+
+#include <QRegularExpression>
+
+std::vector<Datensatz> Datensatz::alle(Datenbank &db, QStringView tabelle)
+{
+    const Tabelle *schema = schema::haupttabelle(tabelle);
+    const bool mitFamilie = schema->spalte(u"FAMILIE");
+    Anweisung &zeilen = db.vorbereitet(mitFamilie ? QStringLiteral("SELECT t.*, f.FAMNAME FROM %1 t LEFT JOIN Familien f ON f.FAMILIE = t.FAMILIE ORDER BY t.ARTNR").arg(tabelle)
+                                                  : QStringLiteral("SELECT * FROM %1 ORDER BY ARTNR").arg(tabelle));
+    std::vector<Datensatz> pflanzen;
+    while (zeilen.schritt()) {
+        Datensatz &satz = pflanzen.emplace_back();
+        satz.tabelle_ = schema;
+        for (int i = 0; i < zeilen.spalten(); ++i)
+            if (!zeilen.istNull(i))
+                satz.werte_.insert(zeilen.spaltenname(i).toLower(), zeilen.text(i));
+    }
+    return pflanzen;
+}
+
+std::optional<double> Datensatz::zahl(QStringView spalte) const
+{
+    return zahlLesen(text(spalte));
+}
+
+bool Datensatz::ja(QStringView spalte) const
+{
+    return istWahr(text(spalte));
+}
+
+QStringList Datensatz::worte(QStringView spalte) const
+{
+    const Spalte *beschreibung = tabelle_->spalte(spalte);
+    const QString flags = text(spalte);
+    QStringList gesetzt;
+    for (int p = 1; beschreibung && beschreibung->liste && p <= beschreibung->liste->anzahl(); ++p)
+        if (flagGesetzt(flags, p))
+            gesetzt += beschreibung->liste->wort(p).trimmed().toString();
+    return gesetzt;
+}
+
+bool Datensatz::monat(QStringView spalte, int p) const
+{
+    return flagGesetzt(text(spalte), p);
+}
+
+QString Datensatz::gattung() const
+{
+    const QString ohneKreuz = name().startsWith(u'×') ? name().mid(1).trimmed() : name();
+    const qsizetype ende = ohneKreuz.indexOf(QRegularExpression(QStringLiteral("[ -]")));
+    return ende < 0 ? ohneKreuz : ohneKreuz.left(ende);
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "store/Datenbank.h"
+#include "store/Schema.h"
+
+#include <optional>
+
+/// One plant of a table with its vocabularies resolved.
+class Datensatz
+{
+public:
+    /// All plants of a table in the order of their numbers.
+    static std::vector<Datensatz> alle(Datenbank &db, QStringView tabelle);
+
+    QString text(QStringView spalte) const { return werte_.value(spalte.toString().toLower()); }
+    std::optional<double> zahl(QStringView spalte) const;
+    bool ja(QStringView spalte) const;
+    /// Whether the flag string of the column has this word; false for a word the column does not know.
+    bool hat(QStringView spalte, QStringView wort) const { return worte(spalte).contains(wort); }
+    QStringList worte(QStringView spalte) const;
+    bool monat(QStringView spalte, int p) const; ///< p = 1 for January
+
+    QString name() const { return text(u"BOT_NAME"); }
+    QString gattung() const;
+    QString familie() const { return text(u"FAMNAME").section(u' ', 0, 0); }
+
+private:
+    const Tabelle *tabelle_ = nullptr;
+    QHash<QString, QString> werte_;
+};
