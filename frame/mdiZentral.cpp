@@ -178,7 +178,9 @@ void mdiZentral::FensterOeffnen(Sparte sparte)
     try {
         form->Form_Activate();
     } catch (const Fehler &) {
+        const QString kopie = systemPfad(form->satz().tempPfad(nummer));
         delete form;
+        QFile::remove(kopie);
         tabelle(sparte).platz(nummer).frei = true;
         programm_.AktiveSparte.clear();
         throw;

@@ -583,6 +583,7 @@ void TestZentral::unlesbareDatenbank()
     QCOMPARE(meldungen.texte, QStringList{u"Die Datei 'flox-demo.mdb' ist keine Datenbank."_s});
     QVERIFY(probe_->titel().isEmpty());
     QVERIFY(!probe_->fenster(1));
+    QVERIFY(!probe_->temp("db_to1.tmp"));
     QCOMPARE(probe_->programm.AktiveSparte, QString());
     QCOMPARE(probe_->zentrale->cursor().shape(), Qt::ArrowCursor);
     // The number is free again.
