@@ -592,7 +592,6 @@ void TestFensterrahmen::tastatur()
     };
     probe_->finde<QTabWidget>(u"tabStauden"_s)->setCurrentIndex(0);
     const QStringList vorn = rundgang();
-    QVERIFY2(vorn.mid(0, 2) == (QStringList{u"cboArten"_s, u"cmdNext"_s}) || vorn.contains(u"cmdNext"_s), qPrintable(vorn.join(u' ')));
     for (const char *name : {"cmdNext", "cmdLast", "cmdBotDeu", "cmdFilter", "cmdFilterLaden", "cmdDruck", "qt_tabwidget_tabbar"})
         QVERIFY2(vorn.contains(QLatin1String(name)), qPrintable(u"%1 is not in: %2"_s.arg(QLatin1String(name), vorn.join(u' '))));
     // From the tabs the arrow keys lead to the last one, and its fields come next.
