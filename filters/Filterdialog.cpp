@@ -99,7 +99,12 @@ void Filterdialog::setzen(const Teil &teil, int element, int wert, const QString
     case Steuerung::Schieber: static_cast<QSlider *>(widget)->setValue(wert); break;
     case Steuerung::Text:
     case Steuerung::Zahl: static_cast<QLineEdit *>(widget)->setText(text); break;
-    case Steuerung::Liste: static_cast<QComboBox *>(widget)->setCurrentText(text); break;
+    case Steuerung::Liste: {
+        auto *liste = static_cast<QComboBox *>(widget);
+        liste->setCurrentIndex(liste->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
+        liste->setCurrentText(text);
+        break;
+    }
     }
 }
 
@@ -270,13 +275,16 @@ void Filterdialog::keyPressEvent(QKeyEvent *ereignis)
         cmdAbbruch_Click();
     else if (ereignis->key() == Qt::Key_Return || ereignis->key() == Qt::Key_Enter)
         cmdOK_Click();
+    else if (ereignis->key() == Qt::Key_F1)
+        emit hilfeGewuenscht();
     else
         QWidget::keyPressEvent(ereignis);
 }
 
 bool Filterdialog::event(QEvent *ereignis)
 {
-    if (ereignis->type() == QEvent::WindowActivate)
+    // Being shown counts: not every window system tells a window anew that it is the active one.
+    if (ereignis->type() == QEvent::WindowActivate || ereignis->type() == QEvent::Show)
         Form_Activate();
     return QWidget::event(ereignis);
 }

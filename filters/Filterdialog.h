@@ -43,6 +43,10 @@ public:
     /// Checks the box of a trade, i counted from 0.
     void ausbildungWaehlen(int i);
 
+signals:
+    /// F1.
+    void hilfeGewuenscht();
+
 protected:
     void closeEvent(QCloseEvent *ereignis) override;
     void keyPressEvent(QKeyEvent *ereignis) override;

@@ -22,6 +22,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <limits>
+
 /* The dialog's layout, built from the criteria table. */
 
 namespace {
@@ -45,8 +47,11 @@ protected:
     void keyPressEvent(QKeyEvent *ereignis) override
     {
         const QString text = ereignis->text();
-        const bool druckbar = !text.isEmpty() && text[0].isPrint() && !(ereignis->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
-        if (druckbar && !text[0].isDigit() && text != DezimalZeichen() && !(minus_ && text == u"-")) {
+        // Ctrl alone makes commands; with Alt it is the third level of the keyboard and makes characters.
+        const Qt::KeyboardModifiers umschalter = ereignis->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+        const bool zeichen = !text.isEmpty() && text[0].isPrint() && umschalter != Qt::ControlModifier;
+        const bool ziffer = zeichen && text[0] >= u'0' && text[0] <= u'9';
+        if (zeichen && !ziffer && text != DezimalZeichen() && !(minus_ && text == u"-")) {
             QApplication::beep();
             ereignis->accept();
             return;
@@ -123,6 +128,7 @@ QWidget *Filterdialog::tastenBauen()
         auto *knopf = new QPushButton(text, leiste);
         knopf->setObjectName(QString::fromLatin1(name));
         knopf->setMinimumWidth(110);
+        knopf->setAutoDefault(true); // Enter means the button that has the focus
         tasten->addWidget(knopf);
         connect(knopf, &QPushButton::clicked, this, handlung);
     };
@@ -254,7 +260,7 @@ QWidget *Filterdialog::elementBauen(const Kriterium &kriterium, const Steuerteil
             if (minus && &steuerteil == &kriterium.a)
                 connect(feld, &QLineEdit::editingFinished, this, [feld] {
                     if (const std::optional<double> zahl = zahlLesen(feld->text()))
-                        feld->setText(zahlZeigen(QString::number(float(*zahl))));
+                        feld->setText(zahlZeigen(QString::number(float(*zahl), 'g', std::numeric_limits<float>::digits10 + 1)));
                 });
         } else {
             feld = new QLineEdit(eltern);
