@@ -4,16 +4,16 @@
 #include "Jpegkopf.h"
 #include "store/Pfade.h"
 
-#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QTransform>
+#include <QtEndian>
 
 #include <turbojpeg.h>
 
-#include <cmath>
-#include <cstring>
+#include <algorithm>
+#include <cstdio>
 #include <memory>
 
 namespace {
@@ -78,9 +78,18 @@ struct Bilddatei
     Format art = Format::Keines;
 };
 
+/// Whether a bitmap file is shorter than it says: its reader would leave the missing rows as they are.
+bool abgeschnitten(QFile &bitmap)
+{
+    const QByteArray kopf = bitmap.peek(6);
+    return kopf.size() < 6 || qFromLittleEndian<quint32>(kopf.constData() + 2) > bitmap.size();
+}
+
 /// Reader of anything but JPEG; a size above the limits makes it unreadable.
 std::unique_ptr<QImageReader> leser(Bilddatei &bild)
 {
+    if (bild.art == Format::Bmp && abgeschnitten(bild.datei))
+        return {};
     // The library's own limit of 128 MiB would refuse photographs; ours is the number of pixels, at up to 8 bytes each.
     static const bool grenze = (QImageReader::setAllocationLimit(int(groesstesBild * 8 >> 20)), true);
     Q_UNUSED(grenze);
@@ -136,6 +145,19 @@ void farbenAusTinten(QImage &bild)
     }
 }
 
+/// Warnings that cameras cause with a complete picture; any other is damage, and so are many stray bytes: pixels that
+/// nobody fetched.
+bool harmlos(const char *warnung)
+{
+    constexpr unsigned streubytes = 256;
+    unsigned anzahl = 0;
+    if (std::sscanf(warnung, "Corrupt JPEG data: %u extraneous bytes", &anzahl) == 1)
+        return anzahl <= streubytes;
+    const QByteArrayView text(warnung);
+    return text.contains("Invalid SOS parameters") || text.contains("unknown JFIF revision")
+        || text.contains("Unknown Adobe color transform");
+}
+
 /// A JPEG in memory whose head has passed all checks.
 class Jpeg
 {
@@ -173,15 +195,9 @@ private:
     const uchar *daten() const { return reinterpret_cast<const uchar *>(bytes_.constData()); }
     unsigned long laenge() const { return static_cast<unsigned long>(bytes_.size()); }
 
-    /// Warnings that cameras cause with a complete picture are passed over; any other is damage.
     bool geglueckt(int status) const
     {
-        if (status == 0)
-            return true;
-        const QByteArrayView text(tjGetErrorStr2(bibliothek_.get()));
-        return tjGetErrorCode(bibliothek_.get()) == TJERR_WARNING
-            && (text.contains("extraneous bytes before marker") || text.contains("Invalid SOS parameters")
-                || text.contains("unknown JFIF revision") || text.contains("Unknown Adobe color transform"));
+        return status == 0 || (tjGetErrorCode(bibliothek_.get()) == TJERR_WARNING && harmlos(tjGetErrorStr2(bibliothek_.get())));
     }
 
     /// The smallest M/8 of the picture, M from 1 to 8, that is not below the target.

@@ -88,7 +88,7 @@ std::optional<Jpegkopf> jpegkopf(QIODevice &geraet)
             return {};
         if (istRahmen(marke)) {
             const QByteArray rahmen = geraet.read(5);
-            if (rahmen.size() != 5 || !kopf.groesse.isNull())
+            if (rahmen.size() != 5 || kopf.groesse.isValid())
                 return {};
             kopf.groesse = {qFromBigEndian<quint16>(rahmen.constData() + 3), qFromBigEndian<quint16>(rahmen.constData() + 1)};
         } else if (marke == app1 && !orientierung) {

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QRandomGenerator>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -99,8 +100,8 @@ bool cDIBSection::CreateDIB(QPainter *, qint32 breite, qint32 hoehe, std::unique
     auto neu = std::make_unique<QImage>(breite, hoehe, QImage::Format_BGR888);
     if (neu->isNull())
         return false;
-    neu->fill(0);
     DIBSectionBitsPtr_ = neu->bits();
+    std::memset(DIBSectionBitsPtr_, 0, size_t(bytes)); // the padding too
     hDib = std::move(neu);
     return true;
 }

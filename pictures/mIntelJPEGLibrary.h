@@ -14,8 +14,8 @@ public:
 
 namespace mIntelJPEGLibrary {
 
-/// Writes the bitmap as JPEG at the quality 1 to 100, the whole file or nothing. True, or throws a JPEGFehler: also for an
-/// empty bitmap and any other quality. The name may be written with "\".
+/// Writes the bitmap as JPEG, the whole file or nothing. The quality goes to the library unchecked, which takes 0 to 100.
+/// True, or throws a JPEGFehler, also for an empty bitmap or a refused quality. The name may be written with "\".
 bool SaveJPG(const cDIBSection &dib, const QString &dateiname, qint32 qualitaet);
 
 /// Opens the library; a test puts a failing one here.
