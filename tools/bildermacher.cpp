@@ -96,6 +96,20 @@ void hintergrund(const QString &svg, const QString &jpeg)
         ende(QStringLiteral("%1: kann nicht geschrieben werden").arg(jpeg));
 }
 
+/// The substitutes that previews show, at the proportions of a photograph.
+void ersatzbild(const QString &svg, const QString &ziel)
+{
+    QSvgRenderer zeichner(svg);
+    QImage bild(800, 600, QImage::Format_RGB32);
+    bild.fill(Qt::white);
+    QPainter maler(&bild);
+    maler.setRenderHint(QPainter::Antialiasing);
+    zeichner.render(&maler);
+    maler.end();
+    if (!zeichner.isValid() || !bild.save(ziel))
+        ende(QStringLiteral("%1: kann nicht geschrieben werden").arg(ziel));
+}
+
 } // namespace
 
 int main(int anzahl, char **argumente)
@@ -117,5 +131,7 @@ int main(int anzahl, char **argumente)
             schreiben(ziel.filePath(QStringLiteral("%1/%2").arg(QLatin1String(liste), datei.fileName())), lesen(datei.filePath()));
     for (int n = 1; n <= 8; ++n)
         hintergrund(quelle.filePath(QStringLiteral("hintergrund/hintergrund%1.svg").arg(n)), ziel.filePath(QStringLiteral("hintergrund%1.jpg").arg(n)));
+    ersatzbild(quelle.filePath(QStringLiteral("bildfehlt.svg")), ziel.filePath(QStringLiteral("bildfehlt.jpg")));
+    ersatzbild(quelle.filePath(QStringLiteral("keinbild.svg")), ziel.filePath(QStringLiteral("keinbild.png")));
     return 0;
 }
