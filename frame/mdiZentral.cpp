@@ -8,6 +8,7 @@
 #include "plantwindows/Beschreibung.h"
 #include "controls/Bilder.h"
 #include "controls/Geschuetzt.h"
+#include "pictures/frmBilder.h"
 #include "plantwindows/Pflanzenfenster.h"
 #include "store/Benutzernamen.h"
 #include "store/Pfade.h"
@@ -246,12 +247,48 @@ void mdiZentral::fensterGeschlossen(Sparte sparte, int nummer)
 void mdiZentral::namenAendern(QWidget *fenster)
 {
     frmBenutzer form(programm_, [this] {
-        const std::optional<Sparte> sparte = sparteVonWort(programm_.AktiveSparte);
-        if (Pflanzenfenster *aktives = sparte ? this->fenster(*sparte, programm_.aktuellesFenster(*sparte)) : nullptr)
+        if (Pflanzenfenster *aktives = aktivesFenster())
             aktives->eigenschaftenBenennen();
     }, fenster);
     form.exec();
     FormenAktualisieren();
+}
+
+Pflanzenfenster *mdiZentral::aktivesFenster()
+{
+    const std::optional<Sparte> sparte = sparteVonWort(programm_.AktiveSparte);
+    return sparte ? fenster(*sparte, programm_.aktuellesFenster(*sparte)) : nullptr;
+}
+
+void mdiZentral::bildZeigen()
+{
+    setCursor(Qt::WaitCursor);
+    if (bilder_) {
+        bilder_->NeuePflanze();
+    } else {
+        bilder_ = new frmBilder(programm_, [this] {
+            Pflanzenfenster *aktives = aktivesFenster();
+            return aktives ? std::optional(aktives->bilderpflanze()) : std::nullopt;
+        }, this);
+        bilder_->setAttribute(Qt::WA_DeleteOnClose);
+        connect(bilder_, &frmBilder::geschlossen, this, [this] {
+            if (Pflanzenfenster *aktives = aktivesFenster())
+                flaeche_->setActiveSubWindow(qobject_cast<QMdiSubWindow *>(aktives->parentWidget()));
+        });
+    }
+    bilder_->show();
+    bilder_->raise();
+    bilder_->activateWindow();
+    unsetCursor();
+}
+
+void mdiZentral::pflanzeGewechselt(Sparte sparte, int nummer)
+{
+    Pflanzenfenster *aktives = aktivesFenster();
+    if (!bilder_ || !aktives || aktives != fenster(sparte, nummer))
+        return;
+    programm_.GewaehltesBild = 0;
+    bilder_->NeuePflanze();
 }
 
 void mdiZentral::hilfeZeigen(const QString &)
@@ -311,6 +348,7 @@ void mdiZentral::closeEvent(QCloseEvent *ereignis)
     // Notes first told of and stored; names and settings must not hinder the end.
     geschuetztAusfuehren(nullptr, [this] { benutzernamenSchreiben(programm_); });
     EinstellungenSchreiben(programm_);
+    delete bilder_;
     AlleFensterSchliessen();
     ereignis->accept();
     // Hidden before it was closed, it does not count as the last window.

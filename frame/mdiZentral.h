@@ -12,6 +12,7 @@
 
 class Flaeche;
 class QLabel;
+class frmBilder;
 struct Menuezeile;
 
 /* The main window: hosts the plant windows and owns their tables. */
@@ -36,6 +37,8 @@ public:
     void mulkoSpeichernErlauben(bool erlaubt) override;
     void fensterGeschlossen(Sparte sparte, int nummer) override;
     void namenAendern(QWidget *fenster) override;
+    void bildZeigen() override;
+    void pflanzeGewechselt(Sparte sparte, int nummer) override;
     void hilfeZeigen(const QString &thema) override;
 
 signals:
@@ -52,6 +55,7 @@ private:
     void ausbildung(const Menuezeile &zeile);
     void anordnen(bool nebeneinander);
     void fensterBedienbar(Sparte sparte, bool bedienbar);
+    Pflanzenfenster *aktivesFenster();
     Pflanzenfenster *fensterAnlegen(Sparte sparte, int nummer);
     void statusleisteBauen();
     void geometrieAnwenden();
@@ -61,8 +65,9 @@ private:
 
     Programm &programm_;
     std::array<Fenstertabelle, anzahlSparten> tabellen_;
+    QPointer<frmBilder> bilder_;
     Flaeche *flaeche_;
-    QTimer timResize_, uhr_;
+    QTimer timResize_{this}, uhr_{this};
     QLabel *uhrzeit_ = nullptr;
     QString HintergrundBild;
     bool geladen_ = false;

@@ -170,6 +170,7 @@ public:
         : Anzeigeelement(element), reihe_(new QWidget(eltern))
     {
         const bool fluss = element.muster == Muster::Symbolfluss;
+        reihe_->setMouseTracking(true); // what moves beside the pictures reaches the panels behind
         auto *anordnung = fluss ? nullptr : new QHBoxLayout(reihe_);
         if (anordnung) {
             anordnung->setContentsMargins(0, 0, 0, 0);

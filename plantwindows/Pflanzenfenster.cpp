@@ -122,7 +122,9 @@ void Pflanzenfenster::darstellen()
         titel.schild->setVisible(etwas);
     }
     gruppenPruefen();
+    bilderZeigen();
     AnzeigeAnzahl();
+    zentrale_.pflanzeGewechselt(sparte(), Fensternummer);
 }
 
 Anzeigeelement *Pflanzenfenster::elementNamens(QStringView control) const
@@ -283,10 +285,13 @@ void Pflanzenfenster::knoepfeVerbinden()
                 knopfMalen(zeile.knopf, Knopfzustand::Hervorgehoben);
             button->setTag(QStringLiteral("benutzt"));
         });
-        connect(button, &Bildknopf::mausVerlassen, this, [this, button] {
+        connect(button, &Bildknopf::mausVerlassen, this, [this, &zeile, button] {
             if (ButtonUnterMaus == button->objectName())
                 ButtonUnterMaus.clear();
             NormaleButtons();
+            // A step empties the tag of the button under the mouse: it must not stay lit for that.
+            if (button->tag().isEmpty())
+                knopfMalen(zeile.knopf, Knopfzustand::Normal);
         });
         connect(button, &Bildknopf::mausGedrueckt, this, [this, &zeile] {
             knopfMalen(zeile.knopf, Knopfzustand::Gedrueckt);

@@ -4,6 +4,7 @@
 #include "Knopfzustaende.h"
 #include "Pflanzensatz.h"
 #include "filters/Filterziel.h"
+#include "pictures/frmBilder.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -16,6 +17,7 @@ class Anzeigeelement;
 class Filterdialog;
 class Artenmodell;
 class Bildknopf;
+class Bilderstreifen;
 class QComboBox;
 class QGridLayout;
 class QLabel;
@@ -67,6 +69,9 @@ public:
     /// The window's filter dialog, made when it is first asked for; null where the Sparte has no filter.
     Filterdialog *filterdialog();
 
+    /// What the picture window shows of this window's plant.
+    Bilderpflanze bilderpflanze();
+
     Sparte sparte() const { return beschreibung_.sparte; }
     Pflanzensatz &satz() { return satz_; }
     /// "Topfpflanzen 1"
@@ -100,6 +105,8 @@ private:
     void filterSpeichern();
     void filterUmschalten();
     void filterInKraft();
+    void bilderZeigen();
+    void bildAngeklickt(int index);
     QString parkdatei() const;
 
     using Bewegung = void (Recordset::*)();
@@ -138,6 +145,7 @@ private:
     QComboBox *cboArten_ = nullptr;
     Artenmodell *arten_ = nullptr;
     QLabel *lblArtNr_ = nullptr;
+    Bilderstreifen *fraBilder_ = nullptr;
     std::array<QLabel *, 4> stbAnzeige_{};
     qint64 gezeigt_ = 0; ///< number of the record last shown
 };

@@ -4,6 +4,7 @@
 #include "Elemente.h"
 #include "controls/Geschuetzt.h"
 #include "controls/Steuerelemente.h"
+#include "pictures/Bilderstreifen.h"
 #include "Zentrale.h"
 
 #include <QComboBox>
@@ -58,26 +59,19 @@ void Pflanzenfenster::aufbauen()
         tabStauden->addTab(reiterBauen(reiter), reiter.titel.toString());
     daten->addWidget(tabStauden, 1);
 
-    auto *fraBilder = karte(QStringLiteral("fraBilder"), this);
-    fraBilder->setFixedWidth(streifenbreite);
-    fraBilder->installEventFilter(this);
-    auto *streifen = new QVBoxLayout(fraBilder);
-    auto *bild = new Bildfeld({streifenbreite - 36, 110}, fraBilder);
-    bild->setBild(QStringLiteral("keinbild"));
-    bild->setAccessibleName(QStringLiteral("Kein Bild"));
-    streifen->addWidget(bild, 0, Qt::AlignHCenter);
-    auto *text = new QLabel(QStringLiteral("Zu dieser Pflanze gibt es noch keine Bilder."), fraBilder);
-    text->setWordWrap(true);
-    text->setAlignment(Qt::AlignHCenter);
-    text->setEnabled(false);
-    streifen->addWidget(text);
-    streifen->addStretch();
+    fraBilder_ = new Bilderstreifen(this);
+    fraBilder_->setObjectName(QStringLiteral("fraBilder"));
+    fraBilder_->setProperty("karte", true);
+    fraBilder_->setMouseTracking(true);
+    fraBilder_->setFixedWidth(streifenbreite);
+    fraBilder_->installEventFilter(this);
+    connect(fraBilder_, &Bilderstreifen::angeklickt, this, [this](int index) { geschuetztAusfuehren(this, [&] { bildAngeklickt(index); }); });
 
     auto *mitte = new QHBoxLayout;
     mitte->setContentsMargins(abstand, 6, abstand, 6);
     mitte->setSpacing(abstand);
     mitte->addWidget(fraDaten, 1);
-    mitte->addWidget(fraBilder);
+    mitte->addWidget(fraBilder_);
 
     auto *alles = new QVBoxLayout(this);
     alles->setContentsMargins(0, 0, 0, 0);
@@ -175,6 +169,8 @@ QWidget *Pflanzenfenster::kopfBauen()
     auto *lage = new QGridLayout(tafel);
     lage->setContentsMargins(0, 0, 0, 0);
     auto *oben = new QWidget(tafel);
+    tafel->setMouseTracking(true);
+    oben->setMouseTracking(true);
     auto *marken = new QGridLayout(oben);
     marken->setContentsMargins(4, 0, 4, 0);
     marken->setVerticalSpacing(2);

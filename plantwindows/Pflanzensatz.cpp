@@ -109,6 +109,15 @@ QStringList Pflanzensatz::synonyme(bool deutsch)
     return gefunden;
 }
 
+std::optional<Bildzeile> Pflanzensatz::bilder()
+{
+    DatenControl datBilder;
+    datBilder.setDatabaseName(programm_.arbeitsdatenbank());
+    datBilder.setRecordSource(QStringLiteral("SELECT * From %1 WHERE ARTNR LIKE ?").arg(sparte_.bildtabelle), {artnr()});
+    datBilder.Refresh();
+    return bildzeile(datBilder.recordset(), artnr());
+}
+
 QString Pflanzensatz::familie(const QString &nummer)
 {
     bool ok = false;

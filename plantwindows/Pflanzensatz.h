@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pictures/Bilderliste.h"
 #include "store/DatenControl.h"
 #include "store/Programm.h"
 
@@ -38,6 +39,8 @@ public:
 
     /// Synonyms of the current plant, in the order they were entered; empty for a Sparte without synonym tables.
     QStringList synonyme(bool deutsch);
+    /// Picture row of the current plant.
+    std::optional<Bildzeile> bilder();
     /// Family name for a number; empty for an unknown one.
     QString familie(const QString &nummer);
     /// Stores the user's fields of the current record in the copy and, durably, in the working database. Throws on a failure.

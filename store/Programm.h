@@ -36,6 +36,7 @@ struct Programm
     QString AktiveSparte; ///< word of the Sparte whose window was last activated; empty: none
     std::array<int, anzahlSparten> AktuellesFenster{};
     std::array<bool, 6> AzubiAuswahl{}; ///< in the order of WL_Ausbildung
+    int GewaehltesBild = 0;             ///< place of the preview clicked last, counted from 0
     bool FilterdateiGestoert = false;   ///< a filter file failed while it was read: none can be read or written any more
     QString SortierFeld;                ///< field behind ORDER BY, set just before it is used
     /// Names of the user-defined properties, row r for position r + 1 of benu_eigen.

@@ -27,6 +27,7 @@ struct SpartenEintrag
     QStringView tempFilter;      ///< prefix of the parked filter that the window's close removes
     QStringView filterEndung;    ///< extension of filter files, with its point
     const char *namenSpalte;     ///< column of Namen_Benutzer_Optionen
+    QStringView bildordner;      ///< folder of its pictures; empty: the plant's number tells it
     QStringView hilfethema;
     const char *menue;           ///< menu entry that opens a window
     QStringView menuetext;

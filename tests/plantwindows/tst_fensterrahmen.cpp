@@ -106,7 +106,7 @@ void TestFensterrahmen::ersteAktivierung()
 {
     Pflanzenfenster &fenster = *probe_->fenster;
     QVERIFY(!fenster.ErsteAktivierung);
-    QCOMPARE(fenster.BilderAnzahl, 10);
+    QCOMPARE(fenster.BilderAnzahl, 2); // the two plates of the first plant
     // A new window shows the plants that are rated 5 and better.
     const auto db = probe_->ordner.db();
     Anweisung &gute = db->vorbereitet(u"SELECT count(*) FROM TOPFPFL WHERE bewertung >= 5"_s);

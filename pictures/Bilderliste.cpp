@@ -1,0 +1,132 @@
+#include "Bilderliste.h"
+
+#include "store/Pfade.h"
+#include "store/Recordset.h"
+
+namespace {
+
+constexpr QStringView fehlt = u"fehlt";
+
+QString bilddatei(const QString &wurzel, const QString &ordner, const QString &stamm)
+{
+    return pfadAus(pfadAus(wurzel, ordner), stamm + QStringLiteral(".jpg"));
+}
+
+bool probenVorhanden(const QString &wurzel)
+{
+    const QString ordner = pfadAus(wurzel, QStringLiteral("topfpflanzen"));
+    return dateiVorhanden(pfadAus(ordner, QStringLiteral("beg*"))) && dateiVorhanden(pfadAus(ordner, QStringLiteral("bou*")));
+}
+
+QString vorschauwurzel(const Programm &programm)
+{
+    return pfadAus(programm.ProgrammPfad, QStringLiteral("vorschau"));
+}
+
+std::optional<QString> textOderNull(Recordset &satz, const QString &feld)
+{
+    const Feld wert = satz.Fields(feld);
+    return wert.IsNull() ? std::nullopt : std::optional(wert.Text());
+}
+
+Bildzeile breiteZeile(Recordset &satz)
+{
+    Bildzeile zeile;
+    for (auto [haelfte, bilder] : {std::pair("G", &zeile.g), std::pair("D", &zeile.d)})
+        for (int i = 1; i <= bilderJeHaelfte; ++i) {
+            const QString ende = QStringLiteral("%1-%2").arg(i).arg(QLatin1String(haelfte));
+            (*bilder)[size_t(i - 1)] = {textOderNull(satz, QStringLiteral("BILD") + ende),
+                                        textOderNull(satz, QStringLiteral("BEMERKUNG") + ende).value_or(QString())};
+        }
+    return zeile;
+}
+
+} // namespace
+
+std::optional<Bildzeile> bildzeile(Recordset &satz, qint64 artnr)
+{
+    if (satz.hatFeld(u"BILD1-G"))
+        return satz.Eof() || satz.Fields(u"ARTNR").Ganzzahl() != artnr ? std::nullopt : std::optional(breiteZeile(satz));
+    Bildzeile zeile;
+    size_t platz = 0;
+    for (; !satz.Eof() && platz < groessteBilderzahl; satz.MoveNext()) {
+        if (satz.Fields(u"ARTNR").Ganzzahl() != artnr)
+            continue;
+        Bildzeile::Bild &bild = platz < zeile.g.size() ? zeile.g[platz] : zeile.d[platz - zeile.g.size()];
+        bild = {textOderNull(satz, QStringLiteral("BILD")), textOderNull(satz, QStringLiteral("BEMERKUNG")).value_or(QString())};
+        ++platz;
+    }
+    return platz ? std::optional(zeile) : std::nullopt;
+}
+
+QString bildordner(Sparte sparte, qint64 artnr)
+{
+    const QStringView fest = eintrag(sparte).bildordner;
+    if (!fest.isEmpty())
+        return fest.toString();
+    // Plants taken from two collections: the number tells which.
+    constexpr qint64 ersteHolzige = 2000, nachHolzigen = 3000;
+    return artnr >= ersteHolzige && artnr < nachHolzigen ? QStringLiteral("gehoelze") : QStringLiteral("stauden");
+}
+
+QString ersatzbild(const Programm &programm)
+{
+    return programm.ProgrammPfad + QStringLiteral("\\icons\\bildfehlt.jpg");
+}
+
+std::vector<Bildeintrag> streifenbilder(const Programm &programm, const Bildzeile &zeile, const QString &ordner)
+{
+    std::vector<Bildeintrag> bilder;
+    const QString wurzel = programm.LokaleVorschauBilder ? vorschauwurzel(programm) : programm.BilderPfad;
+    for (const auto *haelfte : {&zeile.g, &zeile.d})
+        for (const Bildzeile::Bild &bild : *haelfte) {
+            if (!bild.stamm)
+                continue;
+            const QString pfad = bilddatei(wurzel, ordner, *bild.stamm);
+            if (dateiVorhanden(pfad))
+                bilder.push_back({pfad, bild.bemerkung, true});
+            else if (*bild.stamm != fehlt)
+                bilder.push_back({ersatzbild(programm), *bild.stamm + QStringLiteral(".jpg"), false});
+        }
+    return bilder;
+}
+
+std::vector<Bildeintrag> fensterbilder(const Programm &programm, const Bildzeile &zeile, const QString &ordner,
+                                       const std::array<QString, groessteBilderzahl> &vorige)
+{
+    constexpr int bisBild = 4;
+    std::vector<Bildeintrag> bilder;
+    for (const auto *haelfte : {&zeile.g, &zeile.d})
+        for (int i = 0; i < bisBild && (*haelfte)[size_t(i)].stamm; ++i) {
+            const Bildzeile::Bild &bild = (*haelfte)[size_t(i)];
+            const QString pfad = bilddatei(programm.BilderPfad, ordner, *bild.stamm);
+            if (dateiVorhanden(pfad))
+                bilder.push_back({pfad, bild.bemerkung, true});
+            else if (*bild.stamm != fehlt)
+                bilder.push_back({ersatzbild(programm), vorige[bilder.size()], false});
+        }
+    return bilder;
+}
+
+Medium bildMediumPruefen(Programm &programm)
+{
+    Medium medium;
+    if (!probenVorhanden(programm.BilderPfad)) {
+        if (!programm.BilderAufCD) {
+            programm.BilderPfad.clear();
+            programm.LokaleVorschauBilder = false;
+            medium.unbekannt = true;
+            return medium;
+        }
+        medium.hinweis = QStringLiteral("Bitte Flox-CD einlegen!");
+    }
+    programm.LokaleVorschauBilder = probenVorhanden(vorschauwurzel(programm));
+    if (programm.LokaleVorschauBilder)
+        medium.hinweis.clear();
+    return medium;
+}
+
+bool mediumFehlt(const Programm &programm)
+{
+    return programm.BilderAufCD && !probenVorhanden(programm.BilderPfad);
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "store/Programm.h"
+
+#include <array>
+#include <optional>
+#include <vector>
+
+class Recordset;
+
+/* Which pictures a plant has: pure rules over its picture row, no window. */
+
+inline constexpr int bilderJeHaelfte = 5;
+inline constexpr int groessteBilderzahl = 10;
+
+/// The picture row of a plant; index 0 is picture 1 of a half.
+struct Bildzeile
+{
+    struct Bild
+    {
+        std::optional<QString> stamm; ///< file name without ".jpg"; nothing for a null
+        QString bemerkung;
+    };
+    std::array<Bild, bilderJeHaelfte> g, d;
+};
+
+/// The row of a plant out of the picture rows; nothing when there is none. Tables with one row a picture are read as well: the
+/// k-th row of a plant is its slot k.
+std::optional<Bildzeile> bildzeile(Recordset &satz, qint64 artnr);
+
+/// A picture to show: an existing file, or the substitute for a missing one.
+struct Bildeintrag
+{
+    QString pfad;         ///< as the program writes paths
+    QString beschreibung;
+    bool vorhanden = false;
+};
+
+/// Folder word of a plant's pictures.
+QString bildordner(Sparte sparte, qint64 artnr);
+QString ersatzbild(const Programm &programm);
+
+/// The strip's pictures: all five of each half, nulls passed over, previews where they are local.
+std::vector<Bildeintrag> streifenbilder(const Programm &programm, const Bildzeile &zeile, const QString &ordner);
+/// The picture window's: pictures 1 to 4 of each half, a null ends the half. `vorige` are the captions that stood in the
+/// places before: a missing picture keeps the caption of its place.
+std::vector<Bildeintrag> fensterbilder(const Programm &programm, const Bildzeile &zeile, const QString &ordner,
+                                       const std::array<QString, groessteBilderzahl> &vorige);
+
+/// What the two sample files say of the picture medium; changes the paths and flags as they find it.
+struct Medium
+{
+    QString hinweis;        ///< text for the status bar
+    bool unbekannt = false; ///< no picture folder is known any more
+};
+Medium bildMediumPruefen(Programm &programm);
+/// Whether the medium is missing: pictures are on the CD and a sample file cannot be found.
+bool mediumFehlt(const Programm &programm);

@@ -1,0 +1,211 @@
+#include "Bilderstreifen.h"
+
+#include "Bildlader.h"
+#include "store/Pfade.h"
+
+#include <QFileInfo>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPixmapCache>
+#include <QScrollBar>
+
+namespace {
+
+// Measures of the strip in twips.
+constexpr int kastenBreite = 2000, kastenHoehe = 1500, bildrand = 30;
+constexpr int ersterOben = 60, textOben = 1580, schritt = 1920, wegJeBild = 2095, abdeckungOben = 60;
+constexpr double wegteiler = 1.35;
+constexpr int ohneLeiste = 3; ///< pictures that fit without a bar
+constexpr int eigenerZeiger = 99;
+
+QString hinweis()
+{
+    return QStringLiteral("Anklicken um das Bild zu vergrößern");
+}
+
+/// A preview at the size it is painted, from the cache or the file.
+QPixmap vorschau(const QString &pfad, qreal skala)
+{
+    const QString datei = systemPfad(pfad);
+    const QString schluessel = QStringLiteral("vorschau %1 %2 %3").arg(datei).arg(QFileInfo(datei).lastModified().toMSecsSinceEpoch()).arg(skala);
+    QPixmap bild;
+    if (QPixmapCache::find(schluessel, &bild))
+        return bild;
+    bild = QPixmap::fromImage(ladeSkaliert(datei, QSize(pixel(kastenBreite), pixel(kastenHoehe)) * skala));
+    bild.setDevicePixelRatio(skala);
+    QPixmapCache::insert(schluessel, bild);
+    return bild;
+}
+
+/// A caption of one line; what does not fit is cut when it is painted.
+class Unterschrift : public QLabel
+{
+public:
+    explicit Unterschrift(QWidget *eltern) : QLabel(eltern)
+    {
+        QFont schrift = font();
+        schrift.setPointSizeF(schrift.pointSizeF() * 0.8);
+        setFont(schrift);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter maler(this);
+        maler.drawText(rect(), Qt::AlignHCenter | Qt::AlignTop, fontMetrics().elidedText(text(), Qt::ElideRight, width()));
+    }
+};
+
+} // namespace
+
+/// One place of the strip.
+class Bilderstreifen::Platz : public QWidget
+{
+public:
+    Platz(int index, Bilderstreifen *streifen, QWidget *eltern) : QWidget(eltern), index_(index), streifen_(streifen) {}
+
+    void leeren()
+    {
+        bild_ = {};
+        setToolTip({});
+        setProperty("MousePointer", 0);
+        unsetCursor();
+        update();
+    }
+    void setEcht(bool echt)
+    {
+        setToolTip(echt ? hinweis() : QString());
+        setAccessibleName(echt ? hinweis() : QStringLiteral("Kein Bild"));
+        setProperty("MousePointer", echt ? eigenerZeiger : 0);
+        setFocusPolicy(echt ? Qt::TabFocus : Qt::NoFocus);
+        echt ? setCursor(Qt::PointingHandCursor) : unsetCursor();
+    }
+    void setBild(const QPixmap &bild)
+    {
+        bild_ = bild;
+        update();
+    }
+    const QPixmap &bild() const { return bild_; }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter maler(this);
+        if (!bild_.isNull())
+            maler.drawPixmap(0, 0, bild_);
+        if (hasFocus())
+            maler.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+    void mouseReleaseEvent(QMouseEvent *ereignis) override
+    {
+        if (ereignis->button() == Qt::LeftButton)
+            anklicken();
+    }
+    void keyPressEvent(QKeyEvent *ereignis) override
+    {
+        if (ereignis->key() == Qt::Key_Space)
+            anklicken();
+        else
+            QWidget::keyPressEvent(ereignis);
+    }
+
+private:
+    void anklicken()
+    {
+        if (property("MousePointer").toInt() == eigenerZeiger)
+            emit streifen_->angeklickt(index_);
+    }
+
+    int index_;
+    Bilderstreifen *streifen_;
+    QPixmap bild_;
+};
+
+Bilderstreifen::Bilderstreifen(QWidget *eltern)
+    : QFrame(eltern), picBilderLeiste_(new QWidget(this)), picAbdeckung_(new QWidget(this)), vscBilder_(new QScrollBar(Qt::Vertical, this))
+{
+    picBilderLeiste_->setObjectName(QStringLiteral("picBilderLeiste"));
+    picAbdeckung_->setObjectName(QStringLiteral("picAbdeckung"));
+    picAbdeckung_->hide();
+    vscBilder_->setObjectName(QStringLiteral("vscBilder"));
+    vscBilder_->setRange(0, 100);
+    vscBilder_->setPageStep(25);
+    vscBilder_->hide();
+    connect(vscBilder_, &QScrollBar::valueChanged, this, &Bilderstreifen::vscBilderEinrichten);
+    for (int i = 0; i < groessteBilderzahl; ++i) {
+        imgFloxBild_[size_t(i)] = new Platz(i, this, picBilderLeiste_);
+        imgFloxBild_[size_t(i)]->setObjectName(QStringLiteral("imgFloxBild_%1").arg(i));
+        auto *text = new Unterschrift(picBilderLeiste_);
+        text->setObjectName(QStringLiteral("lblBilderText_%1").arg(i));
+        lblBilderText_[size_t(i)] = text;
+    }
+    lader_.setInterval(0);
+    connect(&lader_, &QTimer::timeout, this, &Bilderstreifen::naechstesLaden);
+}
+
+void Bilderstreifen::zeigen(const std::vector<Bildeintrag> &bilder, const QString &ersatz)
+{
+    anzahl_ = int(std::min<size_t>(bilder.size(), groessteBilderzahl));
+    wartend_.assign(groessteBilderzahl, {});
+    for (int i = 0; i < groessteBilderzahl; ++i) {
+        Platz *platz = imgFloxBild_[size_t(i)];
+        const bool belegt = i < anzahl_;
+        const bool ersetzt = anzahl_ == 0 && i == 0;
+        platz->leeren();
+        platz->setEcht(belegt && bilder[size_t(i)].vorhanden);
+        lblBilderText_[size_t(i)]->setText(belegt ? bilder[size_t(i)].beschreibung : QString());
+        lblBilderText_[size_t(i)]->setToolTip(belegt ? bilder[size_t(i)].beschreibung : QString());
+        wartend_[size_t(i)] = belegt ? bilder[size_t(i)].pfad : ersetzt ? ersatz : QString();
+        platz->setVisible(belegt || ersetzt);
+        lblBilderText_[size_t(i)]->setVisible(belegt);
+    }
+    if (anzahl_ > ohneLeiste)
+        vscBilder_->setValue(0);
+    vscBilderEinrichten();
+    lader_.start();
+}
+
+void Bilderstreifen::naechstesLaden()
+{
+    for (size_t i = 0; i < wartend_.size(); ++i) {
+        if (wartend_[i].isEmpty())
+            continue;
+        imgFloxBild_[i]->setBild(vorschau(std::exchange(wartend_[i], {}), devicePixelRatioF()));
+        platzieren(int(i));
+        return;
+    }
+    lader_.stop();
+}
+
+void Bilderstreifen::vscBilderEinrichten()
+{
+    vscBilder_->setVisible(anzahl_ > ohneLeiste);
+    picAbdeckung_->move(picAbdeckung_->x(), pixel(abdeckungOben));
+    for (int i = 0; i < groessteBilderzahl; ++i)
+        platzieren(i);
+}
+
+void Bilderstreifen::platzieren(int i)
+{
+    const double verhaeltnis = anzahl_ > ohneLeiste ? double(vscBilder_->value()) / vscBilder_->maximum() / wegteiler : 0;
+    const double versatz = i * schritt - verhaeltnis * anzahl_ * wegJeBild;
+    Platz *platz = imgFloxBild_[size_t(i)];
+    const QSizeF bild = platz->bild().isNull() ? QSizeF(pixel(kastenBreite), pixel(kastenHoehe)) : platz->bild().deviceIndependentSize();
+    constexpr double twips = 15;
+    const double breite = bild.width() * twips;
+    const double links = (kastenBreite - breite) / 2 + bildrand;
+    platz->setGeometry(pixel(links), pixel(ersterOben + versatz), int(bild.width()), int(bild.height()));
+    platz->setProperty("Left", links);
+    platz->setProperty("Top", ersterOben + versatz);
+    lblBilderText_[size_t(i)]->setGeometry(pixel(bildrand), pixel(textOben + versatz), pixel(kastenBreite), pixel(schritt - textOben) - 2);
+    lblBilderText_[size_t(i)]->setProperty("Top", textOben + versatz);
+}
+
+void Bilderstreifen::resizeEvent(QResizeEvent *ereignis)
+{
+    QFrame::resizeEvent(ereignis);
+    const int leiste = vscBilder_->sizeHint().width();
+    picBilderLeiste_->setGeometry(4, 2, pixel(kastenBreite + 2 * bildrand), height() - 4);
+    vscBilder_->setGeometry(width() - leiste - 3, 3, leiste, height() - 6);
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Bilderliste.h"
+
+#include <QFrame>
+#include <QPixmap>
+#include <QTimer>
+
+#include <array>
+
+class QLabel;
+class QScrollBar;
+
+/* The strip of previews beside a record. It knows pictures and captions, nothing else. Pictures are loaded in slices of the
+   message loop, one at a time, so that walking through the records is never held up. */
+class Bilderstreifen : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit Bilderstreifen(QWidget *eltern);
+
+    /// At most ten pictures; none shows `ersatz`. What was still to be loaded for the record before is dropped.
+    void zeigen(const std::vector<Bildeintrag> &bilder, const QString &ersatz);
+    /// Lays the slots out for the present number of pictures and place of the bar.
+    void vscBilderEinrichten();
+    int anzahl() const { return anzahl_; }
+
+signals:
+    /// A real picture was clicked; index counted from 0.
+    void angeklickt(int index);
+
+protected:
+    void resizeEvent(QResizeEvent *ereignis) override;
+
+private:
+    class Platz;
+
+    void naechstesLaden();
+    void platzieren(int i);
+
+    std::array<Platz *, groessteBilderzahl> imgFloxBild_{};
+    std::array<QLabel *, groessteBilderzahl> lblBilderText_{};
+    QWidget *picBilderLeiste_;
+    QWidget *picAbdeckung_;
+    QScrollBar *vscBilder_;
+    QTimer lader_;
+    std::vector<QString> wartend_; ///< files by slot; empty: nothing to load
+    int anzahl_ = 0;
+};

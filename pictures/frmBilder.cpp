@@ -1,0 +1,503 @@
+#include "frmBilder.h"
+
+#include "Bildlader.h"
+#include "controls/Geschuetzt.h"
+#include "controls/Steuerelemente.h"
+#include "store/Pfade.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace {
+
+// Measures in twips.
+constexpr double twips = 15; // to the pixel
+constexpr int leiste = 315, kleinste = 5000;
+constexpr int unterBild = 1800, nebenBild = 325, obenLeiste = 1650, breiteLeiste2 = 1900, nebenText = 3145;
+// Steps of a tenth of the picture's own size.
+constexpr int stufeOriginal = 10, groessteStufe = 31, kleinsteStufe = 5;
+
+struct Knopftext
+{
+    const char *name, *stamm;
+    QStringView hinweis;
+    bool kannGrau;
+};
+constexpr Knopftext knopftexte[] = {
+    {"cmdGroesser", "groesser", u"Bild vergrößern (+10%)", false},
+    {"cmdKleiner", "kleiner", u"Bild verkleinern  (-10%)", false},
+    {"cmdAnpassen", "anpassen", u"Bild an das Fenster anpassen", false},
+    {"cmdOriginal", "original", u"Originalgröße zeigen (100%)", false},
+    {"cmdBack", "back", u"vorheriges Bild", true},
+    {"cmdNext", "next", u"Nächstes Bild", true},
+};
+
+} // namespace
+
+/// The stretching image control.
+class Bildflaeche : public QWidget
+{
+public:
+    using QWidget::QWidget;
+    void setBild(const QPixmap &bild)
+    {
+        bild_ = bild;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter maler(this);
+        maler.setRenderHint(QPainter::SmoothPixmapTransform);
+        maler.drawPixmap(rect(), bild_);
+    }
+
+private:
+    QPixmap bild_;
+};
+
+frmBilder::frmBilder(Programm &programm, std::function<std::optional<Bilderpflanze>()> pflanze, QWidget *zentral)
+    : QWidget(zentral, Qt::Window), programm_(programm), pflanze_(std::move(pflanze))
+{
+    setObjectName(QStringLiteral("frmBilder"));
+    setWindowTitle(QStringLiteral("Pflanzenbilder"));
+    aufbauen();
+    knoepfeVerbinden();
+    resize(pixel(programm.BilderFormBreite), pixel(programm.BilderFormHoehe));
+    if (zentral)
+        move(zentral->geometry().center() - rect().center());
+    timResize_.setObjectName(QStringLiteral("timResize"));
+    timResize_.setInterval(125);
+    connect(&timResize_, &QTimer::timeout, this, geschuetzt(this, [this] { groesseGeaendert(); }));
+    // The pictures are listed now; the first one is shown by the timer.
+    if (listen())
+        BildIndex = programm_.GewaehltesBild;
+    positionSetzen();
+    NaviPruefen();
+    FormGeladen = true;
+    timResize_.start();
+}
+
+void frmBilder::aufbauen()
+{
+    const auto flaeche = [this](const char *name, QWidget *eltern) {
+        auto *neu = new QWidget(eltern);
+        neu->setObjectName(QString::fromLatin1(name));
+        neu->setMouseTracking(true);
+        neu->installEventFilter(this);
+        return neu;
+    };
+    const auto schild = [this](const char *name, QWidget *eltern) {
+        auto *neu = new QLabel(eltern);
+        neu->setObjectName(QString::fromLatin1(name));
+        neu->setMouseTracking(true);
+        neu->installEventFilter(this);
+        return neu;
+    };
+    setMouseTracking(true);
+    picBildAnzeige_ = flaeche("picBildAnzeige", this);
+    picBildAnzeige_->setAutoFillBackground(true);
+    picBildAnzeige_->setBackgroundRole(QPalette::Base);
+    imgAnzeige_ = new Bildflaeche(picBildAnzeige_);
+    imgAnzeige_->setObjectName(QStringLiteral("imgAnzeige"));
+    imgAnzeige_->setMouseTracking(true);
+    imgAnzeige_->installEventFilter(this);
+    const auto balken = [this](const char *name, Qt::Orientation richtung) {
+        auto *neu = new QScrollBar(richtung, picBildAnzeige_);
+        neu->setObjectName(QString::fromLatin1(name));
+        neu->setRange(0, 100);
+        connect(neu, &QScrollBar::valueChanged, this, &frmBilder::leistenBewegt);
+        return neu;
+    };
+    hscBild_ = balken("hscBild", Qt::Horizontal);
+    vscBild_ = balken("vscBild", Qt::Vertical);
+    picAbdeckung_ = flaeche("picAbdeckung", picBildAnzeige_);
+    picAbdeckung_->setAutoFillBackground(true);
+    picLeiste1_ = flaeche("picLeiste1", this);
+    picLeiste2_ = flaeche("picLeiste2", this);
+    lblBotName_ = schild("lblBotName", picLeiste1_);
+    lblDeuName_ = schild("lblDeuName", picLeiste1_);
+    lblBeschreibung_ = schild("lblBeschreibung", picLeiste1_);
+    lblPosition_ = schild("lblPosition", picLeiste1_);
+    QFont schrift = lblBotName_->font();
+    schrift.setBold(true);
+    schrift.setItalic(true);
+    lblBotName_->setFont(schrift);
+    lblBeschreibung_->setWordWrap(true);
+    for (int i = 0; i < anzahlKnoepfe; ++i) {
+        knoepfe_[size_t(i)] = new Bildknopf(knopftexte[i].hinweis.toString(), picLeiste2_);
+        knoepfe_[size_t(i)]->setObjectName(QString::fromLatin1(knopftexte[i].name));
+        knoepfe_[size_t(i)]->setGeometry(4 + (i % 3) * 40, (i / 3) * 38, 36, 36);
+        knoepfe_[size_t(i)]->setBild(knopfschluessel(Knopf(i), false));
+    }
+    auto *cmdSchliessen = new QPushButton(QStringLiteral("&Schliessen"), picLeiste2_);
+    cmdSchliessen->setObjectName(QStringLiteral("cmdSchliessen"));
+    cmdSchliessen->setGeometry(4, 78, 116, 26);
+    cmdSchliessen->setMouseTracking(true);
+    cmdSchliessen->installEventFilter(this);
+    connect(cmdSchliessen, &QPushButton::clicked, this, &QWidget::close);
+}
+
+void frmBilder::knoepfeVerbinden()
+{
+    for (int i = 0; i < anzahlKnoepfe; ++i) {
+        Bildknopf *button = knoepfe_[size_t(i)];
+        const QString stamm = QString::fromLatin1(knopftexte[i].stamm);
+        connect(button, &Bildknopf::mausBewegt, this, [this, button, stamm] {
+            ButtonUnterMaus = button->objectName();
+            NormaleButtons();
+            if (!button->isEnabled())
+                return;
+            if (button->tag() != u"benutzt")
+                button->setBild(stamm);
+            button->setTag(QStringLiteral("benutzt"));
+        });
+        connect(button, &Bildknopf::mausVerlassen, this, [this, button] {
+            if (ButtonUnterMaus == button->objectName())
+                ButtonUnterMaus.clear();
+            NormaleButtons();
+        });
+        connect(button, &Bildknopf::mausGedrueckt, this, [button, stamm] { button->setBild(stamm + QStringLiteral("_u")); });
+        connect(button, &Bildknopf::mausLosgelassen, this, [button, stamm] { button->setBild(stamm); });
+    }
+    const auto beiKlick = [this](Knopf knopf, auto handlung) {
+        connect(knoepfe_[knopf], &Bildknopf::clicked, this, geschuetzt(this, std::move(handlung)));
+    };
+    beiKlick(Groesser, [this] { stufe(1); });
+    beiKlick(Kleiner, [this] { stufe(-1); });
+    beiKlick(Anpassen, [this] { cmdAnpassen_Click(); });
+    beiKlick(Original, [this] { cmdOriginal_Click(); });
+    beiKlick(Back, [this] { blaettern(-1); });
+    beiKlick(Next, [this] { blaettern(1); });
+}
+
+bool frmBilder::listen()
+{
+    const std::optional<Bilderpflanze> pflanze = pflanze_();
+    if (!pflanze) {
+        QMessageBox::warning(this, programmtitel.toString(), QStringLiteral("Hoppla"));
+        return false;
+    }
+    lblBotName_->setText(pflanze->botName);
+    lblDeuName_->setText(pflanze->deuName);
+    // Without a matching row the pictures of the plant before stay listed.
+    if (!pflanze->zeile)
+        return true;
+    const std::vector<Bildeintrag> bilder = fensterbilder(programm_, *pflanze->zeile, bildordner(pflanze->sparte, pflanze->artnr), BildBeschreibung);
+    BildAnzahl = int(bilder.size());
+    for (size_t i = 0; i < BildPfad.size(); ++i) {
+        const bool belegt = i < bilder.size();
+        const QSize groesse = belegt ? bildgroesse(systemPfad(bilder[i].pfad)) : QSize(0, 0);
+        BildPfad[i] = belegt ? bilder[i].pfad : QString();
+        BildBeschreibung[i] = belegt ? bilder[i].beschreibung : QString();
+        BildBreite[i] = qMax(0, groesse.width()) * twips;
+        BildHoehe[i] = qMax(0, groesse.height()) * twips;
+    }
+    return true;
+}
+
+void frmBilder::NeuePflanze()
+{
+    ZoomStufe = stufeOriginal;
+    if (listen()) {
+        BildIndex = qBound(0, programm_.GewaehltesBild, qMax(0, BildAnzahl - 1));
+        BildAnzeigen(BildIndex);
+        titelSetzen();
+    }
+    positionSetzen();
+    NaviPruefen();
+    LaufleistenUeberpruefung();
+}
+
+void frmBilder::positionSetzen()
+{
+    BildIndex = qBound(0, BildIndex, qMax(0, BildAnzahl - 1));
+    lblPosition_->setText(QStringLiteral("%1/%2").arg(BildAnzahl ? BildIndex + 1 : 0).arg(BildAnzahl));
+}
+
+void frmBilder::BildAnzeigen(int i)
+{
+    const double breite = BildBreite[size_t(i)], hoehe = BildHoehe[size_t(i)];
+    imgAnzeige_->setBild({});
+    if (breite <= 0 || hoehe <= 0) {
+        groesseSetzen(0, 0);
+    } else {
+        const double flaecheBreite = picBildAnzeige_->width() * twips, flaecheHoehe = picBildAnzeige_->height() * twips;
+        const double rw = breite / flaecheBreite, rh = hoehe / flaecheHoehe;
+        if (programm_.OriginalGroesse && !AnpassenVerlangt)
+            groesseSetzen(breite, hoehe);
+        else if (hoehe / rw <= flaecheHoehe)
+            groesseSetzen(breite / rw, hoehe / rw);
+        else
+            groesseSetzen(breite / rh, hoehe / rh);
+    }
+    SchrittBreite = int(std::lround(0.1 * breite));
+    SchrittHoehe = int(std::lround(0.1 * hoehe));
+    ZoomStufe = stufeOriginal;
+    mitten();
+    bildLaden();
+    lblBeschreibung_->setText(BildBeschreibung[size_t(i)]);
+    AnpassenVerlangt = false;
+    unsetCursor();
+}
+
+void frmBilder::bildLaden()
+{
+    const QString datei = systemPfad(BildPfad[size_t(BildIndex)]);
+    QImage bild;
+    if (!datei.isEmpty() && lage_.breite > 0) {
+        // Not decoded larger than it is painted.
+        const QSize gezeigt = QSize(pixel(lage_.breite), pixel(lage_.hoehe)) * devicePixelRatioF();
+        bild = lage_.breite < BildBreite[size_t(BildIndex)] ? ladeSkaliert(datei, gezeigt) : ladeGanz(datei);
+        if (bild.isNull() && programm_.BilderAufCD)
+            QMessageBox::warning(this, programmtitel.toString(), QStringLiteral("Bild nicht gefunden! FLOX-CD wieder einlegen!"));
+    }
+    imgAnzeige_->setBild(QPixmap::fromImage(bild));
+}
+
+void frmBilder::groesseSetzen(double breite, double hoehe)
+{
+    lage_.breite = breite;
+    lage_.hoehe = hoehe;
+}
+
+void frmBilder::mitten()
+{
+    lage_.links = (picBildAnzeige_->width() * twips - lage_.breite) / 2;
+    lage_.oben = (picBildAnzeige_->height() * twips - lage_.hoehe) / 2;
+    lageAnwenden();
+}
+
+void frmBilder::lageAnwenden()
+{
+    imgAnzeige_->setGeometry(pixel(lage_.links), pixel(lage_.oben), pixel(lage_.breite), pixel(lage_.hoehe));
+    imgAnzeige_->setProperty("Left", lage_.links);
+    imgAnzeige_->setProperty("Top", lage_.oben);
+    imgAnzeige_->setProperty("Width", lage_.breite);
+    imgAnzeige_->setProperty("Height", lage_.hoehe);
+}
+
+void frmBilder::stufe(int richtung)
+{
+    lage_.links -= richtung * SchrittBreite / 2.0;
+    lage_.oben -= richtung * SchrittHoehe / 2.0;
+    groesseSetzen(qMax(0.0, lage_.breite + richtung * SchrittBreite), qMax(0.0, lage_.hoehe + richtung * SchrittHoehe));
+    lageAnwenden();
+    bildLaden();
+    LaufleistenUeberpruefung();
+    ZoomStufe += richtung;
+    VGNaviPruefen();
+    titelSetzen();
+}
+
+void frmBilder::cmdAnpassen_Click()
+{
+    AnpassenVerlangt = true;
+    BildAnzeigen(BildIndex);
+    LaufleistenUeberpruefung();
+    titelSetzen();
+}
+
+void frmBilder::cmdOriginal_Click()
+{
+    groesseSetzen(BildBreite[size_t(BildIndex)], BildHoehe[size_t(BildIndex)]);
+    mitten();
+    bildLaden();
+    LaufleistenUeberpruefung();
+    ZoomStufe = stufeOriginal;
+    VGNaviPruefen();
+    titelSetzen();
+}
+
+void frmBilder::blaettern(int richtung)
+{
+    BildIndex += richtung;
+    positionSetzen();
+    BildAnzeigen(BildIndex);
+    NaviPruefen();
+    LaufleistenUeberpruefung();
+    titelSetzen();
+}
+
+int frmBilder::Zoomfaktor() const
+{
+    const double breite = BildBreite[size_t(BildIndex)];
+    return breite == 0 ? 0 : int(std::lround(lage_.breite / breite * 100));
+}
+
+void frmBilder::titelSetzen()
+{
+    setWindowTitle(QStringLiteral("%1 (Bildgröße: %2%)").arg(lblBotName_->text()).arg(Zoomfaktor()));
+}
+
+void frmBilder::LaufleistenUeberpruefung()
+{
+    const double breite = picBildAnzeige_->width() * twips, hoehe = picBildAnzeige_->height() * twips;
+    const auto stellen = [](QScrollBar *balken, double groesse, double ort, double flaeche) {
+        const bool noetig = groesse > flaeche;
+        if (noetig) {
+            const QSignalBlocker still(balken);
+            balken->setValue(int(std::lround(ort / ((flaeche - leiste - groesse) / 100))));
+        }
+        balken->setEnabled(noetig);
+        return noetig;
+    };
+    const bool waagerecht = stellen(hscBild_, lage_.breite, lage_.links, breite);
+    const bool senkrecht = stellen(vscBild_, lage_.hoehe, lage_.oben, hoehe);
+    for (QWidget *teil : {static_cast<QWidget *>(hscBild_), static_cast<QWidget *>(vscBild_), picAbdeckung_}) {
+        teil->setVisible(waagerecht || senkrecht);
+        teil->raise();
+    }
+}
+
+void frmBilder::leistenBewegt()
+{
+    if (hscBild_->isEnabled())
+        lage_.links = (picBildAnzeige_->width() * twips - leiste - lage_.breite) / 100 * hscBild_->value();
+    if (vscBild_->isEnabled())
+        lage_.oben = (picBildAnzeige_->height() * twips - leiste - lage_.hoehe) / 100 * vscBild_->value();
+    lageAnwenden();
+}
+
+void frmBilder::NaviPruefen()
+{
+    const std::pair<Knopf, bool> enden[] = {{Next, BildIndex >= BildAnzahl - 1}, {Back, BildIndex <= 0}};
+    for (const auto &[knopf, amEnde] : enden) {
+        knoepfe_[knopf]->setEnabled(!amEnde);
+        knoepfe_[knopf]->setBild(knopfschluessel(knopf, ButtonUnterMaus == knoepfe_[knopf]->objectName()));
+    }
+}
+
+void frmBilder::VGNaviPruefen()
+{
+    knoepfe_[Groesser]->setEnabled(ZoomStufe < groessteStufe);
+    knoepfe_[Kleiner]->setEnabled(ZoomStufe >= kleinsteStufe);
+}
+
+QString frmBilder::knopfschluessel(Knopf knopf, bool unterMaus) const
+{
+    const QString stamm = QString::fromLatin1(knopftexte[knopf].stamm);
+    if (knopftexte[knopf].kannGrau && !knoepfe_[knopf]->isEnabled())
+        return stamm + QStringLiteral("_ef");
+    return unterMaus ? stamm : stamm + QStringLiteral("_n");
+}
+
+void frmBilder::NormaleButtons()
+{
+    for (int i = 0; i < anzahlKnoepfe; ++i) {
+        Bildknopf *button = knoepfe_[size_t(i)];
+        if (button->tag() != u"benutzt" || button->objectName() == ButtonUnterMaus)
+            continue;
+        button->setBild(knopfschluessel(Knopf(i), false));
+        button->setTag(QString());
+    }
+}
+
+void frmBilder::resizeEvent(QResizeEvent *ereignis)
+{
+    QWidget::resizeEvent(ereignis);
+    timResize_.start();
+}
+
+void frmBilder::NeueGroesse()
+{
+    if (width() < pixel(kleinste) || height() < pixel(kleinste))
+        resize(qMax(width(), pixel(kleinste)), qMax(height(), pixel(kleinste)));
+    // A maximised window keeps its inner sizes.
+    if (windowState() & (Qt::WindowMaximized | Qt::WindowMinimized | Qt::WindowFullScreen))
+        return;
+    const double breite = width() * twips, hoehe = height() * twips;
+    picBildAnzeige_->setGeometry(10, 8, pixel(breite - nebenBild), pixel(hoehe - unterBild));
+    picLeiste1_->setGeometry(10, pixel(hoehe - obenLeiste), pixel(breite - nebenBild), pixel(obenLeiste) - 2);
+    picLeiste2_->setGeometry(pixel(breite - breiteLeiste2), pixel(hoehe - obenLeiste), pixel(breiteLeiste2), pixel(obenLeiste) - 2);
+    const int text = pixel(breite - nebenText);
+    lblBotName_->setGeometry(0, 4, text, 22);
+    lblDeuName_->setGeometry(0, 26, text, 20);
+    lblBeschreibung_->setGeometry(0, 50, text, 34);
+    lblPosition_->setGeometry(0, 84, text, 20);
+}
+
+void frmBilder::groesseGeaendert()
+{
+    timResize_.stop();
+    if (FormGeladen) {
+        programm_.BilderFormBreite = width() * twips;
+        programm_.BilderFormHoehe = height() * twips;
+        NeueGroesse();
+        BildAnzeigen(BildIndex);
+        LaufleistenUeberpruefung();
+    }
+    const int rechts = picBildAnzeige_->width() - pixel(leiste), unten = picBildAnzeige_->height() - pixel(leiste);
+    vscBild_->setGeometry(rechts, 0, pixel(leiste), unten);
+    hscBild_->setGeometry(0, unten, rechts, pixel(leiste));
+    picAbdeckung_->setGeometry(rechts, unten, pixel(leiste), pixel(leiste));
+    titelSetzen();
+}
+
+bool frmBilder::eventFilter(QObject *quelle, QEvent *ereignis)
+{
+    const bool bild = quelle == imgAnzeige_;
+    switch (ereignis->type()) {
+    case QEvent::MouseMove: {
+        // Over the picture and the closing button the last button stays noted.
+        if (!bild && quelle->objectName() != u"cmdSchliessen")
+            ButtonUnterMaus.clear();
+        NormaleButtons();
+        if (bild && gezogenVon_) {
+            const QPoint weg = static_cast<QMouseEvent *>(ereignis)->globalPosition().toPoint() - *gezogenVon_;
+            gezogenVon_ = *gezogenVon_ + weg;
+            const double randX = picBildAnzeige_->width() * twips - lage_.breite, randY = picBildAnzeige_->height() * twips - lage_.hoehe;
+            if (hscBild_->isEnabled())
+                lage_.links = qBound(randX - leiste, lage_.links + weg.x() * twips, 0.0);
+            if (vscBild_->isEnabled())
+                lage_.oben = qBound(randY - leiste, lage_.oben + weg.y() * twips, 0.0);
+            lageAnwenden();
+            LaufleistenUeberpruefung();
+        }
+        break;
+    }
+    case QEvent::MouseButtonPress:
+        if (bild)
+            gezogenVon_ = static_cast<QMouseEvent *>(ereignis)->globalPosition().toPoint();
+        break;
+    case QEvent::MouseButtonRelease: gezogenVon_.reset(); break;
+    case QEvent::Wheel: {
+        const auto *rad = static_cast<QWheelEvent *>(ereignis);
+        if (rad->modifiers() & Qt::ControlModifier) {
+            knoepfe_[rad->angleDelta().y() > 0 ? Groesser : Kleiner]->click();
+            return true;
+        }
+        break;
+    }
+    default: break;
+    }
+    return QWidget::eventFilter(quelle, ereignis);
+}
+
+void frmBilder::keyPressEvent(QKeyEvent *ereignis)
+{
+    switch (ereignis->key()) {
+    case Qt::Key_Escape: close(); break;
+    case Qt::Key_Left:
+    case Qt::Key_Up: knoepfe_[Back]->click(); break;
+    case Qt::Key_Right:
+    case Qt::Key_Down: knoepfe_[Next]->click(); break;
+    case Qt::Key_Plus: knoepfe_[Groesser]->click(); break;
+    case Qt::Key_Minus: knoepfe_[Kleiner]->click(); break;
+    default: QWidget::keyPressEvent(ereignis);
+    }
+}
+
+void frmBilder::closeEvent(QCloseEvent *ereignis)
+{
+    QWidget::closeEvent(ereignis);
+    emit geschlossen();
+}

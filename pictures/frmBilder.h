@@ -1,0 +1,101 @@
+#pragma once
+
+#include "Bilderliste.h"
+
+#include <QPixmap>
+#include <QTimer>
+#include <QWidget>
+
+#include <array>
+#include <functional>
+
+class Bildflaeche;
+class Bildknopf;
+class QLabel;
+class QScrollBar;
+
+/* What the picture window needs of the plant window that is active. */
+struct Bilderpflanze
+{
+    Sparte sparte;
+    qint64 artnr = 0;
+    QString botName, deuName;          ///< texts of the window's two name labels
+    std::optional<Bildzeile> zeile;    ///< nothing: no picture row matches
+};
+
+/* The one window that shows the pictures of the current plant at full size, with a zoom in tenths, scroll bars and a walk
+   through the pictures. All measures of pictures and places are twips. */
+class frmBilder : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `pflanze` gives the active window's plant, nothing when there is none.
+    frmBilder(Programm &programm, std::function<std::optional<Bilderpflanze>()> pflanze, QWidget *zentral);
+
+    /// Lists the plant's pictures and shows number GewaehltesBild.
+    void NeuePflanze();
+    void BildAnzeigen(int index);
+    /// Percent shown of the picture's own size; 0 without a picture.
+    int Zoomfaktor() const;
+
+signals:
+    /// The window was closed by its button: the plant window comes to the front.
+    void geschlossen();
+
+protected:
+    void resizeEvent(QResizeEvent *ereignis) override;
+    void keyPressEvent(QKeyEvent *ereignis) override;
+    void closeEvent(QCloseEvent *ereignis) override;
+    bool eventFilter(QObject *quelle, QEvent *ereignis) override;
+
+private:
+    enum Knopf { Groesser, Kleiner, Anpassen, Original, Back, Next };
+    static constexpr int anzahlKnoepfe = 6;
+    struct Lage
+    {
+        double links = 0, oben = 0, breite = 0, hoehe = 0;
+    };
+
+    void aufbauen();
+    void knoepfeVerbinden();
+    bool listen();
+    void stufe(int richtung);
+    void cmdAnpassen_Click();
+    void cmdOriginal_Click();
+    void blaettern(int richtung);
+    void groesseSetzen(double breite, double hoehe);
+    void mitten();
+    void bildLaden();
+    void lageAnwenden();
+    void LaufleistenUeberpruefung();
+    void leistenBewegt();
+    void NaviPruefen();
+    void VGNaviPruefen();
+    void NormaleButtons();
+    void NeueGroesse();
+    void groesseGeaendert();
+    void titelSetzen();
+    void positionSetzen();
+    QString knopfschluessel(Knopf knopf, bool unterMaus) const;
+
+    Programm &programm_;
+    std::function<std::optional<Bilderpflanze>()> pflanze_;
+
+    std::array<QString, groessteBilderzahl> BildPfad, BildBeschreibung;
+    std::array<double, groessteBilderzahl> BildBreite{}, BildHoehe{}; ///< at 100 %
+    int BildAnzahl = 0, BildIndex = 0;
+    int SchrittBreite = 0, SchrittHoehe = 0;
+    int ZoomStufe = 10;
+    bool AnpassenVerlangt = false, FormGeladen = false;
+    QString ButtonUnterMaus;
+    Lage lage_;
+    std::optional<QPoint> gezogenVon_;
+
+    QTimer timResize_{this};
+    QWidget *picBildAnzeige_, *picLeiste1_, *picLeiste2_, *picAbdeckung_;
+    Bildflaeche *imgAnzeige_;
+    QScrollBar *hscBild_, *vscBild_;
+    QLabel *lblBotName_, *lblDeuName_, *lblBeschreibung_, *lblPosition_;
+    std::array<Bildknopf *, anzahlKnoepfe> knoepfe_{};
+};

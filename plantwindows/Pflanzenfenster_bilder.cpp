@@ -1,0 +1,46 @@
+#include "Pflanzenfenster.h"
+
+#include "Zentrale.h"
+#include "controls/Geschuetzt.h"
+#include "pictures/Bilderstreifen.h"
+
+#include <QLabel>
+
+/* The window's pictures: the strip beside the record and the way to the picture window. */
+
+void Pflanzenfenster::bilderZeigen()
+{
+    const Medium medium = bildMediumPruefen(programm_);
+    if (stbAnzeige_[2]->text() != medium.hinweis)
+        stbAnzeige_[2]->setText(medium.hinweis);
+    lblArtNr_->setForegroundRole(medium.unbekannt ? QPalette::Link : QPalette::WindowText);
+    std::vector<Bildeintrag> bilder;
+    if (const std::optional<Bildzeile> zeile = satz_.artnr() ? satz_.bilder() : std::nullopt)
+        bilder = streifenbilder(programm_, *zeile, bildordner(sparte(), satz_.artnr()));
+    fraBilder_->zeigen(bilder, programm_.ProgrammPfad + QStringLiteral("\\icons\\keinbild.gif"));
+    BilderAnzahl = fraBilder_->anzahl();
+}
+
+void Pflanzenfenster::bildAngeklickt(int index)
+{
+    while (mediumFehlt(programm_)) {
+        const auto antwort = QMessageBox::warning(this, QStringLiteral("Flox-CD nicht gefunden!"),
+                                                  QStringLiteral("Die Flox-CD konnte nicht gefunden werden!\rBitte die richtige CD in das Laufwerk %1 einlegen!")
+                                                      .arg(programm_.BilderPfad),
+                                                  QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok);
+        if (antwort != QMessageBox::Ok)
+            return;
+    }
+    programm_.GewaehltesBild = index;
+    zentrale_.bildZeigen();
+}
+
+Bilderpflanze Pflanzenfenster::bilderpflanze()
+{
+    const auto namen = [this](const Element &element) {
+        const auto *schild = findChild<QLabel *>(QString::fromLatin1(element.control));
+        return schild ? schild->text() : QString();
+    };
+    return {.sparte = sparte(), .artnr = satz_.artnr(), .botName = namen(beschreibung_.kopf[0]), .deuName = namen(beschreibung_.kopf[1]),
+            .zeile = satz_.artnr() ? satz_.bilder() : std::nullopt};
+}

@@ -1,0 +1,204 @@
+#include "Bildprobe.h"
+
+#include "store/Recordset.h"
+
+#include <QTest>
+
+/* The rules by which a plant's picture row becomes pictures. */
+class tst_bilderliste : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void stripTakesFiveOfEachHalf();
+    void stripPassesOverNulls();
+    void fehltLeavesNoGap();
+    void missingFileIsNamed();
+    void windowEndsAHalfAtNull();
+    void windowTakesFourOfEachHalf();
+    void missingPictureKeepsTheCaptionOfItsPlace();
+    void folders_data();
+    void folders();
+    void medium_data();
+    void medium();
+    void localPreviewsComeFirst();
+    void tableWithOneRowAPicture();
+    void wideTable();
+};
+
+namespace {
+
+const QString topf = QStringLiteral("topfpflanzen");
+
+QStringList namen(const std::vector<Bildeintrag> &bilder)
+{
+    QStringList liste;
+    for (const Bildeintrag &bild : bilder)
+        liste += QFileInfo(QString(bild.pfad).replace(u'\\', u'/')).completeBaseName();
+    return liste;
+}
+
+} // namespace
+
+void tst_bilderliste::stripTakesFiveOfEachHalf()
+{
+    const Bilderordner ordner;
+    const QStringList g{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("d"), QStringLiteral("e")};
+    const QStringList d{QStringLiteral("f"), QStringLiteral("g"), QStringLiteral("h"), QStringLiteral("i"), QStringLiteral("j")};
+    for (const QString &name : g + d)
+        ordner.bild(QStringLiteral("topfpflanzen/%1.jpg").arg(name), {40, 30});
+    const auto bilder = streifenbilder(ordner.programm(), zeileAus(g, d), topf);
+    QCOMPARE(namen(bilder), g + d);
+    QCOMPARE(bilder[5].beschreibung, QStringLiteral("Text f"));
+    QVERIFY(std::ranges::all_of(bilder, &Bildeintrag::vorhanden));
+}
+
+void tst_bilderliste::stripPassesOverNulls()
+{
+    const Bilderordner ordner;
+    const auto bilder = streifenbilder(ordner.programm(), zeileAus({QStringLiteral("begonia-rex"), {}, QStringLiteral("bougainvillea-glabra")}, {}), topf);
+    QCOMPARE(namen(bilder), QStringList({QStringLiteral("begonia-rex"), QStringLiteral("bougainvillea-glabra")}));
+}
+
+void tst_bilderliste::fehltLeavesNoGap()
+{
+    const Bilderordner ordner;
+    const Bildzeile zeile = zeileAus({QStringLiteral("begonia-rex"), QStringLiteral("fehlt"), QStringLiteral("bougainvillea-glabra")}, {});
+    QCOMPARE(streifenbilder(ordner.programm(), zeile, topf).size(), size_t(2));
+    QCOMPARE(fensterbilder(ordner.programm(), zeile, topf, {}).size(), size_t(2));
+}
+
+void tst_bilderliste::missingFileIsNamed()
+{
+    const Bilderordner ordner;
+    const auto bilder = streifenbilder(ordner.programm(), zeileAus({QStringLiteral("verschwunden")}, {}), topf);
+    QCOMPARE(bilder.size(), size_t(1));
+    QCOMPARE(bilder[0].pfad, ersatzbild(ordner.programm()));
+    QCOMPARE(bilder[0].beschreibung, QStringLiteral("verschwunden.jpg"));
+    QVERIFY(!bilder[0].vorhanden);
+}
+
+void tst_bilderliste::windowEndsAHalfAtNull()
+{
+    const Bilderordner ordner;
+    for (const char *name : {"a", "b", "c"})
+        ordner.bild(QStringLiteral("topfpflanzen/%1.jpg").arg(QLatin1String(name)), {40, 30});
+    const auto bilder = fensterbilder(ordner.programm(), zeileAus({QStringLiteral("a"), {}, QStringLiteral("b")}, {QStringLiteral("c")}), topf, {});
+    QCOMPARE(namen(bilder), QStringList({QStringLiteral("a"), QStringLiteral("c")}));
+}
+
+void tst_bilderliste::windowTakesFourOfEachHalf()
+{
+    const Bilderordner ordner;
+    ordner.bild(QStringLiteral("topfpflanzen/x.jpg"), {40, 30});
+    const QStringList fuenf(5, QStringLiteral("x"));
+    QCOMPARE(fensterbilder(ordner.programm(), zeileAus(fuenf, fuenf), topf, {}).size(), size_t(8));
+}
+
+void tst_bilderliste::missingPictureKeepsTheCaptionOfItsPlace()
+{
+    const Bilderordner ordner;
+    std::array<QString, groessteBilderzahl> vorige;
+    vorige[1] = QStringLiteral("von vorhin");
+    const auto bilder = fensterbilder(ordner.programm(), zeileAus({QStringLiteral("begonia-rex"), QStringLiteral("weg")}, {}), topf, vorige);
+    QCOMPARE(bilder[1].beschreibung, QStringLiteral("von vorhin"));
+    QCOMPARE(bilder[1].pfad, ersatzbild(ordner.programm()));
+}
+
+void tst_bilderliste::folders_data()
+{
+    QTest::addColumn<int>("sparte");
+    QTest::addColumn<int>("nummer");
+    QTest::addColumn<QString>("ordner");
+    const std::tuple<Sparte, int, const char *> zeilen[] = {
+        {Sparte::Topf, 2500, "topfpflanzen"}, {Sparte::Stauden, 1, "stauden"},     {Sparte::Gehoelze, 1, "gehoelze"},
+        {Sparte::Apfel, 5001, "apfel"},       {Sparte::Obst, 1, "obst"},           {Sparte::Friedhof, 1999, "stauden"},
+        {Sparte::Friedhof, 2000, "gehoelze"}, {Sparte::Friedhof, 2999, "gehoelze"}, {Sparte::Friedhof, 3000, "stauden"}};
+    for (const auto &[sparte, nummer, ordner] : zeilen)
+        QTest::addRow("%s %d", ordner, nummer) << int(sparte) << nummer << QString::fromLatin1(ordner);
+}
+
+void tst_bilderliste::folders()
+{
+    QFETCH(int, sparte);
+    QFETCH(int, nummer);
+    QFETCH(QString, ordner);
+    QCOMPARE(bildordner(Sparte(sparte), nummer), ordner);
+}
+
+void tst_bilderliste::medium_data()
+{
+    QTest::addColumn<bool>("da");
+    QTest::addColumn<bool>("aufCD");
+    QTest::addColumn<bool>("unbekannt");
+    QTest::addColumn<QString>("hinweis");
+    QTest::addRow("there") << true << false << false << QString();
+    QTest::addRow("missing, on the disk") << false << false << true << QString();
+    QTest::addRow("missing, on the CD") << false << true << false << QStringLiteral("Bitte Flox-CD einlegen!");
+}
+
+void tst_bilderliste::medium()
+{
+    QFETCH(bool, da);
+    QFETCH(bool, aufCD);
+    QFETCH(bool, unbekannt);
+    QFETCH(QString, hinweis);
+    const Bilderordner ordner(da);
+    Programm programm = ordner.programm();
+    programm.BilderAufCD = aufCD;
+    programm.LokaleVorschauBilder = true;
+    QCOMPARE(mediumFehlt(programm), !da && aufCD);
+    const Medium befund = bildMediumPruefen(programm);
+    QCOMPARE(befund.unbekannt, unbekannt);
+    QCOMPARE(befund.hinweis, hinweis);
+    QCOMPARE(programm.BilderPfad.isEmpty(), unbekannt);
+    QVERIFY(!programm.LokaleVorschauBilder);
+}
+
+void tst_bilderliste::localPreviewsComeFirst()
+{
+    const Bilderordner ordner(false);
+    for (const char *name : {"begonia-rex", "bougainvillea-glabra"})
+        ordner.bild(QStringLiteral("vorschau/topfpflanzen/%1.jpg").arg(QLatin1String(name)), {40, 30});
+    Programm programm = ordner.programm();
+    programm.BilderAufCD = true;
+    QCOMPARE(bildMediumPruefen(programm).hinweis, QString());
+    QVERIFY(programm.LokaleVorschauBilder);
+    const auto bilder = streifenbilder(programm, zeileAus({QStringLiteral("begonia-rex")}, {}), topf);
+    QVERIFY2(bilder.at(0).vorhanden && bilder[0].pfad.contains(u"vorschau"), qPrintable(bilder[0].pfad));
+}
+
+void tst_bilderliste::tableWithOneRowAPicture()
+{
+    const Bilderordner ordner;
+    const auto db = ordner.db();
+    db->Execute(QStringLiteral("CREATE TABLE Einzeln (ARTNR INTEGER, BotName TEXT, BILD TEXT, BEMERKUNG TEXT)"));
+    for (int i = 1; i <= 7; ++i)
+        db->Execute(QStringLiteral("INSERT INTO Einzeln VALUES (9, 'x', ?, ?)"), {QStringLiteral("bild%1").arg(i), i == 3 ? QVariant() : QStringLiteral("Text")});
+    Recordset satz(db, QStringLiteral("SELECT * From Einzeln WHERE ARTNR LIKE 9"));
+    const std::optional<Bildzeile> zeile = bildzeile(satz, 9);
+    QVERIFY(zeile);
+    QCOMPARE(zeile->g[4].stamm.value_or(QString()), QStringLiteral("bild5"));
+    QCOMPARE(zeile->d[1].stamm.value_or(QString()), QStringLiteral("bild7"));
+    QCOMPARE(zeile->g[2].bemerkung, QString());
+    QVERIFY(!zeile->d[2].stamm);
+    Recordset keiner(db, QStringLiteral("SELECT * From Einzeln WHERE ARTNR LIKE 8"));
+    QVERIFY(!bildzeile(keiner, 8));
+}
+
+void tst_bilderliste::wideTable()
+{
+    const Bilderordner ordner;
+    const auto db = ordner.db();
+    db->Execute(QStringLiteral("UPDATE Topfpfl_Bilder SET \"BILD1-G\" = 'eins', \"BEMERKUNG1-G\" = 'Text', \"BILD5-D\" = 'zehn' WHERE ARTNR = 1001"));
+    Recordset satz(db, QStringLiteral("SELECT * From Topfpfl_Bilder WHERE ARTNR LIKE 1001"));
+    const std::optional<Bildzeile> zeile = bildzeile(satz, 1001);
+    QVERIFY(zeile);
+    QCOMPARE(zeile->g[0].stamm.value_or(QString()), QStringLiteral("eins"));
+    QCOMPARE(zeile->g[0].bemerkung, QStringLiteral("Text"));
+    QCOMPARE(zeile->d[4].stamm.value_or(QString()), QStringLiteral("zehn"));
+    QVERIFY(!zeile->g[1].stamm);
+}
+
+QTEST_MAIN(tst_bilderliste)
+#include "tst_bilderliste.moc"
