@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# bench.sh [PLANTS...]   builds the release benchmark and runs it on that many potted plants (3000 and 100000).
+# bench.sh [PLANTS...]   builds the release benchmarks and runs them, on that many potted plants (3000 and 100000) and on pictures.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 cmake --preset release -DFLOX_BENCH=ON >/dev/null
-cmake --build build/release --target bench_flox vervielfacher flox_daten >/dev/null
+cmake --build build/release --target bench_flox bench_bilder vervielfacher flox_daten >/dev/null
 for anzahl in "${@:-3000 100000}"; do
     for n in $anzahl; do
         datenbank=build/release/bench-$n.mdb
@@ -11,3 +11,4 @@ for anzahl in "${@:-3000 100000}"; do
         QT_QPA_PLATFORM=offscreen build/release/tests/bench/bench_flox "$datenbank"
     done
 done
+build/release/tests/bench/bench_bilder

@@ -7,10 +7,10 @@
 #include "store/Kollation.h"
 #include "store/Recordset.h"
 #include "tests/Hilfen.h"
+#include "tests/bench/Messung.h"
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -18,7 +18,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <functional>
 
 #ifdef Q_OS_UNIX
 #include <sys/resource.h>
@@ -27,38 +26,6 @@
 /* bench_flox DATABASE   prints each figure with its baseline; medians of several runs in turn. */
 
 namespace {
-
-using Handlung = std::function<void()>;
-
-double einmal(const Handlung &handlung)
-{
-    QElapsedTimer uhr;
-    uhr.start();
-    handlung();
-    return double(uhr.nsecsElapsed()) / 1e6;
-}
-
-double median(std::vector<double> werte)
-{
-    std::ranges::sort(werte);
-    return werte[werte.size() / 2];
-}
-
-/// Both in turn, so that a machine that changes its speed changes it for both.
-void vergleich(const char *name, double ziel, const Handlung &vorher, const Handlung &messung, const Handlung &grundlage, int laeufe = 5)
-{
-    std::vector<double> a, b;
-    for (int i = 0; i <= laeufe; ++i) {
-        const double basis = einmal(grundlage);
-        vorher();
-        const double gemessen = einmal(messung);
-        if (i > 0) { // the first round warms up
-            a.push_back(gemessen);
-            b.push_back(basis);
-        }
-    }
-    std::printf("%-44s %8.2f ms  baseline %8.2f ms  ratio %5.2f  (goal <= %.2f)\n", name, median(a), median(b), median(a) / median(b), ziel);
-}
 
 void malen(QWidget &fenster)
 {

@@ -103,7 +103,7 @@ private slots:
 
     void skaliertNahAmMittel()
     {
-        // Every M/8 from 1 to 8, down to a fit and up.
+        // All scales of the decoder, down to a fit and up.
         const QImage bild = gemischt(400, 300, 9);
         const QString pfad = ordner_.schreibe(jpeg(bild, Jpegart::Einfach, 100));
         for (const int breite : {40, 50, 51, 90, 133, 140, 190, 210, 260, 310, 360, 399, 400}) {
