@@ -82,7 +82,9 @@ void Pflanzenfenster::filterUmschalten()
         }
         filter_->RuecksetzenFenster();
         filter_->cmdOK_Click();
+        // The run has painted the button for a filter in force.
         FilterEin = false;
+        button->setBild(QStringLiteral("filter"));
         zentrale_.mulkoSpeichernErlauben(false);
     }
     unsetCursor();
@@ -92,7 +94,8 @@ void Pflanzenfenster::filterUmschalten()
 Datenbank &Pflanzenfenster::allePflanzen()
 {
     const int nummer = programm_.aktuellesFenster(sparte());
-    if (!satz_.offen() || !satz_.frisch()) {
+    // The copy of the opening is still good at the run that follows it; later another window may have stored a note.
+    if (!ErsteAktivierung || !satz_.offen() || !satz_.frisch()) {
         DatensätzeAuffüllen();
         satz_.oeffnen(nummer);
     }
