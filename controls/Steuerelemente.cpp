@@ -193,6 +193,9 @@ void Bildfeld::keyPressEvent(QKeyEvent *ereignis)
 
 void Bildfeld::mouseReleaseEvent(QMouseEvent *ereignis)
 {
+    // The second click of a double click is none.
+    if (std::exchange(nachDoppelklick_, false))
+        return;
     if (ereignis->button() == Qt::LeftButton && rect().contains(ereignis->pos()))
         emit geklickt();
 }

@@ -85,9 +85,11 @@ protected:
     void mouseMoveEvent(QMouseEvent *) override { emit mausDarueber(); }
     void enterEvent(QEnterEvent *) override { emit mausDarueber(); }
     void mouseReleaseEvent(QMouseEvent *ereignis) override;
+    void mouseDoubleClickEvent(QMouseEvent *) override { nachDoppelklick_ = true; }
     void keyPressEvent(QKeyEvent *ereignis) override;
 
 private:
+    bool nachDoppelklick_ = false;
     QSize groesse_;
     QString bild_, tag_;
     int borderStyle_ = 0;

@@ -35,7 +35,9 @@ QString pfad(const QString &schluessel, const QString &name)
 
 void RegWertSchreiben(const QString &schluessel, const QString &name, const QString &text)
 {
-    ablage().setValue(pfad(schluessel, name), text);
+    // What stands there already is not written again: a start without news leaves the file alone.
+    if (RegWertLesen(schluessel, name) != text || !vorhanden(schluessel, name))
+        ablage().setValue(pfad(schluessel, name), text);
 }
 
 QString RegWertLesen(const QString &schluessel, const QString &name)

@@ -2,6 +2,8 @@
 
 #include "controls/Bilder.h"
 
+#include <QDir>
+#include <QImageReader>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -24,7 +26,10 @@ protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter maler(this);
-        bilder::malen(maler, rect(), QStringLiteral("start"));
+        // Decoded at the size that is painted.
+        QImageReader leser(QDir(bilder::ordner()).filePath(QStringLiteral("start.jpg")));
+        leser.setScaledSize(groesse * devicePixelRatioF());
+        maler.drawImage(rect(), leser.read());
         maler.setRenderHint(QPainter::Antialiasing);
         QFont schrift = font();
         schrift.setPixelSize(64);

@@ -24,20 +24,6 @@ QString hinweis()
     return QStringLiteral("Anklicken um das Bild zu vergrößern");
 }
 
-/// A preview at the size it is painted, from the cache or the file.
-QPixmap vorschau(const QString &pfad, qreal skala)
-{
-    const QString datei = systemPfad(pfad);
-    const QString schluessel = QStringLiteral("vorschau %1 %2 %3").arg(datei).arg(QFileInfo(datei).lastModified().toMSecsSinceEpoch()).arg(skala);
-    QPixmap bild;
-    if (QPixmapCache::find(schluessel, &bild))
-        return bild;
-    bild = QPixmap::fromImage(ladeSkaliert(datei, QSize(pixel(kastenBreite), pixel(kastenHoehe)) * skala));
-    bild.setDevicePixelRatio(skala);
-    QPixmapCache::insert(schluessel, bild);
-    return bild;
-}
-
 /// A caption of one line; what does not fit is cut when it is painted.
 class Unterschrift : public QLabel
 {
@@ -140,14 +126,20 @@ Bilderstreifen::Bilderstreifen(QWidget *eltern)
         text->setObjectName(QStringLiteral("lblBilderText_%1").arg(i));
         lblBilderText_[size_t(i)] = text;
     }
-    lader_.setInterval(0);
-    connect(&lader_, &QTimer::timeout, this, &Bilderstreifen::naechstesLaden);
+    lader_.setMaxThreadCount(1);
+}
+
+Bilderstreifen::~Bilderstreifen()
+{
+    lader_.clear();
+    lader_.waitForDone();
 }
 
 void Bilderstreifen::zeigen(const std::vector<Bildeintrag> &bilder, const QString &ersatz)
 {
     anzahl_ = int(std::min<size_t>(bilder.size(), groessteBilderzahl));
-    wartend_.assign(groessteBilderzahl, {});
+    ++satz_;
+    lader_.clear();
     for (int i = 0; i < groessteBilderzahl; ++i) {
         Platz *platz = imgFloxBild_[size_t(i)];
         const bool belegt = i < anzahl_;
@@ -156,26 +148,41 @@ void Bilderstreifen::zeigen(const std::vector<Bildeintrag> &bilder, const QStrin
         platz->setEcht(belegt && bilder[size_t(i)].vorhanden);
         lblBilderText_[size_t(i)]->setText(belegt ? bilder[size_t(i)].beschreibung : QString());
         lblBilderText_[size_t(i)]->setToolTip(belegt ? bilder[size_t(i)].beschreibung : QString());
-        wartend_[size_t(i)] = belegt ? bilder[size_t(i)].pfad : ersetzt ? ersatz : QString();
         platz->setVisible(belegt || ersetzt);
         lblBilderText_[size_t(i)]->setVisible(belegt);
     }
     if (anzahl_ > ohneLeiste)
         vscBilder_->setValue(0);
     vscBilderEinrichten();
-    lader_.start();
+    for (int i = 0; i < anzahl_; ++i)
+        laden(i, bilder[size_t(i)].pfad);
+    if (anzahl_ == 0 && !ersatz.isEmpty())
+        laden(0, ersatz);
 }
 
-void Bilderstreifen::naechstesLaden()
+void Bilderstreifen::laden(int i, const QString &pfad)
 {
-    for (size_t i = 0; i < wartend_.size(); ++i) {
-        if (wartend_[i].isEmpty())
-            continue;
-        imgFloxBild_[i]->setBild(vorschau(std::exchange(wartend_[i], {}), devicePixelRatioF()));
-        platzieren(int(i));
-        return;
-    }
-    lader_.stop();
+    const qreal skala = devicePixelRatioF();
+    const QString datei = systemPfad(pfad);
+    const QString schluessel = QStringLiteral("vorschau %1 %2 %3").arg(datei).arg(QFileInfo(datei).lastModified().toMSecsSinceEpoch()).arg(skala);
+    const auto zeigen = [this, i](const QPixmap &bild) {
+        imgFloxBild_[size_t(i)]->setBild(bild);
+        platzieren(i);
+    };
+    if (QPixmap bild; QPixmapCache::find(schluessel, &bild))
+        return zeigen(bild);
+    const QSize kasten = QSize(pixel(kastenBreite), pixel(kastenHoehe)) * skala;
+    lader_.start([this, datei, kasten, skala, schluessel, zeigen, satz = satz_] {
+        QImage bild = ladeSkaliert(datei, kasten);
+        bild.setDevicePixelRatio(skala);
+        // The thread ends before this object does; the call waits for the message loop.
+        QMetaObject::invokeMethod(this, [this, bild, schluessel, zeigen, satz] {
+            const QPixmap fertig = QPixmap::fromImage(bild);
+            QPixmapCache::insert(schluessel, fertig);
+            if (satz == satz_)
+                zeigen(fertig);
+        }, Qt::QueuedConnection);
+    });
 }
 
 void Bilderstreifen::vscBilderEinrichten()

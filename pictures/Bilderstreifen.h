@@ -4,21 +4,22 @@
 
 #include <QFrame>
 #include <QPixmap>
-#include <QTimer>
+#include <QThreadPool>
 
 #include <array>
 
 class QLabel;
 class QScrollBar;
 
-/* The strip of previews beside a record. It knows pictures and captions, nothing else. Pictures are loaded in slices of the
-   message loop, one at a time, so that walking through the records is never held up. */
+/* The strip of previews beside a record. It knows pictures and captions, nothing else. Files are decoded by a thread of its
+   own and shown as they come, so that walking through the records is never held up. */
 class Bilderstreifen : public QFrame
 {
     Q_OBJECT
 
 public:
     explicit Bilderstreifen(QWidget *eltern);
+    ~Bilderstreifen() override;
 
     /// At most ten pictures; none shows `ersatz`. What was still to be loaded for the record before is dropped.
     void zeigen(const std::vector<Bildeintrag> &bilder, const QString &ersatz);
@@ -36,7 +37,7 @@ protected:
 private:
     class Platz;
 
-    void naechstesLaden();
+    void laden(int i, const QString &pfad);
     void platzieren(int i);
 
     std::array<Platz *, groessteBilderzahl> imgFloxBild_{};
@@ -44,7 +45,7 @@ private:
     QWidget *picBilderLeiste_;
     QWidget *picAbdeckung_;
     QScrollBar *vscBilder_;
-    QTimer lader_;
-    std::vector<QString> wartend_; ///< files by slot; empty: nothing to load
+    QThreadPool lader_;
     int anzahl_ = 0;
+    int satz_ = 0; ///< counts the records shown: a picture that comes too late belongs to none
 };

@@ -4,7 +4,21 @@
 #include "store/Fehler.h"
 #include "store/Pfade.h"
 
+#include <QFile>
+
 #include <algorithm>
+
+namespace {
+
+/// The counter in a database file's head that every change moves on.
+QByteArray aenderungsstand(const QString &pfad)
+{
+    constexpr qint64 ort = 24, bytes = 4;
+    QFile datei(pfad);
+    return datei.open(QIODevice::ReadOnly) && datei.seek(ort) ? datei.read(bytes) : QByteArray();
+}
+
+} // namespace
 
 Pflanzensatz::Pflanzensatz(Programm &programm, const SpartenEintrag &sparte) : programm_(programm), sparte_(sparte) {}
 
@@ -18,7 +32,13 @@ void Pflanzensatz::auffuellen(int nummer)
     schliessen();
     uebrig_.reset();
     frisch_ = true;
-    kopiereUeber(systemPfad(programm_.arbeitsdatenbank()), systemPfad(tempPfad(nummer)));
+    const QString arbeit = systemPfad(programm_.arbeitsdatenbank());
+    // Whatever was written there since the last copy may be names or numbers.
+    if (const QByteArray stand = aenderungsstand(arbeit); stand != stand_) {
+        ordnung_.clear();
+        stand_ = stand;
+    }
+    kopiereUeber(arbeit, systemPfad(tempPfad(nummer)));
 }
 
 void Pflanzensatz::oeffnen(int nummer)

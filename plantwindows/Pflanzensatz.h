@@ -58,6 +58,7 @@ private:
     DatenControl datArbeit_;
     std::shared_ptr<Datenbank> arbeit_;
     bool frisch_ = false;
+    QByteArray stand_; ///< change counter of the working file when the copy was last made
     /// The order of all plants by a name is worked out once; filters only leave some of them out.
     QHash<QString, std::vector<qint64>> ordnung_;
     std::optional<std::vector<qint64>> uebrig_;

@@ -81,32 +81,18 @@ void knopf(const QDir &quelle, const QDir &ziel, const QString &schluessel, cons
     schreiben(ziel.filePath(QStringLiteral("iliIcons/%1.svg").arg(schluessel)), svg);
 }
 
-void hintergrund(const QString &svg, const QString &jpeg)
+/// A drawing as pixels, in the format that the target's ending names.
+void malen(const QString &svg, const QString &ziel, QSize groesse)
 {
+    constexpr int guete = 92;
     QSvgRenderer zeichner(svg);
-    if (!zeichner.isValid())
-        ende(QStringLiteral("%1: keine Zeichnung").arg(svg));
-    QImage bild(1920, 1200, QImage::Format_RGB32);
+    QImage bild(groesse, QImage::Format_RGB32);
     bild.fill(Qt::white);
     QPainter maler(&bild);
     maler.setRenderHint(QPainter::Antialiasing);
     zeichner.render(&maler);
     maler.end();
-    if (!bild.save(jpeg, "JPG", 92))
-        ende(QStringLiteral("%1: kann nicht geschrieben werden").arg(jpeg));
-}
-
-/// The substitutes that previews show, at the proportions of a photograph.
-void ersatzbild(const QString &svg, const QString &ziel)
-{
-    QSvgRenderer zeichner(svg);
-    QImage bild(800, 600, QImage::Format_RGB32);
-    bild.fill(Qt::white);
-    QPainter maler(&bild);
-    maler.setRenderHint(QPainter::Antialiasing);
-    zeichner.render(&maler);
-    maler.end();
-    if (!zeichner.isValid() || !bild.save(ziel))
+    if (!zeichner.isValid() || !bild.save(ziel, nullptr, guete))
         ende(QStringLiteral("%1: kann nicht geschrieben werden").arg(ziel));
 }
 
@@ -130,8 +116,10 @@ int main(int anzahl, char **argumente)
         for (const QFileInfo &datei : QDir(quelle.filePath(QLatin1String(ordner))).entryInfoList({QStringLiteral("*.svg")}, QDir::Files))
             schreiben(ziel.filePath(QStringLiteral("%1/%2").arg(QLatin1String(liste), datei.fileName())), lesen(datei.filePath()));
     for (int n = 1; n <= 8; ++n)
-        hintergrund(quelle.filePath(QStringLiteral("hintergrund/hintergrund%1.svg").arg(n)), ziel.filePath(QStringLiteral("hintergrund%1.jpg").arg(n)));
-    ersatzbild(quelle.filePath(QStringLiteral("bildfehlt.svg")), ziel.filePath(QStringLiteral("bildfehlt.jpg")));
-    ersatzbild(quelle.filePath(QStringLiteral("keinbild.svg")), ziel.filePath(QStringLiteral("keinbild.png")));
+        malen(quelle.filePath(QStringLiteral("hintergrund/hintergrund%1.svg").arg(n)), ziel.filePath(QStringLiteral("hintergrund%1.jpg").arg(n)), {1920, 1200});
+    // Pixels at twice its size: the splash must be there before a drawing that large could be.
+    malen(quelle.filePath(QStringLiteral("start.svg")), ziel.filePath(QStringLiteral("start.jpg")), {1280, 800});
+    malen(quelle.filePath(QStringLiteral("bildfehlt.svg")), ziel.filePath(QStringLiteral("bildfehlt.jpg")), {800, 600});
+    malen(quelle.filePath(QStringLiteral("keinbild.svg")), ziel.filePath(QStringLiteral("keinbild.png")), {800, 600});
     return 0;
 }

@@ -8,7 +8,7 @@ for anzahl in "${@:-3000 100000}"; do
     for n in $anzahl; do
         datenbank=build/release/bench-$n.mdb
         [ "$datenbank" -nt build/release/flox-demo.mdb ] || build/release/tools/vervielfacher build/release/flox-demo.mdb "$datenbank" Topfpfl "$n"
-        QT_QPA_PLATFORM=offscreen build/release/tests/bench/bench_flox "$datenbank"
+        QT_QPA_PLATFORM=offscreen XDG_CONFIG_HOME=build/release/bench-einstellungen build/release/programm/bench_flox "$datenbank"
     done
 done
 build/release/tests/bench/bench_bilder
