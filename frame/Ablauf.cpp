@@ -7,6 +7,7 @@
 #include "mdiZentral.h"
 #include "controls/Bilder.h"
 #include "controls/Geschuetzt.h"
+#include "pictures/cDIBSection.h"
 #include "store/Benutzernamen.h"
 #include "store/Pfade.h"
 
@@ -112,4 +113,5 @@ void oberflaecheEinrichten()
     if (deutsch.load(QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("translations/qtbase_de.qm"))))
         QCoreApplication::installTranslator(&deutsch);
     aussehen::anwenden();
+    cDIBSection::Meldung = [](const QString &text) { QMessageBox::information(nullptr, programmtitel.toString(), text); };
 }

@@ -8,7 +8,9 @@
 #include "plantwindows/Beschreibung.h"
 #include "controls/Bilder.h"
 #include "controls/Geschuetzt.h"
+#include "pictures/cDIBSection.h"
 #include "pictures/frmBilder.h"
+#include "pictures/mIntelJPEGLibrary.h"
 #include "plantwindows/Pflanzenfenster.h"
 #include "store/Benutzernamen.h"
 #include "store/Pfade.h"
@@ -137,8 +139,16 @@ void mdiZentral::hintergrundVerarbeiten()
         return;
     const QString zwischen = systemPfad(programm_.ProgrammPfad + QStringLiteral("\\tempbild.bmp"));
     const QString fertig = systemPfad(programm_.ProgrammPfad + ordner + QStringLiteral("temp-hg.jpg"));
-    if (bild.save(zwischen, "BMP") && QImage(zwischen).save(fertig, "JPG", jpegGuete))
-        bild = QImage(fertig);
+    // A program folder that cannot be written shows the picture as it was shipped.
+    try {
+        cDIBSection dib;
+        if (bild.save(zwischen, "BMP")) {
+            dib.CreateFromPicture(QImage(zwischen));
+            mIntelJPEGLibrary::SaveJPG(dib, programm_.ProgrammPfad + ordner + QStringLiteral("temp-hg.jpg"), jpegGuete);
+            bild = QImage(fertig);
+        }
+    } catch (const Fehler &) {
+    }
     flaeche_->setBild(QPixmap::fromImage(bild));
 }
 
