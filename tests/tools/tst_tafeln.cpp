@@ -1,0 +1,84 @@
+#include "tests/Hilfen.h"
+
+#include <QDir>
+#include <QImage>
+#include <QProcess>
+#include <QTest>
+
+/* The plates: every plant has two, the same record gives the same bytes, different plants look different. */
+class TestTafeln : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void zweiTafelnJePflanze();
+    void zweimalDasselbe();
+    void verschiedenePflanzen();
+    void ohneDatenbank();
+
+private:
+    QByteArray zeichnen(const Programmordner &ordner, const QString &anfang, int *ende = nullptr)
+    {
+        QProcess prozess;
+        prozess.start(QStringLiteral(FLOX_TAFELMACHER), {ordner.datenbank(), ordner.pfad(), anfang});
+        if (!prozess.waitForFinished(120000))
+            qFatal("The plates take too long.");
+        if (ende)
+            *ende = prozess.exitCode();
+        return prozess.readAllStandardError();
+    }
+    QByteArray inhalt(const QString &pfad)
+    {
+        QFile datei(pfad);
+        return datei.open(QIODevice::ReadOnly) ? datei.readAll() : QByteArray();
+    }
+};
+
+void TestTafeln::zweiTafelnJePflanze()
+{
+    const Programmordner ordner;
+    int ende = -1;
+    const QByteArray meldung = zeichnen(ordner, QStringLiteral("cyclamen"), &ende);
+    QVERIFY2(ende == 0, meldung.constData());
+    QCOMPARE(QDir(ordner.pfad(QStringLiteral("topfpflanzen"))).entryList(QDir::Files),
+             QStringList({QStringLiteral("cyclamen-persicum-detail.jpg"), QStringLiteral("cyclamen-persicum.jpg")}));
+    for (const QString &name : {QStringLiteral("cyclamen-persicum"), QStringLiteral("cyclamen-persicum-detail")})
+        QCOMPARE(QImage(ordner.pfad(QStringLiteral("topfpflanzen/%1.jpg").arg(name))).size(), QSize(1600, 1200));
+}
+
+void TestTafeln::zweimalDasselbe()
+{
+    const Programmordner eins, zwei;
+    zeichnen(eins, QStringLiteral("boskoop"));
+    zeichnen(zwei, QStringLiteral("boskoop"));
+    for (const QString &name : {QStringLiteral("apfel/boskoop.jpg"), QStringLiteral("apfel/boskoop-detail.jpg")}) {
+        const QByteArray tafel = inhalt(eins.pfad(name));
+        QVERIFY(!tafel.isEmpty());
+        QCOMPARE(tafel, inhalt(zwei.pfad(name)));
+    }
+}
+
+void TestTafeln::verschiedenePflanzen()
+{
+    const Programmordner ordner;
+    zeichnen(ordner, QStringLiteral("begonia"));
+    QSet<QByteArray> tafeln;
+    const QFileInfoList dateien = QDir(ordner.pfad(QStringLiteral("topfpflanzen"))).entryInfoList({QStringLiteral("begonia*")}, QDir::Files);
+    for (const QFileInfo &datei : dateien)
+        tafeln.insert(inhalt(datei.filePath()));
+    QVERIFY(dateien.size() >= 10);
+    QCOMPARE(tafeln.size(), dateien.size());
+}
+
+void TestTafeln::ohneDatenbank()
+{
+    const Programmordner ordner;
+    QVERIFY(QFile::remove(ordner.datenbank()));
+    int ende = 0;
+    const QString meldung = QString::fromUtf8(zeichnen(ordner, QStringLiteral("x"), &ende));
+    QVERIFY(ende != 0);
+    QVERIFY2(meldung.contains(QStringLiteral("wurde nicht gefunden")), qPrintable(meldung));
+}
+
+QTEST_MAIN(TestTafeln)
+#include "tst_tafeln.moc"
