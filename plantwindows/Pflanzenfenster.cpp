@@ -200,9 +200,9 @@ void Pflanzenfenster::bewegen(Bewegung bewegung)
     NaviPruefung();
 }
 
-void Pflanzenfenster::artenGewaehlt()
+void Pflanzenfenster::artenGewaehlt(bool vomBenutzer)
 {
-    if (!ArtenHatFokus || !satz_.offen() || cboArten_->currentIndex() < 0 || cboArten_->currentIndex() == satz_.haupt().AbsolutePosition())
+    if (!vomBenutzer || !satz_.offen() || cboArten_->currentIndex() < 0 || cboArten_->currentIndex() == satz_.haupt().AbsolutePosition())
         return;
     const int gewaehlt = cboArten_->currentIndex();
     try {

@@ -111,7 +111,7 @@ private:
 
     using Bewegung = void (Recordset::*)();
     void bewegen(Bewegung bewegung);
-    void artenGewaehlt();
+    void artenGewaehlt(bool vomBenutzer);
     void botDeu();
     void hinweis(const QString &text);
     void knopfMalen(Knopf knopf, Knopfzustand zustand);

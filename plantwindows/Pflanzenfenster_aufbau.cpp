@@ -108,7 +108,9 @@ QWidget *Pflanzenfenster::leisteBauen()
     cboArten_->setModel(arten_);
     cboArten_->installEventFilter(this);
     cboArten_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    connect(cboArten_, &QComboBox::currentIndexChanged, this, geschuetzt(this, [this] { artenGewaehlt(); }));
+    connect(cboArten_, &QComboBox::currentIndexChanged, this, geschuetzt(this, [this] { artenGewaehlt(ArtenHatFokus); }));
+    // Only the user activates a line; a system that hands the focus to the open list must not lose the choice.
+    connect(cboArten_, &QComboBox::activated, this, geschuetzt(this, [this] { artenGewaehlt(true); }));
 
     for (const Knopfzeile &zeile : knopfzeilen()) {
         if (zeile.knopf == Knopf::Next)

@@ -3,6 +3,7 @@
 #include "plantwindows/Knopfzustaende.h"
 #include "store/Fehler.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QFile>
 #include <QFileInfo>
@@ -25,6 +26,7 @@ private slots:
     void ersteAktivierung();
     void knoepfeGehenDurchDenSatz();
     void auswahlNurMitFokus();
+    void auswahlAusDerListe();
     void auswahlMitDerTastatur();
     void kuerzel();
     void ordnungBehaeltDiePflanze_data();
@@ -165,6 +167,19 @@ void TestFensterrahmen::auswahlNurMitFokus()
     probe_->klick("cmdNext");
     QCOMPARE(int(probe_->fenster->satz().haupt().AbsolutePosition()), 4);
     QCOMPARE(auswahl()->currentIndex(), 4);
+}
+
+/// The open list may hold the focus itself: what is chosen there counts all the same.
+void TestFensterrahmen::auswahlAusDerListe()
+{
+    Pflanzenfenster &fenster = *probe_->fenster;
+    auswahl()->showPopup();
+    fenster.ArtenHatFokus = false;
+    QTest::keyClick(auswahl()->view(), Qt::Key_Down);
+    QTest::keyClick(auswahl()->view(), Qt::Key_Down);
+    QTest::keyClick(auswahl()->view(), Qt::Key_Return);
+    QCOMPARE(auswahl()->currentIndex(), 2);
+    QCOMPARE(fenster.satz().haupt().AbsolutePosition(), 2);
 }
 
 void TestFensterrahmen::auswahlMitDerTastatur()
