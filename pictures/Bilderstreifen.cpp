@@ -205,7 +205,7 @@ void Bilderstreifen::platzieren(int i)
     platz->setGeometry(pixel(links), pixel(ersterOben + versatz), int(bild.width()), int(bild.height()));
     platz->setProperty("Left", links);
     platz->setProperty("Top", ersterOben + versatz);
-    lblBilderText_[size_t(i)]->setGeometry(pixel(bildrand), pixel(textOben + versatz), pixel(kastenBreite), pixel(schritt - textOben) - 2);
+    lblBilderText_[size_t(i)]->setGeometry(0, pixel(textOben + versatz), picBilderLeiste_->width(), pixel(schritt - textOben) - 2);
     lblBilderText_[size_t(i)]->setProperty("Top", textOben + versatz);
 }
 
@@ -213,6 +213,7 @@ void Bilderstreifen::resizeEvent(QResizeEvent *ereignis)
 {
     QFrame::resizeEvent(ereignis);
     const int leiste = vscBilder_->sizeHint().width();
-    picBilderLeiste_->setGeometry(4, 2, pixel(kastenBreite + 2 * bildrand), height() - 4);
+    picBilderLeiste_->setGeometry(4, 2, qMax(pixel(kastenBreite + 2 * bildrand), width() - leiste - 10), height() - 4);
     vscBilder_->setGeometry(width() - leiste - 3, 3, leiste, height() - 6);
+    vscBilderEinrichten();
 }
