@@ -259,40 +259,6 @@ private:
     Bewertungsleiste *leiste_;
 };
 
-/// Check boxes that show a flag string and cannot be changed.
-class Kaestchenreihe : public Anzeigeelement
-{
-public:
-    Kaestchenreihe(const Element &element, QWidget *eltern) : Anzeigeelement(element), feld_(new QWidget(eltern))
-    {
-        auto *anordnung = new QGridLayout(feld_);
-        anordnung->setContentsMargins(0, 0, 0, 0);
-        anordnung->setVerticalSpacing(3);
-        const int haelfte = (int(element.worte.size()) + 1) / 2;
-        for (int i = 0; i < int(element.worte.size()); ++i) {
-            auto *kaestchen = new QCheckBox(element.worte[size_t(i)].toString(), feld_);
-            kaestchen->setObjectName(arrayname(element, i));
-            kaestchen->setAttribute(Qt::WA_TransparentForMouseEvents);
-            kaestchen->setFocusPolicy(Qt::NoFocus);
-            anordnung->addWidget(kaestchen, i % haelfte, i / haelfte);
-            kaestchen_.push_back(kaestchen);
-        }
-    }
-
-    QWidget *widget() const override { return feld_; }
-
-    void zeigen(Pflanzensatz &satz) override
-    {
-        const QString flags = satz.Auslesen(feldname(element_.feld));
-        for (size_t i = 0; i < kaestchen_.size(); ++i)
-            kaestchen_[i]->setChecked(flagGesetzt(flags, int(i) + 1));
-    }
-
-private:
-    QWidget *feld_;
-    std::vector<QCheckBox *> kaestchen_;
-};
-
 /// Reports mouse presses in the user's fields.
 class Mauswaechter : public QObject
 {
@@ -331,19 +297,27 @@ private:
     QPlainTextEdit *kasten_;
 };
 
-class Benutzereigen : public Anzeigeelement
+/// Check boxes that show a flag string: fixed ones in two columns, or the user's own, whose presses are reported.
+class Kaestchenreihe : public Anzeigeelement
 {
 public:
-    Benutzereigen(const Element &element, const Elementumgebung &umgebung, QWidget *eltern)
+    Kaestchenreihe(const Element &element, const QStringList &worte, const std::function<void()> &geaendert, QWidget *eltern)
         : Anzeigeelement(element), feld_(new QWidget(eltern))
     {
-        auto *anordnung = new QVBoxLayout(feld_);
+        auto *anordnung = new QGridLayout(feld_);
         anordnung->setContentsMargins(0, 0, 0, 0);
-        for (int i = 0; i < anzahlEigenschaften; ++i) {
-            auto *kaestchen = new QCheckBox(umgebung.programm.BenutzerNamen[size_t(umgebung.fenster.sparte)][size_t(i)], feld_);
+        anordnung->setVerticalSpacing(3);
+        const int zeilen = geaendert ? int(worte.size()) : (int(worte.size()) + 1) / 2;
+        for (int i = 0; i < int(worte.size()); ++i) {
+            auto *kaestchen = new QCheckBox(worte[i], feld_);
             kaestchen->setObjectName(arrayname(element, i));
-            kaestchen->installEventFilter(new Mauswaechter(kaestchen, umgebung.geaendert));
-            anordnung->addWidget(kaestchen);
+            if (geaendert) {
+                kaestchen->installEventFilter(new Mauswaechter(kaestchen, geaendert));
+            } else {
+                kaestchen->setAttribute(Qt::WA_TransparentForMouseEvents);
+                kaestchen->setFocusPolicy(Qt::NoFocus);
+            }
+            anordnung->addWidget(kaestchen, i % zeilen, i / zeilen);
             kaestchen_.push_back(kaestchen);
         }
     }
@@ -442,9 +416,17 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
     case Muster::Symbole:
     case Muster::Symbolfluss: return std::make_unique<Symbolreihe>(element, umgebung, eltern);
     case Muster::Bewertung: return std::make_unique<Bewertungselement>(element, eltern);
-    case Muster::Kaestchen: return std::make_unique<Kaestchenreihe>(element, eltern);
+    case Muster::Kaestchen: {
+        QStringList worte;
+        for (const QStringView wort : element.worte)
+            worte += wort.toString();
+        return std::make_unique<Kaestchenreihe>(element, worte, nullptr, eltern);
+    }
     case Muster::Benutzertext: return std::make_unique<Benutzertext>(element, umgebung, eltern);
-    case Muster::Benutzereigen: return std::make_unique<Benutzereigen>(element, umgebung, eltern);
+    case Muster::Benutzereigen: {
+        const auto &namen = umgebung.programm.BenutzerNamen[size_t(umgebung.fenster.sparte)];
+        return std::make_unique<Kaestchenreihe>(element, QStringList(namen.begin(), namen.end()), umgebung.geaendert, eltern);
+    }
     case Muster::Herkunftsmarke: return std::make_unique<Herkunftsmarke>(element, eltern);
     }
     return nullptr;
