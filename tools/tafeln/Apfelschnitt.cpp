@@ -139,10 +139,8 @@ void Apfelschnitt::schale(QPainter &p, double radius) const
             p.drawLine(rand(phi, seite), rand(phi + pi / schritte, seite));
         }
     }
-    p.setPen(stift(farbe::tinte, 1));
+    p.setPen(stift(durchsichtig(farbe::tinte, 0.5), 1));
     p.setBrush(Qt::NoBrush);
-    QPen aussen = stift(durchsichtig(farbe::tinte, 0.5), 1);
-    p.setPen(aussen);
     p.drawPath(umriss());
 }
 

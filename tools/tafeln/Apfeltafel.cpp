@@ -10,6 +10,7 @@
 namespace {
 
 constexpr double pixelJeCm = 73, standlinie = 985;
+const QString familie = QStringLiteral("Rosaceae"); // the table of apples has no column for it
 
 void angaben(QPainter &p, const Datensatz &s, QPointF ort)
 {
@@ -39,12 +40,6 @@ void apfelblatt(QPainter &p, QPointF ansatz, const Datensatz &s)
     Stempel blatt = blattstempel({Blattform::Elliptisch, Rand::Gesaegt, Adern::Fieder, zufall.zwischen(0.95, 1.25)}, laub, Muster::Keins, zufall, true);
     blatt.verbiegen([](QPointF q) { return QPointF(q.x(), q.y() + 0.16 * q.x() * q.x() - 0.04 * q.x()); });
     blatt.zeichnen(p, fuss, -grad, 4.6 * pixelJeCm);
-}
-
-QString zweiteZeile(const Datensatz &s)
-{
-    const QString voll = s.text(u"DTNAM");
-    return voll.isEmpty() || voll == s.name() ? QStringLiteral("Rosaceae") : voll + QStringLiteral("  ·  Rosaceae");
 }
 
 /// Five sepals about the calyx, as seen from below.
@@ -100,7 +95,7 @@ bool apfelGesamt(const Datensatz &sorte, const QString &pfad)
     stiel.zeichnen(p, fuss, pixelJeCm, neigung);
     koerper.vordererRand(p, mitte);
     angaben(p, sorte, {1270, 400});
-    tafel.unterschrift(sorte.name(), zweiteZeile(sorte), QStringLiteral("Gesamtansicht, schematisch"));
+    tafel.unterschrift(sorte.name(), zweiteZeile(sorte, familie), QStringLiteral("Gesamtansicht, schematisch"));
     return tafel.speichern(pfad);
 }
 
@@ -123,6 +118,6 @@ bool apfelDetail(const Datensatz &sorte, const QString &pfad)
     koerper.zeichnen(p, unten);
     kelchblaetter(p, unten + koerper.achse(form.kelchboden()), klein, sorte);
     beschriften(p, {unten.x(), unten.y() + klein + 48}, QStringLiteral("Frucht von der Kelchseite"), 19);
-    tafel.unterschrift(sorte.name(), zweiteZeile(sorte), QStringLiteral("Frucht außen und im Schnitt, schematisch"));
+    tafel.unterschrift(sorte.name(), zweiteZeile(sorte, familie), QStringLiteral("Frucht außen und im Schnitt, schematisch"));
     return tafel.speichern(pfad);
 }

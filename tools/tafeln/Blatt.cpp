@@ -1,5 +1,7 @@
 #include "Blatt.h"
 
+#include <QTransform>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -33,7 +35,6 @@ constexpr std::array<std::array<Knoten, 9>, size_t(Blattform::AnzahlEinfache)> u
     {{{0, 0}, {.05, .02}, {.2, .03}, {.4, .033}, {.6, .033}, {.75, .031}, {.87, .024}, {.96, .012}, {1, 0}}},
     {{{0, 0}, {.1, .055}, {.24, .15}, {.38, .245}, {.48, .262}, {.6, .2}, {.75, .105}, {.89, .035}, {1, 0}}},
     {{{0, 0}, {.12, .07}, {.34, .2}, {.55, .33}, {.74, .4}, {.88, .36}, {.97, .22}, {1, .1}, {1, 0}}},
-    {{{0, 0}, {.04, .09}, {.14, .14}, {.3, .16}, {.5, .15}, {.7, .115}, {.86, .065}, {.95, .025}, {1, 0}}},
 }};
 
 struct Randform
@@ -163,8 +164,17 @@ void grundieren(Rohling &r, const QColor &f)
     r.stempel.flaeche(haelfte, durchsichtig(QColor(20, 40, 45), 0.12), 0);
 }
 
+/// Dark horseshoe of a zonal leaf.
+void zone(Rohling &r)
+{
+    const auto ring = [&](double k) { return QTransform::fromScale(k, k).map(r.umriss); };
+    r.stempel.flaeche(ring(0.74).subtracted(ring(0.5)), durchsichtig(QColor(0x5C, 0x2E, 0x2A), 0.5), 0);
+}
+
 void flecken(Rohling &r)
 {
+    if (r.art.form == Blattform::Niere)
+        return zone(r);
     for (int i = 0; i < (r.fein ? 70 : 34); ++i) {
         const double x = r.zufall.zwischen(0.02, 0.95), y = r.zufall.streuung(0.5), g = r.zufall.zwischen(0.012, 0.042);
         const double ry = g * r.zufall.zwischen(0.5, 1);
@@ -292,8 +302,11 @@ Stempel einfach(const Blattart &art, const Laub &laub, Muster muster, Zufall &zu
     } else {
         r.umriss = gelappt(lappenform(art.form), art.breite);
     }
+    Laub getoent = laub;
+    if (muster == Muster::Adern && art.adern == Adern::Keine) // a bloom on the whole leaf
+        getoent.grund = gemischt(laub.grund, laub.zweite, 0.5);
     const bool randmuster = muster == Muster::Rand && !r.halb.empty() && art.form != Blattform::Fenster;
-    grundieren(r, randmuster || muster == Muster::Rand ? (randmuster ? laub.zweite : gemischt(laub.grund, laub.zweite, 0.2)) : laub.grund);
+    grundieren(r, randmuster || muster == Muster::Rand ? (randmuster ? laub.zweite : gemischt(laub.grund, laub.zweite, 0.2)) : getoent.grund);
     if (randmuster)
         hellerRand(r);
     if (muster == Muster::Streifen && !r.halb.empty())
@@ -376,6 +389,13 @@ void bandblatt(QPainter &p, const Kurve &k, const Bandblatt &form, const QColor 
         const int binden = std::clamp(int(laenge / std::max(8.0, form.breite * 0.55)), 4, 16);
         for (int i = 1; i < binden; ++i)
             p.drawPath(band(k, [&](double t) { return halb(t) * 0.97; }, (i + 0.05) / binden, (i + 0.42 + 0.12 * (i % 3)) / binden, 3));
+    }
+    if (form.muster == Bandmuster::Flecken) {
+        p.setBrush(durchsichtig(z, 0.6));
+        for (int i = 1; i < 46; ++i) {
+            const double t = 0.04 + 0.9 * (i * 0.618034 - std::floor(i * 0.618034)), quer = 1.5 * (i * 0.414214 - std::floor(i * 0.414214)) - 0.75;
+            p.drawEllipse(k.punkt(t) + polar(k.winkel(t) + 90, quer * halb(t)), halb(t) * 0.12, halb(t) * 0.09);
+        }
     }
     p.setBrush(QColor(255, 255, 240, 38));
     p.drawPath(band(k, [&](double t) { return halb(t) * 0.22; }, 0.02, 0.95, schritte));

@@ -7,7 +7,7 @@
 /* Leaves: the simple ones as stamps, long ones as ribbons along a curve, fronds as pinnae along a rachis. */
 
 enum class Blattform {
-    Elliptisch, Eiform, Lanzett, Lineal, Herz, Pfeil, Rund, Niere, Schild, Verkehrtei, Spatel, Geige, Zunge, Nadel, Raute, Faecher, Schuppe,
+    Elliptisch, Eiform, Lanzett, Lineal, Herz, Pfeil, Rund, Niere, Schild, Verkehrtei, Spatel, Geige, Zunge, Nadel, Raute, Faecher,
     AnzahlEinfache,
     Ahorn = AnzahlEinfache, Efeu, Hand, Drilling, ///< lobed
     Gefingert, Gefiedert, Doppelfieder,           ///< compound
@@ -28,7 +28,7 @@ struct Blattart
 /// `fein`: with all veins, for a large drawing.
 Stempel blattstempel(const Blattart &art, const Laub &laub, Muster muster, Zufall zufall, bool fein = false);
 
-enum class Bandmuster { Keins, Laengs, Rand, Quer };
+enum class Bandmuster { Keins, Laengs, Rand, Quer, Flecken };
 
 struct Bandblatt
 {

@@ -5,6 +5,8 @@
 
 namespace {
 
+constexpr double tiefstes = 1040; ///< just above the caption
+
 Stempel gebogen(Stempel s, double k)
 {
     s.verbiegen([k](QPointF q) { return QPointF(q.x(), q.y() + k * q.x() * std::abs(q.x())); });
@@ -63,12 +65,12 @@ Buehne::Buehne(const Datensatz &satz, const Gestalt &g, QPointF f, double h, dou
 
 double Buehne::blattlaenge() const
 {
-    return std::clamp(gestalt.blattlaenge * pixelJeCm, 20.0, std::max(70.0, 0.55 * hoehe));
+    return std::clamp(gestalt.blattlaenge * pixelJeCm, 26.0, std::max(70.0, 0.55 * hoehe));
 }
 
 double Buehne::bluetenradius() const
 {
-    return std::clamp(gestalt.bluetenbreite / 2 * pixelJeCm, 9.0, 96.0);
+    return std::clamp(gestalt.bluetenbreite / 2 * pixelJeCm, 12.0, 96.0);
 }
 
 bool Buehne::blueht() const
@@ -84,13 +86,24 @@ Bandmuster Buehne::bandmuster() const
         return quer ? Bandmuster::Quer : gestalt.aufbau == Aufbau::Schopf || gestalt.name == u"Ananas" ? Bandmuster::Rand : Bandmuster::Laengs;
     }
     case Muster::Rand: return Bandmuster::Rand;
-    case Muster::Flecken: return Bandmuster::Quer;
+    case Muster::Flecken: return Bandmuster::Flecken;
     default: return Bandmuster::Keins;
     }
 }
 
+Kurve Buehne::gehalten(QPointF ort, double grad, double laenge, double neigung) const
+{
+    Kurve k = Kurve::bogen(ort, grad, laenge, neigung);
+    for (int i = 0; i < 12 && k.d.y() > tiefstes; ++i)
+        k = Kurve::bogen(ort, 90 + (grad - 90) * (1 - 0.03 * i), laenge, neigung *= 0.86);
+    return k;
+}
+
 void Buehne::blatt(QPointF ort, double grad, double laenge, double ebene, double querschnitt)
 {
+    // A leaf that would hang into the caption is lifted.
+    for (int i = 0; i < 20 && ort.y() + polar(grad, laenge).y() > tiefstes; ++i)
+        grad += std::cos(grad * 3.14159265 / 180) >= 0 ? 5 : -5;
     const double c = std::cos(grad * 3.14159265 / 180);
     const Stempel &s = c > 0.35 ? rechts_ : c < -0.35 ? links_ : gerade_;
     const double t = ton(ebene);
@@ -130,7 +143,9 @@ double laubanteil(const Gestalt &g)
     case Stand::Schaftdolde: return 0.62;
     case Stand::Schafttraube: return 0.58;
     case Stand::Rispe: return g.aufbau == Aufbau::Rosette ? 0.3 : 0.66;
-    case Stand::Ball: return g.aufbau == Aufbau::Rosette ? 0.72 : 1;
+    case Stand::Ball:
+    case Stand::Dolde: return g.aufbau == Aufbau::Rosette ? 0.72 : 1;
+    case Stand::Kolben: return g.aufbau == Aufbau::Rosette ? 0.55 : 1;
     default: return 1;
     }
 }

@@ -27,6 +27,8 @@ public:
     void bluete(QPointF ort, double drehung, double radius, double ebene);
     void frucht(QPointF ort, double radius, double ebene, double drehung = 0);
     void malen(QPainter &p);
+    /// Kurve::bogen that stays above the caption.
+    Kurve gehalten(QPointF ort, double grad, double laenge, double neigung) const;
 
     /// Leaf length and flower radius in pixels, kept to what can be seen and what fits.
     double blattlaenge() const;
@@ -64,6 +66,9 @@ void wachsen(Buehne &b);
 void bluehen(Buehne &b);
 /// Height of the leaves in parts of the whole plant.
 double laubanteil(const Gestalt &gestalt);
+
+/// How the fronds of ferns and palms are divided.
+const Wedel &wedelart(const Gestalt &gestalt);
 
 // Structures, by file.
 void strauch(Buehne &b);

@@ -10,10 +10,21 @@
 namespace {
 
 /// A part of the plate that is drawn by the structures of the whole plant, in a box of its own.
-void ausschnitt(QPainter &p, const Datensatz &pflanze, Gestalt g, QRectF feld, double hoehe, double blattlaenge)
+struct Ausschnitt
 {
-    g.blattlaenge = blattlaenge;
-    Buehne b(pflanze, g, {feld.center().x(), feld.bottom()}, hoehe, feld.width(), feld.width() * 0.2, 1);
+    Aufbau aufbau;
+    double hoehe, ueberGrund, topf, blattlaenge;
+};
+constexpr Ausschnitt ausschnitte[] = {
+    {Aufbau::Kugelkaktus, 460, 120, 124, 3}, {Aufbau::Gliederkaktus, 190, 330, 100, 58}, {Aufbau::Kannen, 620, 20, 150, 30}, {Aufbau::Fallen, 460, 200, 205, 6},
+    {Aufbau::Tentakel, 440, 200, 220, 8},    {Aufbau::Geweih, 330, 350, 110, 45},        {Aufbau::Schirm, 690, 0, 130, 150}, {Aufbau::Etagen, 700, 0, 120, 10},
+};
+
+void ausschnittZeichnen(QPainter &p, const Datensatz &pflanze, Gestalt g, QRectF feld, const Ausschnitt &a)
+{
+    g.blattlaenge = a.blattlaenge;
+    g.stand = Stand::Keiner;
+    Buehne b(pflanze, g, {feld.center().x(), feld.bottom() - a.ueberGrund}, a.hoehe, feld.width(), a.topf, 1);
     wachsen(b);
     b.malen(p);
 }
@@ -33,11 +44,11 @@ void wedelDetail(QPainter &p, const Datensatz &pflanze, const Gestalt &g, QRectF
 {
     Buehne b(pflanze, g, {feld.left() + 40, feld.bottom()}, feld.height(), feld.width(), 1, 1);
     const Stempel fieder = blattstempel(g.blatt, b.laub, b.laub.muster, Zufall(pflanze.name(), 4), true);
-    const bool palme = g.aufbau == Aufbau::Palme;
-    const Kurve k{{feld.left() + 60, feld.bottom()}, {feld.left() + 120, feld.center().y()}, {feld.center().x(), feld.top() + 60}, {feld.right() - 90, feld.top() + 90}};
-    const int paare = std::clamp(int(60 / std::max(2.0, g.blattlaenge)), palme ? 13 : 9, 26);
-    wedel(p, k, {g.name == u"Pteris" ? 4 : paare, g.name == u"Pteris" ? 0.4 : palme ? 0.33 : paare > 18 ? 0.19 : 0.16, 1.1, palme ? 50.0 : 66.0, 0.14, 0.4}, fieder,
-          g.name == u"Adiantum" || g.name == u"Pellaea" ? QColor(0x45, 0x30, 0x28) : farbe::stiel, 0);
+    Wedel form = wedelart(g);
+    form.kahl = std::max(form.kahl, 0.12);
+    const double oben = feld.top() + (form.fiederlaenge > 0.25 ? 190 : 90); // long pinnae need room above
+    const Kurve k{{feld.left() + 60, feld.bottom()}, {feld.left() + 120, feld.center().y() + 40}, {feld.center().x() - 30, oben + 30}, {feld.right() - 170, oben}};
+    wedel(p, k, form, fieder, g.name == u"Adiantum" || g.name == u"Pellaea" ? QColor(0x45, 0x30, 0x28) : farbe::stiel, 0);
     fieder.zeichnen(p, {feld.right() - 330, feld.bottom() - 60}, -14, g.blatt.form == Blattform::Nadel ? 300 : 240, 1.15);
     beschriften(p, {feld.right() - 190, feld.bottom() + 4}, QStringLiteral("Fieder"), 20);
 }
@@ -61,14 +72,15 @@ void stempelDetail(QPainter &p, const Datensatz &pflanze, const Gestalt &g, QRec
     const Laub l = laub(pflanze);
     Zufall z(pflanze.name(), 9);
     const Stempel erstes = blattstempel(g.blatt, l, l.muster, Zufall(pflanze.name(), 2), true);
-    const bool gelappt = g.blatt.form >= Blattform::AnzahlEinfache || g.blatt.form == Blattform::Niere || g.blatt.form == Blattform::Rund || g.blatt.form == Blattform::Schild;
+    const bool gefiedert = g.blatt.form == Blattform::Gefiedert || g.blatt.form == Blattform::Doppelfieder;
+    const bool gelappt = (g.blatt.form >= Blattform::AnzahlEinfache && !gefiedert) || g.blatt.form == Blattform::Niere || g.blatt.form == Blattform::Rund || g.blatt.form == Blattform::Schild;
     const bool hinten = g.blatt.form == Blattform::Pfeil || g.blatt.form == Blattform::Niere || g.blatt.form == Blattform::Schild || gelappt;
-    const double l1 = gelappt ? 400 : g.blatt.form == Blattform::Pfeil ? 430 : 540;
+    const double l1 = (gelappt ? 380 : g.blatt.form == Blattform::Pfeil ? 430 : 540) * feld.width() / 660;
     const QPointF a(feld.left() + (hinten ? 210 : 60), feld.bottom() - (gelappt ? 260 : 170));
     const QColor stielfarbe = l.roteUnterseite ? gemischt(farbe::stiel, QColor(0x96, 0x48, 0x50), 0.5) : farbe::stiel;
     stiel(p, {a + QPointF(-50, 150), a + QPointF(-50, 90), a + polar(206, 40), a}, 10, 7, stielfarbe);
     erstes.zeichnen(p, a, -32, l1);
-    if (g.blatt.form == Blattform::Nadel || g.blatt.form == Blattform::Schuppe)
+    if (g.blatt.form == Blattform::Nadel)
         return;
     // The second leaf shows the record's other pattern, or the underside.
     const bool anders = l.anderes != Muster::Keins && l.anderes != l.muster;
@@ -78,27 +90,19 @@ void stempelDetail(QPainter &p, const Datensatz &pflanze, const Gestalt &g, QRec
     else if (l.zweite == l.grund || l.anderes == Muster::Rand)
         unten.zweite = gemischt(l.zweite, QColor(0xF2, 0xF0, 0xD2), 0.6);
     const Stempel zweites = blattstempel(g.blatt, unten, anders ? l.anderes : Muster::Keins, Zufall(pflanze.name(), 3), true);
-    const double l2 = l1 * 0.55;
-    const QPointF b(feld.left() + (hinten ? 470 : 370), feld.bottom() - (gelappt ? 70 : 20));
+    const double l2 = l1 * (gelappt ? 0.5 : 0.55);
+    const QPointF b(feld.right() - (gelappt ? 200 : 290), feld.bottom() - (gelappt ? 50 : 10));
     stiel(p, {b + QPointF(-60, 34), b + QPointF(-40, 20), b + polar(192, 20), b}, 7, 5, stielfarbe);
     zweites.zeichnen(p, b, gelappt ? -8 : -4, l2);
-    beschriften(p, {b.x() + l2 * 0.45, feld.bottom() + 62}, anders ? QStringLiteral("buntlaubig") : QStringLiteral("Unterseite"), 19);
+    beschriften(p, {b.x() + l2 * 0.45, b.y() + 26 + l2 * (gelappt ? 0.5 : g.blatt.form == Blattform::Herz ? 0.42 : 0.32) * g.blatt.breite}, anders ? QStringLiteral("buntlaubig") : QStringLiteral("Unterseite"), 19);
 }
 
 void blattDetail(QPainter &p, const Datensatz &pflanze, const Gestalt &g, QRectF feld)
 {
-    switch (g.aufbau) {
-    case Aufbau::Kugelkaktus:
-    case Aufbau::Gliederkaktus:
-    case Aufbau::Kannen:
-    case Aufbau::Fallen:
-    case Aufbau::Tentakel:
-    case Aufbau::Geweih:
-    case Aufbau::Schirm:
-    case Aufbau::Etagen: ausschnitt(p, pflanze, g, feld.adjusted(20, 0, -20, -40), std::min(feld.height() * 0.9, 460.0), 110); return;
-    default: break;
-    }
-    if (hatWedel(g.aufbau))
+    const auto *teil = std::ranges::find(ausschnitte, g.aufbau, &Ausschnitt::aufbau);
+    if (teil != std::end(ausschnitte))
+        ausschnittZeichnen(p, pflanze, g, feld, *teil);
+    else if (hatWedel(g.aufbau))
         wedelDetail(p, pflanze, g, feld);
     else if (hatBandblatt(g.aufbau))
         bandDetail(p, pflanze, g, feld);
@@ -114,8 +118,9 @@ bool alsBluetenstand(const Gestalt &g)
 
 void bluetenstandDetail(QPainter &p, const Datensatz &pflanze, Gestalt g, QRectF feld)
 {
-    g.bluetenbreite = g.stand == Stand::Mitte ? 250 : 330;
-    Buehne b(pflanze, g, {feld.center().x(), feld.bottom() - (g.stand == Stand::Mitte ? -40 : 40)}, g.stand == Stand::Mitte ? 640 : 560, feld.width(), 120, 1);
+    const bool aehre = g.name == u"Vriesea" || g.name == u"Tillandsia";
+    g.bluetenbreite = g.stand == Stand::Mitte ? 250 : g.stand == Stand::Kaetzchen ? 560 : 330;
+    Buehne b(pflanze, g, {feld.center().x(), feld.bottom() + (aehre ? 360 : g.stand == Stand::Mitte ? 40 : -40)}, aehre ? 920 : g.stand == Stand::Mitte ? 640 : g.stand == Stand::Kaetzchen ? 1250 : 560, feld.width(), 120, 1);
     if (g.stand != Stand::Mitte) {
         const bool haengt = g.stand == Stand::Kaetzchen;
         const QPointF ort = haengt ? QPointF(feld.center().x(), feld.top() + 90) : QPointF(feld.center().x(), feld.center().y() + 100);
@@ -134,8 +139,8 @@ void bluetenDetail(QPainter &p, const Datensatz &pflanze, const Gestalt &g, QRec
     if (alsBluetenstand(g))
         return bluetenstandDetail(p, pflanze, g, feld);
     const Bluetenmass mass = bluetenmass(g.bluete);
-    const double r = std::min({feld.height() / (mass.oben + mass.unten + 0.1), feld.width() / (2 * mass.seite + 0.1), 235.0});
-    const QPointF ort(feld.center().x(), feld.center().y() + r * (mass.oben - mass.unten) / 2);
+    const double r = std::min({feld.height() / (mass.oben + mass.unten + (mass.oben < 1 ? 0.6 : 0.1)), feld.width() / (2 * mass.seite + 0.1), mass.unten < 1 ? 205.0 : 235.0});
+    const QPointF ort(feld.center().x(), feld.center().y() - (mass.unten < 1 ? 40 : 0) + r * (mass.oben - mass.unten + (mass.oben < 1 ? 0.5 : 0)) / 2);
     if (mass.unten < 1) // the stalk that carries a standing flower
         stiel(p, {{ort.x() + 10, ort.y() + r * 0.8}, {ort.x() + 4, ort.y() + r * 0.5}, {ort.x(), ort.y() + r * 0.2}, ort}, 13, 10, farbe::stiel);
     if (mass.oben < 1)
@@ -218,7 +223,7 @@ bool topfpflanzeDetail(const Datensatz &pflanze, const QString &pfad)
     QPainter &p = tafel.maler();
     const bool blueht = !pflanze.worte(u"FARBEN").isEmpty() && (g.bluete != Bluete::Keine || g.stand != Stand::Einzeln);
     const bool gross = blueht && (g.bluete != Bluete::Keine || alsBluetenstand(g));
-    const QRectF blattfeld(gross ? 850 : 480, 130, 660, 720), bluetenfeld(130, 130, 620, gross ? 560 : 200);
+    const QRectF blattfeld(gross ? 850 : 430, 130, gross ? 660 : 820, 720), bluetenfeld(130, 150, 620, gross ? 560 : 200);
     beschriften(p, {blattfeld.center().x(), 92}, hatWedel(g.aufbau) ? QStringLiteral("Wedel") : QStringLiteral("Blatt"), 26, Qt::AlignHCenter, farbe::tinte);
     blattDetail(p, pflanze, g, blattfeld);
     if (gross) {
@@ -235,7 +240,6 @@ bool topfpflanzeDetail(const Datensatz &pflanze, const QString &pfad)
         }
     }
     zeiten(p, pflanze, g);
-    const QString deutsch = pflanze.text(u"DTNAM");
-    tafel.unterschrift(pflanze.name(), deutsch.isEmpty() ? pflanze.familie() : deutsch + QStringLiteral("  ·  ") + pflanze.familie(), QStringLiteral("Blüte und Blatt, schematisch"));
+    tafel.unterschrift(pflanze.name(), zweiteZeile(pflanze, pflanze.familie()), QStringLiteral("Blüte und Blatt, schematisch"));
     return tafel.speichern(pfad);
 }

@@ -45,7 +45,7 @@ struct Blattton
 };
 
 constexpr Blattton gruen[] = {{u"dunkelgrün", 0xFF3F7A48}, {u"hellgrün", 0xFF84B355}};
-constexpr Blattton bunt[] = {{u"silbrig", 0xFFC3D0C3}, {u"weißgrün", 0xFFEDF0D8}, {u"gelbgrün", 0xFFDAD764}, {u"rotgrün", 0xFF8E3F52}};
+constexpr Blattton bunt[] = {{u"silbrig", 0xFFC3D0C3}, {u"weißgrün", 0xFFEDF0D8}, {u"gelbgrün", 0xFFDAD764}, {u"rotgrün", 0xFFA03C58}};
 
 template <size_t n> std::vector<QColor> gesetzte(const Datensatz &pflanze, const Blattton (&toene)[n])
 {
@@ -98,7 +98,7 @@ Laub laub(const Datensatz &pflanze)
         l.grund = gruene[0];
     else if (!bunte.empty()) {
         // Without a plain green the darkest tint carries the pattern of the others.
-        l.grund = gemischt(bunte.back(), QColor(gruen[0].farbe), bunte.size() == 1 ? 0.35 : 0.25);
+        l.grund = gemischt(bunte.back(), QColor(gruen[0].farbe), bunte.size() == 1 ? 0.35 : 0.1);
         bunte.pop_back();
     } else {
         l.grund = QColor(gruen[0].farbe);
@@ -113,7 +113,8 @@ Laub laub(const Datensatz &pflanze)
     if (pflanze.hat(u"BLATTFARB", u"panaschiert"))
         muster.push_back(Muster::Rand);
     // Variegation that the record names beside plain green alone is that of single varieties: it shows in the detail only.
-    const bool nurSorten = bunte.empty() || !pflanze.hat(u"PFLANZTYP", u"Grünpflanze");
+    const bool hell = pflanze.hat(u"BLATTFARB", u"weißgrün") || pflanze.hat(u"BLATTFARB", u"gelbgrün") || pflanze.hat(u"BLATTFARB", u"silbrig");
+    const bool nurSorten = !hell || !pflanze.hat(u"PFLANZTYP", u"Grünpflanze");
     if (!muster.empty() && !(muster.front() == Muster::Rand && nurSorten))
         l.muster = muster.front();
     else if (muster.empty() && !bunte.empty() && gruene.size() == 1)

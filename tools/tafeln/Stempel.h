@@ -20,7 +20,6 @@ public:
     void kreis(QPointF mitte, double radius, const QColor &farbe, double strich = 0.7);
     /// Another drawing, turned clockwise by `winkel` degrees.
     void stempel(const Stempel &anderer, QPointF ort, double winkel, double groesse, double breite = 1);
-    /// The same drawing in front of what is there already.
     void oval(QPointF mitte, double rx, double ry, const QColor &farbe, double strich = 0.7);
     void verbiegen(const std::function<QPointF(QPointF)> &abbildung);
     bool leer() const { return schichten_.empty(); }

@@ -158,6 +158,14 @@ void Messlatte::spanne(QPainter &p, double von, double bis) const
     p.restore();
 }
 
+QString zweiteZeile(const Datensatz &pflanze, const QString &familie)
+{
+    QStringList teile{pflanze.text(u"DTNAM"), familie};
+    teile.removeAll(QString());
+    teile.removeAll(pflanze.name());
+    return teile.join(QStringLiteral("  ·  "));
+}
+
 QString laengentext(double meter)
 {
     const QLocale deutsch(QLocale::German);

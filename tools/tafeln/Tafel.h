@@ -1,8 +1,12 @@
 #pragma once
 
+#include "Datensatz.h"
+
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
+
+#include <array>
 
 /// A sheet of warm paper with frame and caption, 1600 x 1200.
 class Tafel
@@ -40,5 +44,7 @@ struct Messlatte
     double y(double meter) const { return null.y() - meter * pixelJeMeter; }
 };
 
+/// What stands below the botanical name: the German name, where it differs, and the family.
+QString zweiteZeile(const Datensatz &pflanze, const QString &familie);
 /// "35 cm" below one metre, "1,2 m" above.
 QString laengentext(double meter);

@@ -24,6 +24,8 @@ double gezeichneteHoehe(const Datensatz &pflanze)
     const double klein = pflanze.zahl(u"MINHOEHE").value_or(0.2);
     const double gross = std::max({pflanze.zahl(u"MAXHOEHE").value_or(klein), klein, 0.03});
     // Tall plants are drawn as they are usually sold and kept, smaller than the largest that is possible.
+    if (pflanze.hat(u"WUCHSFORM", u"teppichbildend") || pflanze.hat(u"WUCHSFORM", u"polsterbildend"))
+        return (klein + gross) / 2;
     return std::min(gross, std::max(klein * 1.3, 0.5 * gross + 0.15));
 }
 
@@ -37,10 +39,10 @@ Massstab massstab(const Datensatz &pflanze, Gefaess art)
 Gefaess gefaessart(const Datensatz &pflanze, const Gestalt &g)
 {
     const bool haengt = pflanze.hat(u"WUCHSFORM", u"überhängend") || g.aufbau == Aufbau::Haenge;
-    const bool kletterhilfe = g.aufbau == Aufbau::Kletter || g.aufbau == Aufbau::Strauch || g.aufbau == Aufbau::Eintrieb || g.aufbau == Aufbau::Kraut;
-    if (haengt && !kletterhilfe && pflanze.hat(u"VERWENDUNG", u"für die Blumenampel"))
+    constexpr Aufbau ueberDenRand[] = {Aufbau::Haenge, Aufbau::Farn, Aufbau::Baender, Aufbau::Gliederkaktus, Aufbau::Geweih, Aufbau::Polster};
+    if (haengt && std::ranges::find(ueberDenRand, g.aufbau) != std::end(ueberDenRand) && pflanze.hat(u"VERWENDUNG", u"für die Blumenampel"))
         return Gefaess::Ampel;
-    return pflanze.hat(u"VERWENDUNG", u"als Kübelpflanze") && pflanze.zahl(u"MAXHOEHE").value_or(0) >= 0.8 ? Gefaess::Kuebel : Gefaess::Topf;
+    return pflanze.hat(u"VERWENDUNG", u"als Kübelpflanze") && pflanze.zahl(u"MAXHOEHE").value_or(0) >= 1 ? Gefaess::Kuebel : Gefaess::Topf;
 }
 
 void messlatte(QPainter &p, const Datensatz &pflanze, QPointF boden, const Massstab &m)
@@ -53,12 +55,6 @@ void messlatte(QPainter &p, const Datensatz &pflanze, QPointF boden, const Masss
     latte.spanne(p, std::min(pflanze.zahl(u"MINHOEHE").value_or(gross), gross), gross);
 }
 
-QString zweiteZeile(const Datensatz &pflanze)
-{
-    const QString deutsch = pflanze.text(u"DTNAM"), familie = pflanze.familie();
-    return deutsch.isEmpty() ? familie : familie.isEmpty() ? deutsch : deutsch + QStringLiteral("  ·  ") + familie;
-}
-
 } // namespace
 
 bool topfpflanzeGesamt(const Datensatz &pflanze, const QString &pfad)
@@ -68,14 +64,17 @@ bool topfpflanzeGesamt(const Datensatz &pflanze, const QString &pfad)
     Massstab m = massstab(pflanze, art);
     double topfhoehe = m.gefaess * m.pixelJeMeter;
     double pflanzenhoehe = m.hoehe * m.pixelJeMeter;
-    if (art == Gefaess::Ampel && pflanzenhoehe > 330) { // room for what hangs
-        m.pixelJeMeter *= 330 / pflanzenhoehe;
-        topfhoehe *= 330 / pflanzenhoehe;
-        pflanzenhoehe = 330;
+    double topfbreite = std::clamp(topfhoehe * (art == Gefaess::Kuebel ? 1.2 : 1.12), 150.0, 330.0);
+    if (g.aufbau == Aufbau::Kugelkaktus)
+        topfbreite = std::max(topfbreite, pflanzenhoehe * 0.8);
+    if (art == Gefaess::Ampel) { // room for what hangs
+        m.pixelJeMeter = std::min((g.aufbau == Aufbau::Haenge ? 300 : 430) / m.hoehe, 1800.0);
+        pflanzenhoehe = m.hoehe * m.pixelJeMeter;
+        topfbreite = std::clamp(0.26 * m.pixelJeMeter, 290.0, 400.0);
+        topfhoehe = topfbreite * 0.52;
     }
-    const double topfbreite = std::clamp(topfhoehe * (art == Gefaess::Ampel ? 1.7 : art == Gefaess::Kuebel ? 1.2 : 1.12), 150.0, art == Gefaess::Ampel ? 420.0 : 330.0);
-    topfhoehe = std::max(topfhoehe, topfbreite * (art == Gefaess::Ampel ? 0.5 : 0.8));
-    const QPointF mund(880, art == Gefaess::Ampel ? std::max(420.0, 110 + pflanzenhoehe) : Tafel::boden - topfhoehe);
+    topfhoehe = std::max(topfhoehe, topfbreite * (art == Gefaess::Ampel ? 0.5 : g.aufbau == Aufbau::Kugelkaktus ? 0.62 : 0.8));
+    const QPointF mund(880, art == Gefaess::Ampel ? std::max(g.aufbau == Aufbau::Haenge ? 430.0 : 600.0, 120 + pflanzenhoehe) : Tafel::boden - topfhoehe);
     if (art != Gefaess::Ampel && pflanzenhoehe > mund.y() - 70) {
         m.pixelJeMeter *= (mund.y() - 70) / pflanzenhoehe;
         pflanzenhoehe = mund.y() - 70;
@@ -90,6 +89,6 @@ bool topfpflanzeGesamt(const Datensatz &pflanze, const QString &pfad)
     wachsen(buehne);
     bluehen(buehne);
     buehne.malen(p);
-    tafel.unterschrift(pflanze.name(), zweiteZeile(pflanze), QStringLiteral("Gesamtansicht, schematisch"));
+    tafel.unterschrift(pflanze.name(), zweiteZeile(pflanze, pflanze.familie()), QStringLiteral("Gesamtansicht, schematisch"));
     return tafel.speichern(pfad);
 }

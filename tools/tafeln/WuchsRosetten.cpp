@@ -67,7 +67,7 @@ void bandkopf(Buehne &b, QPointF ort, const Bandform &form, double laenge, doubl
         const double weit = std::abs(lage);
         const double grad = 90 - lage * form.spreizung + b.zufall.streuung(4);
         const double l = laenge * (1 - 0.14 * weit) * b.zufall.zwischen(0.9, 1.03);
-        const Kurve k = Kurve::bogen(ort + QPointF(lage * halb, 0), grad, l, form.neigung * (0.35 + 0.75 * weit) * b.zufall.zwischen(0.85, 1.15));
+        const Kurve k = b.gehalten(ort + QPointF(lage * halb, 0), grad, l, form.neigung * (0.35 + 0.75 * weit) * b.zufall.zwischen(0.85, 1.15));
         const Bandblatt blatt{breite * b.zufall.zwischen(0.9, 1.08), form.spitze, form.grund, form.stachlig && breite > 12, form.gewellt, b.bandmuster()};
         const double tiefe = ebene + 0.6 * weit - 0.5, ton = b.ton(tiefe);
         b.ding(tiefe, [=](QPainter &p) { bandblatt(p, k, blatt, grund, zweite, ton); });
@@ -83,11 +83,11 @@ struct Wedelform
 };
 constexpr Wedelform wedelformen[] = {
     {u"", 17, 80, 82, {24, .15, 1, 68, .10, .4}},
-    {u"Adiantum", 26, 84, 70, {11, .15, 1, 52, .30, .35}},
+    {u"Adiantum", 30, 84, 74, {12, .085, 1, 50, .30, .35}},
     {u"Asparagus", 24, 92, 100, {34, .085, 1, 56, .06, .5}},
     {u"Nephrolepis", 24, 86, 100, {32, .115, 1, 76, .07, .4}},
     {u"Pellaea", 17, 80, 84, {13, .085, 1, 78, .14, .5}},
-    {u"Pteris", 16, 72, 62, {4, .38, 1, 42, .45, .25}},
+    {u"Pteris", 12, 66, 58, {4, .36, 1, 42, .45, .25}},
     {u"Zamioculcas", 11, 56, 34, {10, .2, 1, 54, .2, .4}},
     {u"Cycas", 24, 112, 44, {40, .15, 1, 60, .05, .45}},
     {u"Phoenix", 22, 108, 84, {34, .21, 1, 48, .08, .45}},
@@ -109,9 +109,9 @@ void wedelkopf(Buehne &b, QPointF ort, const Wedelform &form, double laenge, dou
     for (int i = 0; i < form.anzahl; ++i) {
         const double lage = (i % 2 ? 1 : -1) * (i + 0.5) / form.anzahl, weit = std::abs(lage);
         const double l = laenge * (1.02 - 0.12 * weit) * b.zufall.zwischen(0.86, 1.03);
-        const Kurve k = Kurve::bogen(ort + QPointF(lage * halb, 0), 90 - lage * form.spreizung + b.zufall.streuung(5), l, form.neigung * (0.25 + 0.85 * weit));
+        const Kurve k = b.gehalten(ort + QPointF(lage * halb, 0), 90 - lage * form.spreizung + b.zufall.streuung(5), l, form.neigung * (0.25 + 0.85 * weit));
         const double tiefe = ebene + 0.9 * weit - 0.6, ton = b.ton(tiefe);
-        b.ding(tiefe, [=, &form](QPainter &p) { wedel(p, k, form.wedel, fieder, stielfarbe, ton); });
+        b.ding(tiefe, [=, art = form.wedel](QPainter &p) { wedel(p, k, art, fieder, stielfarbe, ton); });
         if (i % 2)
             b.achseln.push_back({k.punkt(0.5), k.winkel(0.5), tiefe, 0.5});
     }
@@ -134,6 +134,11 @@ void stamm(Buehne &b, const Kurve &k, double unten, double oben, const QColor &f
 
 } // namespace
 
+const Wedel &wedelart(const Gestalt &g)
+{
+    return wedelform(g).wedel;
+}
+
 void grundblaetter(Buehne &b)
 {
     const double hoch = b.hoehe * laubanteil(b.gestalt), l = std::min({b.blattlaenge(), hoch * 0.62, b.breite * 0.4});
@@ -144,11 +149,12 @@ void grundblaetter(Buehne &b)
         const double weit = (i + 0.5) / n, lage = (i % 2 ? 1 : -1) * weit;
         const double grad = 90 - lage * 66 + b.zufall.streuung(7);
         const double stiellaenge = std::max(l * 0.25, (hoch - l * (haengend ? 0.35 : 0.8)) * (1.02 - 0.55 * weit) * b.zufall.zwischen(0.86, 1.04));
-        const Kurve k = Kurve::bogen(b.fuss + QPointF(lage * b.topf * 0.45, 0), grad, stiellaenge, 22 + 22 * weit);
-        const double ebene = -0.8 + 1.6 * weit;
+        const bool mitten = weit < 0.4; // these face the viewer and close the middle
+        const Kurve k = Kurve::bogen(b.fuss + QPointF(lage * b.topf * 0.45, 0), grad, stiellaenge * (mitten ? b.zufall.zwischen(0.62, 1.0) : 1), 44 * weit);
+        const double ebene = mitten ? -0.8 + 1.3 * b.zufall.zahl() : -0.8 + 1.6 * weit;
         b.trieb(k, std::clamp(l * 0.045, 3.0, 11.0), std::clamp(l * 0.028, 2.0, 7.0), f, ebene - 0.15);
         const double seite = lage > 0 ? -1 : 1;
-        const double spreite = k.winkel(1) + seite * (haengend ? 46 + 34 * weit + b.zufall.streuung(12) : 8 + 26 * weit);
+        const double spreite = mitten ? (haengend ? -90 - seite * b.zufall.zwischen(-4, 34) : 90 + seite * b.zufall.zwischen(-12, 26)) : k.winkel(1) + seite * (haengend ? 46 + 34 * weit + b.zufall.streuung(12) : 8 + 26 * weit);
         b.blatt(k.punkt(1), spreite, l * (1.02 - 0.2 * weit) * b.zufall.zwischen(0.88, 1.05), ebene, b.zufall.zwischen(0.78, 1));
         b.spitzen.push_back({k.punkt(1), spreite, ebene, weit});
     }
@@ -156,7 +162,7 @@ void grundblaetter(Buehne &b)
 
 void rosette(Buehne &b)
 {
-    const double hoch = b.hoehe * laubanteil(b.gestalt), l = std::min(std::clamp(b.gestalt.blattlaenge * b.pixelJeCm, 40.0, 330.0), b.breite * 0.42);
+    const double hoch = b.hoehe * laubanteil(b.gestalt), l = std::min(std::clamp(b.gestalt.blattlaenge * b.pixelJeCm, b.topf * 0.8, 330.0), b.breite * 0.42);
     const int n = b.gestalt.blatt.form == Blattform::Zunge && l > 200 ? 8 : 24;
     const QColor f = blattstielfarbe(b);
     const QPointF herz = b.fuss - QPointF(0, hoch * 0.22);
@@ -172,10 +178,10 @@ void rosette(Buehne &b)
         const double kurz = 0.62 + 0.38 * std::abs(quer);
         b.blatt(ort, std::abs(quer) < 0.3 && vorn > 0 ? grad - (quer >= 0 ? 22 : -22) : grad, l * kurz * b.zufall.zwischen(0.9, 1.05), vorn, std::min(1.25, 0.8 / kurz));
     }
-    const double breit = std::min(l * 0.62, b.topf);
-    for (int i = 0; i < 7; ++i)
-        b.spitzen.push_back({b.fuss - QPointF((i - 3) / 3.0 * breit, b.hoehe * (0.86 - 0.1 * std::abs(i - 3)) - (i % 2) * b.hoehe * 0.14), 90, 0.4 + 0.1 * (i % 2), 0.5});
-    if (b.gestalt.stand == Stand::Ball)
+    const double breit = std::min(l * 0.8, b.topf * 1.1);
+    for (int i = -2; i <= 2; ++i)
+        b.spitzen.push_back({b.fuss - QPointF(i / 2.0 * breit, b.hoehe * (0.9 - 0.09 * std::abs(i) - 0.16 * (i & 1))), 90, 0.4 + 0.1 * (i & 1), 0.5});
+    if (b.gestalt.stand == Stand::Ball || b.gestalt.stand == Stand::Dolde)
         for (const Spross &s : b.spitzen)
             b.trieb({b.fuss, b.fuss - QPointF(0, hoch * 0.4), s.ort + QPointF(0, hoch * 0.3), s.ort}, 4, 3, f, 0.2);
 }
@@ -279,6 +285,9 @@ void schopf(Buehne &b)
                 p.drawPath(band({unten, unten - QPointF(0, dicke), unten - QPointF(0, dicke * 2), unten - QPointF(0, dicke * 4.4)},
                                 [dicke](double t) { return dicke * (0.5 + 1.6 * std::pow(std::max(0.0, 1 - t), 1.3) * (0.75 + 0.6 * t)); }));
             });
+        if (b.gestalt.name == u"Cordyline")
+            for (const double t : {0.35, 0.55, 0.78})
+                bandkopf(b, k.punkt(t), form, laenge * (1.05 - 0.2 * t), dicke * 0.4, -0.6 + 0.4 * t);
         bandkopf(b, oben, form, laenge * (s == 1 || staemme == 1 ? 1 : 0.85), dicke * 0.4, 0.25 * s - 0.2);
     }
 }

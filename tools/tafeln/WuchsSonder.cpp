@@ -60,7 +60,7 @@ Stempel falle(const QColor &gruen)
     for (const double seite : {-1.0, 1.0}) {
         for (int i = 0; i < 9; ++i) {
             const double w = -70 + 17.5 * i;
-            QPainterPath b(QPointF(0.45 + 0.5 * std::cos(w * pi / 180), seite * (0.42 + 0.28 * std::cos(w * pi / 180) * 0 + 0.12) + 0.3 * std::sin(w * pi / 180)));
+            QPainterPath b(QPointF(0.45 + 0.5 * std::cos(w * pi / 180), seite * 0.54 + 0.3 * std::sin(w * pi / 180)));
             b.lineTo(0.45 + 0.86 * std::cos(w * pi / 180), seite * 0.62 + 0.5 * std::sin(w * pi / 180) + seite * 0.1);
             s.linie(b, dunkler(gruen, 0.15), 1.3);
         }
@@ -137,9 +137,9 @@ QPainterPath geweihform(Zufall &z)
 void kugelkaktus(Buehne &b)
 {
     const bool rot = b.gestalt.name == u"Gymnocalycium";
-    const double ry = b.hoehe * (b.blueht() && rot ? 0.42 : 0.48), rx = std::min(ry * 1.06, b.topf * 1.5);
+    const double ry = b.hoehe * (b.blueht() && rot ? 0.42 : 0.48), rx = ry * 1.06;
     const QPointF mitte = b.fuss - QPointF(0, ry * 0.86);
-    const QColor f = rot ? gemischt(b.laub.grund, QColor(0x7A, 0x86, 0x5A), 0.55) : gemischt(b.laub.grund, QColor(0x5E, 0x8E, 0x52), 0.4);
+    const QColor f = rot ? gemischt(b.laub.grund, QColor(0x7C, 0x8E, 0x56), 0.72) : gemischt(b.laub.grund, QColor(0x5E, 0x8E, 0x52), 0.4);
     const QColor dorn = rot ? QColor(0xC9, 0xB2, 0x88) : QColor(0xE8, 0xC0, 0x4E);
     const bool baender = b.laub.muster == Muster::Streifen;
     b.ding(0, [=, zweite = b.laub.zweite](QPainter &p) { kugel(p, mitte, rx, ry, f, heller(f, 0.4), baender, rot ? 5 : 9, dorn); });
@@ -294,11 +294,11 @@ void geweih(Buehne &b)
 void kannen(Buehne &b)
 {
     const QColor rot = gemischt(b.bluetenfarben.haupt, QColor(0xA0, 0x28, 0x3A), 0.6), f = b.laub.grund;
-    for (int i = 0; i < 13; ++i) {
-        const double lage = (i % 2 ? 1 : -1) * (i + 0.4) / 13.0, weit = std::abs(lage);
-        const double laenge = b.hoehe * 0.84 * (1.02 - 0.5 * weit * b.zufall.zwischen(0.7, 1.1));
-        const Kurve k = Kurve::bogen(b.fuss + QPointF(lage * b.topf * 0.66, 0), 90 - lage * 40, laenge, -6 - 10 * weit);
-        const double ebene = -0.5 + weit, ton = b.ton(ebene), w = std::clamp(laenge * 0.16, 14.0, 62.0);
+    for (int i = 0; i < 11; ++i) {
+        const double lage = (i % 2 ? 1 : -1) * (i + 0.4) / 11.0, weit = std::abs(lage);
+        const double laenge = b.hoehe * 0.84 * (1.02 - 0.55 * weit * b.zufall.zwischen(0.6, 1.2));
+        const Kurve k = Kurve::bogen(b.fuss + QPointF(lage * b.topf * 0.66, 0), 90 - lage * 58, laenge, -6 - 16 * weit);
+        const double ebene = -0.5 + weit, ton = b.ton(ebene), w = std::clamp(laenge * 0.14, 14.0, 56.0);
         b.ding(ebene, [=](QPainter &p) { schlauch(p, k, w, f, rot, ton); });
     }
 }
