@@ -1,6 +1,7 @@
 #include "Pfade.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
 
 QString pfadAus(const QString &ordner, const QString &rest)
@@ -43,6 +44,9 @@ bool dateiVorhanden(const QString &muster)
         return false;
     const QString pfad = QString(muster).replace(u'\\', u'/');
     const qsizetype strich = pfad.lastIndexOf(u'/');
-    const QDir ordner(systemPfad(strich < 0 ? QStringLiteral(".") : pfad.left(strich + 1)));
-    return !ordner.entryList({pfad.mid(strich + 1)}, QDir::Files | QDir::Hidden).isEmpty();
+    const QString name = pfad.mid(strich + 1);
+    if (!name.contains(u'*') && !name.contains(u'?') && !name.contains(u'['))
+        return QFileInfo(systemPfad(pfad)).isFile();
+    // The first match is enough: a picture folder may hold thousands of files.
+    return QDirIterator(systemPfad(strich < 0 ? QStringLiteral(".") : pfad.left(strich + 1)), {name}, QDir::Files | QDir::Hidden).hasNext();
 }
