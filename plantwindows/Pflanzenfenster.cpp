@@ -54,13 +54,13 @@ void Pflanzenfenster::Form_Activate()
         Monatsbeschriftung();
         darstellen();
         NaviPruefung();
-        ErsteAktivierung = false;
         if (Filterdialog *dialog = filterdialog()) {
             for (size_t i = 0; i < programm_.AzubiAuswahl.size(); ++i)
                 if (programm_.AzubiAuswahl[i])
                     dialog->ausbildungWaehlen(int(i));
             dialog->cmdOK_Click();
         }
+        ErsteAktivierung = false;
     }
     zentrale_.mulkoSpeichernErlauben(FilterGesetzt && FilterEin);
     unsetCursor();
