@@ -59,7 +59,7 @@ QString unpassend(const Element &element, const Tabelle &tabelle)
     }
     case Muster::Satz: return verlangt(element.feld, {Art::Wahrheit});
     case Muster::Familie: return verlangt(element.feld, {Art::Familie});
-    case Muster::Bewertung:
+    case Muster::Bewertung: return verlangt(element.feld, {Art::Bewertung});
     case Muster::Herkunftsmarke: return verlangt(element.feld, {Art::Ganzzahl});
     case Muster::Kaestchen: return mit(!element.worte.empty(), verlangt(element.feld, {Art::Literatur, Art::Flags}));
     case Muster::Benutzereigen: return verlangt(element.feld, {Art::Eigen});

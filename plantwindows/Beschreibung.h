@@ -93,7 +93,6 @@ struct Fensterbeschreibung
     std::span<const Element> kopf;        ///< record head, the first element is the name
     std::span<const Element> tafel;       ///< marks beside the head: properties, rating, origin
     std::span<const Reiter> reiter;
-    QStringView quellenBuchstaben = {};   ///< letters of Quelle, in the order of testing
 };
 
 /// Description of a Sparte's window; null while there is none.

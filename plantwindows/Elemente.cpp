@@ -2,6 +2,7 @@
 
 #include "Pflanzensatz.h"
 #include "controls/Steuerelemente.h"
+#include "store/Nebentabellen.h"
 #include "store/Text.h"
 
 #include <QCheckBox>
@@ -375,10 +376,7 @@ QString einText(const Element &e, Pflanzensatz &satz)
 QString namenMitSynonymen(const Element &e, Pflanzensatz &satz)
 {
     const bool deutsch = e.muster == Muster::DtName;
-    QStringList namen = satz.synonyme(deutsch);
-    if (deutsch && !satz.Auslesen(feldname(e.feld)).isEmpty())
-        namen.prepend(satz.Auslesen(feldname(e.feld)));
-    return namen.join(QStringLiteral(", "));
+    return mitSynonymen(deutsch ? satz.Auslesen(feldname(e.feld)) : QString(), satz.synonyme(deutsch));
 }
 
 } // namespace
@@ -404,7 +402,7 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
         return text([](const Element &e, Pflanzensatz &satz) {
             return istWahr(satz.Auslesen(feldname(e.feld))) ? e.leer.toString() : QString();
         });
-    case Muster::BotName: return std::make_unique<Namenselement>(element, eltern, umgebung.fenster.quellenBuchstaben, einText);
+    case Muster::BotName: return std::make_unique<Namenselement>(element, eltern, eintrag(umgebung.fenster.sparte).quellenBuchstaben, einText);
     case Muster::DtName:
     case Muster::Synonyme: return text(namenMitSynonymen);
     case Muster::Familie:
@@ -456,18 +454,6 @@ QString titelVon(Sparte sparte, const Element &element)
     return spalte ? spalte->druckname.toString() + u':' : QString();
 }
 
-QString listentext(QStringView flags, const Werteliste &liste, QStringView trenner)
-{
-    QString text;
-    for (int p = 1; p <= liste.anzahl(); ++p)
-        if (flagGesetzt(flags, p)) {
-            if (!text.isEmpty())
-                text += trenner;
-            text += liste.wort(p);
-        }
-    return text;
-}
-
 QString vonBisMeter(const QString &min, const QString &max, QStringView einheit)
 {
     const auto da = [](const QString &wert) { return !wert.isEmpty() && zahlZeigen(wert) != u"0"; };
@@ -489,16 +475,11 @@ QString vonBisMindest(const QString &min, const QString &max, QStringView einhei
 
 QString ausbildungstext(QStringView flags)
 {
-    const QString worte = listentext(flags, WL_Ausbildung, u", ");
+    const QString worte = listentext(flags, WL_Ausbildung);
     if (worte.isEmpty())
         return {};
     QString text = QStringLiteral("Pflanze ist Bestandteil der Gehilfenprüfung ") + worte;
     if (const qsizetype komma = text.lastIndexOf(QStringLiteral(", ")); komma >= 0)
         text.replace(komma, 2, QStringLiteral(" und "));
     return text;
-}
-
-QString ohneZeilenmarken(const QString &text)
-{
-    return ErsetzeAlle(text, QStringLiteral("\u00EC\n"), QString());
 }

@@ -52,9 +52,6 @@ const Werteliste *wertelisteVon(Sparte sparte, const char *feld);
 QString titelVon(Sparte sparte, const Element &element);
 
 /* The texts of the patterns, as pure functions. */
-QString listentext(QStringView flags, const Werteliste &liste, QStringView trenner);
 QString vonBisMeter(const QString &min, const QString &max, QStringView einheit);
 QString vonBisMindest(const QString &min, const QString &max, QStringView einheit, bool leereObergrenzeFehlt);
 QString ausbildungstext(QStringView flags);
-/// Running text without the editor's line marks (the character pair 236, 10).
-QString ohneZeilenmarken(const QString &text);

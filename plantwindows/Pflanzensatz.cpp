@@ -2,6 +2,7 @@
 
 #include "store/Dateien.h"
 #include "store/Fehler.h"
+#include "store/Nebentabellen.h"
 #include "store/Pfade.h"
 
 #include <QFile>
@@ -115,18 +116,7 @@ std::optional<QString> Pflanzensatz::ausArbeit(const QString &feld)
 
 QStringList Pflanzensatz::synonyme(bool deutsch)
 {
-    const QStringView tabelle = deutsch ? sparte_.synonymDeutsch : sparte_.synonymBotanisch;
-    if (tabelle.isEmpty() || artnr() == 0)
-        return {};
-    QStringList gefunden;
-    DatenControl datSynonym;
-    datSynonym.setDatabaseName(programm_.arbeitsdatenbank());
-    datSynonym.setRecordSource(QStringLiteral("SELECT * From %1 WHERE ARTNR LIKE ?").arg(tabelle), {artnr()});
-    datSynonym.Refresh();
-    for (Recordset &satz = datSynonym.recordset(); !satz.Eof(); satz.MoveNext())
-        if (!satz.Fields(u"SYN").IsNull())
-            gefunden += satz.Fields(u"SYN").Text();
-    return gefunden;
+    return arbeit_ ? ::synonyme(arbeit_, sparte_, artnr(), deutsch) : QStringList();
 }
 
 std::optional<Bildzeile> Pflanzensatz::bilder()
@@ -140,15 +130,7 @@ std::optional<Bildzeile> Pflanzensatz::bilder()
 
 QString Pflanzensatz::familie(const QString &nummer)
 {
-    bool ok = false;
-    const int zahl = nummer.toInt(&ok);
-    if (!ok)
-        return {};
-    DatenControl datFamilien;
-    datFamilien.setDatabaseName(programm_.arbeitsdatenbank());
-    datFamilien.setRecordSource(QStringLiteral("SELECT FAMNAME FROM Familien WHERE FAMILIE LIKE ?"), {zahl});
-    datFamilien.Refresh();
-    return datFamilien.recordset().Eof() ? QString() : datFamilien.recordset().Fields(u"FAMNAME").Text();
+    return arbeit_ ? familienname(arbeit_, nummer) : QString();
 }
 
 void Pflanzensatz::benutzerSchreiben(const QString &bemerkung, const QString &eigen)

@@ -106,17 +106,8 @@ constexpr Element sorten[] = {
     {.muster = Muster::Text, .control = "txtSorten", .feld = "SORTEN", .kasten = true},
 };
 
-constexpr QStringView werke[] = {
-    u"Illustrirtes Handbuch der Obstkunde", u"Lauche: Deutsche Pomologie", u"Engelbrecht: Deutschlands Apfelsorten",
-    u"Oberdieck: Deutschlands beste Obstsorten", u"Diel: Kernobstsorten", u"Lucas: Werthvolle Obstsorten",
-    u"Deutschlands Obstsorten", u"Leroy: Dictionnaire de pomologie", u"Hogg: The Fruit Manual", u"Gaucher: Pomologie",
-    u"Junge: Unsere besten deutschen Obstsorten", u"Zschokke: Schweizerisches Obstbilderwerk", u"Kessler: Apfelsorten der Schweiz",
-    u"Krümmel u. a.: Deutsche Obstsorten", u"Aeppli u. a.: Kernobstsorten", u"Petzold: Apfelsorten",
-    u"Silbereisen u. a.: Obstsorten-Atlas", u"Votteler: Verzeichnis der Sorten", u"Fischer: Farbatlas Obstsorten",
-    u"Hartmann: Farbatlas alte Obstsorten"};
-static_assert(std::size(werke) == schema::anzahlWerke);
 constexpr Element literatur[] = {
-    {.muster = Muster::Kaestchen, .control = "ChkLiteratur", .feld = "literatur1", .worte = werke},
+    {.muster = Muster::Kaestchen, .control = "ChkLiteratur", .feld = "literatur1", .worte = werkeDerLiteratur},
 };
 
 constexpr const char *schalenregel[] = {"lblSchBeros", "lblReif", "lblSchP"};

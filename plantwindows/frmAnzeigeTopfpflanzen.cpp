@@ -144,5 +144,4 @@ constexpr Reiter reiter[] = {
 
 } // namespace
 
-const Fensterbeschreibung frmAnzeigeTopfpflanzen{.sparte = Sparte::Topf, .kopf = kopf, .tafel = tafel, .reiter = reiter,
-                                                 .quellenBuchstaben = u"zsnc"};
+const Fensterbeschreibung frmAnzeigeTopfpflanzen{.sparte = Sparte::Topf, .kopf = kopf, .tafel = tafel, .reiter = reiter};

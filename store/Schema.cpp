@@ -6,6 +6,12 @@
 
 namespace {
 
+/// A boolean column with the sentence that print has for a true one.
+constexpr Spalte wahr(const char *name, QStringView satz, QStringView druckname = {})
+{
+    return {.name = name, .art = Art::Wahrheit, .druckname = druckname, .satz = satz};
+}
+
 constexpr Spalte spaltenTopfpfl[] = {
     {"ARTNR", Art::Schluessel},
     {"BOT_NAME", Art::Name},
@@ -20,7 +26,7 @@ constexpr Spalte spaltenTopfpfl[] = {
     {"BLUEHZEIT", Art::Monate, nullptr, u"Blütezeit"},
     {"FRUCHTZEIT", Art::Monate, nullptr, u"Fruchtzeit"},
     {"FARBEN", Art::Flags, &WL_Bluetenfarbe, u"Blütenfarbe"},
-    {"UNSCHEINBA", Art::Wahrheit},
+    wahr("UNSCHEINBA", u"Die Blüten sind unscheinbar!"),
     {"FRUCHTFARB", Art::Flags, &WL_ToFruchtfarbe, u"Fruchtfarbe"},
     {"BLATTFARB", Art::Flags, &WL_ToBlattfarbe, u"Blattfarbe"},
     {"ANGEBOTSZ", Art::Monate, nullptr, u"Angebotszeit"},
@@ -38,17 +44,17 @@ constexpr Spalte spaltenTopfpfl[] = {
     {"H_VERW", Art::Flags, &WL_ToHVerwendung, u"Hydrokultur-Verwendung"},
     {"HALTBAR", Art::Flags, &WL_ToHaltbarkeit, u"Haltbarkeit"},
     {"KRANKH", Art::Flags, &WL_ToKrankheit, u"Krankheitsanfälligkeit"},
-    {"GIFTIG", Art::Wahrheit},
+    wahr("GIFTIG", u"Giftpflanze"),
     {"SORTEN", Art::Memo, nullptr, u"Sorten"},
     {"SCHADEN", Art::Memo, nullptr, u"Krankheiten/Schädlinge"},
     {"BEMERKUNG", Art::Memo, nullptr, u"Bemerkung (Flox)"},
     {"DUENG_FS", Art::Text, nullptr, u"Düngung Frühjahr/Sommer"},
     {"DUENG_HW", Art::Text, nullptr, u"Düngung Herbst/Winter"},
-    {"Quelle", Art::Code, nullptr, u"Quelle"},
+    {"Quelle", Art::Quelle, nullptr, u"Quelle"},
     {"STANDARD", Art::Wahrheit, nullptr, u"Standardpflanze"},
     {"benu_bemerkung", Art::Memo, nullptr, u"Bemerkung (Benutzer)"},
     {"benu_eigen", Art::Eigen, nullptr, u"Benutzerdef. Eigenschaften"},
-    {"bewertung", Art::Ganzzahl, nullptr, u"Bewertung"},
+    {"bewertung", Art::Bewertung, nullptr, u"Bewertung"},
     {"Ausbildung", Art::Flags, &WL_Ausbildung, u"Für Azubis"},
     {"Benu_Aenderung", Art::Ganzzahl},
 };
@@ -59,7 +65,7 @@ constexpr Spalte spaltenStauden[] = {
     {"BOT_NAME", Art::Name},
     {"DTNAM", Art::Name},
     {"HK", Art::Text, nullptr, u"Herkunft"},
-    {"heimisch", Art::Wahrheit},
+    wahr("heimisch", u"heimische Pflanze"),
     {"pflanzart", Art::Code, nullptr, u"Pflanzentyp"},
     {"lebensraum", Art::Flags, &WL_Lebensbereich, u"Lebensraum"},
     {"kennziffer", Art::Text, nullptr, u"Kennziffer"},
@@ -74,11 +80,11 @@ constexpr Spalte spaltenStauden[] = {
     {"herbstfarb", Art::Flags, &WL_Bluetenfarbe, u"Herbstfärbung"},
     {"farbtxt", Art::Text, nullptr, u"Farbtxt"},
     {"blform", Art::Text, nullptr, u"Blütenform"},
-    {"UNSCHEINBA", Art::Wahrheit, nullptr, u"Erscheinung"},
+    wahr("UNSCHEINBA", u"Die Blüten sind unscheinbar!", u"Erscheinung"),
     {"blattform", Art::Text, nullptr, u"Blattform"},
     {"blattfarbe", Art::Flags, &WL_StBlattfarbe, u"Blattfarbe"},
-    {"blaschmuck", Art::Wahrheit},
-    {"immergruen", Art::Wahrheit},
+    wahr("blaschmuck", u"Blattschmuckstaude"),
+    wahr("immergruen", u"immergrüne Pflanze"),
     {"m2", Art::Zahl},
     {"vermehrung", Art::Text, nullptr, u"Vermehrung"},
     {"wuchsform", Art::Text, nullptr, u"Wuchsform"},
@@ -90,19 +96,19 @@ constexpr Spalte spaltenStauden[] = {
     {"kalk", Art::Flags, &WL_Kalk, u"Boden pH-Bereich"},
     {"duengung", Art::Text, nullptr, u"Düngung"},
     {"salz", Art::Flags, &WL_Naehrstoff, u"Nährstoffbedarf"},
-    {"schnitt", Art::Wahrheit},
+    wahr("schnitt", u"Schnittpflanze"),
     {"geselligkt", Art::Code, &WL_Geselligkeit, u"Geselligkeit"},
     {"FAMILIE", Art::Familie, nullptr, u"Familie"},
     {"abstand", Art::Text, nullptr, u"Pflanzabstand"},
-    {"giftig", Art::Wahrheit},
+    wahr("giftig", u"Giftpflanze"),
     {"sonstiges", Art::Text, nullptr, u"Sonstiges"},
     {"SORTEN", Art::Memo, nullptr, u"Sorten"},
     {"BEMERKUNG", Art::Memo, nullptr, u"Bemerkung"},
     {"urteil", Art::Code, nullptr, u"Urteil"},
-    {"Quelle", Art::Code, nullptr, u"Quelle"},
+    {"Quelle", Art::Quelle, nullptr, u"Quelle"},
     {"benu_bemerkung", Art::Memo, nullptr, u"Bemerkung (Benutzer)"},
     {"benu_eigen", Art::Eigen, nullptr, u"Benutzerdef. Eigenschaften"},
-    {"bewertung", Art::Ganzzahl, nullptr, u"Bewertung"},
+    {"bewertung", Art::Bewertung, nullptr, u"Bewertung"},
     {"Ausbildung", Art::Flags, &WL_Ausbildung, u"Für Azubis"},
     {"Benu_Aenderung", Art::Ganzzahl},
 };
@@ -122,7 +128,7 @@ constexpr Spalte spaltenGehoelze[] = {
     {"wuchs", Art::Flags, &WL_GeWuchs, u"Wuchsverhalten"},
     {"bluehfarb", Art::Flags, &WL_Bluetenfarbe, u"Blütenfarbe"},
     {"bluehzeit", Art::Monate, nullptr, u"Blütenzeit"},
-    {"UNSCHEINBA", Art::Wahrheit, nullptr, u"Erscheinung"},
+    wahr("UNSCHEINBA", u"Die Blüten sind unscheinbar!", u"Erscheinung"),
     {"fruchtfarb", Art::Flags, &WL_Fruchtfarbe, u"Fruchtfarbe"},
     {"fruchtzeit", Art::Monate, nullptr, u"Fruchtzeit"},
     {"genuss", Art::Flags, &WL_GeGenuss, u"Geniessbarkeit"},
@@ -142,13 +148,13 @@ constexpr Spalte spaltenGehoelze[] = {
     {"SORTEN", Art::Memo, nullptr, u"Sorten"},
     {"schaden", Art::Memo, nullptr, u"Krankheiten/Schädlinge"},
     {"BEMERKUNG", Art::Memo, nullptr, u"Bemerkung (Flox)"},
-    {"Quelle", Art::Code, nullptr, u"Quelle"},
+    {"Quelle", Art::Quelle, nullptr, u"Quelle"},
     {"benu_bemerkung", Art::Memo, nullptr, u"Bemerkung (Benutzer)"},
     {"benu_eigen", Art::Eigen, nullptr, u"Benutzerdef. Eigenschaften"},
-    {"bewertung", Art::Ganzzahl, nullptr, u"Bewertung"},
+    {"bewertung", Art::Bewertung, nullptr, u"Bewertung"},
     {"Ausbildung", Art::Flags, &WL_Ausbildung, u"Für Azubis"},
     {"Benu_Aenderung", Art::Ganzzahl},
-    {"giftig", Art::Wahrheit},
+    wahr("giftig", u"Giftpflanze"),
 };
 static_assert(std::size(spaltenGehoelze) == 40);
 
@@ -200,13 +206,13 @@ constexpr Spalte spaltenApfel[] = {
     {"fl_strukt", Art::Flags, &WL_ApFlStrukt, u"Fruchtfleisch Struktur"},
     {"fl_duft", Art::Flags, &WL_ApFlDuft, u"Fruchtfleisch Duft"},
     {"geschmack", Art::Flags, &WL_ApGeschmack, u"Geschmack"},
-    {"literatur1", Art::Literatur, nullptr, u"Literatur"},
+    {"literatur1", Art::Literatur, &WL_ApLiteratur, u"Literatur"},
     {"besonderht", Art::Memo, nullptr, u"Besonderheiten"},
     {"benu_bemerkung", Art::Memo, nullptr, u"Bemerkung (Benutzer)"},
     {"benu_eigen", Art::Eigen, nullptr, u"Benutzerdef. Eigenschaften"},
     {"SORTEN", Art::Memo},
     {"BEMERKUNG", Art::Memo},
-    {"bewertung", Art::Ganzzahl},
+    {"bewertung", Art::Bewertung},
     {"Ausbildung", Art::Flags, &WL_Ausbildung},
     {"Benu_Aenderung", Art::Ganzzahl},
 };
@@ -267,7 +273,7 @@ constexpr Spalte spaltenObst[] = {
     {"SORTEN", Art::Memo, nullptr, u"Sorten"},
     {"benu_bemerkung", Art::Memo, nullptr, u"Bemerkung (Benutzer)"},
     {"benu_eigen", Art::Eigen, nullptr, u"Benutzerdef. Eigenschaften"},
-    {"bewertung", Art::Ganzzahl, nullptr, u"Bewertung"},
+    {"bewertung", Art::Bewertung, nullptr, u"Bewertung"},
     {"Ausbildung", Art::Flags, &WL_Ausbildung, u"Für Azubis"},
     {"BEMERKUNG", Art::Memo},
     {"Benu_Aenderung", Art::Ganzzahl},
@@ -285,7 +291,7 @@ constexpr Spalte spaltenFriedhof[] = {
     {"pflanzzeit", Art::Flags, &WL_FhPflanzzeit},
     {"MINHOEHE", Art::Zahl},
     {"MAXHOEHE", Art::Zahl},
-    {"blaschmuck", Art::Wahrheit},
+    wahr("blaschmuck", u"Blattschmuckstaude"),
     {"BLUEHSCHMU", Art::Wahrheit},
     {"bluehzeit", Art::Monate},
     {"fruchtschm", Art::Wahrheit},
@@ -299,7 +305,7 @@ constexpr Spalte spaltenFriedhof[] = {
     {"DUFT", Art::Wahrheit},
     {"benu_bemerkung", Art::Memo},
     {"benu_eigen", Art::Eigen},
-    {"bewertung", Art::Ganzzahl},
+    {"bewertung", Art::Bewertung},
     {"Benu_Aenderung", Art::Ganzzahl},
 };
 static_assert(std::size(spaltenFriedhof) == 26);
@@ -468,6 +474,7 @@ QString typ(Art art)
 {
     switch (art) {
     case Art::Schluessel: return QStringLiteral("INTEGER PRIMARY KEY");
+    case Art::Bewertung:
     case Art::Ganzzahl:
     case Art::Familie: return QStringLiteral("INTEGER");
     case Art::Zahl: return QStringLiteral("NUMERIC");
@@ -479,6 +486,7 @@ QString typ(Art art)
     case Art::Eigen:
     case Art::Literatur:
     case Art::Wahrheit:
+    case Art::Quelle:
     case Art::Code: return QStringLiteral("TEXT");
     }
     return {};

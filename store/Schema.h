@@ -16,9 +16,11 @@ enum class Art {
     Flags,      ///< flag string over the column's vocabulary
     Monate,     ///< flag string of 12 months, position 1 = January
     Eigen,      ///< five characters, "1" or blank: the user's own properties
-    Literatur,  ///< flag string of 20 works
+    Literatur,  ///< flag string over the list of works
     Wahrheit,   ///< "True" or "False"
     Zahl,       ///< metres, Lux, degrees Celsius or plants per square metre
+    Bewertung,  ///< the rating, 1 to 9
+    Quelle,     ///< letter of the work that the botanical name is taken from
     Ganzzahl,
     Code,       ///< code described at the column's reader
     Familie,    ///< key into Familien
@@ -31,6 +33,7 @@ struct Spalte
     const Werteliste *liste = nullptr;
     QStringView druckname = {}; ///< empty: not printed with a label
     QStringView einheit = {};
+    QStringView satz = {};     ///< Wahrheit: what print says of a true one; empty: nothing
 };
 
 /// A column of the query that joins cemetery plants with their sources; `quelle` null: computed.
@@ -64,7 +67,7 @@ bool istQuelle(QStringView tabelle);
 /// Whether the query takes its column `spalte` from this table, case-blind.
 bool kommtAus(QStringView spalte, QStringView tabelle);
 /// Number of works that a literature flag string can name.
-inline constexpr int anzahlWerke = 20;
+inline constexpr int anzahlWerke = int(werkeDerLiteratur.size());
 /// Slots a picture row has for each of its two halves, "-G" and "-D".
 inline constexpr int anzahlBilder = 5;
 

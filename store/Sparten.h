@@ -33,6 +33,7 @@ struct SpartenEintrag
     QStringView menuetext;
     const char *wahlknopf;       ///< button of the chooser
     const char *wahlbild;        ///< picture of that button
+    QStringView quellenBuchstaben; ///< letters of its Quelle, in the order of testing; empty: names have no source
     bool hatDeutscheOrdnung;     ///< can be sorted by German name, has month rows
 };
 

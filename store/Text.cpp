@@ -99,18 +99,29 @@ QString herkunftAusgeschrieben(const QString &hk)
     return text;
 }
 
-QString nomenklatur(QStringView quelle, QStringView buchstaben)
+QStringView nomenklaturwerk(QStringView quelle, QStringView buchstaben)
 {
     if (quelle.size() != 1 || !buchstaben.contains(quelle[0]))
         return {};
     switch (quelle[0].unicode()) {
-    case u'z': return QStringLiteral("Nomenklatur nach 'Zander'");
-    case u's': return QStringLiteral("Nomenklatur nach 'spezielle Erklärung'");
-    case u'n': return QStringLiteral("Nomenklatur nach 'Namenliste Stauden'");
-    case u'g': return QStringLiteral("Nomenklatur nach 'Namenliste Gehölze'");
-    case u'c': return QStringLiteral("Nomenklatur nach 'Classified List and International Register of Tulip Names'");
+    case u'z': return u"Zander";
+    case u's': return u"spezielle Erklärung";
+    case u'n': return u"Namenliste Stauden";
+    case u'g': return u"Namenliste Gehölze";
+    case u'c': return u"Classified List and International Register of Tulip Names";
     }
     return {};
+}
+
+QString nomenklatur(QStringView quelle, QStringView buchstaben)
+{
+    const QStringView werk = nomenklaturwerk(quelle, buchstaben);
+    return werk.isEmpty() ? QString() : QStringLiteral("Nomenklatur nach '%1'").arg(werk);
+}
+
+QString ohneZeilenmarken(const QString &text)
+{
+    return ErsetzeAlle(text, QStringLiteral("\u00EC\n"), QString());
 }
 
 namespace {

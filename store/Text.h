@@ -30,8 +30,12 @@ bool flagGesetzt(QStringView flags, int p);
 QString monatsbeschriftung(int i, bool buchstaben);
 /// Home region with its abbreviations written out.
 QString herkunftAusgeschrieben(const QString &hk);
+/// Work that a nomenclature letter out of `buchstaben` stands for; empty for any other.
+QStringView nomenklaturwerk(QStringView quelle, QStringView buchstaben);
 /// Sentence for a nomenclature letter out of `buchstaben` (tested in that order); empty for any other.
 QString nomenklatur(QStringView quelle, QStringView buchstaben);
+/// Running text without the editor's line marks (the character pair 236, 10).
+QString ohneZeilenmarken(const QString &text);
 /// Code page 1252, as text files of the program are written; what does not fit becomes "?".
 QByteArray nachCp1252(const QString &text);
 QString ausCp1252(const QByteArray &bytes);

@@ -1,5 +1,7 @@
 #include "Wertelisten.h"
 
+#include "Text.h"
+
 namespace {
 
 constexpr QStringView zeilenMonate[] = {
@@ -690,6 +692,7 @@ constinit const Werteliste WL_ApFlFarbe{zeilenApFlFarbe};
 constinit const Werteliste WL_ApFlStrukt{zeilenApFlStrukt};
 constinit const Werteliste WL_ApFlDuft{zeilenApFlDuft};
 constinit const Werteliste WL_ApGeschmack{zeilenApGeschmack};
+constinit const Werteliste WL_ApLiteratur{werkeDerLiteratur};
 constinit const Werteliste WL_ObWuchs{zeilenObWuchs};
 constinit const Werteliste WL_ObBlatt{zeilenObBlatt};
 constinit const Werteliste WL_ObFruhol{zeilenObFruhol};
@@ -730,3 +733,15 @@ constinit const Werteliste WL_FhSymbolik{zeilenFhSymbolik};
 constinit const Farbliste WL_BluetenfarbeRGB{farbenBluetenfarbeRGB};
 constinit const Farbliste WL_FruchtfarbeRGB{farbenFruchtfarbeRGB};
 constinit const Farbliste WL_ToFruchtfarbeRGB{farbenToFruchtfarbeRGB};
+
+QString listentext(QStringView flags, const Werteliste &liste, QStringView trenner)
+{
+    QString text;
+    for (int p = 1; p <= liste.anzahl(); ++p)
+        if (flagGesetzt(flags, p)) {
+            if (!text.isEmpty())
+                text += trenner;
+            text += liste.wort(p);
+        }
+    return text;
+}

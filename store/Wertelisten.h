@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QStringView>
+#include <QString>
+
+#include <array>
 #include <span>
 
 /* The vocabularies of Flox. Row p (counted from 1) is the word for position p of a flag string. Words are used literally;
@@ -20,6 +22,16 @@ struct Farbliste
 {
     std::span<const int> werte;
 };
+
+/// The pomological works that an apple can be described in.
+inline constexpr auto werkeDerLiteratur = std::to_array<QStringView>({
+    u"Illustrirtes Handbuch der Obstkunde", u"Lauche: Deutsche Pomologie", u"Engelbrecht: Deutschlands Apfelsorten",
+    u"Oberdieck: Deutschlands beste Obstsorten", u"Diel: Kernobstsorten", u"Lucas: Werthvolle Obstsorten",
+    u"Deutschlands Obstsorten", u"Leroy: Dictionnaire de pomologie", u"Hogg: The Fruit Manual", u"Gaucher: Pomologie",
+    u"Junge: Unsere besten deutschen Obstsorten", u"Zschokke: Schweizerisches Obstbilderwerk", u"Kessler: Apfelsorten der Schweiz",
+    u"Krümmel u. a.: Deutsche Obstsorten", u"Aeppli u. a.: Kernobstsorten", u"Petzold: Apfelsorten",
+    u"Silbereisen u. a.: Obstsorten-Atlas", u"Votteler: Verzeichnis der Sorten", u"Fischer: Farbatlas Obstsorten",
+    u"Hartmann: Farbatlas alte Obstsorten"});
 
 extern const Werteliste WL_Monate;
 extern const Werteliste WL_Licht;
@@ -104,6 +116,7 @@ extern const Werteliste WL_ApFlFarbe;
 extern const Werteliste WL_ApFlStrukt;
 extern const Werteliste WL_ApFlDuft;
 extern const Werteliste WL_ApGeschmack;
+extern const Werteliste WL_ApLiteratur;
 extern const Werteliste WL_ObWuchs;
 extern const Werteliste WL_ObBlatt;
 extern const Werteliste WL_ObFruhol;
@@ -144,3 +157,6 @@ extern const Werteliste WL_FhSymbolik;
 extern const Farbliste WL_BluetenfarbeRGB;
 extern const Farbliste WL_FruchtfarbeRGB;
 extern const Farbliste WL_ToFruchtfarbeRGB;
+
+/// Words of the positions set in a flag string, joined; what lies beyond the list is ignored.
+QString listentext(QStringView flags, const Werteliste &liste, QStringView trenner = u", ");

@@ -158,6 +158,7 @@ QVariant Pflanzendaten::wert(const RecSatz &satz, const RecFeld &feld, const Spa
             return *zahl == std::floor(*zahl) ? QVariant(qint64(*zahl)) : QVariant(*zahl);
         }
         case Art::Schluessel:
+        case Art::Bewertung:
         case Art::Ganzzahl: {
             bool ok = false;
             const qint64 zahl = feld.wert.toLongLong(&ok);
@@ -171,9 +172,7 @@ QVariant Pflanzendaten::wert(const RecSatz &satz, const RecFeld &feld, const Spa
                 falsch(QStringLiteral("unbekannte Familie \"%1\"").arg(feld.wert));
             return *nummer;
         }
-        case Art::Code:
-            if (QLatin1String(spalte.name) != QLatin1String("Quelle"))
-                return feld.wert;
+        case Art::Quelle:
             for (const auto &[wort, buchstabe] : quellen)
                 if (feld.wert == wort)
                     return buchstabe.toString();
@@ -182,7 +181,8 @@ QVariant Pflanzendaten::wert(const RecSatz &satz, const RecFeld &feld, const Spa
         case Art::Name:
         case Art::Text:
         case Art::Memo:
-        case Art::Eigen: return feld.wert;
+        case Art::Eigen:
+        case Art::Code: return feld.wert;
         }
     } catch (const Quellfehler &fehler) {
         if (fehler.text.startsWith(satz.datei))

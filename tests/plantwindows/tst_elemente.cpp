@@ -10,8 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QStringView dreiWorte[] = {u"rot", u"gelb", u"blau"};
-constexpr Werteliste dreiFarben{dreiWorte};
 
 constexpr Element richtig[] = {
     {.muster = Muster::BotName, .control = "lblBotName", .feld = "BOT_NAME"},
@@ -25,8 +23,6 @@ class TestElemente : public QObject
     Q_OBJECT
 
 private slots:
-    void listentext_data();
-    void listentext();
     void vonBisMeter_data();
     void vonBisMeter();
     void vonBisMindest_data();
@@ -34,36 +30,11 @@ private slots:
     void ausbildungstext_data();
     void ausbildungstext();
     void monatsbeschriftung();
-    void ohneZeilenmarken_data();
-    void ohneZeilenmarken();
     void titel();
     void alleBeschreibungenStimmen();
     void falscheBeschreibungen_data();
     void falscheBeschreibungen();
 };
-
-void TestElemente::listentext_data()
-{
-    QTest::addColumn<QString>("flags");
-    QTest::addColumn<QString>("trenner");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("empty") << "" << ", " << "";
-    QTest::newRow("none set") << "000" << ", " << "";
-    QTest::newRow("one") << "010" << ", " << "gelb";
-    QTest::newRow("all") << "111" << ", " << "rot, gelb, blau";
-    QTest::newRow("short string") << "1" << ", " << "rot";
-    QTest::newRow("beyond the list") << "00011" << ", " << "";
-    QTest::newRow("beyond and inside") << "10111" << ", " << "rot, blau";
-    QTest::newRow("other characters do not count") << "x2 " << ", " << "";
-    QTest::newRow("other separator") << "101" << " - " << "rot - blau";
-}
-
-void TestElemente::listentext()
-{
-    QFETCH(QString, flags);
-    QFETCH(QString, trenner);
-    QTEST(::listentext(flags, dreiFarben, trenner), "text");
-}
 
 void TestElemente::vonBisMeter_data()
 {
@@ -140,22 +111,6 @@ void TestElemente::monatsbeschriftung()
     }
     QCOMPARE(buchstaben.join(u' '), u"J F M A M J J A S O N D"_s);
     QCOMPARE(zahlen.join(u' '), u"1 2 3 4 5 6 7 8 9 10 11 12"_s);
-}
-
-void TestElemente::ohneZeilenmarken_data()
-{
-    QTest::addColumn<QString>("roh");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("empty") << "" << "";
-    QTest::newRow("pairs go") << u"eins \u00EC\nzwei\u00EC\n\u00EC\ndrei"_s << "eins zweidrei";
-    QTest::newRow("a line end stays") << "eins\nzwei" << "eins\nzwei";
-    QTest::newRow("the letter stays") << u"ros\u00EC"_s << u"ros\u00EC"_s;
-}
-
-void TestElemente::ohneZeilenmarken()
-{
-    QFETCH(QString, roh);
-    QTEST(::ohneZeilenmarken(roh), "text");
 }
 
 void TestElemente::titel()

@@ -78,8 +78,10 @@ Werte voll()
         case Art::Eigen: werte[name] = u"11111"_s; break;
         case Art::Wahrheit: werte[name] = ja; break;
         case Art::Zahl: werte[name] = u"7"_s; break;
+        case Art::Bewertung:
         case Art::Ganzzahl: werte[name] = 2; break;
-        case Art::Code: werte[name] = u"z"_s; break;
+        case Art::Quelle: werte[name] = u"z"_s; break;
+        case Art::Code: break;
         case Art::Familie: werte[name] = 1; break;
         case Art::Literatur: break;
         }

@@ -35,11 +35,12 @@ private slots:
             namen += name.toLower();
             QCOMPARE(spalte.art == Art::Schluessel, name == u"ARTNR");
             // A code may be a single row of a list.
-            if (spalte.art == Art::Flags)
+            if (spalte.art == Art::Flags || spalte.art == Art::Literatur)
                 QVERIFY2(spalte.liste && spalte.liste->anzahl() > 1, spalte.name);
             else
                 QVERIFY2(!spalte.liste || spalte.art == Art::Code, spalte.name);
             QVERIFY2(spalte.einheit.isEmpty() || spalte.art == Art::Zahl, spalte.name);
+            QVERIFY2(spalte.satz.isEmpty() || spalte.art == Art::Wahrheit, spalte.name);
             QCOMPARE(tabelle->spalte(name), &spalte);
             QCOMPARE(tabelle->spalte(name.toUpper()), &spalte);
         }
@@ -60,7 +61,7 @@ private slots:
         QCOMPARE(zeilen.size(), qsizetype(tabelle->spalten.size()));
         for (qsizetype i = 0; i < zeilen.size(); ++i) {
             const Spalte &spalte = tabelle->spalten[size_t(i)];
-            const bool ganz = spalte.art == Art::Ganzzahl || spalte.art == Art::Familie || spalte.art == Art::Schluessel;
+            const bool ganz = spalte.art == Art::Ganzzahl || spalte.art == Art::Bewertung || spalte.art == Art::Familie || spalte.art == Art::Schluessel;
             const QString typ = ganz ? u"INTEGER"_s : spalte.art == Art::Zahl ? u"NUMERIC"_s : u"TEXT"_s;
             QCOMPARE(zeilen[i], u"%1 %2 %3"_s.arg(QLatin1String(spalte.name), typ).arg(spalte.art == Art::Schluessel));
         }
@@ -71,7 +72,7 @@ private slots:
         const QString flags = u"0010"_s;
         db_->Execute(u"INSERT INTO %1 (ARTNR) VALUES (30001)"_s.arg(QLatin1String(tabelle->name)));
         for (const Spalte &spalte : tabelle->spalten) {
-            if (spalte.art == Art::Zahl || spalte.art == Art::Ganzzahl || spalte.art == Art::Familie || spalte.art == Art::Schluessel)
+            if (spalte.art == Art::Zahl || spalte.art == Art::Ganzzahl || spalte.art == Art::Bewertung || spalte.art == Art::Familie || spalte.art == Art::Schluessel)
                 continue;
             db_->Execute(u"UPDATE %1 SET \"%2\" = ? WHERE ARTNR = 30001"_s.arg(QLatin1String(tabelle->name), QLatin1String(spalte.name)), {flags});
             QCOMPARE(werte(*db_, u"SELECT \"%2\" FROM %1 WHERE ARTNR = 30001"_s.arg(QLatin1String(tabelle->name), QLatin1String(spalte.name))), QStringList{flags});

@@ -220,6 +220,25 @@ private slots:
         QFETCH(QString, quelle);
         QFETCH(QString, buchstaben);
         QTEST(::nomenklatur(quelle, buchstaben), "satz");
+        QFETCH(QString, satz);
+        const QString werk = nomenklaturwerk(quelle, buchstaben).toString();
+        QCOMPARE(werk, satz.isEmpty() ? QString() : satz.section(u'\'', 1, 1));
+    }
+
+    void ohneZeilenmarken_data()
+    {
+        QTest::addColumn<QString>("roh");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("empty") << "" << "";
+        QTest::newRow("pairs go") << u"eins \u00EC\nzwei\u00EC\n\u00EC\ndrei"_s << "eins zweidrei";
+        QTest::newRow("a line end stays") << "eins\nzwei" << "eins\nzwei";
+        QTest::newRow("the letter stays") << u"ros\u00EC"_s << u"ros\u00EC"_s;
+    }
+
+    void ohneZeilenmarken()
+    {
+        QFETCH(QString, roh);
+        QTEST(::ohneZeilenmarken(roh), "text");
     }
 };
 

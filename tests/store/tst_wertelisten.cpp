@@ -14,6 +14,9 @@ struct Probe
     std::pair<int, QStringView> weitere[7] = {}; ///< words that look like slips and are none
 };
 
+constexpr QStringView dreiWorte[] = {u"rot", u"gelb", u"blau"};
+constexpr Werteliste dreiFarben{dreiWorte};
+
 constexpr Probe proben[] = {
     {"Monate", WL_Monate, 12, u"Januar", u"Dezember", {}},
     {"Licht", WL_Licht, 3, u"sonnig", u"schattig", {}},
@@ -101,6 +104,7 @@ constexpr Probe proben[] = {
     {"ApFlStrukt", WL_ApFlStrukt, 11, u"feinzellig", u"mehlig", {}},
     {"ApFlDuft", WL_ApFlDuft, 6, u"säuerlich", u"sortentypisch", {}},
     {"ApGeschmack", WL_ApGeschmack, 16, u"schwach süß", u"würzig", {}},
+    {"ApLiteratur", WL_ApLiteratur, 20, u"Illustrirtes Handbuch der Obstkunde", u"Hartmann: Farbatlas alte Obstsorten", {}},
     {"ObWuchs", WL_ObWuchs, 53, u"früh austreibend", u"starke Ausläuferbildung", {{14, u"schmalwüchsig "}}},
     {"ObBlatt", WL_ObBlatt, 31, u"glänzend", u"silbergraue Unterseite", {}},
     {"ObFruhol", WL_ObFruhol, 21, u"endständig", u"lang", {}},
@@ -190,11 +194,11 @@ private slots:
     /// No list is left out above: each vocabulary of a column is among them, under one name.
     void vollstaendig()
     {
-        QCOMPARE(int(std::size(proben)), 119);
+        QCOMPARE(int(std::size(proben)), 120);
         QSet<const QStringView *> geprueft;
         for (const Probe &probe : proben)
             geprueft += probe.liste.zeilen.data();
-        QCOMPARE(geprueft.size(), 119);
+        QCOMPARE(geprueft.size(), 120);
         for (const Tabelle &tabelle : schema::haupttabellen())
             for (const Spalte &spalte : tabelle.spalten)
                 QVERIFY2(!spalte.liste || geprueft.contains(spalte.liste->zeilen.data()), spalte.name);
@@ -223,6 +227,29 @@ private slots:
             QVERIFY(wort != std::end(gemeinsam));
             QCOMPARE(probe.farben.werte[size_t(p - 1)], wort->second);
         }
+    }
+
+    void listentext_data()
+    {
+        QTest::addColumn<QString>("flags");
+        QTest::addColumn<QString>("trenner");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("empty") << "" << ", " << "";
+        QTest::newRow("none set") << "000" << ", " << "";
+        QTest::newRow("one") << "010" << ", " << "gelb";
+        QTest::newRow("all") << "111" << ", " << "rot, gelb, blau";
+        QTest::newRow("short string") << "1" << ", " << "rot";
+        QTest::newRow("beyond the list") << "00011" << ", " << "";
+        QTest::newRow("beyond and inside") << "10111" << ", " << "rot, blau";
+        QTest::newRow("other characters do not count") << "x2 " << ", " << "";
+        QTest::newRow("other separator") << "101" << " - " << "rot - blau";
+    }
+
+    void listentext()
+    {
+        QFETCH(QString, flags);
+        QFETCH(QString, trenner);
+        QTEST(::listentext(flags, dreiFarben, trenner), "text");
     }
 };
 

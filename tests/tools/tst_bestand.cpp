@@ -91,7 +91,7 @@ private slots:
                 case Art::Literatur: QVERIFY2(flags(schema::anzahlWerke), qPrintable(ort)); break;
                 case Art::Wahrheit: QVERIFY2(text == u"True" || text == u"False", qPrintable(ort)); break;
                 case Art::Zahl: QVERIFY2(zahlLesen(text), qPrintable(ort)); break;
-                case Art::Code: QVERIFY2(!nomenklatur(text, u"zsncg").isEmpty(), qPrintable(ort)); break;
+                case Art::Quelle: QVERIFY2(!nomenklatur(text, u"zsncg").isEmpty(), qPrintable(ort)); break;
                 case Art::Familie:
                     QVERIFY2(zahl(*db_, u"SELECT count(*) FROM Familien WHERE FAMILIE = ? AND FAMNAME <> ''"_s, {satz.Fields(i).Ganzzahl()}) == 1, qPrintable(ort));
                     break;
@@ -99,7 +99,9 @@ private slots:
                 case Art::Text:
                 case Art::Memo: QVERIFY2(!text.isEmpty() && text == text.trimmed() && !text.contains(QChar::ReplacementCharacter), qPrintable(ort)); break;
                 case Art::Schluessel:
+                case Art::Bewertung:
                 case Art::Ganzzahl:
+                case Art::Code:
                 case Art::Eigen: break;
                 }
             }

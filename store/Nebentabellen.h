@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Datenbank.h"
+#include "Sparten.h"
+
+#include <QStringList>
+
+/* Look-ups in the side tables of the working database. They throw where a table cannot be read. */
+
+/// Synonyms of a plant, in the order they were entered; empty for a Sparte without synonym tables.
+QStringList synonyme(const std::shared_ptr<Datenbank> &arbeit, const SpartenEintrag &sparte, qint64 artnr, bool deutsch);
+/// A name and its synonyms, joined by commas.
+QString mitSynonymen(const QString &name, const QStringList &synonyme);
+/// Family name for a number; empty for an unknown one.
+QString familienname(const std::shared_ptr<Datenbank> &arbeit, const QString &nummer);
