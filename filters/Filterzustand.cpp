@@ -75,6 +75,13 @@ float zahlAus(const QString &text)
 
 } // namespace
 
+bool grenzeVorgegeben(const Kriterium &kriterium, const Steuerteil &teil, const Teilzustand &zustand)
+{
+    if (kriterium.regel == Bereichsregel::GleicheZahlen)
+        return zahlAus(zustand.text) == zahlAus(teil.vorgabe.toString());
+    return zustand.text == teil.vorgabe;
+}
+
 bool aktiv(const Kriterium &k, const Kriteriumzustand &z)
 {
     switch (k.pruefung) {
@@ -85,12 +92,10 @@ bool aktiv(const Kriterium &k, const Kriteriumzustand &z)
         const int n = anzahlGewaehlt(k.a, z.a) + (k.b.control ? anzahlGewaehlt(k.b, z.b) : 0);
         return n != 0 && n != k.a.elemente() + k.b.elemente();
     }
-    case Pruefung::Bereich:
-        if (k.regel == Bereichsregel::GleicheZahlen) {
-            const float min = zahlAus(z.a.text), max = zahlAus(z.b.text);
-            return min != zahlAus(k.a.vorgabe.toString()) || max != zahlAus(k.b.vorgabe.toString());
-        }
-        return z.a.text != k.a.vorgabe || z.b.text != k.b.vorgabe;
+    case Pruefung::Bereich: {
+        const bool unten = grenzeVorgegeben(k, k.a, z.a), oben = grenzeVorgegeben(k, k.b, z.b);
+        return !unten || !oben;
+    }
     case Pruefung::Enthaelt:
     case Pruefung::SynonymBotanisch:
     case Pruefung::SynonymDeutsch: return !z.a.text.isEmpty();

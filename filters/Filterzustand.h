@@ -34,6 +34,8 @@ Teilzustand vorgabe(const Steuerteil &teil);
 /// Whether element `i`, counted from 0, is selected.
 bool gewaehlt(const Steuerteil &teil, const Teilzustand &zustand, int i);
 int anzahlGewaehlt(const Steuerteil &teil, const Teilzustand &zustand);
+/// Whether a box of a range stands at its default, by the rule of its criterion. Throws where a number is compared and is none.
+bool grenzeVorgegeben(const Kriterium &kriterium, const Steuerteil &teil, const Teilzustand &zustand);
 /// Whether a criterion restricts: some but not all items, a range other than the default, a text that is not empty. Throws
 /// where a height box is no number.
 bool aktiv(const Kriterium &kriterium, const Kriteriumzustand &zustand);

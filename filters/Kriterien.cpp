@@ -13,17 +13,17 @@ namespace {
 
 constexpr std::array<const Filterbeschreibung *, anzahlSparten> beschreibungen{&frmFilterTo, nullptr, nullptr, &frmFilterAp, nullptr, nullptr};
 
-const Spalte *spalteVon(const Filterbeschreibung &beschreibung, const char *feld)
-{
-    const Tabelle *tabelle = schema::haupttabelle(eintrag(beschreibung.sparte).haupttabelle);
-    return tabelle && feld ? tabelle->spalte(QString::fromLatin1(feld)) : nullptr;
-}
-
 } // namespace
 
 const Filterbeschreibung *filterbeschreibung(Sparte sparte)
 {
     return beschreibungen[size_t(sparte)];
+}
+
+const Spalte *spalteVon(const Filterbeschreibung &beschreibung, const char *feld)
+{
+    const Tabelle *tabelle = schema::haupttabelle(eintrag(beschreibung.sparte).haupttabelle);
+    return tabelle && feld ? tabelle->spalte(QString::fromLatin1(feld)) : nullptr;
 }
 
 const Werteliste *wertelisteVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium)
@@ -73,5 +73,17 @@ QString filterfehler(const Filterbeschreibung &beschreibung)
     for (size_t i = 0; i < zeilen.size(); ++i)
         if (!zeilen[i])
             return QStringLiteral("Zeile %1 fehlt").arg(i + 1);
+    std::vector<bool> plaetze(beschreibung.kriterien.size() + 1);
+    for (const Kriterium &k : beschreibung.kriterien) {
+        if (k.druckplatz < 0 || k.druckplatz >= int(plaetze.size()) || (k.druckplatz != 0 && plaetze[size_t(k.druckplatz)]))
+            return QStringLiteral("Druckplatz %1 steht doppelt oder gibt es nicht").arg(k.druckplatz);
+        if ((k.druckplatz == 0) != k.druckname.isEmpty())
+            return QStringLiteral("%1: Platz und Name im Druck gehören zusammen").arg(QLatin1String(k.a.control));
+        plaetze[size_t(k.druckplatz)] = true;
+    }
+    // No gap before the last place.
+    for (size_t i = 2; i < plaetze.size(); ++i)
+        if (plaetze[i] && !plaetze[i - 1])
+            return QStringLiteral("Druckplatz %1 fehlt").arg(i - 1);
     return {};
 }

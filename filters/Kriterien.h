@@ -5,6 +5,8 @@
 
 #include <span>
 
+struct Spalte;
+
 /* A Sparte's filter as one table: each criterion once, in the order of the row tests, with its controls, its field, its kind
    of test, its place in the dialog and its lines in the filter file. Dialog, test, reset, saving and loading loop over it. */
 
@@ -75,7 +77,17 @@ struct Kriterium
     QStringView mitte = {};   ///< Bereich: word between the boxes
     QStringView einheit = {}; ///< Bereich: behind the boxes
     const char *rahmen = nullptr; ///< objectName of the group's frame, where it has one of its own
+    int druckplatz = 0;           ///< place among the printed criteria, counted from 1; 0: not printed
+    QStringView druckname = {};   ///< label in print
 };
+
+/// The same criterion with its place and label in print.
+constexpr Kriterium gedruckt(int platz, QStringView name, Kriterium kriterium)
+{
+    kriterium.druckplatz = platz;
+    kriterium.druckname = name;
+    return kriterium;
+}
 
 struct Filterbeschreibung
 {
@@ -95,10 +107,12 @@ inline constexpr int schieberMin = 1, schieberMax = 5, schieberVorgabe = 3;
 /// Numbers of BackColor that swatches and months have while they are not selected, and a selected month's.
 inline constexpr int nichtGewaehlt = int(0x8000000Fu), monatGewaehlt = int(0x80000003u);
 
-/// Linear check of a table: fields exist and fit, no control and no file line stands twice, no line is missing. Returns what
+/// Linear check of a table: fields exist and fit, no control, file line or place in print stands twice, none is missing. Returns what
 /// is wrong, empty when nothing is.
 QString filterfehler(const Filterbeschreibung &beschreibung);
 /// Label of a criterion: its own, or the print label of its field.
 QString titelVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);
+/// Column of a criterion's field; null when it has none.
+const Spalte *spalteVon(const Filterbeschreibung &beschreibung, const char *feld);
 /// Vocabulary of a criterion's field; null when it has none.
 const Werteliste *wertelisteVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);

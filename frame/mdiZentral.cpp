@@ -11,6 +11,8 @@
 #include "pictures/cDIBSection.h"
 #include "pictures/frmBilder.h"
 #include "pictures/mIntelJPEGLibrary.h"
+#include "printing/Druckgeraet.h"
+#include "printing/frmDrucken.h"
 #include "plantwindows/Pflanzenfenster.h"
 #include "store/Benutzernamen.h"
 #include "store/Pfade.h"
@@ -290,6 +292,21 @@ void mdiZentral::bildZeigen()
     bilder_->raise();
     bilder_->activateWindow();
     unsetCursor();
+}
+
+void mdiZentral::drucken()
+{
+    Systemdrucker drucker;
+    frmDrucken form(programm_, [this]() -> std::optional<Druckauftrag> {
+        Pflanzenfenster *aktives = aktivesFenster();
+        if (!aktives)
+            return std::nullopt;
+        return Druckauftrag{.sparte = aktives->sparte(), .pflanzen = aktives->satz().offen() ? &aktives->satz().haupt() : nullptr,
+                            .arbeit = Datenbank::OpenDatabase(programm_.arbeitsdatenbank()),
+                            .filter = aktives->filterdialog() ? aktives->filterdialog()->zustand() : Filterzustand(),
+                            .FilterEin = aktives->FilterEin, .FilterGesetzt = aktives->FilterGesetzt};
+    }, drucker, this);
+    form.exec();
 }
 
 void mdiZentral::pflanzeGewechselt(Sparte sparte, int nummer)

@@ -38,6 +38,7 @@ public:
     void fensterGeschlossen(Sparte sparte, int nummer) override;
     void namenAendern(QWidget *fenster) override;
     void bildZeigen() override;
+    void drucken() override;
     void pflanzeGewechselt(Sparte sparte, int nummer) override;
     void hilfeZeigen(const QString &thema) override;
 

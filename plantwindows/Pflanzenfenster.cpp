@@ -321,7 +321,7 @@ void Pflanzenfenster::knoepfeVerbinden()
         beiKlick(welcher, [this, handlung] {
             if (DatenGeaendert)
                 BenutzerdatenSpeichern();
-            if (handlung && satz_.offen() && filterdialog())
+            if (satz_.offen() && filterdialog())
                 (this->*handlung)();
         });
     };
@@ -329,8 +329,12 @@ void Pflanzenfenster::knoepfeVerbinden()
     mitNotizen(Knopf::Filter, &Pflanzenfenster::filterZeigen);
     mitNotizen(Knopf::FilterLaden, &Pflanzenfenster::filterLaden);
     mitNotizen(Knopf::FilterSpeichern, &Pflanzenfenster::filterSpeichern);
-    // Printing belongs to a room that follows; storing first holds already.
-    mitNotizen(Knopf::Druck, nullptr);
+    mitNotizen(Knopf::Druck, &Pflanzenfenster::drucken);
+}
+
+void Pflanzenfenster::drucken()
+{
+    zentrale_.drucken();
 }
 
 void Pflanzenfenster::BenutzerdatenSpeichern()

@@ -105,6 +105,7 @@ private:
     void filterSpeichern();
     void filterUmschalten();
     void filterInKraft();
+    void drucken();
     void bilderZeigen();
     void bildAngeklickt(int index);
     QString parkdatei() const;

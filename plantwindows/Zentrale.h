@@ -23,6 +23,8 @@ public:
     virtual void namenAendern(QWidget *fenster) = 0;
     /// A preview was clicked: the picture window shows GewaehltesBild of the active window's plant.
     virtual void bildZeigen() = 0;
+    /// Shows the print dialog for the active window, modally.
+    virtual void drucken() = 0;
     /// Another record is shown.
     virtual void pflanzeGewechselt(Sparte sparte, int nummer) = 0;
     virtual void hilfeZeigen(const QString &thema) = 0;

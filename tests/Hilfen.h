@@ -48,10 +48,11 @@ public:
     void FensterFreigeben(Sparte) override { gesperrt = false; }
     void namenAendern(QWidget *) override { ++namen; }
     void bildZeigen() override { ++bilder; }
+    void drucken() override { ++gedruckt; }
     void pflanzeGewechselt(Sparte, int) override { ++gewechselt; }
     void hilfeZeigen(const QString &thema) override { hilfe = thema; }
 
     bool mulko = false, gesperrt = false;
-    int geschlossen = 0, namen = 0, bilder = 0, gewechselt = 0;
+    int geschlossen = 0, namen = 0, bilder = 0, gewechselt = 0, gedruckt = 0;
     QString hilfe;
 };

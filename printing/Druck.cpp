@@ -1,0 +1,402 @@
+#include "Druck.h"
+
+#include "Kriteriendruck.h"
+#include "mdlDruck.h"
+#include "store/Nebentabellen.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <vector>
+
+namespace {
+
+// Millimetres on the page.
+constexpr double seitenrand = 15;            // origin of the page inside the printable area
+constexpr double wertspalte = 65;       // origin of the values of a data sheet
+constexpr double labelspalte = -50;     // from there
+constexpr double listenrand = 20;
+constexpr double listeDeutsch = 90;     // German names of the list
+constexpr double spaltenabstand = 2;
+constexpr double kleinsteBreite = 10;
+constexpr double kopfhoehe = 20;
+constexpr double ersteZeile = 25;       // below the head
+constexpr double fussabstand = 25;      // foot rule to the end of ScaleHeight
+
+// Lines of a page.
+constexpr int eintragZeilen = 64;       // an entry begins on a page with no more lines than these
+constexpr int textZeilen = 65;          // a line within a text
+constexpr int listenZeilen = 68;
+
+/// Longer than any line: such a text need not be measured as a whole.
+constexpr qsizetype nieEineZeile = 1000;
+
+/// Most characters of a word that fit, at least one; a pair of surrogates stays together.
+qsizetype passend(QStringView wort, double breite, const Schriftmass &mass)
+{
+    qsizetype n = 1;
+    while (n < wort.size() && mass.breite(wort.left(n + 1).toString()) <= breite)
+        ++n;
+    return n < wort.size() && wort[n].isLowSurrogate() ? (n > 1 ? n - 1 : n + 1) : n;
+}
+
+/// Appends the lines of a paragraph, up to `hoechstens` in all: each the longest head that fits, broken at the last blank; a
+/// word too long for a line is divided.
+void absatzUmbrechen(const QString &absatz, double breite, const Schriftmass &mass, std::vector<QString> &zeilen, size_t hoechstens)
+{
+    if (absatz.size() < nieEineZeile && mass.breite(absatz) <= breite) {
+        zeilen.push_back(absatz);
+        return;
+    }
+    const double leerzeichen = mass.breite(QStringLiteral(" "));
+    qsizetype anfang = 0, ende = 0; // of the line so far
+    double belegt = 0;
+    for (qsizetype wort = 0; wort <= absatz.size() && zeilen.size() < hoechstens;) {
+        qsizetype wortende = absatz.indexOf(u' ', wort);
+        if (wortende < 0)
+            wortende = absatz.size();
+        const auto rest = [&] { return QStringView(absatz).mid(wort, std::min(wortende - wort, nieEineZeile)); };
+        double wortbreite = mass.breite(rest().toString());
+        const double abstand = double(wort - ende) * leerzeichen;
+        if (wort > anfang && belegt + abstand + wortbreite > breite) {
+            zeilen.push_back(absatz.mid(anfang, ende - anfang));
+            anfang = wort;
+            belegt = 0;
+        } else {
+            belegt += abstand;
+        }
+        while (wortbreite > breite && zeilen.size() < hoechstens) {
+            const qsizetype n = passend(rest(), breite, mass);
+            zeilen.push_back(absatz.mid(wort, n));
+            anfang = wort += n;
+            wortbreite = mass.breite(rest().toString());
+        }
+        belegt += wortbreite;
+        ende = wortende;
+        wort = wortende + 1;
+    }
+    if (zeilen.size() < hoechstens)
+        zeilen.push_back(absatz.mid(anfang, ende - anfang));
+}
+
+/// Paragraphs end at CR, LF or both.
+QStringList absaetze(QString text)
+{
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n').replace(u'\t', u' ');
+    return text.split(u'\n');
+}
+
+} // namespace
+
+Druck::Druck(Programm &programm, const Druckauftrag &auftrag, Printer &drucker)
+    : programm_(programm), auftrag_(auftrag), drucker_(drucker), sparte_(::eintrag(auftrag.sparte)),
+      beschreibung_(druckbeschreibung(auftrag.sparte)), worte_{programm, sparte_, auftrag.arbeit}
+{
+    drucker_.PrintQuality = 300;
+    drucker_.ScaleLeft = -seitenrand;
+    drucker_.ScaleTop = -seitenrand;
+    programm_.SeitenBreite = int(std::lround(drucker_.ScaleWidth() - 25));
+}
+
+void Druck::schrift(double groesse, bool fett, bool kursiv)
+{
+    drucker_.Font = {QStringLiteral("Arial"), groesse, fett, kursiv};
+}
+
+void Druck::TextUmbrechen(const QString &text, double hoechstens)
+{
+    constexpr size_t plaetze = std::tuple_size_v<decltype(DruckZeilen)> - 1;
+    DruckZeilenAnzahl = 0;
+    abgeschnitten_ = false;
+    if (text.isEmpty())
+        return;
+    const double bisRand = programm_.SeitenBreite + seitenrand + drucker_.ScaleLeft - drucker_.CurrentX;
+    const double breite = std::max(kleinsteBreite, std::min(hoechstens, bisRand));
+    const Schriftmass &mass = schriftmass(drucker_.Font);
+    std::vector<QString> zeilen;
+    for (const QString &absatz : absaetze(text)) {
+        if (zeilen.size() > plaetze)
+            break;
+        absatzUmbrechen(absatz, breite, mass, zeilen, plaetze + 1);
+    }
+    abgeschnitten_ = zeilen.size() > plaetze;
+    if (abgeschnitten_) {
+        zeilen.resize(plaetze);
+        const QString ende = QStringLiteral(" ...");
+        QString &letzte = zeilen.back();
+        while (!letzte.isEmpty() && mass.breite(letzte + ende) > breite)
+            letzte.chop(1);
+        letzte += ende;
+    }
+    DruckZeilenAnzahl = int(zeilen.size());
+    for (size_t i = 0; i < zeilen.size(); ++i)
+        DruckZeilen[zeilen.size() - i] = std::move(zeilen[i]);
+}
+
+bool Druck::umbrechen(const QString &text, const QString &label)
+{
+    TextUmbrechen(text);
+    if (abgeschnitten_ && !gekuerzt_)
+        gekuerzt_ = label;
+    return DruckZeilenAnzahl > 0;
+}
+
+void Druck::DruckKopf()
+{
+    const double breite = programm_.SeitenBreite;
+    drucker_.DrawWidth = 5;
+    drucker_.line(0, 0, breite, 0);
+    drucker_.line(breite, 0, breite, kopfhoehe);
+    drucker_.line(breite, kopfhoehe, 0, kopfhoehe);
+    drucker_.line(0, kopfhoehe, 0, 0);
+    schrift(programm_.SchriftGroesse * 1.5, true);
+    drucker_.CurrentY = 5;
+    drucker_.CurrentX = 50;
+    drucker_.Print(QStringLiteral("Pflanzen-Informations-System"));
+    drucker_.CurrentX = 50;
+    schrift(programm_.SchriftGroesse);
+    drucker_.Print(QStringLiteral("der Fachhochschule Lindenhof"));
+}
+
+void Druck::DruckFuss()
+{
+    // Under the head, whatever margin the text above has.
+    drucker_.ScaleLeft = -seitenrand;
+    schrift(programm_.SchriftGroesse * 2.0 / 3);
+    drucker_.CurrentY = drucker_.ScaleHeight() - fussabstand;
+    drucker_.line(0, drucker_.CurrentY, programm_.SeitenBreite, drucker_.CurrentY);
+    drucker_.CurrentY += 2;
+    drucker_.CurrentX = 50;
+    drucker_.Print(QStringLiteral("Ausdruck von Flox %1  -  \u00A9 FH Lindenhof").arg(programm_.ProgrammVersion));
+}
+
+void Druck::seiteWechseln(double scaleLeft, double y)
+{
+    DruckFuss();
+    drucker_.NewPage();
+    drucker_.ScaleLeft = scaleLeft;
+    drucker_.CurrentX = 0;
+    drucker_.CurrentY = y;
+    schrift(programm_.SchriftGroesse);
+    ZeilenZaehler = 0;
+}
+
+void Druck::SeitenwechselPflanze()
+{
+    seiteWechseln(-wertspalte, 10);
+}
+
+void Druck::SeitenwechselListe()
+{
+    seiteWechseln(-listenrand, 5);
+}
+
+bool Druck::amFuss(int zeilen) const
+{
+    return drucker_.CurrentY + zeilen * drucker_.TextHeight() > drucker_.ScaleHeight() - fussabstand;
+}
+
+/* The data sheet. */
+
+bool Druck::DruckAktuellePflanze()
+{
+    if (!beschreibung_)
+        return false;
+    ZeilenZaehler = 0;
+    DruckKopf();
+    drucker_.ScaleLeft = -wertspalte;
+    drucker_.CurrentY = ersteZeile;
+    const Tabelle *tabelle = schema::haupttabelle(sparte_.haupttabelle);
+    if (auftrag_.pflanzen && auftrag_.pflanzen->AbsolutePosition() >= 0)
+        for (const short code : beschreibung_->liste->folge) {
+            if (drucker_.genug())
+                break;
+            feld(tabelle->spalten[size_t(code)]);
+        }
+    DruckFuss();
+    return true;
+}
+
+QString Druck::wert(const char *spalte)
+{
+    return auftrag_.pflanzen->Fields(QString::fromLatin1(spalte)).Text();
+}
+
+const Druckausnahme *Druck::ausnahme(const Spalte &spalte) const
+{
+    const auto nennt = [&](const char *feld) { return feld && std::strcmp(feld, spalte.name) == 0; };
+    for (const Druckausnahme &ausnahme : beschreibung_->ausnahmen)
+        if (nennt(ausnahme.feld) || nennt(ausnahme.feld2))
+            return &ausnahme;
+    return nullptr;
+}
+
+void Druck::feld(const Spalte &spalte)
+{
+    const QString roh = wert(spalte.name);
+    if (roh.isEmpty())
+        return;
+    const QString text = DruckFeld(worte_, spalte, roh), label = spalte.druckname.toString();
+    if (const Druckausnahme *besonders = ausnahme(spalte)) {
+        switch (besonders->art) {
+        case Druckart::Titel: titel(text); return;
+        case Druckart::MitSynonymen: {
+            const qint64 artnr = auftrag_.pflanzen->Schluessel();
+            eintrag(label, mitSynonymen(text, synonyme(auftrag_.arbeit, sparte_, artnr, true)));
+            eintrag(besonders->label.toString(), mitSynonymen({}, synonyme(auftrag_.arbeit, sparte_, artnr, false)));
+            return;
+        }
+        case Druckart::Bereich: {
+            const bool obere = std::strcmp(besonders->feld2, spalte.name) == 0;
+            const QString andere = wert(obere ? besonders->feld : besonders->feld2);
+            if (obere && !andere.isEmpty())
+                return; // stands behind the lower bound
+            QString grenzen = obere ? QStringLiteral("max. ") + text : QStringLiteral("mind. ") + text;
+            if (!obere && !andere.isEmpty())
+                grenzen = QStringLiteral("%1 - %2").arg(text, DruckFeld(worte_, spalte, andere));
+            eintrag(besonders->label.toString(), QStringLiteral("%1%2").arg(grenzen, spalte.einheit));
+            return;
+        }
+        }
+    }
+    if (spalte.art == Art::Quelle && !text.isEmpty()) {
+        // A line of its own across both columns.
+        if (ZeilenZaehler > eintragZeilen || amFuss())
+            SeitenwechselPflanze();
+        schrift(programm_.SchriftGroesse);
+        drucker_.CurrentX = labelspalte;
+        drucker_.Print(text);
+        ++ZeilenZaehler;
+        return;
+    }
+    eintrag(label, text.isEmpty() ? text : QStringLiteral("%1%2").arg(text, spalte.einheit));
+}
+
+void Druck::titel(const QString &name)
+{
+    schrift(programm_.SchriftGroesse * 2, true, true);
+    drucker_.CurrentX = 0;
+    umbrechen(name, name);
+    for (int i = DruckZeilenAnzahl; i >= 1; --i) {
+        drucker_.CurrentX = 0;
+        drucker_.Print(DruckZeilen[size_t(i)]);
+        ++ZeilenZaehler;
+    }
+}
+
+void Druck::eintrag(const QString &label, const QString &text)
+{
+    schrift(programm_.SchriftGroesse);
+    drucker_.CurrentX = 0;
+    if (!umbrechen(text, label))
+        return;
+    const auto beschriften = [&] {
+        drucker_.CurrentX = labelspalte;
+        schrift(programm_.SchriftGroesse, true);
+        drucker_.PrintAnfang(label);
+        schrift(programm_.SchriftGroesse);
+        drucker_.CurrentX = 0;
+    };
+    if (ZeilenZaehler > eintragZeilen || amFuss())
+        SeitenwechselPflanze();
+    beschriften();
+    if (DruckZeilenAnzahl == 1) {
+        ++ZeilenZaehler;
+        drucker_.Print(QString(DruckZeilen[1]).replace(QStringLiteral("m2"), QStringLiteral("m\u00B2")));
+        return;
+    }
+    for (int i = DruckZeilenAnzahl; i >= 1; --i) {
+        ++ZeilenZaehler;
+        if (ZeilenZaehler > textZeilen || amFuss()) {
+            SeitenwechselPflanze();
+            beschriften();
+        }
+        drucker_.CurrentX = 0;
+        drucker_.Print(DruckZeilen[size_t(i)]);
+    }
+}
+
+/* The list. */
+
+bool Druck::DruckGefilterteListe()
+{
+    if (!beschreibung_)
+        return false;
+    ZeilenZaehler = 0;
+    DruckKopf();
+    drucker_.ScaleLeft = -listenrand;
+    drucker_.CurrentY = ersteZeile;
+    listenzeile(QStringLiteral("Filter:"), true);
+    kriterium(QStringLiteral("Datenbank: "), sparte_.titel.toString());
+    if (const Filterbeschreibung *filter = filterbeschreibung(auftrag_.sparte); filter && !auftrag_.filter.kriterien.empty())
+        for (const Kriteriumzeile &zeile : kriterienzeilen(*filter, auftrag_.filter, worte_))
+            kriterium(zeile.label, zeile.worte);
+    listenzeile(QString(), false);
+    listenzeile(QStringLiteral("Pflanzen:"), true);
+    if (auftrag_.pflanzen) {
+        Recordset &pflanzen = *auftrag_.pflanzen;
+        const qsizetype anzahl = qsizetype(pflanzen.Schluesselfolge().size());
+        for (qsizetype i = 0; i < anzahl && !drucker_.genug(); ++i)
+            pflanze(pflanzen.textBei(i, u"BOT_NAME"), pflanzen.textBei(i, u"DTNAM"));
+    }
+    DruckFuss();
+    return true;
+}
+
+void Druck::listenzeile(const QString &text, bool fett)
+{
+    if (ZeilenZaehler > eintragZeilen || amFuss())
+        SeitenwechselListe();
+    schrift(programm_.SchriftGroesse, fett);
+    drucker_.CurrentX = 0;
+    drucker_.Print(text);
+    schrift(programm_.SchriftGroesse);
+    ++ZeilenZaehler;
+}
+
+void Druck::kriterium(const QString &label, const QString &worte)
+{
+    if (ZeilenZaehler > eintragZeilen || amFuss())
+        SeitenwechselListe();
+    schrift(programm_.SchriftGroesse, true);
+    drucker_.CurrentX = 0;
+    drucker_.PrintAnfang(label.endsWith(u' ') ? label : label + u' ');
+    schrift(programm_.SchriftGroesse);
+    const double einzug = drucker_.CurrentX;
+    umbrechen(worte, label);
+    for (int i = DruckZeilenAnzahl; i >= 1; --i) {
+        ++ZeilenZaehler;
+        if (ZeilenZaehler > textZeilen || amFuss())
+            SeitenwechselListe();
+        drucker_.CurrentX = einzug;
+        drucker_.Print(DruckZeilen[size_t(i)]);
+    }
+}
+
+void Druck::pflanze(const QString &botanisch, const QString &deutsch)
+{
+    // A name as wide as its column is rare; it must not run into the other one.
+    QStringList namen(botanisch);
+    if (drucker_.TextWidth(botanisch) > listeDeutsch - spaltenabstand) {
+        drucker_.CurrentX = 0;
+        TextUmbrechen(botanisch, listeDeutsch - spaltenabstand);
+        namen.clear();
+        for (int i = DruckZeilenAnzahl; i >= 1; --i)
+            namen += DruckZeilen[size_t(i)];
+    }
+    drucker_.CurrentX = listeDeutsch;
+    TextUmbrechen(deutsch);
+    const int zeilen = std::max(int(namen.size()), DruckZeilenAnzahl);
+    // The test belongs to the record before this one; made here, no page stays empty behind the last.
+    if (ZeilenZaehler > listenZeilen || amFuss(zeilen))
+        SeitenwechselListe();
+    for (int i = 0; i < zeilen; ++i) {
+        if (i < namen.size()) {
+            drucker_.CurrentX = 0;
+            drucker_.PrintAnfang(namen[i]);
+        }
+        drucker_.CurrentX = listeDeutsch;
+        drucker_.Print(i < DruckZeilenAnzahl ? DruckZeilen[size_t(DruckZeilenAnzahl - i)] : QString());
+        ++ZeilenZaehler;
+    }
+}

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "DruckFeld.h"
+#include "Printer.h"
+#include "filters/Filterzustand.h"
+#include "store/Recordset.h"
+
+#include <array>
+#include <optional>
+
+struct Druckausnahme;
+struct Druckbeschreibung;
+
+/// What a printout reads of a plant window.
+struct Druckauftrag
+{
+    Sparte sparte;
+    Recordset *pflanzen = nullptr;      ///< stands on the plant on screen and is not moved
+    std::shared_ptr<Datenbank> arbeit;  ///< synonyms and families
+    Filterzustand filter;               ///< the dialog's controls as they are
+    bool FilterEin = false, FilterGesetzt = false;
+};
+
+/* The printouts of a plant and of a filtered list: the same for every Sparte, led by its description. They write on a Printer;
+   no window or device is needed. Errors of the database are thrown. */
+class Druck
+{
+public:
+    /// Sets the printer up. Reads SchriftGroesse and leaves the width of head and foot rules in SeitenBreite.
+    Druck(Programm &programm, const Druckauftrag &auftrag, Printer &drucker);
+
+    /// The data sheet of the plant on screen. Both return false, with nothing printed, for a Sparte without printouts.
+    bool DruckAktuellePflanze();
+    /// The criteria of the filter, then the names of all plants.
+    bool DruckGefilterteListe();
+
+    /// Label of the first text that was longer than DruckZeilen can hold and was cut; nothing while there was none.
+    const std::optional<QString> &gekuerzt() const { return gekuerzt_; }
+
+    /// Fills DruckZeilen with the text in the printer's font, broken at blanks and line ends: `hoechstens` millimetres wide, and
+    /// from CurrentX never beyond the right end of the rules. What has no place is cut with " ...".
+    void TextUmbrechen(const QString &text, double hoechstens = 125);
+    /// The lines of the last wrapped text, the last one at 1, the first one at DruckZeilenAnzahl; 0 is not used.
+    std::array<QString, 101> DruckZeilen;
+    int DruckZeilenAnzahl = 0;
+    /// Lines printed on the page since its top.
+    int ZeilenZaehler = 0;
+
+private:
+    void DruckKopf();
+    void DruckFuss();
+    void SeitenwechselPflanze();
+    void SeitenwechselListe();
+    void seiteWechseln(double scaleLeft, double y);
+
+    void schrift(double groesse, bool fett = false, bool kursiv = false);
+    /// Whether so many more lines would touch the foot: less paper than the count of lines assumes.
+    bool amFuss(int zeilen = 1) const;
+    /// Wraps an entry; false where there is nothing to print.
+    bool umbrechen(const QString &text, const QString &label);
+
+    void feld(const Spalte &spalte);
+    void titel(const QString &name);
+    void eintrag(const QString &label, const QString &text);
+    const Druckausnahme *ausnahme(const Spalte &spalte) const;
+    QString wert(const char *spalte);
+
+    void listenzeile(const QString &text, bool fett);
+    void kriterium(const QString &label, const QString &worte);
+    void pflanze(const QString &botanisch, const QString &deutsch);
+
+    Programm &programm_;
+    const Druckauftrag &auftrag_;
+    Printer &drucker_;
+    const SpartenEintrag &sparte_;
+    const Druckbeschreibung *beschreibung_;
+    Wortquelle worte_;
+    std::optional<QString> gekuerzt_;
+    bool abgeschnitten_ = false; ///< the last text had more lines than there are places
+};

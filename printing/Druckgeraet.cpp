@@ -1,0 +1,118 @@
+#include "Druckgeraet.h"
+
+#include "store/Dateien.h"
+#include "store/Fehler.h"
+
+#include <QBuffer>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+
+namespace {
+
+constexpr int aufloesung = 300; // dots to the inch
+constexpr double mmProZoll = 25.4;
+
+/// Paints page after page; `neueSeite` asks the device for the next one.
+template<typename Geraet>
+bool seitenMalen(const Druckseiten &seiten, Geraet &geraet)
+{
+    QPainter maler;
+    if (!maler.begin(&geraet))
+        return false;
+    for (size_t i = 0; i < seiten.seiten.size(); ++i) {
+        if (i > 0 && !geraet.newPage())
+            return false;
+        seiteMalen(maler, seiten.seiten[i], geraet.resolution() / mmProZoll);
+    }
+    return maler.end();
+}
+
+} // namespace
+
+void pdfSchreiben(const Druckseiten &seiten, const QPageLayout &blatt, const QString &titel, const QString &datei)
+{
+    // The writer does not tell of a full disk: it writes to memory, and the file is written whole or not at all.
+    QByteArray inhalt;
+    QBuffer puffer(&inhalt);
+    puffer.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter pdf(&puffer);
+        pdf.setResolution(int(Schriftmass::einheitenProZoll));
+        pdf.setPageLayout(blatt);
+        pdf.setTitle(titel);
+        pdf.setCreator(QStringLiteral("Flox"));
+        if (!seitenMalen(seiten, pdf))
+            throw Geraetefehler();
+    }
+    if (!schreibeSicher(datei, inhalt))
+        throw Fehler(QStringLiteral("Die Datei \"%1\" konnte nicht geschrieben werden.").arg(datei));
+}
+
+Systemdrucker::Systemdrucker() : drucker_(std::make_unique<QPrinter>(QPrinter::HighResolution))
+{
+    if (QPrinterInfo::defaultPrinter().isNull())
+        drucker_->setOutputFormat(QPrinter::PdfFormat);
+    if (schreibtDatei())
+        drucker_->setPageSize(QPageSize(QPageSize::A4));
+    drucker_->setResolution(aufloesung);
+    raenderAnpassen();
+}
+
+Systemdrucker::~Systemdrucker() = default;
+
+void Systemdrucker::raenderAnpassen()
+{
+    // As much of the paper as the device can reach; on a PDF page that is all of it.
+    QPageLayout layout = drucker_->pageLayout();
+    if (schreibtDatei())
+        layout.setMinimumMargins({});
+    layout.setMargins(layout.minimumMargins());
+    drucker_->setPageLayout(layout);
+}
+
+QPageLayout Systemdrucker::blatt() const
+{
+    if (!drucker_->isValid())
+        throw Geraetefehler();
+    return drucker_->pageLayout();
+}
+
+QString Systemdrucker::name() const
+{
+    return schreibtDatei() ? QStringLiteral("PDF-Datei") : drucker_->printerName();
+}
+
+bool Systemdrucker::schreibtDatei() const
+{
+    return drucker_->outputFormat() == QPrinter::PdfFormat;
+}
+
+QString Systemdrucker::datei() const
+{
+    return drucker_->outputFileName();
+}
+
+bool Systemdrucker::einrichten(QWidget *eltern)
+{
+    QPrintDialog dialog(drucker_.get(), eltern);
+    dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    raenderAnpassen();
+    return true;
+}
+
+void Systemdrucker::drucken(const Druckseiten &seiten, const QString &titel, const QString &datei)
+{
+    if (schreibtDatei()) {
+        pdfSchreiben(seiten, blatt(), titel, datei);
+        return;
+    }
+    drucker_->setDocName(titel);
+    drucker_->setCreator(QStringLiteral("Flox"));
+    if (!seitenMalen(seiten, *drucker_))
+        throw Geraetefehler();
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Druckseiten.h"
+
+#include <QPageLayout>
+
+#include <memory>
+
+class QPrinter;
+class QWidget;
+
+/* Where a printout goes. */
+
+/// The device is not there or cannot be started.
+struct Geraetefehler
+{
+};
+
+class Druckgeraet
+{
+public:
+    virtual ~Druckgeraet() = default;
+    /// Paper and printable area. Throws Geraetefehler.
+    virtual QPageLayout blatt() const = 0;
+    /// What it is, for the user.
+    virtual QString name() const = 0;
+    /// Whether it writes a PDF file, whose path `drucken` needs.
+    virtual bool schreibtDatei() const = 0;
+    /// Path that the user chose with the device; empty: none.
+    virtual QString datei() const { return {}; }
+    /// The set-up dialog; false when it was cancelled.
+    virtual bool einrichten(QWidget *eltern) = 0;
+    /// Prints all pages. Throws Geraetefehler, or Fehler where a file cannot be written; the old file is kept then.
+    virtual void drucken(const Druckseiten &seiten, const QString &titel, const QString &datei) = 0;
+};
+
+/// The system's printer, or a PDF file where none is installed.
+class Systemdrucker : public Druckgeraet
+{
+public:
+    Systemdrucker();
+    ~Systemdrucker() override;
+
+    QPageLayout blatt() const override;
+    QString name() const override;
+    bool schreibtDatei() const override;
+    QString datei() const override;
+    bool einrichten(QWidget *eltern) override;
+    void drucken(const Druckseiten &seiten, const QString &titel, const QString &datei) override;
+
+private:
+    void raenderAnpassen();
+
+    std::unique_ptr<QPrinter> drucker_;
+};
+
+/// Writes the pages as a PDF file. Throws Fehler, with an old file kept, where it cannot be written.
+void pdfSchreiben(const Druckseiten &seiten, const QPageLayout &blatt, const QString &titel, const QString &datei);

@@ -1,0 +1,74 @@
+#include "Kriteriendruck.h"
+
+#include "store/Fehler.h"
+
+namespace {
+
+QString gruppenworte(const Steuerteil &teil, const Teilzustand &zustand, const Spalte *spalte, const Wortquelle &quelle)
+{
+    QString flags(teil.elemente(), u' ');
+    for (int i = 0; i < teil.elemente(); ++i)
+        if (gewaehlt(teil, zustand, i))
+            flags[i] = u'1';
+    return spalte ? DruckFeld(quelle, *spalte, flags) : QString();
+}
+
+QString bereichsworte(const Kriterium &k, const Kriteriumzustand &z)
+{
+    // What is no number is not the default.
+    const auto vorgegeben = [&](const Steuerteil &teil, const Teilzustand &zustand) {
+        try {
+            return grenzeVorgegeben(k, teil, zustand);
+        } catch (const Fehler &) {
+            return false;
+        }
+    };
+    const bool unten = vorgegeben(k.a, z.a), oben = vorgegeben(k.b, z.b);
+    if (unten && oben)
+        return {};
+    if (unten)
+        return QStringLiteral("bis %1 %2").arg(z.b.text, k.einheit);
+    if (oben)
+        return QStringLiteral("ab %1 %2").arg(z.a.text, k.einheit);
+    return QStringLiteral("%1 - %2 %3").arg(z.a.text, z.b.text, k.einheit);
+}
+
+QString worte(const Filterbeschreibung &beschreibung, const Kriterium &k, const Kriteriumzustand &z, const Wortquelle &quelle)
+{
+    switch (k.pruefung) {
+    case Pruefung::Familie: return z.a.text == alleEintrag ? QString() : z.a.text;
+    case Pruefung::Flags: return gruppenworte(k.a, z.a, spalteVon(beschreibung, k.feld), quelle);
+    case Pruefung::FlagsOderWahr: {
+        const QString text = gruppenworte(k.a, z.a, spalteVon(beschreibung, k.feld), quelle);
+        const Spalte *wahr = anzahlGewaehlt(k.b, z.b) > 0 ? spalteVon(beschreibung, k.feld2) : nullptr;
+        return !wahr ? text : text.isEmpty() ? wahr->satz.toString() : QStringLiteral("%1, %2").arg(text, wahr->satz);
+    }
+    case Pruefung::Bereich: return bereichsworte(k, z);
+    case Pruefung::Enthaelt:
+    case Pruefung::SynonymBotanisch:
+    case Pruefung::SynonymDeutsch: return z.a.text;
+    case Pruefung::Bewertung: {
+        if (!zeigtAktiv(k, z))
+            return {};
+        const bool mindestens = gewaehlt(k.a, z.a, 0);
+        return QStringLiteral("%1 %2    (Stufe 1: Rarität / Stufe 5:  Standardsortiment)")
+            .arg(mindestens ? QStringLiteral("ab Stufe") : QStringLiteral("bis Stufe")).arg(z.b.werte[0]);
+    }
+    case Pruefung::Bild: break; // says nothing about a plant
+    }
+    return {};
+}
+
+} // namespace
+
+std::vector<Kriteriumzeile> kriterienzeilen(const Filterbeschreibung &beschreibung, const Filterzustand &zustand, const Wortquelle &quelle)
+{
+    std::vector<Kriteriumzeile> nachPlatz(beschreibung.kriterien.size() + 1);
+    for (size_t i = 0; i < beschreibung.kriterien.size(); ++i) {
+        const Kriterium &k = beschreibung.kriterien[i];
+        if (k.druckplatz != 0)
+            nachPlatz[size_t(k.druckplatz)] = {k.druckname.toString(), worte(beschreibung, k, zustand.kriterien[i], quelle)};
+    }
+    std::erase_if(nachPlatz, [](const Kriteriumzeile &zeile) { return zeile.worte.isEmpty(); });
+    return nachPlatz;
+}

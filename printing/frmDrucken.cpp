@@ -1,0 +1,194 @@
+#include "frmDrucken.h"
+
+#include "Druckgeraet.h"
+#include "Seitenvorschau.h"
+#include "controls/Geschuetzt.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QRegularExpression>
+#include <QShowEvent>
+#include <QStandardPaths>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int dinA4 = 9; // number of the paper size
+
+} // namespace
+
+frmDrucken::frmDrucken(Programm &programm, std::function<std::optional<Druckauftrag>()> auftrag, Druckgeraet &geraet, QWidget *eltern)
+    : QDialog(eltern), programm_(programm), auftrag_(std::move(auftrag)), geraet_(geraet)
+{
+    setObjectName(QStringLiteral("frmDrucken"));
+    setWindowTitle(QStringLiteral("Drucken"));
+    programm_.SchriftGroesse = 9;
+    aufbauen();
+    const std::optional<Druckauftrag> aktuell = auftrag_();
+    optDruckFrage_[0]->setChecked(true);
+    optDruckFrage_[1]->setEnabled(aktuell && aktuell->FilterEin && aktuell->FilterGesetzt);
+}
+
+void frmDrucken::aufbauen()
+{
+    auto *fraDruckFrage = new QGroupBox(QStringLiteral("Was soll gedruckt werden ?"), this);
+    fraDruckFrage->setObjectName(QStringLiteral("fraDruckFrage"));
+    auto *fragen = new QVBoxLayout(fraDruckFrage);
+    const QString texte[] = {QStringLiteral("aktuelle Pflanze"), QStringLiteral("Liste der gefilterten Pflanzen")};
+    for (int i = 0; i < 2; ++i) {
+        optDruckFrage_[i] = new QRadioButton(texte[i], fraDruckFrage);
+        optDruckFrage_[i]->setObjectName(QStringLiteral("optDruckFrage_%1").arg(i));
+        fragen->addWidget(optDruckFrage_[i]);
+    }
+    const auto taste = [this](const char *objektname, const QString &text, auto beiKlick) {
+        auto *knopf = new QPushButton(text, this);
+        knopf->setObjectName(QString::fromLatin1(objektname));
+        connect(knopf, &QPushButton::clicked, this, geschuetzt(this, beiKlick));
+        return knopf;
+    };
+    auto *cmdDruck = taste("cmdDruck", QStringLiteral("Druck"), [this] { cmdDruck_Click(); });
+    auto *cmdAbbruch = taste("cmdAbbruch", QStringLiteral("Abbrechen"), [this] { reject(); });
+    auto *cmdEinrichten = taste("cmdDruckerEinrichten", QStringLiteral("Druckereinrichtung"), [this] { cmdDruckerEinrichten_Click(); });
+    cmdDruck->setDefault(true);
+    cmdEinrichten->setAutoDefault(false);
+    lblDrucker_ = new QLabel(this);
+    lblDrucker_->setObjectName(QStringLiteral("lblDrucker"));
+    lblDrucker_->setTextFormat(Qt::PlainText);
+    lblDrucker_->setWordWrap(true);
+
+    auto *tasten = new QHBoxLayout;
+    tasten->addStretch();
+    tasten->addWidget(cmdDruck);
+    tasten->addWidget(cmdAbbruch);
+    auto *links = new QVBoxLayout;
+    links->addWidget(fraDruckFrage);
+    links->addSpacing(8);
+    links->addWidget(lblDrucker_);
+    links->addWidget(cmdEinrichten, 0, Qt::AlignLeft);
+    links->addStretch();
+    links->addLayout(tasten);
+    vorschau_ = new Seitenvorschau(this);
+    vorschau_->setObjectName(QStringLiteral("picVorschau"));
+    vorschau_->setAccessibleName(QStringLiteral("Vorschau der ersten Seite"));
+    vorschau_->setToolTip(QStringLiteral("Vorschau der ersten Seite"));
+    auto *alles = new QHBoxLayout(this);
+    alles->addLayout(links);
+    alles->addSpacing(8);
+    alles->addWidget(vorschau_, 1);
+    connect(optDruckFrage_[1], &QRadioButton::toggled, this, [this] { vorschauen(); });
+    resize(720, 580);
+}
+
+void frmDrucken::showEvent(QShowEvent *ereignis)
+{
+    QDialog::showEvent(ereignis);
+    // The box about a missing printer wants a dialog that stands.
+    if (!ereignis->spontaneous())
+        QTimer::singleShot(0, this, [this] { vorschauen(); });
+}
+
+std::optional<Druckseiten> frmDrucken::seiten(size_t hoechstens, std::optional<QString> *gekuerzt)
+{
+    const std::optional<Druckauftrag> auftrag = auftrag_();
+    if (!auftrag)
+        return std::nullopt;
+    Printer drucker(geraet_.blatt(), hoechstens);
+    Druck druck(programm_, *auftrag, drucker);
+    if (!(optDruckFrage_[0]->isChecked() ? druck.DruckAktuellePflanze() : druck.DruckGefilterteListe()))
+        return std::nullopt;
+    if (gekuerzt)
+        *gekuerzt = druck.gekuerzt();
+    return drucker.EndDoc();
+}
+
+void frmDrucken::vorschauen()
+{
+    geschuetztAusfuehren(this, [this] {
+        try {
+            lblDrucker_->setText(QStringLiteral("Drucker: %1\nPapier: %2").arg(geraet_.name(), geraet_.blatt().pageSize().name()));
+            vorschau_->zeigen(seiten(1).value_or(Druckseiten()));
+        } catch (const Geraetefehler &) {
+            geraetefehlerZeigen();
+            reject();
+        }
+    });
+}
+
+void frmDrucken::geraetefehlerZeigen()
+{
+    QMessageBox::warning(this, QStringLiteral("Probleme mit dem Drucker"),
+                         QStringLiteral("Es ist ein Problem mit dem Drucker aufgetreten!\n\n"
+                                        "Entweder er ist nicht richtig installiert oder  nicht betriebsbereit.\nBitte überprüfen!"),
+                         QMessageBox::Ok | QMessageBox::Cancel);
+}
+
+void frmDrucken::cmdDruckerEinrichten_Click()
+{
+    if (geraet_.einrichten(this))
+        vorschauen();
+}
+
+QString frmDrucken::titel() const
+{
+    if (const std::optional<Druckauftrag> auftrag = auftrag_()) {
+        if (!optDruckFrage_[0]->isChecked())
+            return QStringLiteral("%1 - Liste").arg(eintrag(auftrag->sparte).titel);
+        if (auftrag->pflanzen && auftrag->pflanzen->AbsolutePosition() >= 0)
+            return auftrag->pflanzen->Fields(u"BOT_NAME").Text();
+    }
+    return QStringLiteral("Flox");
+}
+
+QString frmDrucken::dateiErfragen(const QString &vorschlag)
+{
+    const QString dokumente = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QFileDialog dialog(this, QStringLiteral("Ausdruck speichern"), QDir(dokumente).exists() ? dokumente : QDir::currentPath(), QStringLiteral("PDF-Dateien (*.pdf)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    dialog.selectFile(vorschlag);
+    return dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty() ? dialog.selectedFiles().constFirst() : QString();
+}
+
+void frmDrucken::cmdDruck_Click()
+{
+    try {
+        if (Printer(geraet_.blatt()).PaperSize() != dinA4) {
+            QMessageBox::information(this, programmtitel.toString(), QStringLiteral("Geht nicht"));
+            return;
+        }
+        std::optional<QString> gekuerzt;
+        const std::optional<Druckseiten> alle = seiten(std::numeric_limits<size_t>::max(), &gekuerzt);
+        if (!alle) {
+            QMessageBox::information(this, programmtitel.toString(), QStringLiteral("Hoppla"));
+            return;
+        }
+        QString datei;
+        if (geraet_.schreibtDatei()) {
+            // Characters that file systems do not take.
+            static const QRegularExpression fremd(QStringLiteral("[^\\w .,()+-]"), QRegularExpression::UseUnicodePropertiesOption);
+            datei = dateiErfragen(geraet_.datei().isEmpty() ? titel().remove(fremd) + QStringLiteral(".pdf") : geraet_.datei());
+            if (datei.isEmpty())
+                return;
+        }
+        if (gekuerzt)
+            QMessageBox::information(this, programmtitel.toString(),
+                                     (gekuerzt->isEmpty() ? QStringLiteral("Ein Text") : QStringLiteral("Der Text \"%1\"").arg(*gekuerzt))
+                                         + QStringLiteral(" ist zu lang. Nur seine ersten 100 Zeilen werden gedruckt."));
+        setCursor(Qt::WaitCursor);
+        geraet_.drucken(*alle, titel(), datei);
+    } catch (const Geraetefehler &) {
+        geraetefehlerZeigen();
+    } catch (...) {
+        unsetCursor();
+        throw;
+    }
+    unsetCursor();
+    accept();
+}

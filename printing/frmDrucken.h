@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Druck.h"
+
+#include <QDialog>
+
+#include <functional>
+
+class Druckgeraet;
+class QLabel;
+class QRadioButton;
+class Seitenvorschau;
+
+/* Print dialog: the plant on screen or the filtered list, with a view of the first page. A printout runs to its end inside the
+   click; then the dialog closes. */
+class frmDrucken : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// `auftrag` tells of the active window; nothing: no Sparte is active.
+    frmDrucken(Programm &programm, std::function<std::optional<Druckauftrag>()> auftrag, Druckgeraet &geraet, QWidget *eltern);
+
+    void cmdDruck_Click();
+    void cmdDruckerEinrichten_Click();
+
+protected:
+    void showEvent(QShowEvent *ereignis) override;
+
+private:
+    void aufbauen();
+    /// Lays out what is chosen; nothing for an unknown Sparte. `gekuerzt` names a text that was cut.
+    std::optional<Druckseiten> seiten(size_t hoechstens, std::optional<QString> *gekuerzt = nullptr);
+    void vorschauen();
+    QString dateiErfragen(const QString &vorschlag);
+    QString titel() const;
+    /// The box about the printer; whichever button is pressed.
+    void geraetefehlerZeigen();
+
+    Programm &programm_;
+    std::function<std::optional<Druckauftrag>()> auftrag_;
+    Druckgeraet &geraet_;
+    QRadioButton *optDruckFrage_[2] = {};
+    QLabel *lblDrucker_ = nullptr;
+    Seitenvorschau *vorschau_ = nullptr;
+};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "store/Schema.h"
+#include "store/Sparten.h"
+
+/* What a Sparte's data sheet does otherwise than the general entry (label, value, unit). Order, labels and units are the
+   schema's. */
+
+enum class Druckart {
+    Titel,         ///< heads the sheet in the large font, without a label
+    MitSynonymen,  ///< the name with its German synonyms; the botanical ones as an entry of their own
+    Bereich,       ///< `feld` is the lower, `feld2` the upper bound; both make one entry
+};
+
+struct Druckausnahme
+{
+    Druckart art;
+    const char *feld;
+    const char *feld2 = nullptr;
+    QStringView label = {}; ///< Bereich: of the entry; MitSynonymen: of the synonyms
+};
+
+struct Druckbeschreibung
+{
+    Sparte sparte;
+    const Druckliste *liste;
+    std::span<const Druckausnahme> ausnahmen;
+};
+
+/// Description of a Sparte's printouts; null while there is none.
+const Druckbeschreibung *druckbeschreibung(Sparte sparte);
+/// Linear check: the columns named are there and of the kind that the exception needs, and the order names columns that exist.
+/// Returns what is wrong, empty when nothing is.
+QString druckfehler(const Druckbeschreibung &beschreibung);
+
+extern const Druckbeschreibung DruckTopf;
+extern const Druckbeschreibung DruckApfel;
