@@ -391,11 +391,11 @@ void Druck::pflanze(const QString &botanisch, const QString &deutsch)
     if (ZeilenZaehler > listenZeilen || amFuss(zeilen))
         SeitenwechselListe();
     for (int i = 0; i < zeilen; ++i) {
-        if (i < namen.size()) {
-            drucker_.CurrentX = 0;
-            drucker_.PrintAnfang(namen[i]);
-        }
+        const double y = drucker_.CurrentY;
+        drucker_.CurrentX = 0;
+        drucker_.Print(i < namen.size() ? namen[i] : QString());
         drucker_.CurrentX = listeDeutsch;
+        drucker_.CurrentY = y;
         drucker_.Print(i < DruckZeilenAnzahl ? DruckZeilen[size_t(DruckZeilenAnzahl - i)] : QString());
         ++ZeilenZaehler;
     }

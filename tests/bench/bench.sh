@@ -1,14 +1,20 @@
 #!/usr/bin/env bash
-# bench.sh [PLANTS...]   builds the release benchmarks and runs them, on that many potted plants (3000 and 100000) and on pictures.
+# bench.sh [PLANTS...]   builds the release benchmarks and runs them, on that many potted plants (3000 and 100000), on print and on pictures.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 cmake --preset release -DFLOX_BENCH=ON >/dev/null
-cmake --build build/release --target bench_flox bench_bilder vervielfacher flox_daten >/dev/null
+cmake --build build/release --target bench_flox bench_bilder bench_druck vervielfacher flox_daten >/dev/null
+# database N   path of a database with N potted plants
+database() {
+    local file=build/release/bench-$1.mdb
+    [ "$file" -nt build/release/flox-demo.mdb ] || build/release/tools/vervielfacher build/release/flox-demo.mdb "$file" Topfpfl "$1" >&2
+    echo "$file"
+}
 for anzahl in "${@:-3000 100000}"; do
     for n in $anzahl; do
-        datenbank=build/release/bench-$n.mdb
-        [ "$datenbank" -nt build/release/flox-demo.mdb ] || build/release/tools/vervielfacher build/release/flox-demo.mdb "$datenbank" Topfpfl "$n"
+        datenbank=$(database "$n")
         QT_QPA_PLATFORM=offscreen XDG_CONFIG_HOME=build/release/bench-einstellungen build/release/programm/bench_flox "$datenbank"
     done
 done
+QT_QPA_PLATFORM=offscreen build/release/tests/bench/bench_druck "$(database 10000)"
 build/release/tests/bench/bench_bilder
