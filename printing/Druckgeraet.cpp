@@ -4,11 +4,15 @@
 #include "store/Fehler.h"
 
 #include <QBuffer>
+#include <QDialogButtonBox>
+#include <QDir>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QPushButton>
+#include <QStandardPaths>
 
 namespace {
 
@@ -31,6 +35,12 @@ bool seitenMalen(const Druckseiten &seiten, Geraet &geraet)
 }
 
 } // namespace
+
+QString dateiordner()
+{
+    const QString dokumente = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(dokumente).isDir() ? dokumente : QDir::homePath();
+}
 
 void pdfSchreiben(const Druckseiten &seiten, const QPageLayout &blatt, const QString &titel, const QString &datei)
 {
@@ -55,8 +65,12 @@ Systemdrucker::Systemdrucker() : drucker_(std::make_unique<QPrinter>(QPrinter::H
 {
     if (QPrinterInfo::defaultPrinter().isNull())
         drucker_->setOutputFormat(QPrinter::PdfFormat);
-    if (schreibtDatei())
+    if (schreibtDatei()) {
         drucker_->setPageSize(QPageSize(QPageSize::A4));
+        // The set-up dialog shows a path in any case.
+        vorschlag_ = QDir(dateiordner()).filePath(QStringLiteral("Flox.pdf"));
+        drucker_->setOutputFileName(vorschlag_);
+    }
     drucker_->setResolution(aufloesung);
     raenderAnpassen();
 }
@@ -92,13 +106,17 @@ bool Systemdrucker::schreibtDatei() const
 
 QString Systemdrucker::datei() const
 {
-    return drucker_->outputFileName();
+    return drucker_->outputFileName() == vorschlag_ ? QString() : drucker_->outputFileName();
 }
 
 bool Systemdrucker::einrichten(QWidget *eltern)
 {
     QPrintDialog dialog(drucker_.get(), eltern);
+    dialog.setWindowTitle(QStringLiteral("Druckereinrichtung"));
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+    // Its own button promises to print at once.
+    if (auto *tasten = dialog.findChild<QDialogButtonBox *>(); tasten && tasten->button(QDialogButtonBox::Ok))
+        tasten->button(QDialogButtonBox::Ok)->setText(QStringLiteral("OK"));
     if (dialog.exec() != QDialog::Accepted)
         return false;
     raenderAnpassen();

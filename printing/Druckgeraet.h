@@ -52,7 +52,10 @@ private:
     void raenderAnpassen();
 
     std::unique_ptr<QPrinter> drucker_;
+    QString vorschlag_; ///< path that nobody chose
 };
 
+/// Folder that files are offered in first: the user's documents.
+QString dateiordner();
 /// Writes the pages as a PDF file. Throws Fehler, with an old file kept, where it cannot be written.
 void pdfSchreiben(const Druckseiten &seiten, const QPageLayout &blatt, const QString &titel, const QString &datei);

@@ -4,7 +4,6 @@
 #include "Seitenvorschau.h"
 #include "controls/Geschuetzt.h"
 
-#include <QDir>
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -13,7 +12,6 @@
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QShowEvent>
-#include <QStandardPaths>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -147,8 +145,7 @@ QString frmDrucken::titel() const
 
 QString frmDrucken::dateiErfragen(const QString &vorschlag)
 {
-    const QString dokumente = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    QFileDialog dialog(this, QStringLiteral("Ausdruck speichern"), QDir(dokumente).exists() ? dokumente : QDir::currentPath(), QStringLiteral("PDF-Dateien (*.pdf)"));
+    QFileDialog dialog(this, QStringLiteral("Ausdruck speichern"), dateiordner(), QStringLiteral("PDF-Dateien (*.pdf)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setDefaultSuffix(QStringLiteral("pdf"));
