@@ -1,7 +1,6 @@
 #include "Filterprobe.h"
 
 #include <QApplication>
-#include <QFileInfo>
 #include <QScrollArea>
 
 using namespace Qt::StringLiterals;
@@ -102,28 +101,4 @@ QString Filterprobe::park(int nummer)
 {
     const bool topf = fenster->sparte() == Sparte::Topf;
     return ordner.pfad(u"TempFilter%1%2%3"_s.arg(topf ? u"To"_s : u"Ap"_s).arg(nummer).arg(topf ? u".fft"_s : u".ffa"_s));
-}
-
-Dateiwahl::Dateiwahl(const QString &pfad)
-{
-    takt_.setInterval(1);
-    connect(&takt_, &QTimer::timeout, this, [this, pfad] {
-        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        // A dialog that an answer did not close is cancelled.
-        const bool wieder = dialoge > 0;
-        ++dialoge;
-        titel = dialog->windowTitle();
-        muster = dialog->nameFilters();
-        modus = dialog->acceptMode();
-        if (pfad.isEmpty() || wieder) {
-            static_cast<QDialog *>(dialog)->reject();
-            return;
-        }
-        dialog->setDirectory(QFileInfo(pfad).path());
-        dialog->findChild<QLineEdit *>(u"fileNameEdit"_s)->setText(QFileInfo(pfad).fileName());
-        static_cast<QDialog *>(dialog)->accept();
-    });
-    takt_.start();
 }

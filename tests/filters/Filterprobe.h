@@ -8,11 +8,11 @@
 #include "plantwindows/Pflanzenfenster.h"
 #include "store/Fehler.h"
 #include "store/Recordset.h"
+#include "tests/Dateiwahl.h"
 #include "tests/Hilfen.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -75,19 +75,4 @@ public:
     Programm programm;
     Testzentrale zentrale;
     std::unique_ptr<Pflanzenfenster> fenster;
-};
-
-/// Answers the next file dialog: with a path, or without one by its cancel.
-class Dateiwahl : public QObject
-{
-public:
-    explicit Dateiwahl(const QString &pfad = {});
-
-    QString titel;
-    QStringList muster;
-    QFileDialog::AcceptMode modus = QFileDialog::AcceptOpen;
-    int dialoge = 0;
-
-private:
-    QTimer takt_;
 };

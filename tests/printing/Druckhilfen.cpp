@@ -1,5 +1,7 @@
 #include "Druckhilfen.h"
 
+#include <QProcess>
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -91,4 +93,38 @@ QStringList seitentexte(const Druckseite &seite)
     for (const Drucktext &text : seite.texte)
         texte += text.text;
     return texte;
+}
+
+QStringList abschrift(const Druckseiten &seiten)
+{
+    QStringList zeilen{u"%1 x %2, %3 %4 %5 %6"_s.arg(seiten.papier.width()).arg(seiten.papier.height())
+                           .arg(seiten.bereich.x()).arg(seiten.bereich.y()).arg(seiten.bereich.width()).arg(seiten.bereich.height())};
+    for (const Druckseite &seite : seiten.seiten) {
+        zeilen += u"Seite"_s;
+        zeilen += seitenzeilen(seite);
+        for (const Drucklinie &linie : seite.linien)
+            zeilen += u"%1 %2 %3 %4 %5"_s.arg(linie.x1).arg(linie.y1).arg(linie.x2).arg(linie.y2).arg(linie.breite);
+    }
+    return zeilen;
+}
+
+QString programmausgabe(const QString &programm, const QStringList &argumente)
+{
+    QProcess prozess;
+    prozess.start(programm, argumente);
+    if (!prozess.waitForFinished() || prozess.exitStatus() != QProcess::NormalExit || prozess.exitCode() != 0)
+        qFatal("%s %s: %s", qPrintable(programm), qPrintable(argumente.join(u' ')), prozess.readAllStandardError().constData());
+    return QString::fromUtf8(prozess.readAllStandardOutput());
+}
+
+QStringList pdfSeiten(const QString &datei)
+{
+    QStringList seiten = programmausgabe(u"pdftotext"_s, {u"-layout"_s, u"-enc"_s, u"UTF-8"_s, datei, u"-"_s}).split(u'\f');
+    seiten.removeLast(); // a form feed ends every page
+    return seiten;
+}
+
+QString ohneLeerraum(QString text)
+{
+    return text.remove(QRegularExpression(u"\\s"_s, QRegularExpression::UseUnicodePropertiesOption));
 }

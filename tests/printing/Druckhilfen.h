@@ -39,3 +39,13 @@ public:
 QStringList seitenzeilen(const Druckseite &seite);
 /// The texts alone.
 QStringList seitentexte(const Druckseite &seite);
+
+/// A printout word by word, for comparing: papers, areas, pages, texts and lines.
+QStringList abschrift(const Druckseiten &seiten);
+
+/// What a program writes to its standard output; it must end well.
+QString programmausgabe(const QString &programm, const QStringList &argumente);
+/// The pages of a PDF file as laid out text.
+QStringList pdfSeiten(const QString &datei);
+/// Without any blanks and line ends.
+QString ohneLeerraum(QString text);
