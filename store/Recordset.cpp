@@ -170,10 +170,8 @@ int Recordset::finden(QStringView name) const
     // A qualified name may stand for a column that only its source has, a bare name for one qualified column.
     const qsizetype punkt = name.indexOf(u'.'), strich = name.indexOf(u'_');
     if (const qsizetype ende = punkt >= 0 ? punkt : strich; ende >= 0 && (punkt >= 0 || schema::istQuelle(name.left(ende)))) {
-        const bool abfrage = auswahl_.tabelle.compare(u"Abfrage_Friedhof", Qt::CaseInsensitive) == 0;
         for (int i = 0; i < namen_.size(); ++i)
-            if (gleich(namen_[i], name.mid(ende + 1))
-                && (abfrage ? schema::kommtAus(namen_[i], name.left(ende)) : gleich(auswahl_.tabelle, name.left(ende))))
+            if (gleich(namen_[i], name.mid(ende + 1)) && schema::kommtAus(auswahl_.tabelle, namen_[i], name.left(ende)))
                 return i;
         return -1;
     }

@@ -572,10 +572,13 @@ bool istQuelle(QStringView tabelle)
     });
 }
 
-bool kommtAus(QStringView gesucht, QStringView tabelle)
+bool kommtAus(QStringView satz, QStringView gesucht, QStringView quelle)
 {
+    // A plain table's columns are its own.
+    if (satz.compare(u"Abfrage_Friedhof", Qt::CaseInsensitive) != 0)
+        return satz.compare(quelle, Qt::CaseInsensitive) == 0;
     return std::ranges::any_of(spaltenAbfrageFriedhof, [&](const Abfragespalte &spalte) {
-        return spalte.quelle && tabelle.compare(QLatin1String(spalte.quelle), Qt::CaseInsensitive) == 0
+        return spalte.quelle && quelle.compare(QLatin1String(spalte.quelle), Qt::CaseInsensitive) == 0
             && gesucht.compare(QLatin1String(spalte.name), Qt::CaseInsensitive) == 0;
     });
 }

@@ -64,8 +64,8 @@ const Tabelle *haupttabelle(QStringView name);
 std::span<const Abfragespalte> abfrageFriedhof();
 /// Whether the query's columns can be qualified by this table, case-blind.
 bool istQuelle(QStringView tabelle);
-/// Whether the query takes its column `spalte` from this table, case-blind.
-bool kommtAus(QStringView spalte, QStringView tabelle);
+/// Whether the column `spalte` of a table or of the query comes from the table `quelle`, case-blind.
+bool kommtAus(QStringView satz, QStringView spalte, QStringView quelle);
 /// Number of works that a literature flag string can name.
 inline constexpr int anzahlWerke = int(werkeDerLiteratur.size());
 /// Slots a picture row has for each of its two halves, "-G" and "-D".

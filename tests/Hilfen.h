@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include <functional>
+
 /* What tests share: a program folder of their own, an answer to message boxes, a program around a window. */
 
 /// A temporary program folder with the shipped database and the program's pictures.
@@ -49,10 +51,16 @@ public:
     void namenAendern(QWidget *) override { ++namen; }
     void bildZeigen() override { ++bilder; }
     void drucken() override { ++gedruckt; }
-    void pflanzeGewechselt(Sparte, int) override { ++gewechselt; }
+    void pflanzeGewechselt(Sparte, int) override
+    {
+        ++gewechselt;
+        if (beimWechsel)
+            beimWechsel();
+    }
     void hilfeZeigen(const QString &thema) override { hilfe = thema; }
 
     bool mulko = false, gesperrt = false;
     int geschlossen = 0, namen = 0, bilder = 0, gewechselt = 0, gedruckt = 0;
     QString hilfe;
+    std::function<void()> beimWechsel;
 };

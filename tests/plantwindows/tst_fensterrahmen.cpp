@@ -24,6 +24,7 @@ private slots:
     void init();
     void anfangszustand();
     void ersteAktivierung();
+    void oeffnenKopiertEinmal();
     void knoepfeGehenDurchDenSatz();
     void auswahlNurMitFokus();
     void auswahlAusDerListe();
@@ -125,6 +126,20 @@ void TestFensterrahmen::ersteAktivierung()
     fenster.Form_Activate();
     QCOMPARE(probe_->name(), vorher);
     QCOMPARE(probe_->panel(4), u"2/%1"_s.arg(fenster.Anzahl));
+}
+
+void TestFensterrahmen::oeffnenKopiertEinmal()
+{
+    Fensterprobe neu;
+    neu.nurPflanzen(5);
+    // What is written into the copy at the first view lasts unless the file is copied again.
+    neu.zentrale.beimWechsel = [&] {
+        neu.zentrale.beimWechsel = nullptr;
+        neu.fenster->satz().kopie().Execute(u"UPDATE TOPFPFL SET BEMERKUNG = 'Marke'"_s);
+    };
+    neu.oeffnen();
+    QVERIFY(!neu.zentrale.beimWechsel);
+    QCOMPARE(neu.fenster->Auslesen(u"BEMERKUNG"_s), u"Marke"_s);
 }
 
 void TestFensterrahmen::knoepfeGehenDurchDenSatz()

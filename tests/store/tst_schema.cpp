@@ -93,13 +93,15 @@ private slots:
             const Tabelle *quelle = schema::haupttabelle(QString::fromLatin1(spalte.quelle));
             QVERIFY2(quelle && quelle->spalte(QString::fromLatin1(spalte.spalte)), spalte.name);
             QVERIFY(schema::istQuelle(QString::fromLatin1(spalte.quelle).toUpper()));
-            QVERIFY(schema::kommtAus(name, QString::fromLatin1(spalte.quelle)));
+            QVERIFY(schema::kommtAus(u"abfrage_friedhof", name, QString::fromLatin1(spalte.quelle)));
             // Bare, or qualified by its source.
             QVERIFY2(name == QString::fromLatin1(spalte.spalte).toLower()
                          || name == (QString::fromLatin1(spalte.quelle) + u'_' + QString::fromLatin1(spalte.spalte)).toLower(), spalte.name);
         }
         QVERIFY(!schema::istQuelle(u"Topfpfl"));
-        QVERIFY(!schema::kommtAus(u"ARTNR", u"Stauden"));
+        QVERIFY(!schema::kommtAus(u"Abfrage_Friedhof", u"ARTNR", u"Stauden"));
+        QVERIFY(schema::kommtAus(u"STAUDEN", u"ARTNR", u"Stauden"));
+        QVERIFY(!schema::kommtAus(u"Stauden", u"ARTNR", u"Friedhof"));
         const QStringList vorhanden = werte(*db_, u"SELECT name FROM pragma_table_info('Abfrage_Friedhof') ORDER BY cid"_s);
         QCOMPARE(vorhanden.size(), 105);
         for (qsizetype i = 0; i < vorhanden.size(); ++i)
