@@ -274,10 +274,15 @@ void Druck::feld(const Spalte &spalte)
 
 void Druck::titel(const QString &name)
 {
-    schrift(programm_.SchriftGroesse * 2, true, true);
+    const auto gross = [&] { schrift(programm_.SchriftGroesse * 2, true, true); };
+    gross();
     drucker_.CurrentX = 0;
     umbrechen(name, name);
     for (int i = DruckZeilenAnzahl; i >= 1; --i) {
+        if (amFuss()) {
+            SeitenwechselPflanze();
+            gross();
+        }
         drucker_.CurrentX = 0;
         drucker_.Print(DruckZeilen[size_t(i)]);
         ++ZeilenZaehler;
