@@ -52,7 +52,7 @@ void Druckprobe::namenReihe(int anzahl)
 {
     const QString tabelle = eintrag(auftrag.sparte).haupttabelle.toString();
     auftrag.arbeit->Execute(u"DELETE FROM %1"_s.arg(tabelle));
-    auftrag.arbeit->Execute(u"WITH RECURSIVE zahlen(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM zahlen WHERE n < %2) "
+    auftrag.arbeit->Execute(u"WITH RECURSIVE zahlen(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM zahlen LIMIT %2) "
                             "INSERT INTO %1 (ARTNR, BOT_NAME, DTNAM) SELECT n, printf('Planta %05d', n), printf('Pflanze %05d', n) FROM zahlen"_s
                                 .arg(tabelle).arg(anzahl));
     pflanzen = std::make_unique<Recordset>(auftrag.arbeit, u"SELECT * From %1 WHERE BOT_NAME LIKE '*' ORDER BY BOT_NAME"_s.arg(tabelle));
