@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <ranges>
 #include <vector>
 
 namespace {
@@ -34,55 +35,53 @@ constexpr qsizetype nieEineZeile = 1000;
 /// Most characters of a word that fit, at least one; a pair of surrogates stays together.
 qsizetype passend(QStringView wort, double breite, const Schriftmass &mass)
 {
-    qsizetype n = 1;
-    while (n < wort.size() && mass.breite(wort.left(n + 1).toString()) <= breite)
-        ++n;
-    return n < wort.size() && wort[n].isLowSurrogate() ? (n > 1 ? n - 1 : n + 1) : n;
+    const auto ganz = [&](qsizetype n) { return n < wort.size() && wort[n].isLowSurrogate() ? n + 1 : n; };
+    const auto passt = [&](qsizetype n) { return mass.breite(wort.left(ganz(n)).toString()) <= breite; };
+    const auto anzahlen = std::views::iota(qsizetype(1), wort.size() + 1);
+    const qsizetype passende = std::ranges::partition_point(anzahlen, passt) - anzahlen.begin();
+    return ganz(std::max<qsizetype>(1, passende));
 }
 
 /// Appends the lines of a paragraph, up to `hoechstens` in all: each the longest head that fits, broken at the last blank; a
-/// word too long for a line is divided.
+/// word too long for a line is divided. Blanks at a break belong to no line.
 void absatzUmbrechen(const QString &absatz, double breite, const Schriftmass &mass, std::vector<QString> &zeilen, size_t hoechstens)
 {
-    if (absatz.size() < nieEineZeile && mass.breite(absatz) <= breite) {
+    // Measured as a whole: letters move together beside a blank, too.
+    const auto passt = [&](qsizetype von, qsizetype bis) { return bis - von < nieEineZeile && mass.breite(absatz.mid(von, bis - von)) <= breite; };
+    if (passt(0, absatz.size())) {
         zeilen.push_back(absatz);
         return;
     }
-    const double leerzeichen = mass.breite(QStringLiteral(" "));
     qsizetype anfang = 0, ende = 0; // of the line so far
-    double belegt = 0;
-    for (qsizetype wort = 0; wort <= absatz.size() && zeilen.size() < hoechstens;) {
+    for (qsizetype wort = 0; wort < absatz.size() && zeilen.size() < hoechstens;) {
         qsizetype wortende = absatz.indexOf(u' ', wort);
         if (wortende < 0)
             wortende = absatz.size();
-        const auto rest = [&] { return QStringView(absatz).mid(wort, std::min(wortende - wort, nieEineZeile)); };
-        double wortbreite = mass.breite(rest().toString());
-        const double abstand = double(wort - ende) * leerzeichen;
-        if (wort > anfang && belegt + abstand + wortbreite > breite) {
-            zeilen.push_back(absatz.mid(anfang, ende - anfang));
-            anfang = wort;
-            belegt = 0;
-        } else {
-            belegt += abstand;
+        if (wortende > wort) {
+            if (!passt(anfang, wortende)) {
+                if (ende > anfang)
+                    zeilen.push_back(absatz.mid(anfang, ende - anfang));
+                anfang = wort;
+            }
+            while (!passt(anfang, wortende) && zeilen.size() < hoechstens) {
+                const qsizetype n = passend(QStringView(absatz).mid(anfang, std::min(wortende - anfang, nieEineZeile)), breite, mass);
+                zeilen.push_back(absatz.mid(anfang, n));
+                anfang += n;
+            }
+            ende = wortende;
         }
-        while (wortbreite > breite && zeilen.size() < hoechstens) {
-            const qsizetype n = passend(rest(), breite, mass);
-            zeilen.push_back(absatz.mid(wort, n));
-            anfang = wort += n;
-            wortbreite = mass.breite(rest().toString());
-        }
-        belegt += wortbreite;
-        ende = wortende;
         wort = wortende + 1;
     }
     if (zeilen.size() < hoechstens)
         zeilen.push_back(absatz.mid(anfang, ende - anfang));
 }
 
-/// Paragraphs end at CR, LF or both.
+/// Paragraphs end at CR, LF or both; a line end at the end of the text begins no other one.
 QStringList absaetze(QString text)
 {
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n').replace(u'\t', u' ');
+    if (text.endsWith(u'\n'))
+        text.chop(1);
     return text.split(u'\n');
 }
 
@@ -125,7 +124,7 @@ void Druck::TextUmbrechen(const QString &text, double hoechstens)
         const QString ende = QStringLiteral(" ...");
         QString &letzte = zeilen.back();
         while (!letzte.isEmpty() && mass.breite(letzte + ende) > breite)
-            letzte.chop(1);
+            letzte.chop(letzte.back().isLowSurrogate() ? 2 : 1);
         letzte += ende;
     }
     DruckZeilenAnzahl = int(zeilen.size());
