@@ -20,6 +20,12 @@ double zahlAus(const QString &text)
     return *zahl;
 }
 
+double zahlAus(std::string_view text)
+{
+    const std::optional<double> zahl = zahlLesen(text);
+    return zahl ? *zahl : zahlAus(textVon(text));
+}
+
 bool einFlagPasst(std::string_view flags, std::uint64_t maske)
 {
     const size_t bis = std::min<size_t>(flags.size(), 64);
@@ -109,7 +115,7 @@ bool Filterpruefung::probePasst(const Probe &probe, qint64 artnr, std::span<cons
     case Pruefung::SynonymDeutsch: return synonymPasst(probe, artnr, umgebung_.deutsch, textVon(feld()));
     case Pruefung::Bewertung: {
         const std::string_view text = feld();
-        const std::optional<double> wert = zahlLesen(textVon(text));
+        const std::optional<double> wert = zahlLesen(text);
         if (!wert)
             throw Fehler(QStringLiteral("Die Pflanze %1 hat keine Bewertung.").arg(artnr));
         return probe.zweites ? int(*wert) >= probe.schwelle : int(*wert) <= probe.schwelle;
@@ -122,7 +128,7 @@ bool Filterpruefung::bereichPasst(const Probe &probe, std::span<const std::strin
 {
     const auto zahl = [&](int stelle) {
         const std::string_view text = werte[size_t(stelle)];
-        return text.empty() ? 0.0 : zahlAus(textVon(text));
+        return text.empty() ? 0.0 : zahlAus(text);
     };
     const double unten = zahl(probe.feld), oben = zahl(probe.feld2);
     const double min = probe.minZahl ? *probe.minZahl : zahlAus(probe.min);

@@ -123,6 +123,7 @@ void Pflanzenfenster::filterVerworfen()
 {
     DatensätzeAuffüllen();
     satz_.oeffnen(programm_.aktuellesFenster(sparte()));
+    satz_.alleNehmen();
     DatenOrdnen();
     darstellen();
 }

@@ -48,7 +48,7 @@ void Pflanzensatz::oeffnen(int nummer)
     arbeit_ = Datenbank::OpenDatabase(programm_.arbeitsdatenbank());
     datHaupt_.setDatabaseName(tempPfad(nummer));
     datHaupt_.setRecordSource(sparte_.haupttabelle.toString());
-    datHaupt_.Refresh();
+    datHaupt_.Refresh(std::vector<qint64>());
 }
 
 void Pflanzensatz::schliessen()

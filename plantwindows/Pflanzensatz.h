@@ -16,8 +16,11 @@ public:
     /// Copies the working database over the copy of window `nummer`, which must not be open. Failures are passed over; what
     /// the copy then holds shows when it is opened.
     void auffuellen(int nummer);
-    /// Opens the copy of window `nummer` on the whole table.
+    /// Opens the copy of window `nummer`. No plant is in the set before it is sorted, thinned or taken as a whole: each of them
+    /// brings its own keys.
     void oeffnen(int nummer);
+    /// Takes the whole table, in the order of its numbers.
+    void alleNehmen() { datHaupt_.Refresh(); }
     void schliessen();
     bool offen() const { return datHaupt_.offen(); }
 

@@ -6,6 +6,7 @@
 
 #include <unicode/ucnv.h>
 
+#include <charconv>
 #include <cmath>
 #include <memory>
 #include <utility>
@@ -39,6 +40,16 @@ std::optional<double> zahlLesen(QStringView text)
     if (!ok || !std::isfinite(wert) || punkt.count(u'.') > 1)
         return std::nullopt;
     return wert;
+}
+
+std::optional<double> zahlLesen(std::string_view utf8)
+{
+    double wert = 0;
+    const char *ende = utf8.data() + utf8.size();
+    const bool ziffer = !utf8.empty() && utf8.back() >= '0' && utf8.back() <= '9';
+    if (const auto [rest, fehler] = std::from_chars(utf8.data(), ende, wert, std::chars_format::fixed); ziffer && fehler == std::errc() && rest == ende)
+        return wert;
+    return zahlLesen(QString::fromUtf8(utf8.data(), qsizetype(utf8.size())));
 }
 
 bool istWahr(QStringView text)

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringView>
 #include <optional>
+#include <string_view>
 
 /* Text helpers that every room uses. */
 
@@ -20,6 +21,8 @@ bool istWahr(QStringView text);
 bool istGeaendert(QStringView text);
 /// A number written with comma or point; nothing where the text is none.
 std::optional<double> zahlLesen(QStringView text);
+/// The same for a stored value as UTF-8; quick where it is written plainly.
+std::optional<double> zahlLesen(std::string_view utf8);
 /// A stored number as it is shown: decimal comma, no trailing zeros. Text that is no number comes back unchanged.
 QString zahlZeigen(const QString &text);
 /// Upper case, character by character: the length never changes (ß stays ß).

@@ -113,6 +113,13 @@ private slots:
         QTest::newRow("Text") << u"bis 2"_s << false << 0.0 << u"bis 2"_s;
         QTest::newRow("leer") << u""_s << false << 0.0 << u""_s;
         QTest::newRow("zwei Trenner") << u"1.234,5"_s << false << 0.0 << u"1.234,5"_s;
+        QTest::newRow("Punkt am Ende") << u"5."_s << true << 5.0 << u"5"_s;
+        QTest::newRow("Punkt am Anfang") << u".5"_s << true << 0.5 << u"0,5"_s;
+        QTest::newRow("Zehnerpotenz") << u"1e2"_s << true << 100.0 << u"100"_s;
+        QTest::newRow("Pluszeichen") << u"+3"_s << true << 3.0 << u"3"_s;
+        QTest::newRow("viele Stellen") << u"0.1234567890123456789"_s << true << 0.12345678901234568 << u"0,1235"_s;
+        QTest::newRow("sechzehn") << u"0x10"_s << false << 0.0 << u"0x10"_s;
+        QTest::newRow("nur ein Strich") << u"-"_s << false << 0.0 << u"-"_s;
         QTest::newRow("unendlich") << u"inf"_s << false << 0.0 << u"inf"_s;
         QTest::newRow("keine Zahl") << u"nan"_s << false << 0.0 << u"nan"_s;
     }
@@ -121,6 +128,7 @@ private slots:
         QFETCH(QString, text);
         QTEST(zahlLesen(text).has_value(), "lesbar");
         QTEST(zahlLesen(text).value_or(0), "wert");
+        QCOMPARE(zahlLesen(std::string_view(text.toUtf8().constData())), zahlLesen(text));
         QTEST(zahlZeigen(text), "gezeigt");
     }
 
