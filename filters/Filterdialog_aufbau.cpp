@@ -2,7 +2,7 @@
 
 #include "controls/Geschuetzt.h"
 #include "controls/Steuerelemente.h"
-#include "store/DatenControl.h"
+#include "store/Nebentabellen.h"
 #include "store/Programm.h"
 #include "store/Text.h"
 
@@ -297,12 +297,7 @@ void Filterdialog::familienFuellen(QWidget *liste)
 {
     auto *cmbFamilie = static_cast<QComboBox *>(liste);
     cmbFamilie->addItem(alleEintrag.toString());
-    DatenControl datFamilien;
-    datFamilien.setDatabaseName(programm_.arbeitsdatenbank());
-    datFamilien.setRecordSource(QStringLiteral("FAMILIEN"));
-    datFamilien.Refresh();
-    for (Recordset &satz = datFamilien.recordset(); !satz.Eof(); satz.MoveNext())
-        cmbFamilie->addItem(satz.Fields(u"famname").Text());
+    cmbFamilie->addItems(familiennamen(*Datenbank::OpenDatabase(programm_.arbeitsdatenbank())));
     cmbFamilie->setCurrentIndex(0);
 }
 

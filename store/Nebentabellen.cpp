@@ -19,6 +19,15 @@ QString mitSynonymen(const QString &name, const QStringList &synonyme)
     return (name.isEmpty() ? synonyme : QStringList(name) + synonyme).join(QStringLiteral(", "));
 }
 
+QStringList familiennamen(Datenbank &arbeit)
+{
+    QStringList namen;
+    Anweisung &anweisung = arbeit.vorbereitet(QStringLiteral("SELECT FAMNAME FROM Familien ORDER BY FAMILIE"));
+    while (anweisung.schritt())
+        namen += anweisung.text(0);
+    return namen;
+}
+
 QString familienname(const std::shared_ptr<Datenbank> &arbeit, const QString &nummer)
 {
     bool ok = false;

@@ -11,5 +11,7 @@
 QStringList synonyme(const std::shared_ptr<Datenbank> &arbeit, const SpartenEintrag &sparte, qint64 artnr, bool deutsch);
 /// A name and its synonyms, joined by commas.
 QString mitSynonymen(const QString &name, const QStringList &synonyme);
+/// All family names, in the order of their numbers.
+QStringList familiennamen(Datenbank &arbeit);
 /// Family name for a number; empty for an unknown one.
 QString familienname(const std::shared_ptr<Datenbank> &arbeit, const QString &nummer);
