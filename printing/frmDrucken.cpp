@@ -5,6 +5,7 @@
 #include "controls/Geschuetzt.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -18,6 +19,15 @@
 namespace {
 
 constexpr int dinA4 = 9; // number of the paper size
+const QString endung = QStringLiteral(".pdf");
+
+/// Without characters that file systems do not take.
+QString dateiname(QString text)
+{
+    static const QRegularExpression fremd(QStringLiteral("[^\\w .,()+-]"), QRegularExpression::UseUnicodePropertiesOption);
+    text = text.remove(fremd).simplified();
+    return (text.isEmpty() ? QStringLiteral("Flox") : text) + endung;
+}
 
 } // namespace
 
@@ -79,6 +89,10 @@ void frmDrucken::aufbauen()
     alles->addLayout(links);
     alles->addSpacing(8);
     alles->addWidget(vorschau_, 1);
+    // From top to bottom.
+    setTabOrder(optDruckFrage_[1], cmdEinrichten);
+    setTabOrder(cmdEinrichten, cmdDruck);
+    setTabOrder(cmdDruck, cmdAbbruch);
     connect(optDruckFrage_[1], &QRadioButton::toggled, this, [this] { vorschauen(); });
     resize(720, 580);
 }
@@ -148,9 +162,19 @@ QString frmDrucken::dateiErfragen(const QString &vorschlag)
     QFileDialog dialog(this, QStringLiteral("Ausdruck speichern"), dateiordner(), QStringLiteral("PDF-Dateien (*.pdf)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    dialog.setDefaultSuffix(endung.mid(1));
     dialog.selectFile(vorschlag);
-    return dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty() ? dialog.selectedFiles().constFirst() : QString();
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    QString datei = dialog.selectedFiles().constFirst();
+    if (datei.endsWith(endung, Qt::CaseInsensitive))
+        return datei;
+    // The dialog leaves a name with a dot, as in a date, without the suffix and has not asked for this file.
+    datei += endung;
+    const QString frage = QStringLiteral("Die Datei \"%1\" gibt es schon.\nSoll sie ersetzt werden?").arg(QFileInfo(datei).fileName());
+    const bool darf = !QFileInfo::exists(datei)
+                      || QMessageBox::warning(this, dialog.windowTitle(), frage, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    return darf ? datei : QString();
 }
 
 void frmDrucken::cmdDruck_Click()
@@ -168,16 +192,16 @@ void frmDrucken::cmdDruck_Click()
         }
         QString datei;
         if (geraet_.schreibtDatei()) {
-            // Characters that file systems do not take.
-            static const QRegularExpression fremd(QStringLiteral("[^\\w .,()+-]"), QRegularExpression::UseUnicodePropertiesOption);
-            datei = dateiErfragen(geraet_.datei().isEmpty() ? titel().remove(fremd) + QStringLiteral(".pdf") : geraet_.datei());
+            datei = dateiErfragen(geraet_.datei().isEmpty() ? dateiname(titel()) : geraet_.datei());
             if (datei.isEmpty())
                 return;
         }
-        if (gekuerzt)
+        if (gekuerzt) {
+            const QString text = gekuerzt->section(u':', 0, 0); // labels of criteria end with a colon
             QMessageBox::information(this, programmtitel.toString(),
-                                     (gekuerzt->isEmpty() ? QStringLiteral("Ein Text") : QStringLiteral("Der Text \"%1\"").arg(*gekuerzt))
+                                     (text.isEmpty() ? QStringLiteral("Ein Text") : QStringLiteral("Der Text \"%1\"").arg(text))
                                          + QStringLiteral(" ist zu lang. Nur seine ersten 100 Zeilen werden gedruckt."));
+        }
         setCursor(Qt::WaitCursor);
         geraet_.drucken(*alle, titel(), datei);
     } catch (const Geraetefehler &) {
