@@ -172,9 +172,10 @@ QString frmDrucken::dateiErfragen(const QString &vorschlag)
     // The dialog leaves a name with a dot, as in a date, without the suffix and has not asked for this file.
     datei += endung;
     const QString frage = QStringLiteral("Die Datei \"%1\" gibt es schon.\nSoll sie ersetzt werden?").arg(QFileInfo(datei).fileName());
-    const bool darf = !QFileInfo::exists(datei)
-                      || QMessageBox::warning(this, dialog.windowTitle(), frage, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
-    return darf ? datei : QString();
+    if (QFileInfo::exists(datei)
+        && QMessageBox::warning(this, dialog.windowTitle(), frage, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
+        return {};
+    return datei;
 }
 
 void frmDrucken::cmdDruck_Click()

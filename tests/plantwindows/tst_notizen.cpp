@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
+#include <QKeySequence>
 #include <QPlainTextEdit>
 #include <QtTest>
 
@@ -31,6 +32,18 @@ private:
     sqlite3 *db_ = nullptr;
 };
 
+/// Looks at the window the moment it wants to print.
+class Druckzentrale : public Testzentrale
+{
+public:
+    void drucken() override
+    {
+        Testzentrale::drucken();
+        gesehen();
+    }
+    std::function<void()> gesehen;
+};
+
 } // namespace
 
 class TestNotizen : public QObject
@@ -44,6 +57,8 @@ private slots:
     void klickenOhneAendernSchreibtAuch();
     void allesWasVerlaesstSpeichert_data();
     void allesWasVerlaesstSpeichert();
+    void druckenNachDemSpeichern_data();
+    void druckenNachDemSpeichern();
     void umschaltenSpeichertNicht();
     void schliessenSpeichert();
     void darstellenMarkiertNichts();
@@ -64,6 +79,7 @@ private:
     /// Note and properties of a record: "copy|working database", each "note/properties".
     QString gespeichert(qint64 artnr);
 
+    Druckzentrale druckzentrale_; ///< outlives the window of a test
     std::unique_ptr<Fensterprobe> probe_;
     qint64 artnr_ = 0;
 };
@@ -190,6 +206,54 @@ void TestNotizen::allesWasVerlaesstSpeichert()
     QVERIFY(!probe_->fenster->DatenGeaendert);
     QCOMPARE(probe_->arbeitLesen(artnr_, u"benu_bemerkung"_s), u"Notiz"_s);
     QCOMPARE(gespeichert(artnr_), u"Notiz/     |Notiz/     "_s);
+}
+
+void TestNotizen::druckenNachDemSpeichern_data()
+{
+    QTest::addColumn<bool>("tastatur");
+    QTest::addColumn<bool>("gesperrt"); // nothing can be stored
+    QTest::newRow("Maus") << false << false;
+    QTest::newRow("Strg+P") << true << false;
+    QTest::newRow("Datenbank gesperrt") << false << true;
+}
+
+void TestNotizen::druckenNachDemSpeichern()
+{
+    QFETCH(const bool, tastatur);
+    QFETCH(const bool, gesperrt);
+    probe_->fenster->close();
+    probe_->fenster = std::make_unique<Pflanzenfenster>(probe_->programm, druckzentrale_, *fensterbeschreibung(Sparte::Topf), 1);
+    probe_->oeffnen();
+    probe_->reiterVon(u"txtEigeneBemerkung"_s);
+    druckzentrale_.gedruckt = 0;
+    druckzentrale_.gesehen = [this] {
+        QVERIFY(!probe_->fenster->DatenGeaendert);
+        QCOMPARE(gespeichert(artnr_), u"Notiz/     |Notiz/     "_s);
+    };
+    const auto drucken = [&] {
+        if (tastatur)
+            QTest::keySequence(probe_->fenster.get(), QKeySequence::Print);
+        else
+            probe_->klick("cmdDruck");
+    };
+    schreiben(u"Notiz"_s);
+    if (gesperrt) {
+        const Schreibsperre sperre(probe_->ordner.datenbank());
+        Meldungsfaenger meldungen;
+        drucken();
+        QCOMPARE(meldungen.texte, QStringList{u"Die Datenbank 'flox-demo.mdb' wird gerade von einem anderen Programm benutzt."_s});
+        QCOMPARE(druckzentrale_.gedruckt, 0);
+        QVERIFY(probe_->fenster->DatenGeaendert);
+    }
+    drucken();
+    QCOMPARE(druckzentrale_.gedruckt, 1);
+    // Without a change nothing is stored.
+    probe_->arbeitSetzen(artnr_, u"benu_bemerkung"_s, u"anderswo"_s);
+    druckzentrale_.gesehen = [] {};
+    drucken();
+    QCOMPARE(druckzentrale_.gedruckt, 2);
+    QCOMPARE(probe_->arbeitLesen(artnr_, u"benu_bemerkung"_s), u"anderswo"_s);
+    QCOMPARE(probe_->fenster->satz().artnr(), artnr_);
 }
 
 void TestNotizen::umschaltenSpeichertNicht()
