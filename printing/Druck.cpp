@@ -340,6 +340,7 @@ bool Druck::DruckGefilterteListe()
     if (auftrag_.pflanzen) {
         Recordset &pflanzen = *auftrag_.pflanzen;
         const qsizetype anzahl = qsizetype(pflanzen.Schluesselfolge().size());
+        listenZaehler_ = 0;
         for (qsizetype i = 0; i < anzahl && !drucker_.genug(); ++i)
             pflanze(pflanzen.textBei(i, u"BOT_NAME"), pflanzen.textBei(i, u"DTNAM"));
     }
@@ -367,7 +368,10 @@ void Druck::kriterium(const QString &label, const QString &worte)
     drucker_.PrintAnfang(label.endsWith(u' ') ? label : label + u' ');
     schrift(programm_.SchriftGroesse);
     const double einzug = drucker_.CurrentX;
-    umbrechen(worte, label);
+    if (!umbrechen(worte, label)) {
+        drucker_.Print(QString()); // the line of a label without words ends here
+        ++ZeilenZaehler;
+    }
     for (int i = DruckZeilenAnzahl; i >= 1; --i) {
         ++ZeilenZaehler;
         if (ZeilenZaehler > textZeilen || amFuss())
@@ -379,22 +383,22 @@ void Druck::kriterium(const QString &label, const QString &worte)
 
 void Druck::pflanze(const QString &botanisch, const QString &deutsch)
 {
-    // A name as wide as its column is rare; it must not run into the other one.
-    QStringList namen(botanisch);
-    if (drucker_.TextWidth(botanisch) > listeDeutsch - spaltenabstand) {
-        drucker_.CurrentX = 0;
-        TextUmbrechen(botanisch, listeDeutsch - spaltenabstand);
-        namen.clear();
-        for (int i = DruckZeilenAnzahl; i >= 1; --i)
-            namen += DruckZeilen[size_t(i)];
-    }
+    drucker_.CurrentX = 0;
+    TextUmbrechen(botanisch, listeDeutsch - spaltenabstand);
+    QStringList namen;
+    for (int i = DruckZeilenAnzahl; i >= 1; --i)
+        namen += DruckZeilen[size_t(i)];
     drucker_.CurrentX = listeDeutsch;
     TextUmbrechen(deutsch);
     const int zeilen = std::max(int(namen.size()), DruckZeilenAnzahl);
-    // The test belongs to the record before this one; made here, no page stays empty behind the last.
-    if (ZeilenZaehler > listenZeilen || amFuss(zeilen))
-        SeitenwechselListe();
+    // A deleted plant has no lines.
     for (int i = 0; i < zeilen; ++i) {
+        // The test belongs to the record before this one; made here, no page stays empty behind the last. Only a plant longer
+        // than a page is parted.
+        if (i == 0 ? listenZaehler_ > listenZeilen || amFuss(zeilen) : amFuss()) {
+            SeitenwechselListe();
+            listenZaehler_ = 0;
+        }
         const double y = drucker_.CurrentY;
         drucker_.CurrentX = 0;
         drucker_.Print(i < namen.size() ? namen[i] : QString());
@@ -402,5 +406,6 @@ void Druck::pflanze(const QString &botanisch, const QString &deutsch)
         drucker_.CurrentY = y;
         drucker_.Print(i < DruckZeilenAnzahl ? DruckZeilen[size_t(DruckZeilenAnzahl - i)] : QString());
         ++ZeilenZaehler;
+        ++listenZaehler_;
     }
 }

@@ -76,5 +76,6 @@ private:
     const Druckbeschreibung *beschreibung_;
     Wortquelle worte_;
     std::optional<QString> gekuerzt_;
+    int listenZaehler_ = 0;      ///< lines of plants on the page; the criteria above them do not count
     bool abgeschnitten_ = false; ///< the last text had more lines than there are places
 };
