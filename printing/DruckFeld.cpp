@@ -14,9 +14,11 @@ QString DruckFeld(const Wortquelle &quelle, const Spalte &spalte, const QString 
     case Art::Literatur: return listentext(wert, *spalte.liste);
     case Art::Monate: return listentext(wert, WL_Monate);
     case Art::Eigen: {
-        const auto &namen = quelle.programm.BenutzerNamen[size_t(quelle.sparte.sparte)];
-        const std::array<QStringView, anzahlEigenschaften> worte{namen[0], namen[1], namen[2], namen[3], namen[4]};
-        return listentext(wert, Werteliste{worte});
+        QStringList namen; // a property without a name has no word
+        for (int p = 1; p <= anzahlEigenschaften; ++p)
+            if (const QString &name = quelle.programm.BenutzerNamen[size_t(quelle.sparte.sparte)][size_t(p - 1)]; flagGesetzt(wert, p) && !name.isEmpty())
+                namen += name;
+        return namen.join(QStringLiteral(", "));
     }
     case Art::Wahrheit: return istWahr(wert) ? spalte.satz.toString() : QString();
     case Art::Familie: return quelle.arbeit ? familienname(quelle.arbeit, wert) : QString();

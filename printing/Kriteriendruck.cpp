@@ -23,20 +23,27 @@ QString bereichsworte(const Kriterium &k, const Kriteriumzustand &z)
             return false;
         }
     };
-    const bool unten = vorgegeben(k.a, z.a), oben = vorgegeben(k.b, z.b);
-    if (unten && oben)
-        return {};
-    if (unten)
+    if (vorgegeben(k.a, z.a))
         return QStringLiteral("bis %1 %2").arg(z.b.text, k.einheit);
-    if (oben)
+    if (vorgegeben(k.b, z.b))
         return QStringLiteral("ab %1 %2").arg(z.a.text, k.einheit);
     return QStringLiteral("%1 - %2 %3").arg(z.a.text, z.b.text, k.einheit);
+}
+
+/// Whether a criterion stands otherwise than the dialog opens; a group with all items, too, which does not restrict.
+bool gesetzt(const Kriterium &k, const Kriteriumzustand &z)
+{
+    const bool gruppe = k.pruefung == Pruefung::Flags || k.pruefung == Pruefung::FlagsOderWahr;
+    return gruppe ? anzahlGewaehlt(k.a, z.a) + anzahlGewaehlt(k.b, z.b) > 0 : zeigtAktiv(k, z);
 }
 
 QString worte(const Filterbeschreibung &beschreibung, const Kriterium &k, const Kriteriumzustand &z, const Wortquelle &quelle)
 {
     switch (k.pruefung) {
-    case Pruefung::Familie: return z.a.text == alleEintrag ? QString() : z.a.text;
+    case Pruefung::Familie:
+    case Pruefung::Enthaelt:
+    case Pruefung::SynonymBotanisch:
+    case Pruefung::SynonymDeutsch: return z.a.text;
     case Pruefung::Flags: return gruppenworte(k.a, z.a, spalteVon(beschreibung, k.feld), quelle);
     case Pruefung::FlagsOderWahr: {
         const QString text = gruppenworte(k.a, z.a, spalteVon(beschreibung, k.feld), quelle);
@@ -44,16 +51,9 @@ QString worte(const Filterbeschreibung &beschreibung, const Kriterium &k, const 
         return !wahr ? text : text.isEmpty() ? wahr->satz.toString() : QStringLiteral("%1, %2").arg(text, wahr->satz);
     }
     case Pruefung::Bereich: return bereichsworte(k, z);
-    case Pruefung::Enthaelt:
-    case Pruefung::SynonymBotanisch:
-    case Pruefung::SynonymDeutsch: return z.a.text;
-    case Pruefung::Bewertung: {
-        if (!zeigtAktiv(k, z))
-            return {};
-        const bool mindestens = gewaehlt(k.a, z.a, 0);
+    case Pruefung::Bewertung:
         return QStringLiteral("%1 %2    (Stufe 1: Rarität / Stufe 5:  Standardsortiment)")
-            .arg(mindestens ? QStringLiteral("ab Stufe") : QStringLiteral("bis Stufe")).arg(z.b.werte[0]);
-    }
+            .arg(gewaehlt(k.a, z.a, 0) ? QStringLiteral("ab Stufe") : QStringLiteral("bis Stufe")).arg(z.b.werte[0]);
     case Pruefung::Bild: break; // says nothing about a plant
     }
     return {};
@@ -66,9 +66,10 @@ std::vector<Kriteriumzeile> kriterienzeilen(const Filterbeschreibung &beschreibu
     std::vector<Kriteriumzeile> nachPlatz(beschreibung.kriterien.size() + 1);
     for (size_t i = 0; i < beschreibung.kriterien.size(); ++i) {
         const Kriterium &k = beschreibung.kriterien[i];
-        if (k.druckplatz != 0)
-            nachPlatz[size_t(k.druckplatz)] = {k.druckname.toString(), worte(beschreibung, k, zustand.kriterien[i], quelle)};
+        const Kriteriumzustand &z = zustand.kriterien[i];
+        if (k.druckplatz != 0 && gesetzt(k, z))
+            nachPlatz[size_t(k.druckplatz)] = {k.druckname.toString(), worte(beschreibung, k, z, quelle)};
     }
-    std::erase_if(nachPlatz, [](const Kriteriumzeile &zeile) { return zeile.worte.isEmpty(); });
+    std::erase_if(nachPlatz, [](const Kriteriumzeile &zeile) { return zeile.label.isEmpty(); });
     return nachPlatz;
 }

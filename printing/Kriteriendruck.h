@@ -11,5 +11,6 @@ struct Kriteriumzeile
     bool operator==(const Kriteriumzeile &) const = default;
 };
 
-/// The criteria that are set, in the order of print. A group counts when one item is set, even where all are; never throws.
+/// The criteria that are set, in the order of print. A group counts when one item is set, even where all are or where its items
+/// have no words; never throws.
 std::vector<Kriteriumzeile> kriterienzeilen(const Filterbeschreibung &beschreibung, const Filterzustand &zustand, const Wortquelle &quelle);

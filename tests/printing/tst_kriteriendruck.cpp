@@ -1,0 +1,432 @@
+#include "Druckhilfen.h"
+#include "printing/Kriteriendruck.h"
+#include "tests/filters/Filterhilfen.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A printed criterion: its label, its control, and the words of its items or null for one of another kind.
+struct Druckzeile
+{
+    QStringView label;
+    const char *control;
+    const Werteliste *worte = nullptr;
+};
+
+constexpr QStringView eigeneWorte[] = {u"Schaufenster", u"Balkon & Beet", u"%1", u"ß", u"m2"};
+constexpr Werteliste eigene{eigeneWorte};
+
+// In the order of print.
+constexpr Druckzeile zeilenTo[] = {
+    {u"Familie: ", "cmbFamilie"},
+    {u"Pflanzentyp: ", "chkTyp", &WL_ToPflanztyp},
+    {u"Blütezeit: ", "lblBlMonat", &WL_Monate},
+    {u"Blütenfarbe: ", "lblBlFarbe", &WL_Bluetenfarbe},
+    {u"Fruchtzeit: ", "lblFrMonat", &WL_Monate},
+    {u"Fruchtfarbe: ", "lblFrFarbe", &WL_ToFruchtfarbe},
+    {u"Angebotszeit: ", "lblAngMonat", &WL_Monate},
+    {u"Haltbarkeit: ", "chkHaltbarkeit", &WL_ToHaltbarkeit},
+    {u"Blattfarbe: ", "chkLaubFarbe", &WL_ToBlattfarbe},
+    {u"Wuchsform: ", "chkWuchsForm", &WL_ToWuchsform},
+    {u"Höhe: ", "txtMinHoehe"},
+    {u"Tageslängenreaktion: ", "chkTageslaenge", &WL_ToTageslaenge},
+    {u"Licht: ", "imgLicht", &WL_Licht},
+    {u"Beleuctungsstärke: ", "txtMinLicht"},
+    {u"Temperatur: ", "txtMinTemp"},
+    {u"Wasserstand (Hydrokultur): ", "chkWasser", &WL_ToHWasserstand},
+    {u"ph-Wert (Hydrokultur)", "chkpH", &WL_ToHPh},
+    {u"Verwendung (Hydrokultur): ", "chkVerwHydro", &WL_ToHVerwendung},
+    {u"Verwendung: ", "imgVerwendung", &WL_ToVerwendung},
+    {u"mögl. Krankheiten/Schädlinge: ", "txtKrank"},
+    {u"Krankheitsanfälligkeit: ", "chkKrank", &WL_ToKrankheit},
+    {u"Höhe der Nachdüngung: ", "chkNachduengung", &WL_ToNachduengung},
+    {u"bot. Name: ", "txtbotName"},
+    {u"bot. Synonym: ", "txtSynonym"},
+    {u"deutscher Name/Synonym: ", "txtSynonymDeutsch"},
+    {u"Sorten: ", "txtSorte"},
+    {u"Eigene Bemerkungen: ", "txtBenutzerText"},
+    {u"benu.definierte Eigenschaften: ", "sschkBenutzer", &eigene},
+    {u"Ausbildung: ", "chkAusbildung", &WL_Ausbildung},
+    {u"Bewertung: ", "sldBewertung"},
+};
+static_assert(std::size(zeilenTo) == 30);
+
+constexpr Druckzeile zeilenAp[] = {
+    {u"Haltbarkeit: ", "ChkHaltbar", &WL_ApHaltbark},
+    {u"Fruchtgröße: ", "ChkFruGro", &WL_ApFruchtgr},
+    {u"Form, Längs: ", "ChkFormLaengs", &WL_ApFormL},
+    {u"Form, Quer: ", "ChkFormQuer", &WL_ApFormQ},
+    {u"Fruchtrelief: ", "ChkFruRelief", &WL_ApFruchtrel},
+    {u"Aussehen, Griffigkeit: ", "ChkAussGrif", &WL_ApAussehen},
+    {u"Druckfestigeit: ", "ChkDruckFes", &WL_ApDruck},
+    {u"Grundfarbe: ", "ChkGrundFar", &WL_ApGrundfarbe},
+    {u"Deckfarbe: ", "ChkDeckFarb", &WL_ApDeckfarbe},
+    {u"Deckfarbe Art: ", "ChkDFArt", &WL_ApDfArt},
+    {u"Deckfarbe Ausdehnung: ", "ChkDFAusd", &WL_ApDfAusdehn},
+    {u"Schalenberostung: ", "ChkSchBeros", &WL_ApRost},
+    {u"Reif: ", "ChkReif", &WL_ApReif},
+    {u"Schalenpunkte/-höfe: ", "ChkSchP", &WL_ApSchPunkt},
+    {u"Kelchgrube: ", "ChkKGr", &WL_ApKGrube},
+    {u"Kelchgrubenrelief: ", "ChkKGrRelie", &WL_ApKRelief},
+    {u"Kelchumgebung: ", "ChkKGrUmgeb", &WL_ApKUmgebung},
+    {u"Kelchgrubenberostung: ", "ChkKGrBeros", &WL_ApKBerost},
+    {u"Kelchgröße: ", "ChkKGroesse", &WL_ApKGroesse},
+    {u"Kelchöffnung: ", "ChkKOeffnun", &WL_ApKOeffnung},
+    {u"Kelchblätter: ", "ChkKBlaette", &WL_ApKBlaetter},
+    {u"Stiel Länge/Dicke: ", "ChkStLaenge", &WL_ApStLaenge},
+    {u"Stiel Besonderheiten: ", "ChkStBesond", &WL_ApStBesond},
+    {u"Stielgrubengröße: ", "ChkStGrGroe", &WL_ApStGrube},
+    {u"Stielgrubenberostung: ", "ChkStGrBero", &WL_ApStBerost},
+    {u"Kelchröhre: ", "ChkSchKelch", &WL_ApKRoehre},
+    {u"Kernhaus Gefäßbündel: ", "ChkSchGefB", &WL_ApGBuendel},
+    {u"Kernwandform: ", "ChkSchKWFor", &WL_ApKwForm},
+    {u"Kernwandrisse: ", "ChkSchKWRis", &WL_ApKwRisse},
+    {u"Kerne Anzahl: ", "ChkKernZahl", &WL_ApKAnzahl},
+    {u"Kerne Qualität: ", "ChkKernQual", &WL_ApKQualit},
+    {u"Kerne Länge: ", "ChkKernLaen", &WL_ApKLaenge},
+    {u"Fruchtfleisch Schale: ", "ChkFrFlScha", &WL_ApSchale},
+    {u"Fruchtfleisch Farbe: ", "ChkFrFlFarb", &WL_ApFlFarbe},
+    {u"Fruchtfleisch Struktur: ", "ChkFrFlStru", &WL_ApFlStrukt},
+    {u"Name: ", "txtName"},
+    {u"Synonym: ", "txtSynonym"},
+    {u"voller Name: ", "txtVName"},
+    {u"eigene Bemerkungen: ", "txtBenutzerText"},
+    {u"benu.definierte Eigenschaften: ", "sschkBenutzer", &eigene},
+    {u"Ausbildung: ", "chkAusbildung", &WL_Ausbildung},
+    {u"Bewertung: ", "sldBewertung"},
+};
+static_assert(std::size(zeilenAp) == 42);
+
+std::span<const Druckzeile> zeilenVon(Sparte sparte)
+{
+    return sparte == Sparte::Topf ? std::span<const Druckzeile>(zeilenTo) : std::span<const Druckzeile>(zeilenAp);
+}
+
+const QString note = u"    (Stufe 1: Rarität / Stufe 5:  Standardsortiment)"_s;
+
+/// Sets a criterion, whatever its kind, as a user might.
+void setzen(Zustand &z, const Druckzeile &zeile)
+{
+    if (zeile.worte)
+        z.waehlen(zeile.control);
+    else if (QLatin1String(zeile.control) == "sldBewertung"_L1)
+        z.bewertung(4, true);
+    else
+        z.text(zeile.control, u"7"_s);
+}
+
+/// "label|words" of all lines.
+QStringList alsText(const std::vector<Kriteriumzeile> &zeilen)
+{
+    QStringList texte;
+    for (const Kriteriumzeile &zeile : zeilen)
+        texte += zeile.label + u'|' + zeile.worte;
+    return texte;
+}
+
+} // namespace
+
+/// What print tells of a filter, criterion by criterion.
+class TestKriteriendruck : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
+            for (size_t i = 0; i < std::size(eigeneWorte); ++i)
+                programm_.BenutzerNamen[size_t(sparte)][i] = eigeneWorte[i].toString();
+    }
+
+    /// No criterion is forgotten above, and none of them twice.
+    void vollstaendig()
+    {
+        for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel}) {
+            QSet<const Steuerteil *> controls;
+            for (const Druckzeile &zeile : zeilenVon(sparte))
+                controls += &Zustand(sparte).steuerteil(zeile.control);
+            QCOMPARE(controls.size(), qsizetype(zeilenVon(sparte).size()));
+            for (const Kriterium &k : filterbeschreibung(sparte)->kriterien)
+                QVERIFY2((k.pruefung == Pruefung::Bild) != (controls.contains(&k.a) || controls.contains(&k.b)), k.a.control);
+        }
+    }
+
+    void vorgabe()
+    {
+        for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
+            QCOMPARE(gedruckt(Zustand(sparte)), QStringList());
+    }
+
+    void jedesAllein_data() { kriterien(); }
+    void jedesAllein()
+    {
+        QFETCH(Sparte, sparte);
+        QFETCH(const Druckzeile *, zeile);
+        Zustand z(sparte);
+        setzen(z, *zeile);
+        const std::vector<Kriteriumzeile> gedruckt = kriterienzeilen(z.beschreibung, z.werte, quelle(sparte));
+        QCOMPARE(gedruckt.size(), size_t(1));
+        QCOMPARE(gedruckt[0].label, zeile->label.toString());
+        QVERIFY(!gedruckt[0].worte.isEmpty());
+    }
+
+    void alleInReihenfolge_data()
+    {
+        QTest::addColumn<Sparte>("sparte");
+        QTest::newRow("to") << Sparte::Topf;
+        QTest::newRow("ap") << Sparte::Apfel;
+    }
+    void alleInReihenfolge()
+    {
+        QFETCH(Sparte, sparte);
+        Zustand z(sparte);
+        QStringList labels, gelesen;
+        for (const Druckzeile &zeile : zeilenVon(sparte)) {
+            setzen(z, zeile);
+            labels += zeile.label.toString();
+        }
+        for (const Kriteriumzeile &zeile : kriterienzeilen(z.beschreibung, z.werte, quelle(sparte)))
+            gelesen += zeile.label;
+        QCOMPARE(gelesen, labels);
+    }
+
+    void gruppen_data() { kriterien(true); }
+    /// Each item prints its word; several stand in the order of the items; all of them print as well.
+    void gruppen()
+    {
+        QFETCH(Sparte, sparte);
+        QFETCH(const Druckzeile *, zeile);
+        const int n = Zustand(sparte).steuerteil(zeile->control).elemente();
+        QVERIFY(n >= 2 && n <= zeile->worte->anzahl());
+        const auto soll = [&](const QStringList &worte) { return QStringList{zeile->label.toString() + u'|' + worte.join(u", "_s)}; };
+        QStringList alle;
+        for (int i = 0; i < n; ++i) {
+            const QString wort = zeile->worte->wort(i + 1).toString();
+            QCOMPARE(gedruckt(Zustand(sparte).waehlen(zeile->control, i)), soll({wort}));
+            alle += wort;
+        }
+        QCOMPARE(gedruckt(Zustand(sparte).waehlen(zeile->control, n - 1).waehlen(zeile->control, 0)), soll({alle.first(), alle.last()}));
+        QCOMPARE(gedruckt(Zustand(sparte).alle(zeile->control)), soll(alle));
+    }
+
+    void giftpflanze()
+    {
+        const auto typ = [&](Zustand z) { return gedruckt(z); };
+        QCOMPARE(typ(Zustand(Sparte::Topf).waehlen("chkGift")), QStringList{u"Pflanzentyp: |Giftpflanze"_s});
+        QCOMPARE(typ(Zustand(Sparte::Topf).waehlen("chkGift").waehlen("chkTyp", 1)), QStringList{u"Pflanzentyp: |Blütenpflanze, Giftpflanze"_s});
+        QCOMPARE(typ(Zustand(Sparte::Topf).waehlen("chkTyp", 4).waehlen("chkTyp", 0).waehlen("chkGift")),
+                 QStringList{u"Pflanzentyp: |Grünpflanze, Carnivore, Giftpflanze"_s});
+        // The filter is off then; the list still tells what is set.
+        QCOMPARE(typ(Zustand(Sparte::Topf).alle("chkTyp").waehlen("chkGift")),
+                 QStringList{u"Pflanzentyp: |Grünpflanze, Blütenpflanze, Fruchtpflanze, Sukkulente, Carnivore, Giftpflanze"_s});
+    }
+
+    void bereiche_data()
+    {
+        QTest::addColumn<QByteArray>("min");
+        QTest::addColumn<QByteArray>("max");
+        QTest::addColumn<QString>("unten");
+        QTest::addColumn<QString>("oben");
+        QTest::addColumn<QStringList>("zeilen");
+        const auto hoehe = [](const char *name, const QString &unten, const QString &oben, const QString &worte) {
+            QTest::addRow("height, %s", name) << QByteArray("txtMinHoehe") << QByteArray("txtMaxHoehe") << unten << oben
+                                              << (worte.isEmpty() ? QStringList() : QStringList{u"Höhe: |"_s + worte});
+        };
+        hoehe("defaults", u"0,00"_s, u"99,00"_s, {});
+        hoehe("lower", u"0,50"_s, u"99,00"_s, u"ab 0,50 m"_s);
+        hoehe("upper", u"0,00"_s, u"2"_s, u"bis 2 m"_s);
+        hoehe("both", u"0,5"_s, u"2,00"_s, u"0,5 - 2,00 m"_s);
+        // Numbers are compared, however they are written.
+        hoehe("equal numbers", u"0"_s, u"99,0"_s, {});
+        hoehe("equal numbers with a point", u"0.0"_s, u"99.00"_s, {});
+        hoehe("lower equal", u"0"_s, u"3"_s, u"bis 3 m"_s);
+        hoehe("upper equal", u"1"_s, u"99"_s, u"ab 1 m"_s);
+        hoehe("the wrong way round", u"99,00"_s, u"0,00"_s, u"99,00 - 0,00 m"_s);
+        // Boxes that hold no number print as they stand.
+        hoehe("no number below", u"hoch"_s, u"99,00"_s, u"ab hoch m"_s);
+        hoehe("no number above", u"0,00"_s, u"1,2,3"_s, u"bis 1,2,3 m"_s);
+        hoehe("no numbers", u"%1"_s, u"%2"_s, u"%1 - %2 m"_s);
+        hoehe("empty below", u""_s, u"99,00"_s, u"ab  m"_s);
+        const auto text = [](const char *name, const char *min, const char *max, const QString &unten, const QString &oben, const QString &zeile) {
+            QTest::newRow(name) << QByteArray(min) << QByteArray(max) << unten << oben << (zeile.isEmpty() ? QStringList() : QStringList{zeile});
+        };
+        const auto licht = [&](const char *name, const QString &unten, const QString &oben, const QString &worte) {
+            text(name, "txtMinLicht", "txtMaxLicht", unten, oben, worte.isEmpty() ? worte : u"Beleuctungsstärke: |"_s + worte);
+        };
+        licht("light, defaults", u"0"_s, u"3000"_s, {});
+        licht("light, lower", u"500"_s, u"3000"_s, u"ab 500 Lux"_s);
+        licht("light, upper", u"0"_s, u"1000"_s, u"bis 1000 Lux"_s);
+        licht("light, both", u"500"_s, u"1000"_s, u"500 - 1000 Lux"_s);
+        // Here the texts are compared, as the filter does.
+        licht("light, equal numbers", u"0,0"_s, u"3000"_s, u"ab 0,0 Lux"_s);
+        licht("light, equal numbers above", u"0"_s, u"3000,0"_s, u"bis 3000,0 Lux"_s);
+        licht("light, no number", u"hell"_s, u"3000"_s, u"ab hell Lux"_s);
+        const auto temperatur = [&](const char *name, const QString &unten, const QString &oben, const QString &worte) {
+            text(name, "txtMinTemp", "txtMaxTemp", unten, oben, worte.isEmpty() ? worte : u"Temperatur: |"_s + worte);
+        };
+        temperatur("temperature, defaults", u"-20"_s, u"50"_s, {});
+        temperatur("temperature, lower", u"-5"_s, u"50"_s, u"ab -5 °C"_s);
+        temperatur("temperature, upper", u"-20"_s, u"30"_s, u"bis 30 °C"_s);
+        temperatur("temperature, both", u"0"_s, u"22,5"_s, u"0 - 22,5 °C"_s);
+        temperatur("temperature, equal numbers", u"-20,0"_s, u"50"_s, u"ab -20,0 °C"_s);
+        temperatur("temperature, empty", u"-20"_s, u""_s, u"bis  °C"_s);
+    }
+    void bereiche()
+    {
+        QFETCH(QByteArray, min);
+        QFETCH(QByteArray, max);
+        QFETCH(QString, unten);
+        QFETCH(QString, oben);
+        QTEST(gedruckt(Zustand(Sparte::Topf).text(min, unten).text(max, oben)), "zeilen");
+    }
+
+    void bewertung_data()
+    {
+        QTest::addColumn<Sparte>("sparte");
+        QTest::addColumn<int>("stufe");
+        QTest::addColumn<bool>("minimum");
+        for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
+            for (int stufe = 1; stufe <= 5; ++stufe)
+                for (const bool minimum : {true, false})
+                    QTest::addRow("%d, %s %d", int(sparte), minimum ? "Minimum" : "Maximum", stufe) << sparte << stufe << minimum;
+    }
+    /// Prints unless option and step stand as the dialog opens.
+    void bewertung()
+    {
+        QFETCH(Sparte, sparte);
+        QFETCH(int, stufe);
+        QFETCH(bool, minimum);
+        QStringList soll;
+        if (!minimum || stufe != 3)
+            soll += u"Bewertung: |%1 Stufe "_s.arg(minimum ? u"ab"_s : u"bis"_s) + QString::number(stufe) + note;
+        QCOMPARE(gedruckt(Zustand(sparte).bewertung(stufe, minimum)), soll);
+    }
+
+    void texte_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("name") << u"Araceae"_s;
+        QTest::newRow("blanks") << u" a  b "_s;
+        QTest::newRow("place mark") << u"100 %1 %2"_s;
+        QTest::newRow("jokers") << u"*?#'\"m2"_s;
+        QTest::newRow("umlauts") << u"ÄÖÜäöüß"_s;
+    }
+    /// Family and text boxes print as they stand.
+    void texte()
+    {
+        QFETCH(QString, text);
+        const std::pair<Sparte, QList<const char *>> boxen[] = {
+            {Sparte::Topf, {"cmbFamilie", "txtKrank", "txtbotName", "txtSynonym", "txtSynonymDeutsch", "txtSorte", "txtBenutzerText"}},
+            {Sparte::Apfel, {"txtName", "txtSynonym", "txtVName", "txtBenutzerText"}}};
+        for (const auto &[sparte, controls] : boxen)
+            for (const Druckzeile &zeile : zeilenVon(sparte))
+                if (std::ranges::any_of(controls, [&](const char *control) { return qstrcmp(control, zeile.control) == 0; }))
+                    QCOMPARE(gedruckt(Zustand(sparte).text(zeile.control, text)), QStringList{zeile.label.toString() + u'|' + text});
+    }
+    void alleFamilien()
+    {
+        QCOMPARE(gedruckt(Zustand(Sparte::Topf).text("cmbFamilie", u"- Alle -"_s)), QStringList());
+        QCOMPARE(gedruckt(Zustand(Sparte::Topf).text("cmbFamilie", u"-- Alle --"_s)), QStringList{u"Familie: |-- Alle --"_s});
+    }
+
+    void namenlose_data()
+    {
+        QTest::addColumn<QList<int>>("gewaehlt");
+        QTest::addColumn<QStringList>("zeilen");
+        const QString label = u"benu.definierte Eigenschaften: |"_s;
+        QTest::newRow("named and nameless") << QList<int>{0, 1, 2} << QStringList{label + u"eins, drei"_s};
+        QTest::newRow("nameless first") << QList<int>{1, 2} << QStringList{label + u"drei"_s};
+        QTest::newRow("blank name") << QList<int>{4} << QStringList{label + u" "_s};
+        // It restricts the list all the same.
+        QTest::newRow("only nameless") << QList<int>{1, 3} << QStringList{label};
+        QTest::newRow("none") << QList<int>{} << QStringList{};
+    }
+    void namenlose()
+    {
+        QFETCH(QList<int>, gewaehlt);
+        Programm programm;
+        programm.BenutzerNamen[size_t(Sparte::Apfel)] = {u"eins"_s, QString(), u"drei"_s, u""_s, u" "_s};
+        Zustand z(Sparte::Apfel);
+        for (const int i : gewaehlt)
+            z.waehlen("sschkBenutzer", i);
+        QTEST(alsText(kriterienzeilen(z.beschreibung, z.werte, {programm, eintrag(Sparte::Apfel)})), "zeilen");
+    }
+
+    /// A criterion without words has a line of its own on the page as well.
+    void namenlosesAufDemBlatt()
+    {
+        Programm programm;
+        Zustand z(Sparte::Apfel);
+        z.waehlen("sschkBenutzer").waehlen("chkAusbildung");
+        const Druckauftrag auftrag{.sparte = Sparte::Apfel, .pflanzen = nullptr, .arbeit = {}, .filter = z.werte};
+        Printer drucker(blattA4());
+        Druck druck(programm, auftrag, drucker);
+        QVERIFY(druck.DruckGefilterteListe());
+        const Druckseiten seiten = drucker.EndDoc();
+        QMap<QString, double> y;
+        for (const Drucktext &text : seiten.seiten[0].texte)
+            y[text.text] = text.y;
+        const double zeile = schriftmass({.Size = 9}).zeilenhoehe();
+        QCOMPARE(y.value(u"benu.definierte Eigenschaften: "_s), y.value(u"Apfelsorten"_s) + zeile);
+        QCOMPARE(y.value(u"Ausbildung: "_s), y.value(u"Apfelsorten"_s) + 2 * zeile);
+    }
+
+    /// Pictures say nothing about a plant.
+    void bilder()
+    {
+        for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel}) {
+            QCOMPARE(gedruckt(Zustand(sparte).waehlen("chkBild")), QStringList());
+            QCOMPARE(gedruckt(Zustand(sparte).waehlen("chkBild").waehlen("chkOhneBild")), QStringList());
+        }
+    }
+
+    /// Any state of a dialog prints what is set, in the order of print, and nothing else.
+    void zufall()
+    {
+        Zufall zufall(20240611);
+        int leer = 0, viele = 0;
+        for (int i = 0; i < 400; ++i) {
+            const Sparte sparte = i % 2 ? Sparte::Apfel : Sparte::Topf;
+            const Zustand z = zufallszustand(sparte, zufall, {u""_s, u"a"_s, u"rot"_s}, {u"- Alle -"_s, u"Araceae"_s});
+            QStringList soll, ist;
+            for (const Druckzeile &zeile : zeilenVon(sparte)) {
+                const auto kriterium = std::ranges::find_if(z.beschreibung.kriterien, [&](const Kriterium &k) {
+                    return qstrcmp(k.a.control, zeile.control) == 0 || qstrcmp(k.b.control, zeile.control) == 0;
+                });
+                const Kriteriumzustand &zustand = z.werte.kriterien[size_t(kriterium - z.beschreibung.kriterien.begin())];
+                const bool gesetzt = zeile.worte ? anzahlGewaehlt(kriterium->a, zustand.a) + anzahlGewaehlt(kriterium->b, zustand.b) > 0
+                                                 : zeigtAktiv(*kriterium, zustand);
+                if (gesetzt)
+                    soll += zeile.label.toString();
+            }
+            for (const Kriteriumzeile &zeile : kriterienzeilen(z.beschreibung, z.werte, quelle(sparte)))
+                ist += zeile.label;
+            QCOMPARE(ist, soll);
+            leer += soll.isEmpty();
+            viele += soll.size() > 3;
+        }
+        QVERIFY(leer < 100 && viele > 50);
+    }
+
+private:
+    void kriterien(bool nurGruppen = false)
+    {
+        QTest::addColumn<Sparte>("sparte");
+        QTest::addColumn<const Druckzeile *>("zeile");
+        for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
+            for (const Druckzeile &zeile : zeilenVon(sparte))
+                if (zeile.worte || !nurGruppen)
+                    QTest::addRow("%s %s", sparte == Sparte::Topf ? "to" : "ap", zeile.control) << sparte << &zeile;
+    }
+    Wortquelle quelle(Sparte sparte) const { return {programm_, eintrag(sparte)}; }
+    QStringList gedruckt(const Zustand &z) const { return alsText(kriterienzeilen(z.beschreibung, z.werte, quelle(z.beschreibung.sparte))); }
+
+    Programm programm_;
+};
+
+QTEST_MAIN(TestKriteriendruck)
+#include "tst_kriteriendruck.moc"
