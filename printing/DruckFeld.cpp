@@ -14,11 +14,12 @@ QString DruckFeld(const Wortquelle &quelle, const Spalte &spalte, const QString 
     case Art::Literatur: return listentext(wert, *spalte.liste);
     case Art::Monate: return listentext(wert, WL_Monate);
     case Art::Eigen: {
-        QStringList namen; // a property without a name has no word
+        const auto &namen = quelle.programm.BenutzerNamen[size_t(quelle.sparte.sparte)];
+        QStringList worte; // a property without a name has none
         for (int p = 1; p <= anzahlEigenschaften; ++p)
-            if (const QString &name = quelle.programm.BenutzerNamen[size_t(quelle.sparte.sparte)][size_t(p - 1)]; flagGesetzt(wert, p) && !name.isEmpty())
-                namen += name;
-        return namen.join(QStringLiteral(", "));
+            if (const QString &name = namen[size_t(p - 1)]; flagGesetzt(wert, p) && !name.isEmpty())
+                worte += name;
+        return worte.join(QStringLiteral(", "));
     }
     case Art::Wahrheit: return istWahr(wert) ? spalte.satz.toString() : QString();
     case Art::Familie: return quelle.arbeit ? familienname(quelle.arbeit, wert) : QString();

@@ -136,7 +136,8 @@ void TestKriterien::fehlerFallenAuf_data()
           u"Druckplatz -1 steht doppelt oder gibt es nicht"_s);
     zeile("Platz zu groß", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k.back().druckplatz = 32; },
           u"Druckplatz 32 steht doppelt oder gibt es nicht"_s);
-    zeile("Lücke vor dem letzten Platz", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k.back().druckplatz = 31; }, u"Druckplatz 30 fehlt"_s);
+    zeile("Lücke vor dem letzten Platz", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k.back().druckplatz = 31; },
+          u"Druckplatz 30 fehlt"_s);
     zeile("Lücke", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[3] = gedruckt(0, {}, k[3]); }, u"Druckplatz 4 fehlt"_s);
     zeile("erster Platz fehlt", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[0] = gedruckt(0, {}, k[0]); }, u"Druckplatz 1 fehlt"_s);
     zeile("letzter Platz fehlt", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k.back() = gedruckt(0, {}, k.back()); }, {});

@@ -117,7 +117,8 @@ private slots:
                 QCOMPARE(text(wert), wert);
             break;
         case Art::Memo:
-            QCOMPARE(text(u"Eine \u00EC\nlange \u00EC\nBemerkung\r\nmit \u00EC und\nZeilen."_s), u"Eine lange Bemerkung\r\nmit \u00EC und\nZeilen."_s);
+            QCOMPARE(text(u"Eine \u00EC\nlange \u00EC\nBemerkung\r\nmit \u00EC und\nZeilen."_s),
+                     u"Eine lange Bemerkung\r\nmit \u00EC und\nZeilen."_s);
             QCOMPARE(text(u"0"_s), u"0"_s);
             QCOMPARE(text(u"\u00EC\n"_s), QString());
             break;
@@ -207,7 +208,8 @@ private slots:
 
     void einheiten()
     {
-        const QMap<int, QString> topf{{6, u" m"_s}, {7, u" m"_s}, {8, u" m"_s}, {9, u" m"_s}, {21, u" Lux"_s}, {22, u" Lux"_s}, {23, u" °C"_s}, {24, u" °C"_s}};
+        const QMap<int, QString> topf{{6, u" m"_s}, {7, u" m"_s}, {8, u" m"_s}, {9, u" m"_s},
+                                      {21, u" Lux"_s}, {22, u" Lux"_s}, {23, u" °C"_s}, {24, u" °C"_s}};
         const Tabelle *tabelle = schema::haupttabelle(u"Topfpfl"_s);
         for (size_t i = 0; i < tabelle->spalten.size(); ++i)
             QCOMPARE(tabelle->spalten[i].einheit.toString(), topf.value(int(i)));
@@ -359,9 +361,10 @@ private:
 
     static void zahlen(const Textquelle &text)
     {
-        const std::pair<QString, QString> proben[] = {{u"0"_s, u"0"_s}, {u"0.5"_s, u"0,5"_s}, {u"0,5"_s, u"0,5"_s}, {u"1.25"_s, u"1,25"_s}, {u"2"_s, u"2"_s},
-                                                      {u"2.0"_s, u"2"_s}, {u"20"_s, u"20"_s}, {u"3000"_s, u"3000"_s}, {u"-5"_s, u"-5"_s}, {u"-0.5"_s, u"-0,5"_s},
-                                                      {u"0.05"_s, u"0,05"_s}, {u"etwa 2"_s, u"etwa 2"_s}};
+        const std::pair<QString, QString> proben[] = {
+            {u"0"_s, u"0"_s}, {u"0.5"_s, u"0,5"_s}, {u"0,5"_s, u"0,5"_s}, {u"1.25"_s, u"1,25"_s}, {u"2"_s, u"2"_s}, {u"2.0"_s, u"2"_s},
+            {u"20"_s, u"20"_s}, {u"3000"_s, u"3000"_s}, {u"-5"_s, u"-5"_s}, {u"-0.5"_s, u"-0,5"_s}, {u"0.05"_s, u"0,05"_s},
+            {u"etwa 2"_s, u"etwa 2"_s}};
         for (const auto &[wert, gedruckt] : proben)
             QCOMPARE(text(wert), gedruckt);
     }

@@ -376,7 +376,8 @@ private slots:
         QFETCH(double, pixelProMm);
         const double spiel = 1.01 / pixelProMm;
         const auto gleich = [&](const QRectF &a, const QRectF &b) {
-            return nahe(a.left(), b.left(), spiel) && nahe(a.top(), b.top(), spiel) && nahe(a.right(), b.right(), spiel) && nahe(a.bottom(), b.bottom(), spiel);
+            return nahe(a.left(), b.left(), spiel) && nahe(a.top(), b.top(), spiel)
+                && nahe(a.right(), b.right(), spiel) && nahe(a.bottom(), b.bottom(), spiel);
         };
         const auto ink = [&](const Druckseite &seite, QPointF ursprung = {}) { return tinte(gemalt(seite, pixelProMm, ursprung), pixelProMm); };
         QVERIFY(gleich(ink({{}, {{20, 30, 60, 30, 1}}}), QRectF(19.5, 29.5, 41, 1)));
