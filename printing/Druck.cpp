@@ -335,7 +335,11 @@ bool Druck::DruckGefilterteListe()
     if (const Filterbeschreibung *filter = filterbeschreibung(auftrag_.sparte); filter && !auftrag_.filter.kriterien.empty())
         for (const Kriteriumzeile &zeile : kriterienzeilen(*filter, auftrag_.filter, worte_))
             kriterium(zeile.label, zeile.worte);
-    listenzeile(QString(), false);
+    // The heading stays with a plant.
+    if (amFuss(3))
+        SeitenwechselListe();
+    else
+        listenzeile(QString(), false);
     listenzeile(QStringLiteral("Pflanzen:"), true);
     if (auftrag_.pflanzen) {
         Recordset &pflanzen = *auftrag_.pflanzen;

@@ -45,6 +45,8 @@ public:
     Sollseiten &pflanze(const QString &botanisch, const QString &deutsch) { return text(20, botanisch).text(110, deutsch).ende(); }
     /// Begins a page whose first line stands there.
     Sollseiten &seite(double y);
+    /// Whether nothing stands on the page yet.
+    bool leer() const { return seiten_.last().isEmpty(); }
 
     QList<QStringList> zeilen() const;
 

@@ -92,11 +92,11 @@ Sollseiten listenanfang(const QString &wort = u"Topfpflanzen"_s)
     return Sollseiten().ueberschrift(u"Filter:"_s).kriterium(u"Datenbank: "_s, wort);
 }
 
-/// The end of the criteria and that many plants of a row.
+/// A blank line between the criteria and the plants, none at the top of a page; then that many plants of a row.
 Sollseiten &namen(Sollseiten &seiten, int von, int bis)
 {
     if (von == 1)
-        seiten.ende().ueberschrift(u"Pflanzen:"_s);
+        (seiten.leer() ? seiten : seiten.ende()).ueberschrift(u"Pflanzen:"_s);
     for (int i = von; i <= bis; ++i)
         seiten.pflanze(botanisch(i), deutsch(i));
     return seiten;
@@ -273,6 +273,7 @@ void TestListe::kriteriumAmSeitenende_data()
     QTest::addColumn<int>("zeilen"); // of the next criterion
     QTest::addColumn<int>("hier");   // how many of them stand on the first page
     QTest::newRow("one line at 64") << 64 << 1 << 1;
+    QTest::newRow("no room for a plant under the heading") << 63 << 1 << 1;
     QTest::newRow("one line at 65") << 65 << 1 << 0;
     QTest::newRow("two lines at 64") << 64 << 2 << 1;
     QTest::newRow("two lines at 65") << 65 << 2 << 0;
