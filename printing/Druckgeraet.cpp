@@ -111,7 +111,15 @@ QString Systemdrucker::datei() const
 
 bool Systemdrucker::einrichten(QWidget *eltern)
 {
-    QPrintDialog dialog(drucker_.get(), eltern);
+    // The dialog changes its printer before it is accepted.
+    auto neu = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    if (schreibtDatei())
+        neu->setOutputFileName(drucker_->outputFileName());
+    else
+        neu->setPrinterName(drucker_->printerName());
+    neu->setPageLayout(drucker_->pageLayout());
+    neu->setResolution(aufloesung);
+    QPrintDialog dialog(neu.get(), eltern);
     dialog.setWindowTitle(QStringLiteral("Druckereinrichtung"));
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
     // Its own button promises to print at once.
@@ -119,6 +127,7 @@ bool Systemdrucker::einrichten(QWidget *eltern)
         tasten->button(QDialogButtonBox::Ok)->setText(QStringLiteral("OK"));
     if (dialog.exec() != QDialog::Accepted)
         return false;
+    drucker_ = std::move(neu);
     raenderAnpassen();
     return true;
 }
