@@ -8,6 +8,7 @@
 #include "plantwindows/Beschreibung.h"
 #include "controls/Bilder.h"
 #include "controls/Geschuetzt.h"
+#include "controls/Sanduhr.h"
 #include "pictures/cDIBSection.h"
 #include "pictures/frmBilder.h"
 #include "pictures/mIntelJPEGLibrary.h"
@@ -178,12 +179,7 @@ void mdiZentral::FensterOeffnen(Sparte sparte)
 {
     if (!fensterbeschreibung(sparte))
         return;
-    struct Sanduhr
-    {
-        QWidget *fenster;
-        explicit Sanduhr(QWidget *f) : fenster(f) { fenster->setCursor(Qt::WaitCursor); }
-        ~Sanduhr() { fenster->unsetCursor(); }
-    } sanduhr(this);
+    const Sanduhr sanduhr(this);
     const int nummer = tabelle(sparte).FensterNummerHolen();
     Pflanzenfenster *form = fenster(sparte, nummer);
     if (!form)
@@ -274,7 +270,7 @@ Pflanzenfenster *mdiZentral::aktivesFenster()
 
 void mdiZentral::bildZeigen()
 {
-    setCursor(Qt::WaitCursor);
+    const Sanduhr sanduhr(this);
     if (bilder_) {
         bilder_->NeuePflanze();
     } else {
@@ -291,7 +287,6 @@ void mdiZentral::bildZeigen()
     bilder_->show();
     bilder_->raise();
     bilder_->activateWindow();
-    unsetCursor();
 }
 
 void mdiZentral::drucken()

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <ranges>
 #include <vector>
 
@@ -88,7 +87,7 @@ QStringList absaetze(QString text)
 } // namespace
 
 Druck::Druck(Programm &programm, const Druckauftrag &auftrag, Printer &drucker)
-    : programm_(programm), auftrag_(auftrag), drucker_(drucker), sparte_(::eintrag(auftrag.sparte)),
+    : programm_(programm), auftrag_(auftrag), drucker_(drucker), sparte_(eintrag(auftrag.sparte)),
       beschreibung_(druckbeschreibung(auftrag.sparte)), worte_{programm, sparte_, auftrag.arbeit}
 {
     drucker_.PrintQuality = 300;
@@ -132,9 +131,11 @@ void Druck::TextUmbrechen(const QString &text, double hoechstens)
         DruckZeilen[zeilen.size() - i] = std::move(zeilen[i]);
 }
 
-bool Druck::umbrechen(const QString &text, const QString &label)
+bool Druck::umbrechen(const QString &text, const QString &label, double hoechstens)
 {
-    TextUmbrechen(text);
+    TextUmbrechen(text, hoechstens);
+    if (text.trimmed().isEmpty())
+        DruckZeilenAnzahl = 0;
     if (abgeschnitten_ && !gekuerzt_)
         gekuerzt_ = label;
     return DruckZeilenAnzahl > 0;
@@ -223,7 +224,7 @@ QString Druck::wert(const char *spalte)
 
 const Druckausnahme *Druck::ausnahme(const Spalte &spalte) const
 {
-    const auto nennt = [&](const char *feld) { return feld && std::strcmp(feld, spalte.name) == 0; };
+    const auto nennt = [&](const char *feld) { return feld && qstricmp(feld, spalte.name) == 0; };
     for (const Druckausnahme &ausnahme : beschreibung_->ausnahmen)
         if (nennt(ausnahme.feld) || nennt(ausnahme.feld2))
             return &ausnahme;
@@ -241,34 +242,37 @@ void Druck::feld(const Spalte &spalte)
         case Druckart::Titel: titel(text); return;
         case Druckart::MitSynonymen: {
             const qint64 artnr = auftrag_.pflanzen->Schluessel();
-            eintrag(label, mitSynonymen(text, synonyme(auftrag_.arbeit, sparte_, artnr, true)));
-            eintrag(besonders->label.toString(), mitSynonymen({}, synonyme(auftrag_.arbeit, sparte_, artnr, false)));
+            blatteintrag(label, mitSynonymen(text, synonyme(auftrag_.arbeit, sparte_, artnr, true)));
+            blatteintrag(besonders->label.toString(), mitSynonymen({}, synonyme(auftrag_.arbeit, sparte_, artnr, false)));
             return;
         }
         case Druckart::Bereich: {
-            const bool obere = std::strcmp(besonders->feld2, spalte.name) == 0;
+            const bool obere = qstricmp(besonders->feld2, spalte.name) == 0;
             const QString andere = wert(obere ? besonders->feld : besonders->feld2);
             if (obere && !andere.isEmpty())
                 return; // stands behind the lower bound
             QString grenzen = obere ? QStringLiteral("max. ") + text : QStringLiteral("mind. ") + text;
             if (!obere && !andere.isEmpty())
                 grenzen = QStringLiteral("%1 - %2").arg(text, DruckFeld(worte_, spalte, andere));
-            eintrag(besonders->label.toString(), QStringLiteral("%1%2").arg(grenzen, spalte.einheit));
+            blatteintrag(besonders->label.toString(), QStringLiteral("%1%2").arg(grenzen, spalte.einheit));
             return;
         }
+        case Druckart::Zeile: zeileUeberBeideSpalten(text); return;
         }
     }
-    if (spalte.art == Art::Quelle && !text.isEmpty()) {
-        // A line of its own across both columns.
-        if (ZeilenZaehler > eintragZeilen || amFuss())
-            SeitenwechselPflanze();
-        schrift(programm_.SchriftGroesse);
-        drucker_.CurrentX = labelspalte;
-        drucker_.Print(text);
-        ++ZeilenZaehler;
+    blatteintrag(label, text.isEmpty() ? text : QStringLiteral("%1%2").arg(text, spalte.einheit));
+}
+
+void Druck::zeileUeberBeideSpalten(const QString &text)
+{
+    if (text.isEmpty())
         return;
-    }
-    eintrag(label, text.isEmpty() ? text : QStringLiteral("%1%2").arg(text, spalte.einheit));
+    if (ZeilenZaehler > eintragZeilen || amFuss())
+        SeitenwechselPflanze();
+    schrift(programm_.SchriftGroesse);
+    drucker_.CurrentX = labelspalte;
+    drucker_.Print(text);
+    ++ZeilenZaehler;
 }
 
 void Druck::titel(const QString &name)
@@ -276,7 +280,7 @@ void Druck::titel(const QString &name)
     const auto gross = [&] { schrift(programm_.SchriftGroesse * 2, true, true); };
     gross();
     drucker_.CurrentX = 0;
-    umbrechen(name, name);
+    umbrechen(name, {});
     for (int i = DruckZeilenAnzahl; i >= 1; --i) {
         if (amFuss()) {
             SeitenwechselPflanze();
@@ -288,7 +292,7 @@ void Druck::titel(const QString &name)
     }
 }
 
-void Druck::eintrag(const QString &label, const QString &text)
+void Druck::blatteintrag(const QString &label, const QString &text)
 {
     schrift(programm_.SchriftGroesse);
     drucker_.CurrentX = 0;
@@ -332,7 +336,7 @@ bool Druck::DruckGefilterteListe()
     drucker_.CurrentY = ersteZeile;
     listenzeile(QStringLiteral("Filter:"), true);
     kriterium(QStringLiteral("Datenbank: "), sparte_.titel.toString());
-    if (const Filterbeschreibung *filter = filterbeschreibung(auftrag_.sparte); filter && !auftrag_.filter.kriterien.empty())
+    if (const Filterbeschreibung *filter = filterbeschreibung(auftrag_.sparte))
         for (const Kriteriumzeile &zeile : kriterienzeilen(*filter, auftrag_.filter, worte_))
             kriterium(zeile.label, zeile.worte);
     // The heading stays with a plant.
@@ -372,7 +376,7 @@ void Druck::kriterium(const QString &label, const QString &worte)
     drucker_.PrintAnfang(label.endsWith(u' ') ? label : label + u' ');
     schrift(programm_.SchriftGroesse);
     const double einzug = drucker_.CurrentX;
-    if (!umbrechen(worte, label)) {
+    if (!umbrechen(worte, label.section(u':', 0, 0))) {
         drucker_.Print(QString()); // the line of a label without words ends here
         ++ZeilenZaehler;
     }
@@ -388,12 +392,12 @@ void Druck::kriterium(const QString &label, const QString &worte)
 void Druck::pflanze(const QString &botanisch, const QString &deutsch)
 {
     drucker_.CurrentX = 0;
-    TextUmbrechen(botanisch, listeDeutsch - spaltenabstand);
+    umbrechen(botanisch, {}, listeDeutsch - spaltenabstand);
     QStringList namen;
     for (int i = DruckZeilenAnzahl; i >= 1; --i)
         namen += DruckZeilen[size_t(i)];
     drucker_.CurrentX = listeDeutsch;
-    TextUmbrechen(deutsch);
+    umbrechen(deutsch, {});
     const int zeilen = std::max(int(namen.size()), DruckZeilenAnzahl);
     // A deleted plant has no lines.
     for (int i = 0; i < zeilen; ++i) {
@@ -409,7 +413,6 @@ void Druck::pflanze(const QString &botanisch, const QString &deutsch)
         drucker_.CurrentX = listeDeutsch;
         drucker_.CurrentY = y;
         drucker_.Print(i < DruckZeilenAnzahl ? DruckZeilen[size_t(DruckZeilenAnzahl - i)] : QString());
-        ++ZeilenZaehler;
         ++listenZaehler_;
     }
 }

@@ -11,7 +11,7 @@
 struct Druckausnahme;
 struct Druckbeschreibung;
 
-/// What a printout reads of a plant window.
+/// What the print dialog and the printouts read of a plant window.
 struct Druckauftrag
 {
     Sparte sparte;
@@ -38,12 +38,13 @@ public:
     const std::optional<QString> &gekuerzt() const { return gekuerzt_; }
 
     /// Fills DruckZeilen with the text in the printer's font, broken at blanks and line ends: `hoechstens` millimetres wide, and
-    /// from CurrentX never beyond the right end of the rules. What has no place is cut with " ...".
-    void TextUmbrechen(const QString &text, double hoechstens = 125);
+    /// from CurrentX never beyond the right end of the rules (but 10 mm at least). What has no place is cut with " ...".
+    void TextUmbrechen(const QString &text, double hoechstens = textbreite);
+    static constexpr double textbreite = 125;
     /// The lines of the last wrapped text, the last one at 1, the first one at DruckZeilenAnzahl; 0 is not used.
     std::array<QString, 101> DruckZeilen;
     int DruckZeilenAnzahl = 0;
-    /// Lines printed on the page since its top.
+    /// Lines counted on the page, up to the list of plants; the line that a break falls upon does not count on the new page.
     int ZeilenZaehler = 0;
 
 private:
@@ -57,11 +58,12 @@ private:
     /// Whether so many more lines would touch the foot: less paper than the count of lines assumes.
     bool amFuss(int zeilen = 1) const;
     /// Wraps an entry; false where there is nothing to print.
-    bool umbrechen(const QString &text, const QString &label);
+    bool umbrechen(const QString &text, const QString &label, double hoechstens = textbreite);
 
     void feld(const Spalte &spalte);
     void titel(const QString &name);
-    void eintrag(const QString &label, const QString &text);
+    void zeileUeberBeideSpalten(const QString &text);
+    void blatteintrag(const QString &label, const QString &text);
     const Druckausnahme *ausnahme(const Spalte &spalte) const;
     QString wert(const char *spalte);
 

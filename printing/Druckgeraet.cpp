@@ -1,7 +1,6 @@
 #include "Druckgeraet.h"
 
 #include "store/Dateien.h"
-#include "store/Fehler.h"
 
 #include <QBuffer>
 #include <QDialogButtonBox>
@@ -10,18 +9,26 @@
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QPrinterInfo>
 #include <QPushButton>
 #include <QStandardPaths>
 
 namespace {
 
 constexpr int aufloesung = 300; // dots to the inch
-constexpr double mmProZoll = 25.4;
 
-/// Paints page after page; `neueSeite` asks the device for the next one.
-template<typename Geraet>
-bool seitenMalen(const Druckseiten &seiten, Geraet &geraet)
+/// A file that does not exist yet.
+QString freierName(const QString &ordner)
+{
+    const QDir dir(ordner);
+    QString name = QStringLiteral("Flox.pdf");
+    for (int i = 2; dir.exists(name); ++i)
+        name = QStringLiteral("Flox %1.pdf").arg(i);
+    return dir.filePath(name);
+}
+
+} // namespace
+
+bool seitenMalen(const Druckseiten &seiten, QPagedPaintDevice &geraet)
 {
     QPainter maler;
     if (!maler.begin(&geraet))
@@ -29,12 +36,10 @@ bool seitenMalen(const Druckseiten &seiten, Geraet &geraet)
     for (size_t i = 0; i < seiten.seiten.size(); ++i) {
         if (i > 0 && !geraet.newPage())
             return false;
-        seiteMalen(maler, seiten.seiten[i], geraet.resolution() / mmProZoll);
+        seiteMalen(maler, seiten.seiten[i], geraet.logicalDpiX() / mmProZoll);
     }
     return maler.end();
 }
-
-} // namespace
 
 QString dateiordner()
 {
@@ -63,12 +68,10 @@ void pdfSchreiben(const Druckseiten &seiten, const QPageLayout &blatt, const QSt
 
 Systemdrucker::Systemdrucker() : drucker_(std::make_unique<QPrinter>(QPrinter::HighResolution))
 {
-    if (QPrinterInfo::defaultPrinter().isNull())
-        drucker_->setOutputFormat(QPrinter::PdfFormat);
     if (schreibtDatei()) {
         drucker_->setPageSize(QPageSize(QPageSize::A4));
-        // The set-up dialog shows a path in any case.
-        vorschlag_ = QDir(dateiordner()).filePath(QStringLiteral("Flox.pdf"));
+        // The set-up dialog shows a path in any case and asks where it is taken.
+        vorschlag_ = freierName(dateiordner());
         drucker_->setOutputFileName(vorschlag_);
     }
     drucker_->setResolution(aufloesung);
@@ -117,8 +120,15 @@ bool Systemdrucker::einrichten(QWidget *eltern)
         neu->setOutputFileName(drucker_->outputFileName());
     else
         neu->setPrinterName(drucker_->printerName());
+    neu->setOutputFormat(drucker_->outputFormat());
     neu->setPageLayout(drucker_->pageLayout());
     neu->setResolution(aufloesung);
+    neu->setCopyCount(drucker_->copyCount());
+    neu->setCollateCopies(drucker_->collateCopies());
+    neu->setDuplex(drucker_->duplex());
+    neu->setColorMode(drucker_->colorMode());
+    neu->setPaperSource(drucker_->paperSource());
+    neu->setPageOrder(drucker_->pageOrder());
     QPrintDialog dialog(neu.get(), eltern);
     dialog.setWindowTitle(QStringLiteral("Druckereinrichtung"));
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
@@ -140,6 +150,8 @@ void Systemdrucker::drucken(const Druckseiten &seiten, const QString &titel, con
     }
     drucker_->setDocName(titel);
     drucker_->setCreator(QStringLiteral("Flox"));
-    if (!seitenMalen(seiten, *drucker_))
+    if (!seitenMalen(seiten, *drucker_)) {
+        drucker_->abort(); // half a printout is none
         throw Geraetefehler();
+    }
 }

@@ -1,19 +1,27 @@
 #pragma once
 
 #include "Druckseiten.h"
+#include "store/Fehler.h"
 
 #include <QPageLayout>
 
 #include <memory>
 
+class QPagedPaintDevice;
 class QPrinter;
 class QWidget;
 
 /* Where a printout goes. */
 
 /// The device is not there or cannot be started.
-struct Geraetefehler
+class Geraetefehler : public Fehler
 {
+public:
+    Geraetefehler()
+        : Fehler(QStringLiteral("Es ist ein Problem mit dem Drucker aufgetreten!\n\n"
+                                "Entweder er ist nicht richtig installiert oder  nicht betriebsbereit.\nBitte überprüfen!"))
+    {
+    }
 };
 
 class Druckgeraet
@@ -55,6 +63,8 @@ private:
     QString vorschlag_; ///< path that nobody chose
 };
 
+/// Paints all pages on a device at its own resolution; false, with part of them painted, when it fails.
+bool seitenMalen(const Druckseiten &seiten, QPagedPaintDevice &geraet);
 /// Folder that files are offered in first: the user's documents.
 QString dateiordner();
 /// Writes the pages as a PDF file. Throws Fehler, with an old file kept, where it cannot be written.

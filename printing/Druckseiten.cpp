@@ -1,6 +1,7 @@
 #include "Druckseiten.h"
 
 #include <QPainter>
+#include <qapplicationstatic.h>
 
 #include <cmath>
 #include <memory>
@@ -31,19 +32,26 @@ double Schriftmass::breite(const QString &text) const
     return mass_.horizontalAdvance(text) / einheitenProMm;
 }
 
+namespace {
+
+struct Bekannt
+{
+    Druckschrift schrift;
+    std::unique_ptr<Schriftmass> mass;
+};
+
+// Fonts must be gone before the application is.
+Q_APPLICATION_STATIC(std::vector<Bekannt>, bekannte)
+
+} // namespace
+
 const Schriftmass &schriftmass(const Druckschrift &schrift)
 {
     // A printout uses a handful of fonts.
-    struct Eintrag
-    {
-        Druckschrift schrift;
-        std::unique_ptr<Schriftmass> mass;
-    };
-    static std::vector<Eintrag> alle;
-    for (const Eintrag &eintrag : alle)
-        if (eintrag.schrift == schrift)
-            return *eintrag.mass;
-    return *alle.emplace_back(schrift, std::make_unique<Schriftmass>(schrift)).mass;
+    for (const Bekannt &bekannt : *bekannte)
+        if (bekannt.schrift == schrift)
+            return *bekannt.mass;
+    return *bekannte->emplace_back(schrift, std::make_unique<Schriftmass>(schrift)).mass;
 }
 
 void seiteMalen(QPainter &maler, const Druckseite &seite, double einheitenProMm)

@@ -9,6 +9,8 @@
 
 class QPainter;
 
+inline constexpr double mmProZoll = 25.4;
+
 /* What is printed, before any device knows of it: texts and lines at their places on pages. Printer, PDF and preview paint it
    by one function; tests read it. All measures are millimetres from the left and top edges of the printable area. */
 
@@ -61,7 +63,7 @@ public:
 
     /// Whole numbers of these are the usual sizes of fonts, so that no size is rounded.
     static constexpr double einheitenProZoll = 1200;
-    static constexpr double einheitenProMm = einheitenProZoll / 25.4;
+    static constexpr double einheitenProMm = einheitenProZoll / mmProZoll;
 
 private:
     QFont schrift_;

@@ -2,6 +2,8 @@
 
 #include "store/Fehler.h"
 
+#include <algorithm>
+
 namespace {
 
 QString gruppenworte(const Steuerteil &teil, const Teilzustand &zustand, const Spalte *spalte, const Wortquelle &quelle)
@@ -64,7 +66,7 @@ QString worte(const Filterbeschreibung &beschreibung, const Kriterium &k, const 
 std::vector<Kriteriumzeile> kriterienzeilen(const Filterbeschreibung &beschreibung, const Filterzustand &zustand, const Wortquelle &quelle)
 {
     std::vector<Kriteriumzeile> nachPlatz(beschreibung.kriterien.size() + 1);
-    for (size_t i = 0; i < beschreibung.kriterien.size(); ++i) {
+    for (size_t i = 0; i < std::min(beschreibung.kriterien.size(), zustand.kriterien.size()); ++i) {
         const Kriterium &k = beschreibung.kriterien[i];
         const Kriteriumzustand &z = zustand.kriterien[i];
         if (k.druckplatz != 0 && gesetzt(k, z))

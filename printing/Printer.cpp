@@ -12,7 +12,6 @@ Printer::Printer(const QPageLayout &blatt, size_t hoechstens) : papier_(blatt.pa
 
 void Printer::line(double x1, double y1, double x2, double y2)
 {
-    constexpr double mmProZoll = 25.4;
     seiten_.seiten.back().linien.push_back({x1 - ScaleLeft, y1 - ScaleTop, x2 - ScaleLeft, y2 - ScaleTop, DrawWidth * mmProZoll / PrintQuality});
     CurrentX = x2;
     CurrentY = y2;
@@ -42,5 +41,5 @@ void Printer::NewPage()
 Druckseiten Printer::EndDoc()
 {
     seiten_.seiten.resize(std::min(seiten_.seiten.size(), hoechstens_));
-    return std::move(seiten_);
+    return {seiten_.papier, seiten_.bereich, std::exchange(seiten_.seiten, std::vector<Druckseite>(1))};
 }

@@ -36,7 +36,7 @@ public:
     void Print(const QString &text);
     /// Begins a page; the point moves to (0, 0).
     void NewPage();
-    /// Ends the printout and hands the pages over.
+    /// Ends the printout and hands the pages over; the next one begins on a new page.
     Druckseiten EndDoc();
 
     /// Whether the pages that are needed are there; what is written now will be thrown away.

@@ -3,6 +3,7 @@
 #include "Druckgeraet.h"
 #include "Seitenvorschau.h"
 #include "controls/Geschuetzt.h"
+#include "controls/Sanduhr.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -19,14 +20,14 @@
 namespace {
 
 constexpr int dinA4 = 9; // number of the paper size
-const QString endung = QStringLiteral(".pdf");
+constexpr QStringView endung = u".pdf";
 
 /// Without characters that file systems do not take.
 QString dateiname(QString text)
 {
     static const QRegularExpression fremd(QStringLiteral("[^\\w .,()+-]"), QRegularExpression::UseUnicodePropertiesOption);
     text = text.remove(fremd).simplified();
-    return (text.isEmpty() ? QStringLiteral("Flox") : text) + endung;
+    return (text.isEmpty() ? QStringLiteral("Flox") : text).append(endung);
 }
 
 } // namespace
@@ -64,7 +65,6 @@ void frmDrucken::aufbauen()
     auto *cmdAbbruch = taste("cmdAbbruch", QStringLiteral("Abbrechen"), [this] { reject(); });
     auto *cmdEinrichten = taste("cmdDruckerEinrichten", QStringLiteral("Druckereinrichtung"), [this] { cmdDruckerEinrichten_Click(); });
     cmdDruck->setDefault(true);
-    cmdEinrichten->setAutoDefault(false);
     lblDrucker_ = new QLabel(this);
     lblDrucker_->setObjectName(QStringLiteral("lblDrucker"));
     lblDrucker_->setTextFormat(Qt::PlainText);
@@ -105,39 +105,42 @@ void frmDrucken::showEvent(QShowEvent *ereignis)
         QTimer::singleShot(0, this, [this] { vorschauen(); });
 }
 
-std::optional<Druckseiten> frmDrucken::seiten(size_t hoechstens, std::optional<QString> *gekuerzt)
+std::optional<frmDrucken::Ausdruck> frmDrucken::auslegen(size_t hoechstens)
 {
     const std::optional<Druckauftrag> auftrag = auftrag_();
     if (!auftrag)
         return std::nullopt;
+    const bool liste = optDruckFrage_[1]->isChecked();
     Printer drucker(geraet_.blatt(), hoechstens);
     Druck druck(programm_, *auftrag, drucker);
-    if (!(optDruckFrage_[0]->isChecked() ? druck.DruckAktuellePflanze() : druck.DruckGefilterteListe()))
+    if (!(liste ? druck.DruckGefilterteListe() : druck.DruckAktuellePflanze()))
         return std::nullopt;
-    if (gekuerzt)
-        *gekuerzt = druck.gekuerzt();
-    return drucker.EndDoc();
+    QString titel = QStringLiteral("Flox");
+    if (liste)
+        titel = QStringLiteral("%1 - Liste").arg(eintrag(auftrag->sparte).titel);
+    else if (auftrag->pflanzen && auftrag->pflanzen->AbsolutePosition() >= 0)
+        titel = auftrag->pflanzen->Fields(u"BOT_NAME").Text();
+    return Ausdruck{drucker.EndDoc(), titel, druck.gekuerzt()};
 }
 
 void frmDrucken::vorschauen()
 {
+    vorschau_->zeigen({});
     geschuetztAusfuehren(this, [this] {
         try {
             lblDrucker_->setText(QStringLiteral("Drucker: %1\nPapier: %2").arg(geraet_.name(), geraet_.blatt().pageSize().name()));
-            vorschau_->zeigen(seiten(1).value_or(Druckseiten()));
-        } catch (const Geraetefehler &) {
-            geraetefehlerZeigen();
+            if (std::optional<Ausdruck> ausdruck = auslegen(1))
+                vorschau_->zeigen(std::move(ausdruck->seiten));
+        } catch (const Geraetefehler &fehler) {
+            geraetefehlerZeigen(fehler);
             reject();
         }
     });
 }
 
-void frmDrucken::geraetefehlerZeigen()
+void frmDrucken::geraetefehlerZeigen(const Geraetefehler &fehler)
 {
-    QMessageBox::warning(this, QStringLiteral("Probleme mit dem Drucker"),
-                         QStringLiteral("Es ist ein Problem mit dem Drucker aufgetreten!\n\n"
-                                        "Entweder er ist nicht richtig installiert oder  nicht betriebsbereit.\nBitte überprüfen!"),
-                         QMessageBox::Ok | QMessageBox::Cancel);
+    QMessageBox::warning(this, QStringLiteral("Probleme mit dem Drucker"), fehler.text(), QMessageBox::Ok | QMessageBox::Cancel);
 }
 
 void frmDrucken::cmdDruckerEinrichten_Click()
@@ -146,36 +149,25 @@ void frmDrucken::cmdDruckerEinrichten_Click()
         vorschauen();
 }
 
-QString frmDrucken::titel() const
-{
-    if (const std::optional<Druckauftrag> auftrag = auftrag_()) {
-        if (!optDruckFrage_[0]->isChecked())
-            return QStringLiteral("%1 - Liste").arg(eintrag(auftrag->sparte).titel);
-        if (auftrag->pflanzen && auftrag->pflanzen->AbsolutePosition() >= 0)
-            return auftrag->pflanzen->Fields(u"BOT_NAME").Text();
-    }
-    return QStringLiteral("Flox");
-}
-
 QString frmDrucken::dateiErfragen(const QString &vorschlag)
 {
-    QFileDialog dialog(this, QStringLiteral("Ausdruck speichern"), dateiordner(), QStringLiteral("PDF-Dateien (*.pdf)"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setDefaultSuffix(endung.mid(1));
-    dialog.selectFile(vorschlag);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return {};
-    QString datei = dialog.selectedFiles().constFirst();
-    if (datei.endsWith(endung, Qt::CaseInsensitive))
-        return datei;
-    // The dialog leaves a name with a dot, as in a date, without the suffix and has not asked for this file.
-    datei += endung;
-    const QString frage = QStringLiteral("Die Datei \"%1\" gibt es schon.\nSoll sie ersetzt werden?").arg(QFileInfo(datei).fileName());
-    if (QFileInfo::exists(datei)
-        && QMessageBox::warning(this, dialog.windowTitle(), frage, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
-        return {};
-    return datei;
+    // The suffix is added here: the dialog leaves a name with a dot, as in a date, without it. So the question is asked here, too.
+    for (QString datei = vorschlag;;) {
+        QFileDialog dialog(this, QStringLiteral("Ausdruck speichern"), dateiordner(), QStringLiteral("PDF-Dateien (*.pdf)"));
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setFileMode(QFileDialog::AnyFile);
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+        dialog.selectFile(datei);
+        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+            return {};
+        datei = dialog.selectedFiles().constFirst();
+        if (!datei.endsWith(endung, Qt::CaseInsensitive))
+            datei += endung;
+        const QString frage = QStringLiteral("Die Datei \"%1\" gibt es schon.\nSoll sie ersetzt werden?").arg(QFileInfo(datei).fileName());
+        if (!QFileInfo::exists(datei)
+            || QMessageBox::warning(this, dialog.windowTitle(), frage, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes)
+            return datei;
+    }
 }
 
 void frmDrucken::cmdDruck_Click()
@@ -185,32 +177,28 @@ void frmDrucken::cmdDruck_Click()
             QMessageBox::information(this, programmtitel.toString(), QStringLiteral("Geht nicht"));
             return;
         }
-        std::optional<QString> gekuerzt;
-        const std::optional<Druckseiten> alle = seiten(std::numeric_limits<size_t>::max(), &gekuerzt);
-        if (!alle) {
+        const std::optional<Ausdruck> ausdruck = [this] {
+            const Sanduhr sanduhr(this);
+            return auslegen();
+        }();
+        if (!ausdruck) {
             QMessageBox::information(this, programmtitel.toString(), QStringLiteral("Hoppla"));
             return;
         }
         QString datei;
         if (geraet_.schreibtDatei()) {
-            datei = dateiErfragen(geraet_.datei().isEmpty() ? dateiname(titel()) : geraet_.datei());
+            datei = dateiErfragen(geraet_.datei().isEmpty() ? dateiname(ausdruck->titel) : geraet_.datei());
             if (datei.isEmpty())
                 return;
         }
-        if (gekuerzt) {
-            const QString text = gekuerzt->section(u':', 0, 0); // labels of criteria end with a colon
+        if (ausdruck->gekuerzt)
             QMessageBox::information(this, programmtitel.toString(),
-                                     (text.isEmpty() ? QStringLiteral("Ein Text") : QStringLiteral("Der Text \"%1\"").arg(text))
+                                     (ausdruck->gekuerzt->isEmpty() ? QStringLiteral("Ein Text") : QStringLiteral("Der Text \"%1\"").arg(*ausdruck->gekuerzt))
                                          + QStringLiteral(" ist zu lang. Nur seine ersten 100 Zeilen werden gedruckt."));
-        }
-        setCursor(Qt::WaitCursor);
-        geraet_.drucken(*alle, titel(), datei);
-    } catch (const Geraetefehler &) {
-        geraetefehlerZeigen();
-    } catch (...) {
-        unsetCursor();
-        throw;
+        const Sanduhr sanduhr(this);
+        geraet_.drucken(ausdruck->seiten, ausdruck->titel, datei);
+    } catch (const Geraetefehler &fehler) {
+        geraetefehlerZeigen(fehler);
     }
-    unsetCursor();
     accept();
 }

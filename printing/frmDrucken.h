@@ -7,6 +7,7 @@
 #include <functional>
 
 class Druckgeraet;
+class Geraetefehler;
 class QLabel;
 class QRadioButton;
 class Seitenvorschau;
@@ -29,13 +30,19 @@ protected:
 
 private:
     void aufbauen();
-    /// Lays out what is chosen; nothing for an unknown Sparte. `gekuerzt` names a text that was cut.
-    std::optional<Druckseiten> seiten(size_t hoechstens, std::optional<QString> *gekuerzt = nullptr);
+    struct Ausdruck
+    {
+        Druckseiten seiten;
+        QString titel;
+        std::optional<QString> gekuerzt; ///< label of a text that was cut
+    };
+    /// Lays out the first pages of what is chosen; nothing for an unknown Sparte.
+    std::optional<Ausdruck> auslegen(size_t hoechstens = std::numeric_limits<size_t>::max());
     void vorschauen();
+    /// Path of a PDF file, which may be replaced; empty: cancelled.
     QString dateiErfragen(const QString &vorschlag);
-    QString titel() const;
     /// The box about the printer; whichever button is pressed.
-    void geraetefehlerZeigen();
+    void geraetefehlerZeigen(const Geraetefehler &fehler);
 
     Programm &programm_;
     std::function<std::optional<Druckauftrag>()> auftrag_;

@@ -8,6 +8,7 @@ namespace {
 
 constexpr Druckausnahme ausnahmenTopf[] = {
     {Druckart::Titel, "BOT_NAME"},
+    {Druckart::Zeile, "Quelle"},
     {Druckart::MitSynonymen, "DTNAM", nullptr, u"Synonyme"},
     {Druckart::Bereich, "MINHOEHE", "MAXHOEHE", u"Höhe"},
     {Druckart::Bereich, "BLMINH", "BLMAXH", u"Blütenhöhe"},
@@ -41,8 +42,13 @@ QString druckfehler(const Druckbeschreibung &beschreibung)
             const Spalte *spalte = tabelle->spalte(QString::fromLatin1(feld));
             return spalte && spalte->art == art;
         };
-        const bool gut = ausnahme.art == Druckart::Bereich ? passt(ausnahme.feld, Art::Zahl) && passt(ausnahme.feld2, Art::Zahl)
-                                                           : passt(ausnahme.feld, Art::Name) && !ausnahme.feld2;
+        bool gut = false;
+        switch (ausnahme.art) {
+        case Druckart::Titel:
+        case Druckart::MitSynonymen: gut = passt(ausnahme.feld, Art::Name) && !ausnahme.feld2; break;
+        case Druckart::Zeile: gut = passt(ausnahme.feld, Art::Quelle) && !ausnahme.feld2; break;
+        case Druckart::Bereich: gut = passt(ausnahme.feld, Art::Zahl) && passt(ausnahme.feld2, Art::Zahl); break;
+        }
         if (!gut)
             return QStringLiteral("%1 passt nicht").arg(QLatin1String(ausnahme.feld));
     }

@@ -9,6 +9,7 @@
 enum class Druckart {
     Titel,         ///< heads the sheet in the large font, without a label
     MitSynonymen,  ///< the name with its German synonyms; the botanical ones as an entry of their own
+    Zeile,         ///< a line across both columns, without a label
     Bereich,       ///< `feld` is the lower, `feld2` the upper bound; both make one entry
 };
 

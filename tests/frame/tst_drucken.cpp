@@ -68,7 +68,7 @@ private:
 
 void TestDrucken::initTestCase()
 {
-    if (!QPrinterInfo::defaultPrinter().isNull())
+    if (!QPrinterInfo::availablePrinterNames().isEmpty())
         QSKIP("A printer is installed; nothing is sent to it.");
 }
 

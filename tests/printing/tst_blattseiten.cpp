@@ -155,6 +155,7 @@ void TestBlattseiten::hundertZeilen_data()
         const bool lang = zeilen > 100;
         QTest::addRow("remark %d", zeilen) << Sparte::Topf << u"BEMERKUNG"_s << zeilen << (lang ? u"Bemerkung (Flox)"_s : QString());
         QTest::addRow("name %d", zeilen) << Sparte::Topf << u"DTNAM"_s << zeilen << (lang ? u""_s : QString());
+        QTest::addRow("title %d", zeilen) << Sparte::Apfel << u"BOT_NAME"_s << zeilen << (lang ? u""_s : QString());
         QTest::addRow("apple %d", zeilen) << Sparte::Apfel << u"besonderht"_s << zeilen << (lang ? u"Besonderheiten"_s : QString());
     }
 }

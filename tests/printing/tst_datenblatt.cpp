@@ -318,7 +318,8 @@ void TestDatenblatt::leereWorte()
 {
     Blattprobe probe(Sparte::Topf, {{u"FAMILIE"_s, 31999}, {u"PFLANZTYP"_s, u"00000"_s}, {u"WUCHSFORM"_s, u"     "_s}, {u"BLATTFARB"_s, flags({10})},
                                {u"BLUEHZEIT"_s, u"000000000000"_s}, {u"benu_eigen"_s, u"     "_s}, {u"Ausbildung"_s, u"000000"_s},
-                               {u"BEMERKUNG"_s, u"\u00EC\n"_s}, {u"SORTEN"_s, u"'Alba'"_s}});
+                               {u"BEMERKUNG"_s, u"\u00EC\n"_s}, {u"HK"_s, u" "_s}, {u"SCHADEN"_s, u"\r\n \r\n"_s},
+                               {u"benu_bemerkung"_s, u"\n"_s}, {u"SORTEN"_s, u"'Alba'"_s}});
     probe.auftrag.arbeit->Execute(u"DELETE FROM Familien WHERE FAMILIE = 31999"_s);
     QCOMPARE(alleZeilen(probe.blatt()), blattanfang().eintrag(u"Sorten"_s, u"'Alba'"_s).zeilen());
 }

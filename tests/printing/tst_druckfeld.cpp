@@ -226,8 +226,8 @@ private slots:
             int code, code2;
             QStringView label;
         };
-        constexpr Soll topf[] = {{Druckart::Titel, 1, -1, {}}, {Druckart::MitSynonymen, 2, -1, u"Synonyme"}, {Druckart::Bereich, 6, 7, u"Höhe"},
-                                 {Druckart::Bereich, 8, 9, u"Blütenhöhe"}, {Druckart::Bereich, 21, 22, u"Beleuchtungsstärke"},
+        constexpr Soll topf[] = {{Druckart::Titel, 1, -1, {}}, {Druckart::Zeile, 37, -1, {}}, {Druckart::MitSynonymen, 2, -1, u"Synonyme"},
+                                 {Druckart::Bereich, 6, 7, u"Höhe"}, {Druckart::Bereich, 8, 9, u"Blütenhöhe"}, {Druckart::Bereich, 21, 22, u"Beleuchtungsstärke"},
                                  {Druckart::Bereich, 23, 24, u"Temperatur"}};
         const std::span<const Spalte> spalten = schema::haupttabelle(u"Topfpfl"_s)->spalten;
         QCOMPARE(DruckTopf.ausnahmen.size(), std::size(topf));
@@ -258,6 +258,9 @@ private slots:
         nimm("right: synonyms", {Druckart::MitSynonymen, "DTNAM", nullptr, u"Synonyme"}, {});
         nimm("right: bounds", {Druckart::Bereich, "LICHTMIN", "LICHTMAX", u"Licht"}, {});
         nimm("right: any case", {Druckart::Titel, "bot_name"}, {});
+        nimm("right: line", {Druckart::Zeile, "Quelle"}, {});
+        nimm("line: wrong kind", {Druckart::Zeile, "HK"}, u"HK passt nicht"_s);
+        nimm("line: two columns", {Druckart::Zeile, "Quelle", "HK"}, u"Quelle passt nicht"_s);
         nimm("title: no such column", {Druckart::Titel, "BOTNAME"}, u"BOTNAME passt nicht"_s);
         nimm("title: wrong kind", {Druckart::Titel, "HK"}, u"HK passt nicht"_s);
         nimm("title: two columns", {Druckart::Titel, "BOT_NAME", "DTNAM"}, u"BOT_NAME passt nicht"_s);

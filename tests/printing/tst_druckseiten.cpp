@@ -10,8 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double mmProZoll = 25.4;
-
 /// Paints a page on white paper of 150 mm by 60 mm.
 QImage gemalt(const Druckseite &seite, double pixelProMm, QPointF ursprung = {})
 {

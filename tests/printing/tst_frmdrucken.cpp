@@ -44,6 +44,7 @@ private slots:
     void eingabetaste();
     void systemdruckerAbgebrochen();
     void systemdruckerEingerichtet();
+    void systemdruckerNenntFreieDatei();
 };
 
 void TestFrmDrucken::aufbau()
@@ -328,7 +329,7 @@ void TestFrmDrucken::verlassen()
 
 void TestFrmDrucken::eingabetaste()
 {
-    for (const char *name : {"optDruckFrage_0", "cmdDruckerEinrichten", "cmdDruck"}) {
+    for (const char *name : {"optDruckFrage_0", "cmdDruck"}) {
         geraet_.gedruckt.clear();
         oeffnen();
         QVERIFY(QTest::qWaitForWindowActive(form_.get()));
@@ -338,11 +339,23 @@ void TestFrmDrucken::eingabetaste()
         QCOMPARE(geraet_.einrichter.size(), 0);
         QVERIFY(zu());
     }
+    // A button that has the focus is the one that is meant.
+    geraet_.gedruckt.clear();
+    oeffnen();
+    QVERIFY(QTest::qWaitForWindowActive(form_.get()));
+    finde("cmdDruckerEinrichten")->setFocus();
+    QTest::keyClick(finde("cmdDruckerEinrichten"), Qt::Key_Return);
+    QCOMPARE(geraet_.einrichter.size(), 1);
+    QVERIFY(offen());
+    finde("cmdAbbruch")->setFocus();
+    QTest::keyClick(finde("cmdAbbruch"), Qt::Key_Return);
+    QVERIFY(zu());
+    QCOMPARE(geraet_.gedruckt.size(), 0);
 }
 
 void TestFrmDrucken::systemdruckerAbgebrochen()
 {
-    if (!QPrinterInfo::defaultPrinter().isNull())
+    if (!QPrinterInfo::availablePrinterNames().isEmpty())
         QSKIP("A printer is installed.");
     Systemdrucker drucker;
     const QPageLayout vorher = drucker.blatt();
@@ -374,17 +387,19 @@ void TestFrmDrucken::systemdruckerAbgebrochen()
 
 void TestFrmDrucken::systemdruckerEingerichtet()
 {
-    if (!QPrinterInfo::defaultPrinter().isNull())
+    if (!QPrinterInfo::availablePrinterNames().isEmpty())
         QSKIP("A printer is installed.");
     Systemdrucker drucker;
     Boxen boxen;
     oeffnen(drucker);
     int gesehen = 0;
+    QStringList dateien;
     QTimer takt;
     connect(&takt, &QTimer::timeout, this, [&] {
         if (auto *dialog = qobject_cast<QPrintDialog *>(QApplication::activeModalWidget())) {
             ++gesehen;
             auto *datei = dialog->findChild<QLineEdit *>(u"filename"_s);
+            dateien += datei->text();
             datei->setText(probe_->ordner.pfad(u"Eingerichtet.pdf"_s));
             static_cast<QDialog *>(dialog)->accept();
         }
@@ -396,6 +411,11 @@ void TestFrmDrucken::systemdruckerEingerichtet()
     QVERIFY(drucker.schreibtDatei());
     QCOMPARE(drucker.blatt().paintRect(QPageLayout::Millimeter), QRectF(0, 0, 210, 297));
     QVERIFY(!QFile::exists(drucker.datei()));
+    // What was set up stands there the next time.
+    druecken("cmdDruckerEinrichten");
+    QCOMPARE(gesehen, 2);
+    QCOMPARE(dateien.last(), drucker.datei());
+    QVERIFY(drucker.schreibtDatei());
     Dateiwahl wahl(probe_->ordner.pfad(u"Blatt.pdf"_s));
     druecken("cmdDruck");
     QCOMPARE(wahl.vorschlag, u"Eingerichtet.pdf"_s);
@@ -404,6 +424,35 @@ void TestFrmDrucken::systemdruckerEingerichtet()
     const QStringList seiten = pdfSeiten(probe_->ordner.pfad(u"Blatt.pdf"_s));
     QCOMPARE(seiten.size(), 1);
     QCOMPARE(ohneLeerraum(seiten.first()), ohneLeerraum(seitentexte(erwartet(false).seiten[0]).join(u' ')));
+}
+
+/// The set-up asks before a file that exists is taken, though it prints nothing: it offers one that does not.
+void TestFrmDrucken::systemdruckerNenntFreieDatei()
+{
+    if (!QPrinterInfo::availablePrinterNames().isEmpty())
+        QSKIP("A printer is installed.");
+    const QByteArray vorher = qgetenv("HOME");
+    qputenv("HOME", QFile::encodeName(probe_->ordner.pfad()));
+    QFile alt(QDir(dateiordner()).filePath(u"Flox.pdf"_s));
+    QVERIFY(alt.open(QIODevice::WriteOnly));
+    Systemdrucker drucker;
+    qputenv("HOME", vorher);
+    Boxen boxen;
+    oeffnen(drucker);
+    QStringList dateien;
+    QTimer takt;
+    connect(&takt, &QTimer::timeout, this, [&] {
+        if (auto *dialog = qobject_cast<QPrintDialog *>(QApplication::activeModalWidget())) {
+            dateien += dialog->findChild<QLineEdit *>(u"filename"_s)->text();
+            static_cast<QDialog *>(dialog)->accept();
+        }
+    });
+    takt.start(1);
+    druecken("cmdDruckerEinrichten");
+    QCOMPARE(dateien.size(), 1);
+    QVERIFY2(dateien.first().endsWith(u"/Flox 2.pdf"), qPrintable(dateien.first()));
+    QCOMPARE(drucker.datei(), QString()); // nobody chose it
+    QCOMPARE(boxen.gesagt, QStringList());
 }
 
 QTEST_MAIN(TestFrmDrucken)

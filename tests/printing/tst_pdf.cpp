@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QImage>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QTest>
 #include <QXmlStreamReader>
 
@@ -117,6 +118,7 @@ private slots:
     void schreibfehler();
     void vollePlatte_data();
     void vollePlatte();
+    void geraetVersagt();
 
 private:
     static void ausdrucke();
@@ -379,6 +381,32 @@ void TestPdf::vollePlatte()
     // The same again with room: nothing of the failure stays.
     pdfSchreiben(seiten, blattA4(), u"x"_s, datei());
     QCOMPARE(ohneLeerraum(pdfSeiten(datei()).first()), ohneLeerraum(seitentexte(seiten.seiten[0]).join(u' ')));
+}
+
+/// A device that takes no second page, and one that cannot be started.
+void TestPdf::geraetVersagt()
+{
+    class Einseiter : public QPdfWriter
+    {
+    public:
+        using QPdfWriter::QPdfWriter;
+        bool newPage() override
+        {
+            ++verlangt;
+            return false;
+        }
+        int verlangt = 0;
+    };
+    const auto seiten = [](size_t anzahl) {
+        return Druckseiten{{210, 297}, {0, 0, 210, 297}, std::vector<Druckseite>(anzahl, {.texte = {{20, 20, u"Text"_s, {}}}, .linien = {}})};
+    };
+    Einseiter geraet(datei());
+    QVERIFY(seitenMalen(seiten(1), geraet));
+    QCOMPARE(geraet.verlangt, 0);
+    QVERIFY(!seitenMalen(seiten(3), geraet));
+    QCOMPARE(geraet.verlangt, 1);
+    QPdfWriter nirgends(ordner_->filePath(u"fehlt/a.pdf"_s));
+    QVERIFY(!seitenMalen(seiten(1), nirgends));
 }
 
 QTEST_MAIN(TestPdf)
