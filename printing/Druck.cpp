@@ -12,7 +12,7 @@
 namespace {
 
 // Millimetres on the page.
-constexpr double seitenrand = 15;            // origin of the page inside the printable area
+constexpr double seitenrand = 15;       // origin of the page inside the printable area
 constexpr double wertspalte = 65;       // origin of the values of a data sheet
 constexpr double labelspalte = -50;     // from there
 constexpr double listenrand = 20;
@@ -206,12 +206,12 @@ bool Druck::DruckAktuellePflanze()
     DruckKopf();
     drucker_.ScaleLeft = -wertspalte;
     drucker_.CurrentY = ersteZeile;
-    const Tabelle *tabelle = schema::haupttabelle(sparte_.haupttabelle);
+    const std::vector<Spalte> &spalten = schema::spaltenVon(sparte_.haupttabelle);
     if (auftrag_.pflanzen && auftrag_.pflanzen->AbsolutePosition() >= 0)
         for (const short code : beschreibung_->liste->folge) {
             if (drucker_.genug())
                 break;
-            feld(tabelle->spalten[size_t(code)]);
+            feld(spalten[size_t(code)]);
         }
     DruckFuss();
     return true;

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -31,16 +32,13 @@ const Druckbeschreibung *druckbeschreibung(Sparte sparte)
 
 QString druckfehler(const Druckbeschreibung &beschreibung)
 {
-    const Tabelle *tabelle = schema::haupttabelle(eintrag(beschreibung.sparte).haupttabelle);
-    if (!tabelle)
-        return QStringLiteral("keine Tabelle");
+    const std::vector<Spalte> &spalten = schema::spaltenVon(eintrag(beschreibung.sparte).haupttabelle);
     for (const short code : beschreibung.liste->folge)
-        if (code < 0 || code >= int(tabelle->spalten.size()))
+        if (code < 0 || code >= int(spalten.size()))
             return QStringLiteral("keine Spalte %1").arg(code);
     for (const Druckausnahme &ausnahme : beschreibung.ausnahmen) {
         const auto passt = [&](const char *feld, Art art) {
-            const Spalte *spalte = tabelle->spalte(QString::fromLatin1(feld));
-            return spalte && spalte->art == art;
+            return std::ranges::any_of(spalten, [&](const Spalte &spalte) { return qstricmp(spalte.name, feld) == 0 && spalte.art == art; });
         };
         bool gut = false;
         switch (ausnahme.art) {

@@ -3,8 +3,11 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <array>
 
 namespace {
+
+constexpr QStringView abfrageName = u"Abfrage_Friedhof";
 
 /// A boolean column with the sentence that print has for a true one.
 constexpr Spalte wahr(const char *name, QStringView satz, QStringView druckname = {})
@@ -565,6 +568,32 @@ std::span<const Abfragespalte> abfrageFriedhof()
     return spaltenAbfrageFriedhof;
 }
 
+const std::vector<Spalte> &spaltenVon(QStringView satz)
+{
+    static const std::vector<Spalte> keine, abfrage = [] {
+        std::vector<Spalte> spalten;
+        for (const Abfragespalte &spalte : spaltenAbfrageFriedhof) {
+            const Tabelle *quelle = spalte.quelle ? haupttabelle(QString::fromLatin1(spalte.quelle)) : nullptr;
+            const Spalte *vorbild = quelle ? quelle->spalte(QString::fromLatin1(spalte.spalte)) : nullptr;
+            spalten.push_back(vorbild ? *vorbild : Spalte{"", Art::Code}); // what the query works out is nobody's word
+            spalten.back().name = spalte.name;
+            spalten.back().druckname = spalte.druckname;
+            spalten.back().einheit = spalte.einheit;
+        }
+        return spalten;
+    }();
+    static const auto jeTabelle = [] {
+        std::array<std::vector<Spalte>, std::size(tabellen)> spalten;
+        for (size_t i = 0; i < spalten.size(); ++i)
+            spalten[i].assign(tabellen[i].spalten.begin(), tabellen[i].spalten.end());
+        return spalten;
+    }();
+    if (satz.compare(abfrageName, Qt::CaseInsensitive) == 0)
+        return abfrage;
+    const Tabelle *tabelle = haupttabelle(satz);
+    return tabelle ? jeTabelle[size_t(tabelle - std::begin(tabellen))] : keine;
+}
+
 bool istQuelle(QStringView tabelle)
 {
     return std::ranges::any_of(spaltenAbfrageFriedhof, [&](const Abfragespalte &spalte) {
@@ -575,7 +604,7 @@ bool istQuelle(QStringView tabelle)
 bool kommtAus(QStringView satz, QStringView gesucht, QStringView quelle)
 {
     // A plain table's columns are its own.
-    if (satz.compare(u"Abfrage_Friedhof", Qt::CaseInsensitive) != 0)
+    if (satz.compare(abfrageName, Qt::CaseInsensitive) != 0)
         return satz.compare(quelle, Qt::CaseInsensitive) == 0;
     return std::ranges::any_of(spaltenAbfrageFriedhof, [&](const Abfragespalte &spalte) {
         return spalte.quelle && quelle.compare(QLatin1String(spalte.quelle), Qt::CaseInsensitive) == 0

@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <span>
+#include <vector>
 
 /* The tables of the working database: each column once, with its order (ordinal 0 is ARTNR), the kind of its content, its
    vocabulary, and its label and unit in print. The build tool, the record views, the filters and the printouts read it here. */
@@ -62,6 +63,9 @@ std::span<const Tabelle> haupttabellen();
 /// Main table by name, case-blind; null when there is none.
 const Tabelle *haupttabelle(QStringView name);
 std::span<const Abfragespalte> abfrageFriedhof();
+/// The columns of a main table or of the query, by ordinal; a column of the query has the kind and vocabulary of its source and
+/// its own label and unit. Empty for any other name.
+const std::vector<Spalte> &spaltenVon(QStringView satz);
 /// Whether the query's columns can be qualified by this table, case-blind.
 bool istQuelle(QStringView tabelle);
 /// Whether the column `spalte` of a table or of the query comes from the table `quelle`, case-blind.

@@ -227,8 +227,8 @@ private slots:
             QStringView label;
         };
         constexpr Soll topf[] = {{Druckart::Titel, 1, -1, {}}, {Druckart::Zeile, 37, -1, {}}, {Druckart::MitSynonymen, 2, -1, u"Synonyme"},
-                                 {Druckart::Bereich, 6, 7, u"Höhe"}, {Druckart::Bereich, 8, 9, u"Blütenhöhe"}, {Druckart::Bereich, 21, 22, u"Beleuchtungsstärke"},
-                                 {Druckart::Bereich, 23, 24, u"Temperatur"}};
+                                 {Druckart::Bereich, 6, 7, u"Höhe"}, {Druckart::Bereich, 8, 9, u"Blütenhöhe"},
+                                 {Druckart::Bereich, 21, 22, u"Beleuchtungsstärke"}, {Druckart::Bereich, 23, 24, u"Temperatur"}};
         const std::span<const Spalte> spalten = schema::haupttabelle(u"Topfpfl"_s)->spalten;
         QCOMPARE(DruckTopf.ausnahmen.size(), std::size(topf));
         for (size_t i = 0; i < std::size(topf); ++i) {
@@ -276,7 +276,10 @@ private slots:
         QTest::newRow("order: another table") << Sparte::Apfel << QList<short>{44, 55, 56} << titel << u"keine Spalte 56"_s;
         QTest::newRow("another table's column") << Sparte::Apfel << folge << Druckausnahme{Druckart::Bereich, "MINHOEHE", "MAXHOEHE"}
                                                 << u"MINHOEHE passt nicht"_s;
-        QTest::newRow("a query, no table") << Sparte::Friedhof << folge << titel << u"keine Tabelle"_s;
+        QTest::newRow("a query") << Sparte::Friedhof << QList<short>{0, 104} << titel << QString();
+        QTest::newRow("a query, beyond") << Sparte::Friedhof << QList<short>{105} << titel << u"keine Spalte 105"_s;
+        QTest::newRow("a query, bounds") << Sparte::Friedhof << folge << Druckausnahme{Druckart::Bereich, "friedhof_MINHOEHE", "friedhof_MAXHOEHE"}
+                                         << QString();
     }
     void druckfehlerFallenAuf()
     {

@@ -80,6 +80,31 @@ private slots:
         db_->Execute(u"DELETE FROM %1 WHERE ARTNR = 30001"_s.arg(QLatin1String(tabelle->name)));
     }
 
+    /// By ordinal, as a recordset counts them: a table's own columns, the query's with the kinds of their sources.
+    void spaltenVon()
+    {
+        for (const Tabelle &tabelle : schema::haupttabellen()) {
+            const std::vector<Spalte> &spalten = schema::spaltenVon(QString::fromLatin1(tabelle.name).toUpper());
+            QCOMPARE(spalten.size(), tabelle.spalten.size());
+            for (size_t i = 0; i < spalten.size(); ++i)
+                QCOMPARE(spalten[i].name, tabelle.spalten[i].name);
+        }
+        const std::vector<Spalte> &spalten = schema::spaltenVon(u"abfrage_friedhof");
+        QCOMPARE(spalten.size(), schema::abfrageFriedhof().size());
+        for (size_t i = 0; i < spalten.size(); ++i) {
+            const Abfragespalte &spalte = schema::abfrageFriedhof()[i];
+            QCOMPARE(spalten[i].name, spalte.name);
+            QCOMPARE(spalten[i].druckname, spalte.druckname);
+            QCOMPARE(spalten[i].einheit, spalte.einheit);
+            const Tabelle *quelle = spalte.quelle ? schema::haupttabelle(QString::fromLatin1(spalte.quelle)) : nullptr;
+            if (!quelle)
+                continue;
+            const Spalte *vorbild = quelle->spalte(QString::fromLatin1(spalte.spalte));
+            QVERIFY2(vorbild && spalten[i].art == vorbild->art && spalten[i].liste == vorbild->liste, spalte.name);
+        }
+        QVERIFY(schema::spaltenVon(u"Palmen").empty());
+    }
+
     void abfrage()
     {
         QCOMPARE(schema::abfrageFriedhof().size(), 105);
