@@ -273,7 +273,7 @@ void TestListe::kriteriumAmSeitenende_data()
     QTest::addColumn<int>("zeilen"); // of the next criterion
     QTest::addColumn<int>("hier");   // how many of them stand on the first page
     QTest::newRow("one line at 64") << 64 << 1 << 1;
-    QTest::newRow("no room for a plant under the heading") << 63 << 1 << 1;
+    QTest::newRow("blank line at 64") << 63 << 1 << 1;
     QTest::newRow("one line at 65") << 65 << 1 << 0;
     QTest::newRow("two lines at 64") << 64 << 2 << 1;
     QTest::newRow("two lines at 65") << 65 << 2 << 0;
