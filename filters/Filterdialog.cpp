@@ -4,6 +4,7 @@
 #include "Filterlauf.h"
 #include "Filterziel.h"
 #include "controls/Geschuetzt.h"
+#include "controls/Sanduhr.h"
 #include "controls/Steuerelemente.h"
 #include "store/Dateien.h"
 #include "store/Pfade.h"
@@ -160,13 +161,12 @@ void Filterdialog::zaehlen()
 
 void Filterdialog::cmdOK_Click()
 {
-    setCursor(Qt::WaitCursor);
     Laufergebnis ergebnis;
     const bool gelaufen = geschuetztAusfuehren(this, [&] {
+        const Sanduhr sanduhr(this);
         Datenbank &kopie = ziel_.allePflanzen();
         ergebnis = filterLauf(kopie, ziel_.arbeitsdatenbank(), beschreibung_, zustand());
     });
-    unsetCursor();
     if (gelaufen && ergebnis.uebrig.empty())
         QMessageBox::warning(this, QStringLiteral("Keine passende Pflanze!"),
                              QStringLiteral("Leider gibt es keine Pflanze mit \rden gewünschten Merkmalen!"));

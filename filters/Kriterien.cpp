@@ -20,21 +20,15 @@ const Filterbeschreibung *filterbeschreibung(Sparte sparte)
     return beschreibungen[size_t(sparte)];
 }
 
-const Spalte *spalteVon(const Filterbeschreibung &beschreibung, const char *feld)
-{
-    const Tabelle *tabelle = schema::haupttabelle(eintrag(beschreibung.sparte).haupttabelle);
-    return tabelle && feld ? tabelle->spalte(QString::fromLatin1(feld)) : nullptr;
-}
-
 const Werteliste *wertelisteVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium)
 {
-    const Spalte *spalte = spalteVon(beschreibung, kriterium.feld);
+    const Spalte *spalte = schema::spalteVon(eintrag(beschreibung.sparte).haupttabelle, kriterium.feld);
     return spalte ? spalte->art == Art::Monate ? &WL_Monate : spalte->liste : nullptr;
 }
 
 QString titelVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium)
 {
-    const Spalte *spalte = spalteVon(beschreibung, kriterium.feld);
+    const Spalte *spalte = schema::spalteVon(eintrag(beschreibung.sparte).haupttabelle, kriterium.feld);
     return !kriterium.titel.isEmpty() || !spalte ? kriterium.titel.toString() : spalte->druckname.toString() + u':';
 }
 
@@ -44,7 +38,7 @@ QString filterfehler(const Filterbeschreibung &beschreibung)
     std::vector<bool> zeilen(size_t(beschreibung.zeilen));
     for (const Kriterium &k : beschreibung.kriterien) {
         for (const char *feld : {k.feld, k.feld2})
-            if (feld && !spalteVon(beschreibung, feld))
+            if (feld && !schema::spalteVon(eintrag(beschreibung.sparte).haupttabelle, feld))
                 return QStringLiteral("kein Feld %1").arg(QLatin1String(feld));
         if (k.reiter >= int(beschreibung.reiter.size()))
             return QStringLiteral("%1: kein Reiter %2").arg(QLatin1String(k.a.control)).arg(k.reiter);

@@ -5,8 +5,6 @@
 
 #include <span>
 
-struct Spalte;
-
 /* A Sparte's filter as one table: each criterion once, in the order of the row tests, with its controls, its field, its kind
    of test, its place in the dialog and its lines in the filter file. Dialog, test, reset, saving and loading loop over it. */
 
@@ -112,7 +110,5 @@ inline constexpr int nichtGewaehlt = int(0x8000000Fu), monatGewaehlt = int(0x800
 QString filterfehler(const Filterbeschreibung &beschreibung);
 /// Label of a criterion: its own, or the print label of its field.
 QString titelVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);
-/// Column of a criterion's field; null when it has none.
-const Spalte *spalteVon(const Filterbeschreibung &beschreibung, const char *feld);
 /// Vocabulary of a criterion's field; null when it has none.
 const Werteliste *wertelisteVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);

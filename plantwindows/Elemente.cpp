@@ -430,19 +430,9 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
     return nullptr;
 }
 
-namespace {
-
-const Spalte *spalteVon(Sparte sparte, const char *feld)
-{
-    const Tabelle *tabelle = schema::haupttabelle(eintrag(sparte).haupttabelle);
-    return tabelle ? tabelle->spalte(feldname(feld)) : nullptr;
-}
-
-} // namespace
-
 const Werteliste *wertelisteVon(Sparte sparte, const char *feld)
 {
-    const Spalte *spalte = spalteVon(sparte, feld);
+    const Spalte *spalte = schema::spalteVon(eintrag(sparte).haupttabelle, feld);
     return spalte ? spalte->liste : nullptr;
 }
 
@@ -450,7 +440,7 @@ QString titelVon(Sparte sparte, const Element &element)
 {
     if (!element.titeltext.isEmpty() || !element.titel)
         return element.titeltext.toString();
-    const Spalte *spalte = spalteVon(sparte, element.feld);
+    const Spalte *spalte = schema::spalteVon(eintrag(sparte).haupttabelle, element.feld);
     return spalte ? spalte->druckname.toString() + u':' : QString();
 }
 

@@ -3,6 +3,7 @@
 #include "Artenmodell.h"
 #include "Elemente.h"
 #include "controls/Geschuetzt.h"
+#include "controls/Sanduhr.h"
 #include "controls/Steuerelemente.h"
 #include "Zentrale.h"
 #include "filters/Filterdialog.h"
@@ -220,11 +221,10 @@ void Pflanzenfenster::artenGewaehlt(bool vomBenutzer)
 
 void Pflanzenfenster::botDeu()
 {
-    setCursor(Qt::WaitCursor);
+    const Sanduhr sanduhr(this);
     Botanisch = !Botanisch;
     knopf(Knopf::BotDeu)->setBild(knopfbild(knopfzeilen()[size_t(Knopf::BotDeu)], Knopfzustand::Hervorgehoben, true, umschaltungen()));
     DatenOrdnen();
-    unsetCursor();
     NaviPruefung();
     AnzeigeAnzahl();
 }

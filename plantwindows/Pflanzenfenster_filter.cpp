@@ -2,7 +2,7 @@
 
 #include "Artenmodell.h"
 #include "Zentrale.h"
-#include "controls/Geschuetzt.h"
+#include "controls/Sanduhr.h"
 #include "controls/Steuerelemente.h"
 #include "filters/Filterdialog.h"
 #include "filters/Filterlauf.h"
@@ -64,7 +64,7 @@ void Pflanzenfenster::filterSpeichern()
 void Pflanzenfenster::filterUmschalten()
 {
     Bildknopf *button = knopf(Knopf::FilterEin);
-    setCursor(Qt::WaitCursor);
+    const Sanduhr sanduhr(this);
     const QString park = parkdatei();
     if (!FilterEin) {
         FilterEin = true;
@@ -74,12 +74,7 @@ void Pflanzenfenster::filterUmschalten()
         button->setBild(QStringLiteral("filter_n"));
     } else {
         button->setBild(QStringLiteral("filter"));
-        try {
-            filter_->FilterSpeichern(park);
-        } catch (const Fehler &) {
-            unsetCursor();
-            throw; // it could not be parked: the filter stays in force
-        }
+        filter_->FilterSpeichern(park); // a filter that cannot be parked stays in force
         filter_->RuecksetzenFenster();
         filter_->cmdOK_Click();
         // The run has painted the button for a filter in force.
@@ -87,7 +82,6 @@ void Pflanzenfenster::filterUmschalten()
         button->setBild(QStringLiteral("filter"));
         zentrale_.mulkoSpeichernErlauben(false);
     }
-    unsetCursor();
     NaviPruefung();
 }
 

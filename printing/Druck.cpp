@@ -267,7 +267,7 @@ void Druck::zeileUeberBeideSpalten(const QString &text)
 {
     if (text.isEmpty())
         return;
-    if (ZeilenZaehler > eintragZeilen || amFuss())
+    if (seiteVoll(eintragZeilen))
         SeitenwechselPflanze();
     schrift(programm_.SchriftGroesse);
     drucker_.CurrentX = labelspalte;
@@ -305,7 +305,7 @@ void Druck::blatteintrag(const QString &label, const QString &text)
         schrift(programm_.SchriftGroesse);
         drucker_.CurrentX = 0;
     };
-    if (ZeilenZaehler > eintragZeilen || amFuss())
+    if (seiteVoll(eintragZeilen))
         SeitenwechselPflanze();
     beschriften();
     if (DruckZeilenAnzahl == 1) {
@@ -315,7 +315,7 @@ void Druck::blatteintrag(const QString &label, const QString &text)
     }
     for (int i = DruckZeilenAnzahl; i >= 1; --i) {
         ++ZeilenZaehler;
-        if (ZeilenZaehler > textZeilen || amFuss()) {
+        if (seiteVoll(textZeilen)) {
             SeitenwechselPflanze();
             beschriften();
         }
@@ -358,7 +358,7 @@ bool Druck::DruckGefilterteListe()
 
 void Druck::listenzeile(const QString &text, bool fett)
 {
-    if (ZeilenZaehler > eintragZeilen || amFuss())
+    if (seiteVoll(eintragZeilen))
         SeitenwechselListe();
     schrift(programm_.SchriftGroesse, fett);
     drucker_.CurrentX = 0;
@@ -369,7 +369,7 @@ void Druck::listenzeile(const QString &text, bool fett)
 
 void Druck::kriterium(const QString &label, const QString &worte)
 {
-    if (ZeilenZaehler > eintragZeilen || amFuss())
+    if (seiteVoll(eintragZeilen))
         SeitenwechselListe();
     schrift(programm_.SchriftGroesse, true);
     drucker_.CurrentX = 0;
@@ -382,7 +382,7 @@ void Druck::kriterium(const QString &label, const QString &worte)
     }
     for (int i = DruckZeilenAnzahl; i >= 1; --i) {
         ++ZeilenZaehler;
-        if (ZeilenZaehler > textZeilen || amFuss())
+        if (seiteVoll(textZeilen))
             SeitenwechselListe();
         drucker_.CurrentX = einzug;
         drucker_.Print(DruckZeilen[size_t(i)]);

@@ -57,6 +57,8 @@ private:
     void schrift(double groesse, bool fett = false, bool kursiv = false);
     /// Whether so many more lines would touch the foot: less paper than the count of lines assumes.
     bool amFuss(int zeilen = 1) const;
+    /// Whether the page takes no more line: more than `zeilen` are counted, or the foot is reached.
+    bool seiteVoll(int zeilen) const { return ZeilenZaehler > zeilen || amFuss(); }
     /// Wraps an entry; false where there is nothing to print.
     bool umbrechen(const QString &text, const QString &label, double hoechstens = textbreite);
 

@@ -6,12 +6,14 @@
 
 namespace {
 
-QString gruppenworte(const Steuerteil &teil, const Teilzustand &zustand, const Spalte *spalte, const Wortquelle &quelle)
+QString gruppenworte(const Kriterium &k, const Teilzustand &zustand, const Wortquelle &quelle)
 {
+    const Steuerteil &teil = k.a;
     QString flags(teil.elemente(), u' ');
     for (int i = 0; i < teil.elemente(); ++i)
         if (gewaehlt(teil, zustand, i))
             flags[i] = u'1';
+    const Spalte *spalte = schema::spalteVon(quelle.sparte.haupttabelle, k.feld);
     return spalte ? DruckFeld(quelle, *spalte, flags) : QString();
 }
 
@@ -39,17 +41,17 @@ bool gesetzt(const Kriterium &k, const Kriteriumzustand &z)
     return gruppe ? anzahlGewaehlt(k.a, z.a) + anzahlGewaehlt(k.b, z.b) > 0 : zeigtAktiv(k, z);
 }
 
-QString worte(const Filterbeschreibung &beschreibung, const Kriterium &k, const Kriteriumzustand &z, const Wortquelle &quelle)
+QString worte(const Kriterium &k, const Kriteriumzustand &z, const Wortquelle &quelle)
 {
     switch (k.pruefung) {
     case Pruefung::Familie:
     case Pruefung::Enthaelt:
     case Pruefung::SynonymBotanisch:
     case Pruefung::SynonymDeutsch: return z.a.text;
-    case Pruefung::Flags: return gruppenworte(k.a, z.a, spalteVon(beschreibung, k.feld), quelle);
+    case Pruefung::Flags: return gruppenworte(k, z.a, quelle);
     case Pruefung::FlagsOderWahr: {
-        const QString text = gruppenworte(k.a, z.a, spalteVon(beschreibung, k.feld), quelle);
-        const Spalte *wahr = anzahlGewaehlt(k.b, z.b) > 0 ? spalteVon(beschreibung, k.feld2) : nullptr;
+        const QString text = gruppenworte(k, z.a, quelle);
+        const Spalte *wahr = anzahlGewaehlt(k.b, z.b) > 0 ? schema::spalteVon(quelle.sparte.haupttabelle, k.feld2) : nullptr;
         return !wahr ? text : text.isEmpty() ? wahr->satz.toString() : QStringLiteral("%1, %2").arg(text, wahr->satz);
     }
     case Pruefung::Bereich: return bereichsworte(k, z);
@@ -70,7 +72,7 @@ std::vector<Kriteriumzeile> kriterienzeilen(const Filterbeschreibung &beschreibu
         const Kriterium &k = beschreibung.kriterien[i];
         const Kriteriumzustand &z = zustand.kriterien[i];
         if (k.druckplatz != 0 && gesetzt(k, z))
-            nachPlatz[size_t(k.druckplatz)] = {k.druckname.toString(), worte(beschreibung, k, z, quelle)};
+            nachPlatz[size_t(k.druckplatz)] = {k.druckname.toString(), worte(k, z, quelle)};
     }
     std::erase_if(nachPlatz, [](const Kriteriumzeile &zeile) { return zeile.label.isEmpty(); });
     return nachPlatz;

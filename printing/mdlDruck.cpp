@@ -2,7 +2,6 @@
 
 #include <QString>
 
-#include <algorithm>
 #include <array>
 
 namespace {
@@ -32,13 +31,14 @@ const Druckbeschreibung *druckbeschreibung(Sparte sparte)
 
 QString druckfehler(const Druckbeschreibung &beschreibung)
 {
-    const std::vector<Spalte> &spalten = schema::spaltenVon(eintrag(beschreibung.sparte).haupttabelle);
+    const QStringView satz = eintrag(beschreibung.sparte).haupttabelle;
     for (const short code : beschreibung.liste->folge)
-        if (code < 0 || code >= int(spalten.size()))
+        if (code < 0 || code >= int(schema::spaltenVon(satz).size()))
             return QStringLiteral("keine Spalte %1").arg(code);
     for (const Druckausnahme &ausnahme : beschreibung.ausnahmen) {
         const auto passt = [&](const char *feld, Art art) {
-            return std::ranges::any_of(spalten, [&](const Spalte &spalte) { return qstricmp(spalte.name, feld) == 0 && spalte.art == art; });
+            const Spalte *spalte = schema::spalteVon(satz, feld);
+            return spalte && spalte->art == art;
         };
         bool gut = false;
         switch (ausnahme.art) {

@@ -594,6 +594,13 @@ const std::vector<Spalte> &spaltenVon(QStringView satz)
     return tabelle ? jeTabelle[size_t(tabelle - std::begin(tabellen))] : keine;
 }
 
+const Spalte *spalteVon(QStringView satz, const char *feld)
+{
+    const std::vector<Spalte> &spalten = spaltenVon(satz);
+    const auto gefunden = std::ranges::find_if(spalten, [&](const Spalte &spalte) { return feld && qstricmp(spalte.name, feld) == 0; });
+    return gefunden == spalten.end() ? nullptr : &*gefunden;
+}
+
 bool istQuelle(QStringView tabelle)
 {
     return std::ranges::any_of(spaltenAbfrageFriedhof, [&](const Abfragespalte &spalte) {

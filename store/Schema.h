@@ -66,6 +66,8 @@ std::span<const Abfragespalte> abfrageFriedhof();
 /// The columns of a main table or of the query, by ordinal; a column of the query has the kind and vocabulary of its source and
 /// its own label and unit. Empty for any other name.
 const std::vector<Spalte> &spaltenVon(QStringView satz);
+/// One of them by name, case-blind; null when there is none.
+const Spalte *spalteVon(QStringView satz, const char *feld);
 /// Whether the query's columns can be qualified by this table, case-blind.
 bool istQuelle(QStringView tabelle);
 /// Whether the column `spalte` of a table or of the query comes from the table `quelle`, case-blind.

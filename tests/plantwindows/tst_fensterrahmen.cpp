@@ -32,6 +32,7 @@ private slots:
     void kuerzel();
     void ordnungBehaeltDiePflanze_data();
     void ordnungBehaeltDiePflanze();
+    void ordnungScheitert();
     void ordnungIstDeutsch();
     void zeilenDerAuswahl();
     void einzelnerDatensatz();
@@ -259,6 +260,15 @@ void TestFensterrahmen::ordnungBehaeltDiePflanze()
     QCOMPARE(probe_->name(), pflanze);
     QCOMPARE(auswahl()->currentIndex(), stelle);
     QCOMPARE(probe_->panel(4), u"%1/%2"_s.arg(stelle + 1).arg(fenster.Anzahl));
+}
+
+void TestFensterrahmen::ordnungScheitert()
+{
+    probe_->fenster->satz().kopie().Execute(u"DROP TABLE TOPFPFL"_s);
+    Meldungsfaenger meldungen;
+    probe_->klick("cmdBotDeu");
+    QCOMPARE(meldungen.titel, QStringList{u"Flox-Demo"_s});
+    QCOMPARE(probe_->fenster->cursor().shape(), Qt::ArrowCursor);
 }
 
 void TestFensterrahmen::ordnungIstDeutsch()

@@ -103,6 +103,11 @@ private slots:
             QVERIFY2(vorbild && spalten[i].art == vorbild->art && spalten[i].liste == vorbild->liste, spalte.name);
         }
         QVERIFY(schema::spaltenVon(u"Palmen").empty());
+        for (size_t i = 0; i < spalten.size(); ++i)
+            QCOMPARE(schema::spalteVon(u"Abfrage_Friedhof", spalten[i].name), &spalten[i]);
+        QCOMPARE(schema::spalteVon(u"Topfpfl", "bot_name"), &schema::spaltenVon(u"TOPFPFL")[1]);
+        QVERIFY(!schema::spalteVon(u"Topfpfl", "Palme"));
+        QVERIFY(!schema::spalteVon(u"Topfpfl", nullptr));
     }
 
     void abfrage()
