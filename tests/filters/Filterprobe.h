@@ -19,7 +19,8 @@
 #include <QRadioButton>
 #include <QSlider>
 #include <QTabWidget>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 #include <memory>
 

@@ -1,6 +1,7 @@
 #include "Filterhilfen.h"
 
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

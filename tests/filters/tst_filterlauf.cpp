@@ -8,7 +8,8 @@
 
 #include <QFile>
 #include <QSet>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

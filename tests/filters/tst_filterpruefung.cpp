@@ -2,7 +2,8 @@
 
 #include "store/Fehler.h"
 
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,8 @@
 #include "plantwindows/Pflanzenfenster.h"
 
 #include <QMdiSubWindow>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 Ablage::Ablage()
 {

@@ -12,7 +12,8 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QToolButton>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 #include <filesystem>
 

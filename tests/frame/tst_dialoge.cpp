@@ -15,7 +15,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 #include <sqlite3.h>
 

@@ -1,7 +1,8 @@
 #include "frame/Fenstertabelle.h"
 #include "plantwindows/Pflanzenfenster.h"
 
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

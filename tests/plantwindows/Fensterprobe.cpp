@@ -7,7 +7,8 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QTabWidget>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -7,7 +7,8 @@
 #include <QFile>
 #include <QLabel>
 #include <QTabWidget>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -2,7 +2,8 @@
 
 #include "plantwindows/Elemente.h"
 
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

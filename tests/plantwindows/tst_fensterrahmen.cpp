@@ -10,7 +10,8 @@
 #include <QPlainTextEdit>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -7,7 +7,8 @@
 #include <QFile>
 #include <QKeySequence>
 #include <QPlainTextEdit>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 #include <sqlite3.h>
 

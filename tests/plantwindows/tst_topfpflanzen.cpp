@@ -5,7 +5,8 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QTabWidget>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

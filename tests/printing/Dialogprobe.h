@@ -11,7 +11,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 /* What the tests of the print dialog share. */
 

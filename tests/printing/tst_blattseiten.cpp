@@ -5,7 +5,8 @@
 #include "store/Text.h"
 
 #include <QRegularExpression>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,7 @@
 #include "Seitenpruefung.h"
 
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

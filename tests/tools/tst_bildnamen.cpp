@@ -2,7 +2,8 @@
 #include "tools/Pflanzendaten.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 class TestBildnamen : public QObject
 {
