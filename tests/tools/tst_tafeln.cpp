@@ -14,13 +14,14 @@ private slots:
     void zweiTafelnJePflanze();
     void zweimalDasselbe();
     void verschiedenePflanzen();
+    void nurGeaendertes();
     void ohneDatenbank();
 
 private:
-    QByteArray zeichnen(const Programmordner &ordner, const QString &anfang, int *ende = nullptr)
+    QByteArray zeichnen(const Programmordner &ordner, const QString &sammlung, const QString &anfang, int *ende = nullptr)
     {
         QProcess prozess;
-        prozess.start(QStringLiteral(FLOX_TAFELMACHER), {ordner.datenbank(), ordner.pfad(), anfang});
+        prozess.start(QStringLiteral(FLOX_TAFELMACHER), {ordner.datenbank(), ordner.pfad(), sammlung, ordner.pfad(QStringLiteral("stand")), anfang});
         if (!prozess.waitForFinished(120000))
             qFatal("The plates take too long.");
         if (ende)
@@ -38,7 +39,7 @@ void TestTafeln::zweiTafelnJePflanze()
 {
     const Programmordner ordner;
     int ende = -1;
-    const QByteArray meldung = zeichnen(ordner, QStringLiteral("cyclamen"), &ende);
+    const QByteArray meldung = zeichnen(ordner, QStringLiteral("topfpflanzen"), QStringLiteral("cyclamen"), &ende);
     QVERIFY2(ende == 0, meldung.constData());
     QCOMPARE(QDir(ordner.pfad(QStringLiteral("topfpflanzen"))).entryList(QDir::Files),
              QStringList({QStringLiteral("cyclamen-persicum-detail.jpg"), QStringLiteral("cyclamen-persicum.jpg")}));
@@ -49,8 +50,8 @@ void TestTafeln::zweiTafelnJePflanze()
 void TestTafeln::zweimalDasselbe()
 {
     const Programmordner eins, zwei;
-    zeichnen(eins, QStringLiteral("boskoop"));
-    zeichnen(zwei, QStringLiteral("boskoop"));
+    zeichnen(eins, QStringLiteral("apfel"), QStringLiteral("boskoop"));
+    zeichnen(zwei, QStringLiteral("apfel"), QStringLiteral("boskoop"));
     for (const QString &name : {QStringLiteral("apfel/boskoop.jpg"), QStringLiteral("apfel/boskoop-detail.jpg")}) {
         const QByteArray tafel = inhalt(eins.pfad(name));
         QVERIFY(!tafel.isEmpty());
@@ -61,7 +62,7 @@ void TestTafeln::zweimalDasselbe()
 void TestTafeln::verschiedenePflanzen()
 {
     const Programmordner ordner;
-    zeichnen(ordner, QStringLiteral("begonia"));
+    zeichnen(ordner, QStringLiteral("topfpflanzen"), QStringLiteral("begonia"));
     QSet<QByteArray> tafeln;
     const QFileInfoList dateien = QDir(ordner.pfad(QStringLiteral("topfpflanzen"))).entryInfoList({QStringLiteral("begonia*")}, QDir::Files);
     for (const QFileInfo &datei : dateien)
@@ -70,12 +71,37 @@ void TestTafeln::verschiedenePflanzen()
     QCOMPARE(tafeln.size(), dateien.size());
 }
 
+/// A second run leaves what stands; a changed record draws its own two plates, one that is gone loses them.
+void TestTafeln::nurGeaendertes()
+{
+    const Programmordner ordner;
+    const QString sammlung = QStringLiteral("topfpflanzen"), anfang = QStringLiteral("cycl"), tafel = ordner.pfad(QStringLiteral("topfpflanzen/cyclamen-persicum.jpg"));
+    zeichnen(ordner, sammlung, anfang);
+    const QByteArray gezeichnet = inhalt(tafel);
+    const auto ueberschreiben = [&] {
+        QFile datei(tafel);
+        QVERIFY(datei.open(QIODevice::WriteOnly) && datei.write("steht noch") > 0);
+    };
+    ueberschreiben();
+    zeichnen(ordner, sammlung, anfang);
+    QCOMPARE(inhalt(tafel), QByteArray("steht noch"));
+
+    ordner.db()->Execute(QStringLiteral("UPDATE Topfpfl SET MAXHOEHE = 0.6 WHERE BOT_NAME LIKE 'Cyclamen*'"));
+    zeichnen(ordner, sammlung, anfang);
+    QVERIFY(inhalt(tafel).size() > 10000);
+    QVERIFY(inhalt(tafel) != gezeichnet);
+
+    ordner.db()->Execute(QStringLiteral("DELETE FROM Topfpfl WHERE BOT_NAME LIKE 'Cyclamen*'"));
+    zeichnen(ordner, sammlung, anfang);
+    QVERIFY(!QFile::exists(tafel));
+}
+
 void TestTafeln::ohneDatenbank()
 {
     const Programmordner ordner;
     QVERIFY(QFile::remove(ordner.datenbank()));
     int ende = 0;
-    const QString meldung = QString::fromUtf8(zeichnen(ordner, QStringLiteral("x"), &ende));
+    const QString meldung = QString::fromUtf8(zeichnen(ordner, QStringLiteral("topfpflanzen"), QStringLiteral("x"), &ende));
     QVERIFY(ende != 0);
     QVERIFY2(meldung.contains(QStringLiteral("wurde nicht gefunden")), qPrintable(meldung));
 }

@@ -2,6 +2,7 @@
 
 #include "store/Text.h"
 
+#include <QCryptographicHash>
 #include <QRegularExpression>
 
 std::vector<Datensatz> Datensatz::alle(Datenbank &db, QStringView tabelle)
@@ -45,6 +46,17 @@ QStringList Datensatz::worte(QStringView spalte) const
 bool Datensatz::monat(QStringView spalte, int p) const
 {
     return flagGesetzt(text(spalte), p);
+}
+
+QByteArray Datensatz::summe(QByteArrayView zusatz) const
+{
+    QCryptographicHash summe(QCryptographicHash::Sha256);
+    summe.addData(zusatz);
+    QStringList spalten = werte_.keys();
+    spalten.sort();
+    for (const QString &spalte : spalten) // words, too: a vocabulary may change where the record does not
+        summe.addData((spalte + u'=' + werte_.value(spalte) + u'=' + worte(spalte).join(u',') + u'\n').toUtf8());
+    return summe.result().toHex();
 }
 
 QString Datensatz::gattung() const

@@ -20,6 +20,9 @@ public:
     QStringList worte(QStringView spalte) const;
     bool monat(QStringView spalte, int p) const; ///< p = 1 for January
 
+    /// Sum over all that can be seen of the plant and over `zusatz`.
+    QByteArray summe(QByteArrayView zusatz) const;
+
     QString name() const { return text(u"BOT_NAME"); }
     QString gattung() const;
     QString familie() const { return text(u"FAMNAME").section(u' ', 0, 0); }

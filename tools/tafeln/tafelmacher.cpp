@@ -1,16 +1,24 @@
 #include "Apfeltafel.h"
 #include "Topfpflanzentafel.h"
 
+#include "Zeichenstand.h"
+
 #include "store/Bildnamen.h"
+#include "store/Dateien.h"
 #include "store/Fehler.h"
 
 #include <QDir>
+#include <QFile>
 #include <QGuiApplication>
+#include <QHash>
+#include <QSet>
 
+#include <algorithm>
 #include <cstdio>
 
-/* tafelmacher DATENBANK ZIELORDNER [ANFANG]   draws two plates for every plant of the collections that have them, into one
-   folder for each collection; with ANFANG only those whose picture name begins so. */
+/* tafelmacher DATENBANK ZIELORDNER ORDNER [STANDDATEI [ANFANG]]   draws two plates for every plant of the collection whose pictures
+   stand in ORDNER; with ANFANG only those whose picture name begins so, and all other plates of the folder are removed. STANDDATEI keeps what
+   each plate was drawn from: a plate whose record and drawing code have not changed is not drawn again. */
 
 namespace {
 
@@ -28,22 +36,50 @@ constexpr Sammlung sammlungen[] = {{u"Topfpfl", u"topfpflanzen", topfpflanzeGesa
     std::exit(1);
 }
 
-void zeichnen(Datenbank &db, const QDir &ziel, const QString &anfang)
+/// What the plates of the last run were drawn from, by picture name.
+using Stand = QHash<QString, QByteArray>;
+
+Stand standLesen(const QString &pfad)
 {
-    for (const Sammlung &sammlung : sammlungen) {
-        ziel.mkpath(sammlung.ordner.toString());
-        for (const Datensatz &pflanze : Datensatz::alle(db, sammlung.tabelle)) {
-            const QString stamm = bildname(pflanze.name());
-            if (!stamm.startsWith(anfang))
+    Stand stand;
+    QFile datei(pfad);
+    if (pfad.isEmpty() || !datei.open(QIODevice::ReadOnly))
+        return stand;
+    for (const QByteArray &zeile : datei.readAll().split('\n'))
+        if (const qsizetype trenner = zeile.indexOf(' '); trenner > 0)
+            stand.insert(QString::fromUtf8(zeile.mid(trenner + 1)), zeile.left(trenner));
+    return stand;
+}
+
+void zeichnen(Datenbank &db, const QDir &ziel, const Sammlung &sammlung, const QString &standdatei, const QString &anfang)
+{
+    const Stand vorher = standLesen(standdatei);
+    QByteArray jetzt;
+    ziel.mkpath(sammlung.ordner.toString());
+    const QDir ordner(ziel.filePath(sammlung.ordner.toString()));
+    QSet<QString> gezeichnet;
+    for (const Datensatz &pflanze : Datensatz::alle(db, sammlung.tabelle)) {
+        const QString stamm = bildname(pflanze.name());
+        if (!stamm.startsWith(anfang))
+            continue;
+        const QByteArray summe = pflanze.summe(zeichenstand);
+        jetzt += summe + ' ' + stamm.toUtf8() + '\n';
+        for (const auto &[tafel, endung] : {std::pair(sammlung.gesamt, ""), std::pair(sammlung.detail, "-detail")}) {
+            const QString name = stamm + QLatin1String(endung) + QStringLiteral(".jpg");
+            gezeichnet.insert(name);
+            const QString datei = ordner.filePath(name);
+            if (vorher.value(stamm) == summe && QFile::exists(datei))
                 continue;
-            const QString pfad = ziel.filePath(QStringLiteral("%1/%2%3.jpg"));
-            for (const auto &[tafel, endung] : {std::pair(sammlung.gesamt, ""), std::pair(sammlung.detail, "-detail")}) {
-                const QString datei = pfad.arg(sammlung.ordner, stamm, QLatin1String(endung));
-                if (!tafel(pflanze, datei))
-                    ende(QStringLiteral("%1: kann nicht geschrieben werden").arg(datei));
-            }
+            if (!tafel(pflanze, datei))
+                ende(QStringLiteral("%1: kann nicht geschrieben werden").arg(datei));
         }
     }
+    for (const QString &name : ordner.entryList({QStringLiteral("*.jpg")}, QDir::Files))
+        if (!gezeichnet.contains(name))
+            QFile::remove(ordner.filePath(name));
+    // Last: what an ended run has drawn counts only when all of it stands.
+    if (!standdatei.isEmpty() && !schreibeSicher(standdatei, jetzt))
+        ende(QStringLiteral("%1: kann nicht geschrieben werden").arg(standdatei));
 }
 
 } // namespace
@@ -53,11 +89,13 @@ int main(int anzahl, char **argumente)
     // Text needs a platform, but never a screen.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication programm(anzahl, argumente);
-    if (anzahl != 3 && anzahl != 4)
-        ende(QStringLiteral("Aufruf: tafelmacher DATENBANK ZIELORDNER [ANFANG]"));
+    const QStringList worte = QGuiApplication::arguments();
+    const auto sammlung = std::ranges::find_if(sammlungen, [&](const Sammlung &s) { return s.ordner == worte.value(3); });
+    if (worte.size() < 4 || worte.size() > 6 || sammlung == std::end(sammlungen))
+        ende(QStringLiteral("Aufruf: tafelmacher DATENBANK ZIELORDNER ORDNER [STANDDATEI [ANFANG]]"));
     try {
-        const auto db = Datenbank::OpenDatabase(QString::fromLocal8Bit(argumente[1]), Datenbank::Zugriff::Privat);
-        zeichnen(*db, QDir(QString::fromLocal8Bit(argumente[2])), anzahl == 4 ? QString::fromLocal8Bit(argumente[3]) : QString());
+        const auto db = Datenbank::OpenDatabase(worte[1]);
+        zeichnen(*db, QDir(worte[2]), *sammlung, worte.value(4), worte.value(5));
     } catch (const Fehler &fehler) {
         ende(fehler.text());
     }
