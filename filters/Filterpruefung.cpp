@@ -1,6 +1,7 @@
 #include "Filterpruefung.h"
 
 #include "store/Fehler.h"
+#include "store/Schema.h"
 #include "store/Text.h"
 
 #include <algorithm>
@@ -26,13 +27,13 @@ double zahlAus(std::string_view text)
     return zahl ? *zahl : zahlAus(textVon(text));
 }
 
-bool einFlagPasst(std::string_view flags, std::uint64_t maske)
+/// How a criterion's field writes its positions; a field without a vocabulary holds flags.
+Kodierung kodierungVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium)
 {
-    const size_t bis = std::min<size_t>(flags.size(), 64);
-    for (size_t p = 0; p < bis; ++p)
-        if ((maske >> p & 1) && flags[p] == '1')
-            return true;
-    return false;
+    const Spalte *spalte = schema::spalteVon(eintrag(beschreibung.sparte).haupttabelle, kriterium.feld);
+    Kodierung kodierung = spalte ? spalte->kodierung() : Kodierung();
+    kodierung.weise = kriterium.liest.value_or(kodierung.weise);
+    return kodierung;
 }
 
 } // namespace
@@ -52,12 +53,14 @@ Filterpruefung::Filterpruefung(const Filterbeschreibung &beschreibung, const Fil
         switch (k.pruefung) {
         case Pruefung::Flags:
         case Pruefung::FlagsOderWahr:
-            for (int p = 0; p < k.a.elemente(); ++p)
-                probe.maske |= std::uint64_t(gewaehlt(k.a, z.a, p)) << p;
+            for (int j = 0; j < k.a.elemente(); ++j)
+                if (gewaehlt(k.a, z.a, j))
+                    probe.gewaehlt.setzen(j + 1);
+            probe.kodierung = kodierungVon(beschreibung, k);
             probe.zweites = k.b.control && gewaehlt(k.b, z.b, 0);
             break;
         case Pruefung::Bild:
-            probe.maske = gewaehlt(k.a, z.a, 0);
+            probe.erstes = gewaehlt(k.a, z.a, 0);
             probe.zweites = gewaehlt(k.b, z.b, 0);
             break;
         case Pruefung::Bereich:
@@ -73,7 +76,22 @@ Filterpruefung::Filterpruefung(const Filterbeschreibung &beschreibung, const Fil
             probe.zweites = gewaehlt(k.a, z.a, 0);
             probe.schwelle = 2 * z.b.werte.front() - 1;
             break;
-        case Pruefung::Familie: break;
+        case Pruefung::AlleWahr:
+        case Pruefung::EinsWahr:
+            for (int j = 0; j < k.a.elemente(); ++j)
+                if (gewaehlt(k.a, z.a, j))
+                    probe.wahre.push_back(feldstelle(k.felder[size_t(j)]));
+            break;
+        case Pruefung::Gleich: probe.nadel = z.a.text; break;
+        case Pruefung::WortImText:
+            if (k.a.art == Steuerung::Liste)
+                probe.nadeln += grossbuchstaben(z.a.text);
+            for (int j = 0; k.a.art != Steuerung::Liste && j < k.a.elemente(); ++j)
+                if (gewaehlt(k.a, z.a, j))
+                    probe.nadeln += grossbuchstaben(wortVon(beschreibung, k, k.a, j));
+            break;
+        case Pruefung::Familie:
+        case Pruefung::Keine: break;
         }
         proben_.push_back(std::move(probe));
     }
@@ -96,18 +114,18 @@ bool Filterpruefung::passt(qint64 artnr, std::span<const std::string_view> werte
 bool Filterpruefung::probePasst(const Probe &probe, qint64 artnr, std::span<const std::string_view> werte) const
 {
     const auto feld = [&] { return werte[size_t(probe.feld)]; };
+    const auto wahr = [&](int stelle) { return istWahr(textVon(werte[size_t(stelle)])); };
     switch (probe.kriterium->pruefung) {
     case Pruefung::Familie: return textVon(feld()) == umgebung_.familie;
     case Pruefung::Bild: {
         const bool hat = umgebung_.mitBild.contains(artnr);
-        return !(probe.maske && !hat) && !(probe.zweites && hat);
+        return !(probe.erstes && !hat) && !(probe.zweites && hat);
     }
-    case Pruefung::Flags: return einFlagPasst(feld(), probe.maske);
+    case Pruefung::Flags: return positionen(probe.kodierung, feld()).schneidet(probe.gewaehlt);
     case Pruefung::FlagsOderWahr: {
-        const std::string_view wahr = werte[size_t(probe.feld2)];
-        if (wahr.empty())
+        if (werte[size_t(probe.feld2)].empty())
             throw Fehler(QStringLiteral("Das Feld '%1' der Pflanze %2 ist leer.").arg(QLatin1String(probe.kriterium->feld2)).arg(artnr));
-        return einFlagPasst(feld(), probe.maske) || (probe.zweites && istWahr(textVon(wahr)));
+        return positionen(probe.kodierung, feld()).schneidet(probe.gewaehlt) || (probe.zweites && wahr(probe.feld2));
     }
     case Pruefung::Bereich: return bereichPasst(probe, werte);
     case Pruefung::Enthaelt: return grossbuchstaben(textVon(feld())).contains(probe.nadel);
@@ -120,6 +138,14 @@ bool Filterpruefung::probePasst(const Probe &probe, qint64 artnr, std::span<cons
             throw Fehler(QStringLiteral("Die Pflanze %1 hat keine Bewertung.").arg(artnr));
         return probe.zweites ? int(*wert) >= probe.schwelle : int(*wert) <= probe.schwelle;
     }
+    case Pruefung::AlleWahr: return std::ranges::all_of(probe.wahre, wahr);
+    case Pruefung::EinsWahr: return std::ranges::any_of(probe.wahre, wahr);
+    case Pruefung::Gleich: return textVon(feld()) == probe.nadel;
+    case Pruefung::WortImText: {
+        const QString text = grossbuchstaben(textVon(feld()));
+        return std::ranges::any_of(probe.nadeln, [&](const QString &nadel) { return text.contains(nadel); });
+    }
+    case Pruefung::Keine: break;
     }
     return true;
 }

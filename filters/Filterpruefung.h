@@ -5,7 +5,6 @@
 #include <QHash>
 #include <QSet>
 
-#include <cstdint>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -41,11 +40,15 @@ private:
     {
         const Kriterium *kriterium = nullptr;
         int feld = -1, feld2 = -1;      ///< places in `werte`
-        std::uint64_t maske = 0;        ///< selected positions, bit 0 = position 1
+        Positionen gewaehlt;            ///< positions of the selected items
+        Kodierung kodierung;            ///< how the field writes its positions
+        bool erstes = false;            ///< the first control is set
         bool zweites = false;           ///< the second control is set
         QString min, max;               ///< boxes of a range
         std::optional<double> minZahl, maxZahl;
-        QString nadel;                  ///< upper case
+        QString nadel;                  ///< upper case; Gleich: as it stands
+        std::vector<int> wahre;         ///< AlleWahr, EinsWahr: places of the selected booleans
+        QStringList nadeln;             ///< WortImText: upper case
         int schwelle = 0;
     };
 

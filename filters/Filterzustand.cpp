@@ -21,7 +21,7 @@ Teilzustand vorgabe(const Steuerteil &teil)
         zustand.werte.front() = 1;
         break;
     case Steuerung::Schieber: zustand.werte.assign(1, schieberVorgabe); break;
-    case Steuerung::Liste: zustand.text = alleEintrag.toString(); break;
+    case Steuerung::Liste: zustand.text = teil.alle.toString(); break;
     case Steuerung::Text:
     case Steuerung::Zahl: zustand.text = teil.vorgabe.toString(); break;
     }
@@ -85,8 +85,14 @@ bool grenzeVorgegeben(const Kriterium &kriterium, const Steuerteil &teil, const 
 bool aktiv(const Kriterium &k, const Kriteriumzustand &z)
 {
     switch (k.pruefung) {
-    case Pruefung::Familie: return z.a.text != alleEintrag;
+    case Pruefung::Familie:
+    case Pruefung::Gleich: return z.a.text != k.a.alle;
     case Pruefung::Bild: return anzahlGewaehlt(k.a, z.a) + anzahlGewaehlt(k.b, z.b) > 0;
+    case Pruefung::WortImText:
+        if (k.a.art == Steuerung::Liste)
+            return z.a.text != k.a.alle;
+        [[fallthrough]];
+    case Pruefung::EinsWahr:
     case Pruefung::Flags:
     case Pruefung::FlagsOderWahr: {
         const int n = anzahlGewaehlt(k.a, z.a) + (k.b.control ? anzahlGewaehlt(k.b, z.b) : 0);
@@ -100,6 +106,8 @@ bool aktiv(const Kriterium &k, const Kriteriumzustand &z)
     case Pruefung::SynonymBotanisch:
     case Pruefung::SynonymDeutsch: return !z.a.text.isEmpty();
     case Pruefung::Bewertung: return true;
+    case Pruefung::AlleWahr: return anzahlGewaehlt(k.a, z.a) > 0;
+    case Pruefung::Keine: return false;
     }
     return false;
 }

@@ -7,6 +7,7 @@
 #include <QSet>
 #include <QString>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -18,6 +19,20 @@ constexpr std::array<const Filterbeschreibung *, anzahlSparten> beschreibungen{&
 const Filterbeschreibung *filterbeschreibung(Sparte sparte)
 {
     return beschreibungen[size_t(sparte)];
+}
+
+QStringView wortVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium, const Steuerteil &teil, int i)
+{
+    if (!teil.worte.empty())
+        return size_t(i) < teil.worte.size() ? teil.worte[size_t(i)] : QStringView();
+    const Werteliste *liste = wertelisteVon(beschreibung, kriterium);
+    return liste ? liste->wort(i + 1) : QStringView();
+}
+
+const Kriterium *kriteriumNamens(const Filterbeschreibung &beschreibung, const char *control)
+{
+    const auto gefunden = std::ranges::find_if(beschreibung.kriterien, [&](const Kriterium &k) { return qstrcmp(k.a.control, control) == 0; });
+    return gefunden == beschreibung.kriterien.end() ? nullptr : &*gefunden;
 }
 
 const Werteliste *wertelisteVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium)
@@ -37,9 +52,16 @@ QString filterfehler(const Filterbeschreibung &beschreibung)
     QSet<QString> namen;
     std::vector<bool> zeilen(size_t(beschreibung.zeilen));
     for (const Kriterium &k : beschreibung.kriterien) {
+        const QStringView satz = eintrag(beschreibung.sparte).haupttabelle;
         for (const char *feld : {k.feld, k.feld2})
-            if (feld && !schema::spalteVon(eintrag(beschreibung.sparte).haupttabelle, feld))
+            if (feld && !schema::spalteVon(satz, feld))
                 return QStringLiteral("kein Feld %1").arg(QLatin1String(feld));
+        for (const char *feld : k.felder)
+            if (const Spalte *spalte = schema::spalteVon(satz, feld); !spalte || spalte->art != Art::Wahrheit)
+                return QStringLiteral("%1 ist kein Wahrheitswert").arg(QLatin1String(feld));
+        const bool wahr = k.pruefung == Pruefung::AlleWahr || k.pruefung == Pruefung::EinsWahr;
+        if (wahr != !k.felder.empty() || (wahr && int(k.felder.size()) != k.a.elemente()))
+            return QStringLiteral("%1: %2 Felder für %3 Kästchen").arg(QLatin1String(k.a.control)).arg(k.felder.size()).arg(k.a.elemente());
         if (k.reiter >= int(beschreibung.reiter.size()))
             return QStringLiteral("%1: kein Reiter %2").arg(QLatin1String(k.a.control)).arg(k.reiter);
         const Werteliste *liste = wertelisteVon(beschreibung, k);
@@ -67,17 +89,5 @@ QString filterfehler(const Filterbeschreibung &beschreibung)
     for (size_t i = 0; i < zeilen.size(); ++i)
         if (!zeilen[i])
             return QStringLiteral("Zeile %1 fehlt").arg(i + 1);
-    std::vector<bool> plaetze(beschreibung.kriterien.size() + 1);
-    for (const Kriterium &k : beschreibung.kriterien) {
-        if (k.druckplatz < 0 || k.druckplatz >= int(plaetze.size()) || (k.druckplatz != 0 && plaetze[size_t(k.druckplatz)]))
-            return QStringLiteral("Druckplatz %1 steht doppelt oder gibt es nicht").arg(k.druckplatz);
-        if ((k.druckplatz == 0) != k.druckname.isEmpty())
-            return QStringLiteral("%1: Platz und Name im Druck gehören zusammen").arg(QLatin1String(k.a.control));
-        plaetze[size_t(k.druckplatz)] = true;
-    }
-    // No gap before the last place.
-    for (size_t i = 2; i < plaetze.size(); ++i)
-        if (plaetze[i] && !plaetze[i - 1])
-            return QStringLiteral("Druckplatz %1 fehlt").arg(i - 1);
     return {};
 }

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "store/Sparten.h"
-#include "store/Wertelisten.h"
+#include "store/Positionen.h"
 
+#include <optional>
 #include <span>
 
 /* A Sparte's filter as one table: each criterion once, in the order of the row tests, with its controls, its field, its kind
@@ -29,6 +30,8 @@ struct Symbolbild
     QStringView satz; ///< sentence under the pictures while the mouse is over one
 };
 
+inline constexpr QStringView alleEintrag = u"- Alle -";
+
 struct Steuerteil
 {
     Steuerung art = Steuerung::Text;
@@ -37,6 +40,7 @@ struct Steuerteil
     int zeile = 0;                        ///< first line in the file, counted from 1; 0: not in the file
     std::span<const QStringView> worte = {}; ///< captions; missing ones come from the field's vocabulary
     QStringView vorgabe = {};             ///< default text
+    QStringView alle = alleEintrag;       ///< Liste: the first entry, which switches the criterion off
     std::span<const Symbolbild> bilder = {};
     const Farbliste *farben = nullptr;
 
@@ -54,6 +58,11 @@ enum class Pruefung {
     SynonymBotanisch, ///< the text occurs in the plant's botanical synonyms
     SynonymDeutsch,   ///< the text occurs in the German name and synonyms
     Bewertung,        ///< rating against the step of b; never off
+    AlleWahr,         ///< item i stands for the boolean `felder[i]`: each selected one must be true; all selected is no exception
+    EinsWahr,         ///< the same, but one selected one that is true is enough
+    Gleich,           ///< the chosen entry equals the field
+    WortImText,       ///< the chosen entry, or the caption of a selected item, occurs in the field, case-blind
+    Keine,            ///< stands in the file only
 };
 
 /// What switches a pair of number boxes off.
@@ -67,6 +76,8 @@ struct Kriterium
     Steuerteil b = {};
     const char *feld = nullptr;
     const char *feld2 = nullptr;
+    std::span<const char *const> felder = {}; ///< AlleWahr, EinsWahr: the boolean of each item
+    std::optional<Schreibweise> liest = {}; ///< how the test reads a coded field; the column's own way where it is not told
     int reiter = -1;          ///< tab, counted from 0; -1: the panel beside the tabs
     int spalte = 0;
     Bereichsregel regel = Bereichsregel::Keine;
@@ -75,17 +86,7 @@ struct Kriterium
     QStringView mitte = {};   ///< Bereich: word between the boxes
     QStringView einheit = {}; ///< Bereich: behind the boxes
     const char *rahmen = nullptr; ///< objectName of the group's frame, where it has one of its own
-    int druckplatz = 0;           ///< place among the printed criteria, counted from 1; 0: not printed
-    QStringView druckname = {};   ///< label in print
 };
-
-/// The same criterion with its place and label in print.
-constexpr Kriterium gedruckt(int platz, QStringView name, Kriterium kriterium)
-{
-    kriterium.druckplatz = platz;
-    kriterium.druckname = name;
-    return kriterium;
-}
 
 struct Filterbeschreibung
 {
@@ -100,14 +101,17 @@ struct Filterbeschreibung
 /// Description of a Sparte's filter; null while there is none.
 const Filterbeschreibung *filterbeschreibung(Sparte sparte);
 
-inline constexpr QStringView alleEintrag = u"- Alle -";
 inline constexpr int schieberMin = 1, schieberMax = 5, schieberVorgabe = 3;
 /// Numbers of BackColor that swatches and months have while they are not selected, and a selected month's.
 inline constexpr int nichtGewaehlt = int(0x8000000Fu), monatGewaehlt = int(0x80000003u);
 
-/// Linear check of a table: fields exist and fit, no control, file line or place in print stands twice, none is missing. Returns what
+/// Linear check of a table: fields exist and fit, no control or file line stands twice, none is missing. Returns what
 /// is wrong, empty when nothing is.
 QString filterfehler(const Filterbeschreibung &beschreibung);
+/// The criterion whose first control has this name (or stem); null when there is none.
+const Kriterium *kriteriumNamens(const Filterbeschreibung &beschreibung, const char *control);
+/// Caption of item `i`, counted from 0: its own, or the word of the field's vocabulary; empty beyond both.
+QStringView wortVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium, const Steuerteil &teil, int i);
 /// Label of a criterion: its own, or the print label of its field.
 QString titelVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);
 /// Vocabulary of a criterion's field; null when it has none.

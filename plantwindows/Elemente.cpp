@@ -387,8 +387,8 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
     switch (element.muster) {
     case Muster::Text: return text(einText);
     case Muster::Liste:
-        return text([liste = wertelisteVon(umgebung.fenster.sparte, element.feld)](const Element &e, Pflanzensatz &satz) {
-            return liste ? listentext(einText(e, satz), *liste, e.trenner) : QString();
+        return text([spalte = schema::spalteVon(eintrag(umgebung.fenster.sparte).haupttabelle, element.feld)](const Element &e, Pflanzensatz &satz) {
+            return spalte && spalte->liste ? worteVon(positionen(*spalte, einText(e, satz)), *spalte->liste, e.trenner) : QString();
         });
     case Muster::VonBisMeter:
         return text([](const Element &e, Pflanzensatz &satz) {
@@ -465,7 +465,7 @@ QString vonBisMindest(const QString &min, const QString &max, QStringView einhei
 
 QString ausbildungstext(QStringView flags)
 {
-    const QString worte = listentext(flags, WL_Ausbildung);
+    const QString worte = worteVon(positionen(Kodierung(), flags), WL_Ausbildung);
     if (worte.isEmpty())
         return {};
     QString text = QStringLiteral("Pflanze ist Bestandteil der Gehilfenprüfung ") + worte;

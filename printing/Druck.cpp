@@ -337,7 +337,7 @@ bool Druck::DruckGefilterteListe()
     listenzeile(QStringLiteral("Filter:"), true);
     kriterium(QStringLiteral("Datenbank: "), sparte_.titel.toString());
     if (const Filterbeschreibung *filter = filterbeschreibung(auftrag_.sparte))
-        for (const Kriteriumzeile &zeile : kriterienzeilen(*filter, auftrag_.filter, worte_))
+        for (const Kriteriumzeile &zeile : kriterienzeilen(beschreibung_->kriterien, *filter, auftrag_.filter, worte_))
             kriterium(zeile.label, zeile.worte);
     // The heading stays with a plant.
     if (amFuss(3))

@@ -11,8 +11,9 @@ QString DruckFeld(const Wortquelle &quelle, const Spalte &spalte, const QString 
     case Art::Memo: return ohneZeilenmarken(wert);
     case Art::Zahl: return zahlZeigen(wert);
     case Art::Flags:
-    case Art::Literatur: return listentext(wert, *spalte.liste);
-    case Art::Monate: return listentext(wert, WL_Monate);
+    case Art::Code:
+    case Art::Literatur: return spalte.liste ? worteVon(positionen(spalte, wert), *spalte.liste) : QString();
+    case Art::Monate: return worteVon(positionen(spalte, wert), WL_Monate);
     case Art::Eigen: {
         const auto &namen = quelle.programm.BenutzerNamen[size_t(quelle.sparte.sparte)];
         QStringList worte; // a property without a name has none
@@ -27,7 +28,6 @@ QString DruckFeld(const Wortquelle &quelle, const Spalte &spalte, const QString 
         const QStringView werk = nomenklaturwerk(wert, quelle.sparte.quellenBuchstaben);
         return werk.isEmpty() ? QString() : QStringLiteral("Botanischer Name laut '%1'").arg(werk);
     }
-    case Art::Code: // described at a Sparte that has some
     case Art::Bewertung:
     case Art::Ganzzahl:
     case Art::Schluessel: break;

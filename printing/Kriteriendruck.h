@@ -2,6 +2,7 @@
 
 #include "DruckFeld.h"
 #include "filters/Filterzustand.h"
+#include "mdlDruck.h"
 
 /* The criteria of a filter as print tells them. */
 
@@ -11,6 +12,7 @@ struct Kriteriumzeile
     bool operator==(const Kriteriumzeile &) const = default;
 };
 
-/// The criteria that are set, in the order of print. A group counts when one item is set, even where all are or where its items
+/// The criteria that are set, line by line. A group counts when one item is set, even where all are or where its items
 /// have no words; never throws.
-std::vector<Kriteriumzeile> kriterienzeilen(const Filterbeschreibung &beschreibung, const Filterzustand &zustand, const Wortquelle &quelle);
+std::vector<Kriteriumzeile> kriterienzeilen(std::span<const Druckzeile> druckzeilen, const Filterbeschreibung &beschreibung, const Filterzustand &zustand,
+                                            const Wortquelle &quelle);

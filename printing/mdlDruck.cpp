@@ -1,5 +1,8 @@
 #include "mdlDruck.h"
 
+#include "filters/Kriterien.h"
+
+#include <QSet>
 #include <QString>
 
 #include <array>
@@ -17,12 +20,90 @@ constexpr Druckausnahme ausnahmenTopf[] = {
 };
 constexpr Druckausnahme ausnahmenApfel[] = {{Druckart::Titel, "BOT_NAME"}};
 
+constexpr Druckzeile kriterienTopf[] = {
+    {u"Familie: ", "cmbFamilie"},
+    {u"Pflanzentyp: ", "chkTyp"},
+    {u"Blütezeit: ", "lblBlMonat"},
+    {u"Blütenfarbe: ", "lblBlFarbe"},
+    {u"Fruchtzeit: ", "lblFrMonat"},
+    {u"Fruchtfarbe: ", "lblFrFarbe"},
+    {u"Angebotszeit: ", "lblAngMonat"},
+    {u"Haltbarkeit: ", "chkHaltbarkeit"},
+    {u"Blattfarbe: ", "chkLaubFarbe"},
+    {u"Wuchsform: ", "chkWuchsForm"},
+    {u"Höhe: ", "txtMinHoehe"},
+    {u"Tageslängenreaktion: ", "chkTageslaenge"},
+    {u"Licht: ", "imgLicht"},
+    {u"Beleuctungsstärke: ", "txtMinLicht"},
+    {u"Temperatur: ", "txtMinTemp"},
+    {u"Wasserstand (Hydrokultur): ", "chkWasser"},
+    {u"ph-Wert (Hydrokultur)", "chkpH"},
+    {u"Verwendung (Hydrokultur): ", "chkVerwHydro"},
+    {u"Verwendung: ", "imgVerwendung"},
+    {u"mögl. Krankheiten/Schädlinge: ", "txtKrank"},
+    {u"Krankheitsanfälligkeit: ", "chkKrank"},
+    {u"Höhe der Nachdüngung: ", "chkNachduengung"},
+    {u"bot. Name: ", "txtbotName"},
+    {u"bot. Synonym: ", "txtSynonym"},
+    {u"deutscher Name/Synonym: ", "txtSynonymDeutsch"},
+    {u"Sorten: ", "txtSorte"},
+    {u"Eigene Bemerkungen: ", "txtBenutzerText"},
+    {u"benu.definierte Eigenschaften: ", "sschkBenutzer"},
+    {u"Ausbildung: ", "chkAusbildung"},
+    {u"Bewertung: ", "optBewertung"},
+};
+
+constexpr Druckzeile kriterienApfel[] = {
+    {u"Haltbarkeit: ", "ChkHaltbar"},
+    {u"Fruchtgröße: ", "ChkFruGro"},
+    {u"Form, Längs: ", "ChkFormLaengs"},
+    {u"Form, Quer: ", "ChkFormQuer"},
+    {u"Fruchtrelief: ", "ChkFruRelief"},
+    {u"Aussehen, Griffigkeit: ", "ChkAussGrif"},
+    {u"Druckfestigeit: ", "ChkDruckFes"},
+    {u"Grundfarbe: ", "ChkGrundFar"},
+    {u"Deckfarbe: ", "ChkDeckFarb"},
+    {u"Deckfarbe Art: ", "ChkDFArt"},
+    {u"Deckfarbe Ausdehnung: ", "ChkDFAusd"},
+    {u"Schalenberostung: ", "ChkSchBeros"},
+    {u"Reif: ", "ChkReif"},
+    {u"Schalenpunkte/-höfe: ", "ChkSchP"},
+    {u"Kelchgrube: ", "ChkKGr"},
+    {u"Kelchgrubenrelief: ", "ChkKGrRelie"},
+    {u"Kelchumgebung: ", "ChkKGrUmgeb"},
+    {u"Kelchgrubenberostung: ", "ChkKGrBeros"},
+    {u"Kelchgröße: ", "ChkKGroesse"},
+    {u"Kelchöffnung: ", "ChkKOeffnun"},
+    {u"Kelchblätter: ", "ChkKBlaette"},
+    {u"Stiel Länge/Dicke: ", "ChkStLaenge"},
+    {u"Stiel Besonderheiten: ", "ChkStBesond"},
+    {u"Stielgrubengröße: ", "ChkStGrGroe"},
+    {u"Stielgrubenberostung: ", "ChkStGrBero"},
+    {u"Kelchröhre: ", "ChkSchKelch"},
+    {u"Kernhaus Gefäßbündel: ", "ChkSchGefB"},
+    {u"Kernwandform: ", "ChkSchKWFor"},
+    {u"Kernwandrisse: ", "ChkSchKWRis"},
+    {u"Kerne Anzahl: ", "ChkKernZahl"},
+    {u"Kerne Qualität: ", "ChkKernQual"},
+    {u"Kerne Länge: ", "ChkKernLaen"},
+    {u"Fruchtfleisch Schale: ", "ChkFrFlScha"},
+    {u"Fruchtfleisch Farbe: ", "ChkFrFlFarb"},
+    {u"Fruchtfleisch Struktur: ", "ChkFrFlStru"},
+    {u"Name: ", "txtName"},
+    {u"Synonym: ", "txtSynonym"},
+    {u"voller Name: ", "txtVName"},
+    {u"eigene Bemerkungen: ", "txtBenutzerText"},
+    {u"benu.definierte Eigenschaften: ", "sschkBenutzer"},
+    {u"Ausbildung: ", "chkAusbildung"},
+    {u"Bewertung: ", "optBewertung"},
+};
+
 constexpr std::array<const Druckbeschreibung *, anzahlSparten> beschreibungen{&DruckTopf, nullptr, nullptr, &DruckApfel, nullptr, nullptr};
 
 } // namespace
 
-constinit const Druckbeschreibung DruckTopf{Sparte::Topf, &DL_Topf, ausnahmenTopf};
-constinit const Druckbeschreibung DruckApfel{Sparte::Apfel, &DL_Apfel, ausnahmenApfel};
+constinit const Druckbeschreibung DruckTopf{Sparte::Topf, &DL_Topf, ausnahmenTopf, kriterienTopf};
+constinit const Druckbeschreibung DruckApfel{Sparte::Apfel, &DL_Apfel, ausnahmenApfel, kriterienApfel};
 
 const Druckbeschreibung *druckbeschreibung(Sparte sparte)
 {
@@ -50,5 +131,17 @@ QString druckfehler(const Druckbeschreibung &beschreibung)
         if (!gut)
             return QStringLiteral("%1 passt nicht").arg(QLatin1String(ausnahme.feld));
     }
+    const Filterbeschreibung *filter = filterbeschreibung(beschreibung.sparte);
+    QSet<QString> gedruckt;
+    for (const Druckzeile &zeile : beschreibung.kriterien) {
+        if (!filter || !kriteriumNamens(*filter, zeile.control))
+            return QStringLiteral("kein Kriterium %1").arg(QLatin1String(zeile.control));
+        if (zeile.von < 1 || zeile.von > zeile.bis)
+            return QStringLiteral("%1: keine Stellen %2 bis %3").arg(QLatin1String(zeile.control)).arg(zeile.von).arg(zeile.bis);
+        gedruckt.insert(QString::fromLatin1(zeile.control));
+    }
+    for (const Kriterium &kriterium : filter ? filter->kriterien : std::span<const Kriterium>())
+        if (kriterium.pruefung != Pruefung::Bild && kriterium.pruefung != Pruefung::Keine && !gedruckt.contains(QString::fromLatin1(kriterium.a.control)))
+            return QStringLiteral("%1 wird nicht gedruckt").arg(QLatin1String(kriterium.a.control));
     return {};
 }

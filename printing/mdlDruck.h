@@ -21,16 +21,27 @@ struct Druckausnahme
     QStringView label = {}; ///< Bereich: of the entry; MitSynonymen: of the synonyms
 };
 
+/// A line of the printed criteria. One criterion may stand on several lines, several criteria on one.
+struct Druckzeile
+{
+    QStringView label;
+    const char *control;         ///< objectName, or its stem, of the criterion's first control
+    QStringView anschluss = {};  ///< what joins the words to the line before, where that is printed; empty: always a line of its own
+    int von = 1, bis = Positionen::groesste; ///< of a group, only items of these positions, counted from 1
+};
+
 struct Druckbeschreibung
 {
     Sparte sparte;
     const Druckliste *liste;
     std::span<const Druckausnahme> ausnahmen;
+    std::span<const Druckzeile> kriterien; ///< in the order of print
 };
 
 /// Description of a Sparte's printouts; null while there is none.
 const Druckbeschreibung *druckbeschreibung(Sparte sparte);
-/// Linear check: the columns named are there and of the kind that the exception needs, and the order names columns that exist.
+/// Linear check: the columns named are there and of the kind that the exception needs, the order names columns that exist, and every
+/// criterion that says something about a plant stands on a line.
 /// Returns what is wrong, empty when nothing is.
 QString druckfehler(const Druckbeschreibung &beschreibung);
 

@@ -15,6 +15,17 @@ constexpr Spalte wahr(const char *name, QStringView satz, QStringView druckname 
     return {.name = name, .art = Art::Wahrheit, .druckname = druckname, .satz = satz};
 }
 
+/// A coded column that is not written as flags.
+constexpr Spalte kodiert(const char *name, Art art, const Werteliste *liste, QStringView druckname, Schreibweise weise, std::span<const Marke> marken = {})
+{
+    return {.name = name, .art = art, .liste = liste, .druckname = druckname, .schreibweise = weise, .marken = marken};
+}
+
+constexpr Marke markenPflanzenart[] = {{u"1", 1}, {u"2", 2}, {u"B", 3}, {u"H", 4}, {u"Str", 6}, {u"S", 5}, {u"Z", 7}, {u"G", 8}, {u"F", 9}, {u"W", 10}};
+constexpr int sorte = 1, wildstaude = 2; // groups of the verdict
+constexpr Marke markenUrteil[] = {{u"***", 1, sorte}, {u"**", 2, sorte}, {u"*", 3, sorte}, {u"L", 4}, {u"S", 5}, {u"w!", 6, wildstaude},
+                                  {u"W!", 6, wildstaude}, {u"w", 7, wildstaude}, {u"W", 7, wildstaude}};
+
 constexpr Spalte spaltenTopfpfl[] = {
     {"ARTNR", Art::Schluessel},
     {"BOT_NAME", Art::Name},
@@ -69,7 +80,7 @@ constexpr Spalte spaltenStauden[] = {
     {"DTNAM", Art::Name},
     {"HK", Art::Text, nullptr, u"Herkunft"},
     wahr("heimisch", u"heimische Pflanze"),
-    {"pflanzart", Art::Code, nullptr, u"Pflanzentyp"},
+    kodiert("pflanzart", Art::Code, &WL_Pflanzenart, u"Pflanzentyp", Schreibweise::Anfang, markenPflanzenart),
     {"lebensraum", Art::Flags, &WL_Lebensbereich, u"Lebensraum"},
     {"kennziffer", Art::Text, nullptr, u"Kennziffer"},
     {"MINHOEHE", Art::Zahl, nullptr, u"Höhe minimal", u" m"},
@@ -79,8 +90,8 @@ constexpr Spalte spaltenStauden[] = {
     {"bluehzeit", Art::Monate, nullptr, u"Blütezeit"},
     {"fruchtzeit", Art::Monate, nullptr, u"Fruchtzeit"},
     {"farben", Art::Flags, &WL_Bluetenfarbe, u"Blütenfarbe"},
-    {"fruchtfarb", Art::Flags, &WL_Fruchtfarbe, u"Fruchtfarbe"},
-    {"herbstfarb", Art::Flags, &WL_Bluetenfarbe, u"Herbstfärbung"},
+    kodiert("fruchtfarb", Art::Flags, &WL_Fruchtfarbe, u"Fruchtfarbe", Schreibweise::ZahlOderFlags),
+    kodiert("herbstfarb", Art::Flags, &WL_Bluetenfarbe, u"Herbstfärbung", Schreibweise::ZahlOderFlags),
     {"farbtxt", Art::Text, nullptr, u"Farbtxt"},
     {"blform", Art::Text, nullptr, u"Blütenform"},
     wahr("UNSCHEINBA", u"Die Blüten sind unscheinbar!", u"Erscheinung"),
@@ -88,7 +99,7 @@ constexpr Spalte spaltenStauden[] = {
     {"blattfarbe", Art::Flags, &WL_StBlattfarbe, u"Blattfarbe"},
     wahr("blaschmuck", u"Blattschmuckstaude"),
     wahr("immergruen", u"immergrüne Pflanze"),
-    {"m2", Art::Zahl},
+    {"m2", Art::Zahl, nullptr, {}, u"/m²"},
     {"vermehrung", Art::Text, nullptr, u"Vermehrung"},
     {"wuchsform", Art::Text, nullptr, u"Wuchsform"},
     {"besverw", Art::Text, nullptr, u"Besondere Verw."},
@@ -100,14 +111,14 @@ constexpr Spalte spaltenStauden[] = {
     {"duengung", Art::Text, nullptr, u"Düngung"},
     {"salz", Art::Flags, &WL_Naehrstoff, u"Nährstoffbedarf"},
     wahr("schnitt", u"Schnittpflanze"),
-    {"geselligkt", Art::Code, &WL_Geselligkeit, u"Geselligkeit"},
+    kodiert("geselligkt", Art::Code, &WL_Geselligkeit, u"Geselligkeit", Schreibweise::Zahl),
     {"FAMILIE", Art::Familie, nullptr, u"Familie"},
     {"abstand", Art::Text, nullptr, u"Pflanzabstand"},
     wahr("giftig", u"Giftpflanze"),
     {"sonstiges", Art::Text, nullptr, u"Sonstiges"},
     {"SORTEN", Art::Memo, nullptr, u"Sorten"},
     {"BEMERKUNG", Art::Memo, nullptr, u"Bemerkung"},
-    {"urteil", Art::Code, nullptr, u"Urteil"},
+    kodiert("urteil", Art::Code, &WL_Urteil, u"Urteil", Schreibweise::Marken, markenUrteil),
     {"Quelle", Art::Quelle, nullptr, u"Quelle"},
     {"benu_bemerkung", Art::Memo, nullptr, u"Bemerkung (Benutzer)"},
     {"benu_eigen", Art::Eigen, nullptr, u"Benutzerdef. Eigenschaften"},
@@ -124,7 +135,7 @@ constexpr Spalte spaltenGehoelze[] = {
     {"DTNAM", Art::Name, nullptr, u"Deutscher Name"},
     {"hk", Art::Text, nullptr, u"Herkunft"},
     {"FAMILIE", Art::Familie, nullptr, u"Familie"},
-    {"grobeint", Art::Code},
+    kodiert("grobeint", Art::Code, &WL_GeGrobeinteilung, {}, Schreibweise::Zahl),
     {"groesse", Art::Flags, &WL_GeGroesse, u"Größengruppe"},
     {"maxdurchm", Art::Zahl, nullptr, u"Durchmesser maximal", u" m"},
     {"habitus", Art::Flags, &WL_GeHabitus, u"Habitus"},
@@ -134,12 +145,12 @@ constexpr Spalte spaltenGehoelze[] = {
     wahr("UNSCHEINBA", u"Die Blüten sind unscheinbar!", u"Erscheinung"),
     {"fruchtfarb", Art::Flags, &WL_Fruchtfarbe, u"Fruchtfarbe"},
     {"fruchtzeit", Art::Monate, nullptr, u"Fruchtzeit"},
-    {"genuss", Art::Flags, &WL_GeGenuss, u"Geniessbarkeit"},
+    kodiert("genuss", Art::Flags, &WL_GeGenuss, u"Geniessbarkeit", Schreibweise::ZahlOderFlags),
     {"laubzeit", Art::Flags, &WL_GeLaubzeit},
     {"laubfarb", Art::Flags, &WL_GeLaubfarbe, u"Laubfarbe"},
     {"laubaustr", Art::Monate, nullptr, u"Laubaustrieb"},
     {"wurzelform", Art::Flags, &WL_GeWurzelform, u"Wurzelform"},
-    {"wurzelempf", Art::Flags, &WL_GeWurzelempf, u"Wurzelempfindlichkeit"},
+    kodiert("wurzelempf", Art::Flags, &WL_GeWurzelempf, u"Wurzelempfindlichkeit", Schreibweise::ZahlOderFlags),
     {"bes_merkm", Art::Flags, &WL_GeBesMerkmale, u"Besondere Merkmale"},
     {"verwendung", Art::Flags, &WL_GeVerwendung, u"Verwendung"},
     {"kennzahl", Art::Text, nullptr, u"Kennzahl"},
@@ -288,7 +299,7 @@ constexpr Spalte spaltenFriedhof[] = {
     {"BOT_NAME", Art::Name},
     {"DTNAM", Art::Name},
     {"DB", Art::Code},
-    {"SYMBOLIK", Art::Flags, &WL_FhSymbolik},
+    {"SYMBOLIK", Art::Text},
     {"verwendung", Art::Flags, &WL_FhSymbolik},
     {"pflege", Art::Flags, &WL_FhPflege},
     {"pflanzzeit", Art::Flags, &WL_FhPflanzzeit},
@@ -390,7 +401,7 @@ constexpr Abfragespalte spaltenAbfrageFriedhof[] = {
     {"blattfarbe", "Stauden", "blattfarbe", u"Blattfarbe"},
     {"stauden_blaschmuck", "Stauden", "blaschmuck"},
     {"immergruen", "Stauden", "immergruen"},
-    {"m2", "Stauden", "m2"},
+    {"m2", "Stauden", "m2", {}, u"/m²"},
     {"vermehrung", "Stauden", "vermehrung", u"Vermehrung"},
     {"stauden_wuchsform", "Stauden", "wuchsform", u"Wuchsform"},
     {"besverw", "Stauden", "besverw", u"Besondere Verwendung"},
@@ -444,8 +455,21 @@ static_assert(std::size(folgeApfel) == 51);
 
 constexpr short folgeObst[] = {
     0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 41, 42, 43, 44, 45, 46, 47, 13, 14, 19, 15, 16, 18, 17, 21, 22, 23,
-    24, 25, 26, 27, 28, 20, 29, 31, 32, 30, 39, 33, 40, 34, 35, 36, 37, 38, 49, 48, 50, 51, 52, 53};
-static_assert(std::size(folgeObst) == 54);
+    24, 25, 26, 27, 28, 20, 29, 31, 32, 30, 39, 33, 40, 34, 35, 36, 37, 38, 49, 48, 50, 51, 52, 53, 54, 55};
+static_assert(std::size(folgeObst) == 56);
+
+/// The name and its source first, then the query's columns as they stand, the remark and the varieties of the perennial last.
+constexpr auto folgeFriedhof = [] {
+    std::array<short, 101> folge{};
+    size_t platz = 1;
+    const auto bereich = [&](short von, short bis) {
+        for (short code = von; code <= bis; ++code)
+            folge[platz++] = code;
+    };
+    for (const auto &[von, bis] : {std::pair<short, short>{1, 1}, {54, 54}, {96, 96}, {2, 21}, {24, 53}, {55, 95}, {97, 100}, {22, 23}})
+        bereich(von, bis);
+    return folge;
+}();
 
 constexpr Tabelle tabellen[] = {
     {"Topfpfl", spaltenTopfpfl}, {"Stauden", spaltenStauden}, {"Gehoelze", spaltenGehoelze},
@@ -463,6 +487,7 @@ static_assert(gueltig(folgeStauden, std::size(spaltenStauden), 49));
 static_assert(gueltig(folgeGehoelze, std::size(spaltenGehoelze), 38));
 static_assert(gueltig(folgeApfel, std::size(spaltenApfel), 51));
 static_assert(gueltig(folgeObst, std::size(spaltenObst), 56));
+static_assert(gueltig(folgeFriedhof, std::size(spaltenAbfrageFriedhof), 101));
 
 constexpr const char *bildtabellen[] = {"Topfpfl_Bilder", "Stauden_Bilder", "Gehoelze_Bilder", "Apfel_Bilder",
                                         "Obst_Bilder", "Friedhof_Bilder", "BeetBalkon_Bilder"};
@@ -664,4 +689,4 @@ constinit const Druckliste DL_Stauden{folgeStauden, 49};
 constinit const Druckliste DL_Gehoelze{folgeGehoelze, 38};
 constinit const Druckliste DL_Apfel{folgeApfel, 51};
 constinit const Druckliste DL_Obst{folgeObst, 56};
-constinit const Druckliste DL_Friedhof{{}, 101};
+constinit const Druckliste DL_Friedhof{folgeFriedhof, 101};

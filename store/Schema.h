@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Wertelisten.h"
+#include "Positionen.h"
 
 #include <QString>
 #include <span>
@@ -14,7 +14,7 @@ enum class Art {
     Name,       ///< name in the one German order; indexed
     Text,
     Memo,       ///< running text
-    Flags,      ///< flag string over the column's vocabulary
+    Flags,      ///< positions of the column's vocabulary, in words in the sources
     Monate,     ///< flag string of 12 months, position 1 = January
     Eigen,      ///< five characters, "1" or blank: the user's own properties
     Literatur,  ///< flag string over the list of works
@@ -23,7 +23,7 @@ enum class Art {
     Bewertung,  ///< the rating, 1 to 9
     Quelle,     ///< letter of the work that the botanical name is taken from
     Ganzzahl,
-    Code,       ///< code described at the column's reader
+    Code,       ///< positions of the column's vocabulary, as stored in the sources too; without a vocabulary described at its reader
     Familie,    ///< key into Familien
 };
 
@@ -35,7 +35,14 @@ struct Spalte
     QStringView druckname = {}; ///< empty: not printed with a label
     QStringView einheit = {};
     QStringView satz = {};     ///< Wahrheit: what print says of a true one; empty: nothing
+    Schreibweise schreibweise = Schreibweise::Flags; ///< of a column with a vocabulary, of months and the user's properties
+    std::span<const Marke> marken = {};              ///< Schreibweise Anfang and Marken
+
+    Kodierung kodierung() const { return {schreibweise, liste ? liste->anzahl() : Positionen::groesste, marken}; }
 };
+
+/// Positions that a stored text of this column means.
+inline Positionen positionen(const Spalte &spalte, QStringView text) { return positionen(spalte.kodierung(), text); }
 
 /// A column of the query that joins cemetery plants with their sources; `quelle` null: computed.
 struct Abfragespalte
@@ -99,5 +106,5 @@ extern const Druckliste DL_Stauden;
 extern const Druckliste DL_Gehoelze;
 extern const Druckliste DL_Apfel;
 extern const Druckliste DL_Obst;
-/// Has no order of its own: the columns of the query as they stand.
+/// Of the query's columns.
 extern const Druckliste DL_Friedhof;

@@ -1,7 +1,5 @@
 #include "Wertelisten.h"
 
-#include "Text.h"
-
 namespace {
 
 constexpr QStringView zeilenMonate[] = {
@@ -127,6 +125,8 @@ constexpr QStringView zeilenGeLaubfarbe[] = {
     u"hellgrün", u"dunkelgrün", u"gelbgrün", u"weißgrün", u"gelb", u"orange", u"rot", u"graugrün", u"blaugrün",
     u"bläulich rot", u"graugrün", u"gestreift", u"gefleckt"};
 static_assert(std::size(zeilenGeLaubfarbe) == 13);
+
+constexpr QStringView zeilenGeGrobeinteilung[] = {u"Laubgehölz", u"Nadelgehölz"};
 
 constexpr QStringView zeilenGeGenuss[] = {
     u"eßbar", u"ungeniessbar", u"giftig", u"Stark giftig!!!"};
@@ -636,6 +636,7 @@ constinit const Werteliste WL_ToWuchsform{zeilenToWuchsform};
 constinit const Werteliste WL_ToHaltbarkeit{zeilenToHaltbarkeit};
 constinit const Werteliste WL_ToVerwendung{zeilenToVerwendung};
 constinit const Werteliste WL_GeLaubfarbe{zeilenGeLaubfarbe};
+constinit const Werteliste WL_GeGrobeinteilung{zeilenGeGrobeinteilung};
 constinit const Werteliste WL_GeGenuss{zeilenGeGenuss};
 constinit const Werteliste WL_GeBesMerkmale{zeilenGeBesMerkmale};
 constinit const Werteliste WL_GeBodenart{zeilenGeBodenart};
@@ -733,15 +734,3 @@ constinit const Werteliste WL_FhSymbolik{zeilenFhSymbolik};
 constinit const Farbliste WL_BluetenfarbeRGB{farbenBluetenfarbeRGB};
 constinit const Farbliste WL_FruchtfarbeRGB{farbenFruchtfarbeRGB};
 constinit const Farbliste WL_ToFruchtfarbeRGB{farbenToFruchtfarbeRGB};
-
-QString listentext(QStringView flags, const Werteliste &liste, QStringView trenner)
-{
-    QString text;
-    for (int p = 1; p <= liste.anzahl(); ++p)
-        if (flagGesetzt(flags, p)) {
-            if (!text.isEmpty())
-                text += trenner;
-            text += liste.wort(p);
-        }
-    return text;
-}

@@ -60,6 +60,7 @@ extern const Werteliste WL_ToWuchsform;
 extern const Werteliste WL_ToHaltbarkeit;
 extern const Werteliste WL_ToVerwendung;
 extern const Werteliste WL_GeLaubfarbe;
+extern const Werteliste WL_GeGrobeinteilung;
 extern const Werteliste WL_GeGenuss;
 extern const Werteliste WL_GeBesMerkmale;
 extern const Werteliste WL_GeBodenart;
@@ -157,6 +158,3 @@ extern const Werteliste WL_FhSymbolik;
 extern const Farbliste WL_BluetenfarbeRGB;
 extern const Farbliste WL_FruchtfarbeRGB;
 extern const Farbliste WL_ToFruchtfarbeRGB;
-
-/// Words of the positions set in a flag string, joined; what lies beyond the list is ignored.
-QString listentext(QStringView flags, const Werteliste &liste, QStringView trenner = u", ");

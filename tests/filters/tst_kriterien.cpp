@@ -130,22 +130,6 @@ void TestKriterien::fehlerFallenAuf_data()
           u"chkBild: Zeile 153 steht doppelt oder gibt es nicht"_s);
     zeile("Zeile fehlt", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[1].a.zeile = 0; }, u"Zeile 2 fehlt"_s);
     zeile("Zeile zu viel", [](std::vector<Kriterium> &, Filterbeschreibung &b) { ++b.zeilen; }, u"Zeile 153 fehlt"_s);
-    // The places of print run from 1 without a gap; the last criterion has the last one.
-    zeile("Platz doppelt", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[3].druckplatz = 3; },
-          u"Druckplatz 3 steht doppelt oder gibt es nicht"_s);
-    zeile("Platz negativ", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[3].druckplatz = -1; },
-          u"Druckplatz -1 steht doppelt oder gibt es nicht"_s);
-    zeile("Platz zu groß", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k.back().druckplatz = 32; },
-          u"Druckplatz 32 steht doppelt oder gibt es nicht"_s);
-    zeile("Lücke vor dem letzten Platz", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k.back().druckplatz = 31; },
-          u"Druckplatz 30 fehlt"_s);
-    zeile("Lücke", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[3] = gedruckt(0, {}, k[3]); }, u"Druckplatz 4 fehlt"_s);
-    zeile("erster Platz fehlt", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[0] = gedruckt(0, {}, k[0]); }, u"Druckplatz 1 fehlt"_s);
-    zeile("letzter Platz fehlt", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k.back() = gedruckt(0, {}, k.back()); }, {});
-    zeile("Platz ohne Name", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[3].druckname = {}; },
-          u"lblBlFarbe: Platz und Name im Druck gehören zusammen"_s);
-    zeile("Name ohne Platz", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[1].druckname = u"Bilder: "; },
-          u"chkBild: Platz und Name im Druck gehören zusammen"_s);
 }
 
 void TestKriterien::fehlerFallenAuf()

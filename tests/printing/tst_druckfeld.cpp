@@ -287,10 +287,29 @@ private slots:
         QFETCH(QList<short>, folge);
         QFETCH(Druckausnahme, ausnahme);
         const Druckliste liste{folge, int(folge.size())};
-        QTEST(druckfehler({sparte, &liste, {&ausnahme, 1}}), "fehler");
+        const std::span<const Druckzeile> kriterien = druckbeschreibung(sparte) ? druckbeschreibung(sparte)->kriterien : std::span<const Druckzeile>();
+        QTEST(druckfehler({sparte, &liste, {&ausnahme, 1}, kriterien}), "fehler");
         // The second exception is looked at as well as the first.
         const Druckausnahme beide[] = {{Druckart::Titel, "BOT_NAME"}, ausnahme};
-        QTEST(druckfehler({sparte, &liste, beide}), "fehler");
+        QTEST(druckfehler({sparte, &liste, beide, kriterien}), "fehler");
+    }
+
+    /// Each criterion that says something of a plant stands on a line, and each line names one.
+    void kriterienFallenAuf()
+    {
+        std::vector<Druckzeile> zeilen(DruckTopf.kriterien.begin(), DruckTopf.kriterien.end());
+        const auto fehler = [&] { return druckfehler({Sparte::Topf, &DL_Topf, DruckTopf.ausnahmen, zeilen}); };
+        QCOMPARE(fehler(), QString());
+        zeilen.push_back(zeilen[3]); // twice is no fault
+        QCOMPARE(fehler(), QString());
+        zeilen.pop_back();
+        zeilen[3].von = 2;
+        zeilen[3].bis = 1;
+        QCOMPARE(fehler(), u"lblBlFarbe: keine Stellen 2 bis 1"_s);
+        zeilen[3] = {u"Farbe: ", "lblFarbe"};
+        QCOMPARE(fehler(), u"kein Kriterium lblFarbe"_s);
+        zeilen.erase(zeilen.begin() + 3);
+        QCOMPARE(fehler(), u"lblBlFarbe wird nicht gedruckt"_s);
     }
 
     void labelsPassen_data()

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// A printed criterion: its label, its control, and the words of its items or null for one of another kind.
-struct Druckzeile
+struct Sollzeile
 {
     QStringView label;
     const char *control;
@@ -20,7 +20,7 @@ constexpr QStringView eigeneWorte[] = {u"Schaufenster", u"Balkon & Beet", u"%1",
 constexpr Werteliste eigene{eigeneWorte};
 
 // In the order of print.
-constexpr Druckzeile zeilenTo[] = {
+constexpr Sollzeile zeilenTo[] = {
     {u"Familie: ", "cmbFamilie"},
     {u"Pflanzentyp: ", "chkTyp", &WL_ToPflanztyp},
     {u"Blütezeit: ", "lblBlMonat", &WL_Monate},
@@ -54,7 +54,7 @@ constexpr Druckzeile zeilenTo[] = {
 };
 static_assert(std::size(zeilenTo) == 30);
 
-constexpr Druckzeile zeilenAp[] = {
+constexpr Sollzeile zeilenAp[] = {
     {u"Haltbarkeit: ", "ChkHaltbar", &WL_ApHaltbark},
     {u"Fruchtgröße: ", "ChkFruGro", &WL_ApFruchtgr},
     {u"Form, Längs: ", "ChkFormLaengs", &WL_ApFormL},
@@ -100,15 +100,15 @@ constexpr Druckzeile zeilenAp[] = {
 };
 static_assert(std::size(zeilenAp) == 42);
 
-std::span<const Druckzeile> zeilenVon(Sparte sparte)
+std::span<const Sollzeile> zeilenVon(Sparte sparte)
 {
-    return sparte == Sparte::Topf ? std::span<const Druckzeile>(zeilenTo) : std::span<const Druckzeile>(zeilenAp);
+    return sparte == Sparte::Topf ? std::span<const Sollzeile>(zeilenTo) : std::span<const Sollzeile>(zeilenAp);
 }
 
 const QString note = u"    (Stufe 1: Rarität / Stufe 5:  Standardsortiment)"_s;
 
 /// Sets a criterion, whatever its kind, as a user might.
-void setzen(Zustand &z, const Druckzeile &zeile)
+void setzen(Zustand &z, const Sollzeile &zeile)
 {
     if (zeile.worte)
         z.waehlen(zeile.control);
@@ -147,7 +147,7 @@ private slots:
     {
         for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel}) {
             QSet<const Steuerteil *> controls;
-            for (const Druckzeile &zeile : zeilenVon(sparte))
+            for (const Sollzeile &zeile : zeilenVon(sparte))
                 controls += &Zustand(sparte).steuerteil(zeile.control);
             QCOMPARE(controls.size(), qsizetype(zeilenVon(sparte).size()));
             for (const Kriterium &k : filterbeschreibung(sparte)->kriterien)
@@ -165,10 +165,10 @@ private slots:
     void jedesAllein()
     {
         QFETCH(Sparte, sparte);
-        QFETCH(const Druckzeile *, zeile);
+        QFETCH(const Sollzeile *, zeile);
         Zustand z(sparte);
         setzen(z, *zeile);
-        const std::vector<Kriteriumzeile> gedruckt = kriterienzeilen(z.beschreibung, z.werte, quelle(sparte));
+        const std::vector<Kriteriumzeile> gedruckt = kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, quelle(sparte));
         QCOMPARE(gedruckt.size(), size_t(1));
         QCOMPARE(gedruckt[0].label, zeile->label.toString());
         QVERIFY(!gedruckt[0].worte.isEmpty());
@@ -185,11 +185,11 @@ private slots:
         QFETCH(Sparte, sparte);
         Zustand z(sparte);
         QStringList labels, gelesen;
-        for (const Druckzeile &zeile : zeilenVon(sparte)) {
+        for (const Sollzeile &zeile : zeilenVon(sparte)) {
             setzen(z, zeile);
             labels += zeile.label.toString();
         }
-        for (const Kriteriumzeile &zeile : kriterienzeilen(z.beschreibung, z.werte, quelle(sparte)))
+        for (const Kriteriumzeile &zeile : kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, quelle(sparte)))
             gelesen += zeile.label;
         QCOMPARE(gelesen, labels);
     }
@@ -199,7 +199,7 @@ private slots:
     void gruppen()
     {
         QFETCH(Sparte, sparte);
-        QFETCH(const Druckzeile *, zeile);
+        QFETCH(const Sollzeile *, zeile);
         const int n = Zustand(sparte).steuerteil(zeile->control).elemente();
         QVERIFY(n >= 2 && n <= zeile->worte->anzahl());
         const auto soll = [&](const QStringList &worte) { return QStringList{zeile->label.toString() + u'|' + worte.join(u", "_s)}; };
@@ -323,7 +323,7 @@ private slots:
             {Sparte::Topf, {"cmbFamilie", "txtKrank", "txtbotName", "txtSynonym", "txtSynonymDeutsch", "txtSorte", "txtBenutzerText"}},
             {Sparte::Apfel, {"txtName", "txtSynonym", "txtVName", "txtBenutzerText"}}};
         for (const auto &[sparte, controls] : boxen)
-            for (const Druckzeile &zeile : zeilenVon(sparte))
+            for (const Sollzeile &zeile : zeilenVon(sparte))
                 if (std::ranges::any_of(controls, [&](const char *control) { return qstrcmp(control, zeile.control) == 0; }))
                     QCOMPARE(gedruckt(Zustand(sparte).text(zeile.control, text)), QStringList{zeile.label.toString() + u'|' + text});
     }
@@ -353,7 +353,7 @@ private slots:
         Zustand z(Sparte::Apfel);
         for (const int i : gewaehlt)
             z.waehlen("sschkBenutzer", i);
-        QTEST(alsText(kriterienzeilen(z.beschreibung, z.werte, {programm, eintrag(Sparte::Apfel)})), "zeilen");
+        QTEST(alsText(kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, {programm, eintrag(Sparte::Apfel)})), "zeilen");
     }
 
     /// A criterion without words has a line of its own on the page as well.
@@ -375,6 +375,40 @@ private slots:
         QCOMPARE(y.value(u"Ausbildung: "_s), y.value(u"Apfelsorten"_s) + 2 * zeile);
     }
 
+    void anschluss_data()
+    {
+        QTest::addColumn<QList<int>>("formen");
+        QTest::addColumn<bool>("rot");
+        QTest::addColumn<QStringList>("zeilen");
+        const QList<int> keine;
+        QTest::newRow("nothing") << keine << false << QStringList{};
+        QTest::newRow("first part alone") << QList<int>{0, 3} << false << QStringList{u"Wuchs: |baumartig, aufrecht"_s};
+        QTest::newRow("second part alone") << QList<int>{4} << false << QStringList{u"Ferner: |überhängend"_s};
+        QTest::newRow("both parts") << QList<int>{0, 4} << false << QStringList{u"Wuchs: |baumartig; ferner überhängend"_s};
+        QTest::newRow("another criterion joins") << QList<int>{0, 4} << true << QStringList{u"Wuchs: |baumartig; ferner überhängend, rot"_s};
+        QTest::newRow("it joins over a part that is not set") << QList<int>{0} << true << QStringList{u"Wuchs: |baumartig, rot"_s};
+        QTest::newRow("it stands alone") << keine << true << QStringList{u"Farbe: |rot"_s};
+    }
+    /// Parts of one criterion on two lines, two criteria on one: what is not set leaves no comma.
+    void anschluss()
+    {
+        constexpr Druckzeile tabelle[] = {{u"Wuchs: ", "chkWuchsForm", {}, 1, 4},
+                                          {u"Ferner: ", "chkWuchsForm", u"; ferner ", 5, 14},
+                                          {u"Farbe: ", "lblBlFarbe", u", "},
+                                          {u"Höhe: ", "txtMinHoehe"}};
+        QFETCH(QList<int>, formen);
+        QFETCH(bool, rot);
+        Zustand z(Sparte::Topf);
+        for (const int i : formen)
+            z.waehlen("chkWuchsForm", i);
+        if (rot)
+            z.waehlen("lblBlFarbe", 4);
+        QTEST(alsText(kriterienzeilen(tabelle, z.beschreibung, z.werte, quelle(Sparte::Topf))), "zeilen");
+        QFETCH(QStringList, zeilen);
+        z.text("txtMinHoehe", u"1"_s);
+        QCOMPARE(alsText(kriterienzeilen(tabelle, z.beschreibung, z.werte, quelle(Sparte::Topf))), zeilen + QStringList{u"Höhe: |ab 1 m"_s});
+    }
+
     /// Pictures say nothing about a plant.
     void bilder()
     {
@@ -393,7 +427,7 @@ private slots:
             const Sparte sparte = i % 2 ? Sparte::Apfel : Sparte::Topf;
             const Zustand z = zufallszustand(sparte, zufall, {u""_s, u"a"_s, u"rot"_s}, {u"- Alle -"_s, u"Araceae"_s});
             QStringList soll, ist;
-            for (const Druckzeile &zeile : zeilenVon(sparte)) {
+            for (const Sollzeile &zeile : zeilenVon(sparte)) {
                 const auto kriterium = std::ranges::find_if(z.beschreibung.kriterien, [&](const Kriterium &k) {
                     return qstrcmp(k.a.control, zeile.control) == 0 || qstrcmp(k.b.control, zeile.control) == 0;
                 });
@@ -403,7 +437,7 @@ private slots:
                 if (gesetzt)
                     soll += zeile.label.toString();
             }
-            for (const Kriteriumzeile &zeile : kriterienzeilen(z.beschreibung, z.werte, quelle(sparte)))
+            for (const Kriteriumzeile &zeile : kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, quelle(sparte)))
                 ist += zeile.label;
             QCOMPARE(ist, soll);
             leer += soll.isEmpty();
@@ -416,14 +450,14 @@ private:
     void kriterien(bool nurGruppen = false)
     {
         QTest::addColumn<Sparte>("sparte");
-        QTest::addColumn<const Druckzeile *>("zeile");
+        QTest::addColumn<const Sollzeile *>("zeile");
         for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
-            for (const Druckzeile &zeile : zeilenVon(sparte))
+            for (const Sollzeile &zeile : zeilenVon(sparte))
                 if (zeile.worte || !nurGruppen)
                     QTest::addRow("%s %s", sparte == Sparte::Topf ? "to" : "ap", zeile.control) << sparte << &zeile;
     }
     Wortquelle quelle(Sparte sparte) const { return {programm_, eintrag(sparte)}; }
-    QStringList gedruckt(const Zustand &z) const { return alsText(kriterienzeilen(z.beschreibung, z.werte, quelle(z.beschreibung.sparte))); }
+    QStringList gedruckt(const Zustand &z) const { return alsText(kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, quelle(z.beschreibung.sparte))); }
 
     Programm programm_;
 };

@@ -1,3 +1,4 @@
+#include "printing/mdlDruck.h"
 #include "Seitenpruefung.h"
 
 #include <QSignalSpy>
@@ -382,13 +383,9 @@ void TestListe::alleKriterien()
     QFETCH(const Sparte, sparte);
     QFETCH(const QPageLayout, blatt);
     QStringList labels{u"Datenbank: "_s};
-    std::vector<const Kriterium *> nachPlatz;
-    for (const Kriterium &kriterium : filterbeschreibung(sparte)->kriterien)
-        if (kriterium.druckplatz != 0 && kriterium.pruefung != Pruefung::Bereich)
-            nachPlatz.push_back(&kriterium);
-    std::ranges::sort(nachPlatz, {}, &Kriterium::druckplatz);
-    for (const Kriterium *kriterium : nachPlatz)
-        labels += kriterium->druckname.toString() + (kriterium->druckname.endsWith(u' ') ? QString() : u" "_s);
+    for (const Druckzeile &zeile : druckbeschreibung(sparte)->kriterien)
+        if (kriteriumNamens(*filterbeschreibung(sparte), zeile.control)->pruefung != Pruefung::Bereich)
+            labels += zeile.label.toString() + (zeile.label.endsWith(u' ') ? QString() : u" "_s);
     for (const int worte : {1, 60, 300}) {
         Listenprobe probe(sparte, 40);
         for (auto &namen : probe.programm.BenutzerNamen)
