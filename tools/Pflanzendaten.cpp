@@ -31,6 +31,9 @@ constexpr QStringView quellen[][2] = {{u"Zander", u"z"},
 constexpr QStringView spannen[][2] = {
     {u"BLMINH", u"BLMAXH"}, {u"MINHOEHE", u"MAXHOEHE"}, {u"LICHTMIN", u"LICHTMAX"}, {u"TEMPMIN", u"TEMPMAX"}};
 
+/// What fits beside a drawing.
+constexpr int laengstesMerkmal = 60, meisteMerkmale = 5;
+
 constexpr int groessteNummer = 32767; // number searches convert to 16 bits
 
 /// Tables for whose plants two plates are drawn, with what these show.
@@ -200,6 +203,7 @@ void Pflanzendaten::pflanze(const RecSatz &satz, const Tabelle &tabelle)
     QHash<QString, double> zahlen;
     QSet<QString> gesetzt;
     qint64 nummer = 0;
+    int merkmale = 0;
     QString name;
     std::vector<std::pair<QString, QString>> synonyme;
     for (const RecFeld &feld : satz.felder) {
@@ -207,6 +211,14 @@ void Pflanzendaten::pflanze(const RecSatz &satz, const Tabelle &tabelle)
             satz.falsch(feld.zeile, QStringLiteral("%1 ist leer").arg(feld.name));
         if (feld.name == u"SYN_BOT" || feld.name == u"SYN_DT") {
             synonyme.emplace_back(feld.name == u"SYN_BOT" ? QStringLiteral("Botanisch") : QStringLiteral("Deutsch"), feld.wert);
+            continue;
+        }
+        if (feld.name == u"MERKMAL") {
+            // For the plate alone: the tables have no column for it.
+            if (feld.wert.size() > laengstesMerkmal)
+                satz.falsch(feld.zeile, QStringLiteral("MERKMAL hat mehr als %1 Zeichen").arg(laengstesMerkmal));
+            if (++merkmale > meisteMerkmale)
+                satz.falsch(feld.zeile, QStringLiteral("mehr als %1 Merkmale").arg(meisteMerkmale));
             continue;
         }
         const Spalte *spalte = tabelle.spalte(feld.name);

@@ -23,6 +23,27 @@ class TestPflanzendaten : public QObject
 private slots:
     void init() { ordner_.emplace(); }
 
+    void merkmale_data()
+    {
+        QTest::addColumn<QString>("felder");
+        QTest::addColumn<QString>("fehler");
+        const QString m = u"MERKMAL: Blatt unterseits filzig\n"_s;
+        QTest::newRow("keines") << QString() << QString();
+        QTest::newRow("fünf") << m.repeated(5) << QString();
+        QTest::newRow("sechs") << m.repeated(6) << u"mehr als 5 Merkmale"_s;
+        QTest::newRow("60 Zeichen") << u"MERKMAL: "_s + QString(60, u'ä') + u'\n' << QString();
+        QTest::newRow("61 Zeichen") << u"MERKMAL: "_s + QString(61, u'ä') + u'\n' << u"MERKMAL hat mehr als 60 Zeichen"_s;
+        QTest::newRow("leer") << u"MERKMAL:\n"_s << u"MERKMAL ist leer"_s;
+    }
+    /// Identifying marks are checked and reach no column.
+    void merkmale()
+    {
+        QFETCH(QString, felder);
+        QFETCH(QString, fehler);
+        const QString gemeldet = bauen(vorspann + pflanze + felder);
+        QVERIFY2(fehler.isEmpty() ? gemeldet.isEmpty() : gemeldet.endsWith(fehler), qPrintable(gemeldet));
+    }
+
     void monate_data()
     {
         QTest::addColumn<QString>("text");
