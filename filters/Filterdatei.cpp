@@ -87,42 +87,67 @@ std::optional<int> zwischen(std::optional<int> zahl, int klein, int gross)
     return zahl && *zahl >= klein && *zahl <= gross ? zahl : std::nullopt;
 }
 
-bool istText(Steuerung art)
+/// A control shows the key "name" while it is set, and "name_n" or nothing while it is not.
+int bildGesetzt(const QString &text)
 {
-    return art == Steuerung::Text || art == Steuerung::Zahl || art == Steuerung::Liste;
+    const QString name = text.trimmed();
+    return !name.isEmpty() && name != u"0" && !name.endsWith(u"_n");
 }
 
-/// Number of an item for an element; nothing for a read error.
-std::optional<int> zahlFuer(const Dateistelle &stelle, const QString &text)
+QString bildname(const char *bild)
 {
-    switch (stelle.teil->art) {
-    case Steuerung::Kaestchen:
-    case Steuerung::KaestchenWert: return gesetzt(text);
-    case Steuerung::Farben: return stelle.element + 1 == stelle.teil->elemente() ? zwischen(ganzzahl(text), 0, 1) : ganzzahl(text);
-    case Steuerung::Monate: return ganzzahl(text);
-    case Steuerung::Bilder: return zwischen(ganzzahl(text), 0, 1);
-    case Steuerung::Option: return wahrheit(text);
-    case Steuerung::Schieber: return zwischen(ganzzahl(text), schieberMin, schieberMax);
-    case Steuerung::Text:
-    case Steuerung::Zahl:
-    case Steuerung::Liste: break;
+    return QString::fromLatin1(bild).section(u'/', 1);
+}
+
+/// What a line sets: a number, a text or, for a list by place, the entry there. Nothing for a read error.
+struct Inhalt
+{
+    int zahl = 0;
+    QString text = {};
+};
+
+std::optional<Inhalt> inhaltAus(const Dateistelle &stelle, const QString &text)
+{
+    const auto zahl = [](std::optional<int> wert) { return wert ? std::optional(Inhalt{*wert}) : std::nullopt; };
+    switch (stelle.form()) {
+    case Dateiform::Kennzeichen: return zahl(gesetzt(text));
+    // A check box takes any number, a style only 0 and 1.
+    case Dateiform::Wert: return zahl(stelle.teil->art == Steuerung::Kaestchen ? gesetzt(text) : zwischen(ganzzahl(text), 0, 1));
+    case Dateiform::Farbe: return zahl(ganzzahl(text));
+    case Dateiform::Wahrheit: return zahl(wahrheit(text));
+    case Dateiform::Stufe: return zahl(zwischen(ganzzahl(text), schieberMin, schieberMax));
+    case Dateiform::Bildname: return Inhalt{bildGesetzt(text)};
+    case Dateiform::Text: return Inhalt{0, text};
+    case Dateiform::Zahltext: return Inhalt{0, ErsetzeAlle(text, QStringLiteral("."), QStringLiteral(","))};
+    case Dateiform::Index: {
+        const std::optional<int> platz = zwischen(ganzzahl(text), 0, int(stelle.teil->worte.size()));
+        if (!platz)
+            return std::nullopt;
+        return Inhalt{0, (*platz == 0 ? stelle.teil->alle : stelle.teil->worte[size_t(*platz - 1)]).toString()};
     }
-    return 0;
+    }
+    return std::nullopt;
 }
 
 QString zeileFuer(const Dateistelle &stelle, const Teilzustand &zustand)
 {
-    switch (stelle.teil->art) {
-    case Steuerung::Kaestchen: return zahlzeile(zustand.werte[size_t(stelle.element)] ? -1 : 0);
-    case Steuerung::KaestchenWert:
-    case Steuerung::Farben:
-    case Steuerung::Monate:
-    case Steuerung::Bilder:
-    case Steuerung::Schieber: return zahlzeile(zustand.werte[size_t(stelle.element)]);
-    case Steuerung::Option: return zustand.werte[size_t(stelle.element)] ? QStringLiteral("True") : QStringLiteral("False");
-    case Steuerung::Zahl: return ErsetzeAlle(zustand.text, QStringLiteral(","), QStringLiteral("."));
-    case Steuerung::Text:
-    case Steuerung::Liste: return zustand.text;
+    const auto wert = [&] { return zustand.werte[size_t(stelle.element)]; };
+    switch (stelle.form()) {
+    case Dateiform::Kennzeichen: return zahlzeile(wert() ? -1 : 0);
+    case Dateiform::Wert:
+    case Dateiform::Farbe:
+    case Dateiform::Stufe: return zahlzeile(wert());
+    case Dateiform::Wahrheit: return wert() ? QStringLiteral("True") : QStringLiteral("False");
+    case Dateiform::Zahltext: return ErsetzeAlle(zustand.text, QStringLiteral(","), QStringLiteral("."));
+    case Dateiform::Text: return zustand.text;
+    case Dateiform::Bildname: {
+        const Symbolbild &bild = stelle.teil->bilder[size_t(stelle.element)];
+        return bildname(wert() || !bild.aus ? bild.bild : bild.aus);
+    }
+    case Dateiform::Index: {
+        const auto wort = std::ranges::find(stelle.teil->worte, QStringView(zustand.text));
+        return zahlzeile(wort == stelle.teil->worte.end() ? 0 : int(wort - stelle.teil->worte.begin()) + 1);
+    }
     }
     return {};
 }
@@ -162,11 +187,10 @@ bool filterLesen(const Filterbeschreibung &beschreibung, const QByteArray &inhal
         const std::optional<QString> stueck = leser.stueck();
         if (!stueck)
             return false;
-        const std::optional<int> zahl = zahlFuer(stelle, *stueck);
-        if (!zahl)
+        const std::optional<Inhalt> gelesen = inhaltAus(stelle, *stueck);
+        if (!gelesen)
             return false;
-        const QString text = stelle.teil->art == Steuerung::Zahl ? ErsetzeAlle(*stueck, QStringLiteral("."), QStringLiteral(",")) : *stueck;
-        wert(stelle.kriterium, stelle.zweites, stelle.element, *zahl, istText(stelle.teil->art) ? text : QString());
+        wert(stelle.kriterium, stelle.zweites, stelle.element, gelesen->zahl, gelesen->text);
     }
     return true;
 }

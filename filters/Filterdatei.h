@@ -23,5 +23,7 @@ struct Dateistelle
     bool zweites;
     int element;
     const Steuerteil *teil;
+
+    Dateiform form() const { return teil->dateiform(element); }
 };
 std::vector<Dateistelle> dateistellen(const Filterbeschreibung &beschreibung);

@@ -57,7 +57,6 @@ Teilzustand Filterdialog::lesen(const Teil &teil) const
         QWidget *widget = teil.widgets[i];
         switch (teil.steuerteil->art) {
         case Steuerung::Kaestchen:
-        case Steuerung::KaestchenWert:
         case Steuerung::Option: zustand.werte.push_back(static_cast<QAbstractButton *>(widget)->isChecked() ? 1 : 0); break;
         case Steuerung::Farben:
             zustand.werte.push_back(i + 1 == teil.widgets.size() ? static_cast<Farbzelle *>(widget)->backStyle()
@@ -79,7 +78,6 @@ void Filterdialog::setzen(const Teil &teil, int element, int wert, const QString
     QWidget *widget = teil.widgets[size_t(element)];
     switch (teil.steuerteil->art) {
     case Steuerung::Kaestchen:
-    case Steuerung::KaestchenWert:
     case Steuerung::Option: {
         auto *taste = static_cast<QAbstractButton *>(widget);
         // An option that is to go out needs its group to let it.

@@ -213,8 +213,7 @@ QWidget *Filterdialog::elementBauen(const Kriterium &kriterium, const Steuerteil
         return &steuerteil == &kriterium.a ? zeile.a : zeile.b;
     };
     switch (steuerteil.art) {
-    case Steuerung::Kaestchen:
-    case Steuerung::KaestchenWert: {
+    case Steuerung::Kaestchen: {
         auto *kaestchen = new QCheckBox(beschriftung(kriterium, steuerteil, i), eltern);
         connect(kaestchen, &QCheckBox::toggled, this, [this] { zaehlen(); });
         return kaestchen;

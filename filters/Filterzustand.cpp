@@ -14,7 +14,6 @@ Teilzustand vorgabe(const Steuerteil &teil)
         break;
     case Steuerung::Monate: zustand.werte.assign(size_t(teil.elemente()), nichtGewaehlt); break;
     case Steuerung::Kaestchen:
-    case Steuerung::KaestchenWert:
     case Steuerung::Bilder: zustand.werte.assign(size_t(teil.elemente()), 0); break;
     case Steuerung::Option:
         zustand.werte.assign(size_t(teil.elemente()), 0);
@@ -38,13 +37,14 @@ Filterzustand vorgabe(const Filterbeschreibung &beschreibung)
 
 bool gewaehlt(const Steuerteil &teil, const Teilzustand &zustand, int i)
 {
+    if (i >= teil.waehlbare())
+        return false;
     const int wert = zustand.werte[size_t(i)];
     switch (teil.art) {
     case Steuerung::Farben: return i + 1 == teil.elemente() ? wert == 1 : wert != nichtGewaehlt;
     case Steuerung::Monate: return wert != nichtGewaehlt;
     case Steuerung::Bilder: return wert == 1;
     case Steuerung::Kaestchen:
-    case Steuerung::KaestchenWert:
     case Steuerung::Option: return wert != 0;
     case Steuerung::Text:
     case Steuerung::Zahl:
@@ -96,7 +96,7 @@ bool aktiv(const Kriterium &k, const Kriteriumzustand &z)
     case Pruefung::Flags:
     case Pruefung::FlagsOderWahr: {
         const int n = anzahlGewaehlt(k.a, z.a) + (k.b.control ? anzahlGewaehlt(k.b, z.b) : 0);
-        return n != 0 && n != k.a.elemente() + k.b.elemente();
+        return n != 0 && n != k.a.waehlbare() + k.b.waehlbare();
     }
     case Pruefung::Bereich: {
         const bool unten = grenzeVorgegeben(k, k.a, z.a), oben = grenzeVorgegeben(k, k.b, z.b);

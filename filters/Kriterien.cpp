@@ -29,6 +29,24 @@ QStringView wortVon(const Filterbeschreibung &beschreibung, const Kriterium &kri
     return liste ? liste->wort(i + 1) : QStringView();
 }
 
+Dateiform Steuerteil::dateiform(int i) const
+{
+    if (form)
+        return *form;
+    switch (art) {
+    case Steuerung::Kaestchen: return Dateiform::Kennzeichen;
+    case Steuerung::Farben: return i + 1 == elemente() ? Dateiform::Wert : Dateiform::Farbe;
+    case Steuerung::Monate: return Dateiform::Farbe;
+    case Steuerung::Bilder: return Dateiform::Wert;
+    case Steuerung::Zahl: return Dateiform::Zahltext;
+    case Steuerung::Option: return Dateiform::Wahrheit;
+    case Steuerung::Schieber: return Dateiform::Stufe;
+    case Steuerung::Text:
+    case Steuerung::Liste: break;
+    }
+    return Dateiform::Text;
+}
+
 const Kriterium *kriteriumNamens(const Filterbeschreibung &beschreibung, const char *control)
 {
     const auto gefunden = std::ranges::find_if(beschreibung.kriterien, [&](const Kriterium &k) { return qstrcmp(k.a.control, control) == 0; });
@@ -74,10 +92,10 @@ QString filterfehler(const Filterbeschreibung &beschreibung)
             namen.insert(name);
             if (teil->art == Steuerung::Farben && (!teil->farben || int(teil->farben->werte.size()) + 1 != teil->elemente()))
                 return QStringLiteral("%1: Farben und Anzahl passen nicht zusammen").arg(name);
-            if (k.pruefung == Pruefung::Flags && liste && teil->elemente() > liste->anzahl())
+            if (k.pruefung == Pruefung::Flags && liste && teil->waehlbare() > liste->anzahl())
                 return QStringLiteral("%1: mehr Kästchen als Wörter").arg(name);
-            if (!teil->worte.empty() && int(teil->worte.size()) != teil->elemente())
-                return QStringLiteral("%1: %2 Wörter für %3 Kästchen").arg(name).arg(teil->worte.size()).arg(teil->elemente());
+            if (!teil->worte.empty() && teil->art != Steuerung::Liste && int(teil->worte.size()) != teil->waehlbare())
+                return QStringLiteral("%1: %2 Wörter für %3 Kästchen").arg(name).arg(teil->worte.size()).arg(teil->waehlbare());
             for (int i = 0; teil->zeile && i < teil->elemente(); ++i) {
                 const int zeile = teil->zeile + i;
                 if (zeile > beschreibung.zeilen || zeilen[size_t(zeile - 1)])

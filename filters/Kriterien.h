@@ -9,25 +9,41 @@
 /* A Sparte's filter as one table: each criterion once, in the order of the row tests, with its controls, its field, its kind
    of test, its place in the dialog and its lines in the filter file. Dialog, test, reset, saving and loading loop over it. */
 
-/// Kind of a control: how it shows a selection and how it stands in a file.
+/// Kind of a control: how it shows a selection.
 enum class Steuerung {
-    Kaestchen,     ///< check boxes; file: -1 or 0
-    KaestchenWert, ///< check boxes; file: 1 or 0
-    Farben,        ///< swatches, the last one by BackStyle; file: colours, then 0 or 1
-    Monate,        ///< month labels; file: colours
-    Bilder,        ///< pictures by BorderStyle; file: 0 or 1
-    Text,          ///< text box; file: its text
-    Zahl,          ///< number box; file: its text with a point
-    Liste,         ///< combo box, default "- Alle -"; file: its text
-    Option,        ///< option buttons; file: True or False
-    Schieber,      ///< slider 1 to 5; file: a number
+    Kaestchen, ///< check boxes
+    Farben,    ///< swatches, the last one by BackStyle
+    Monate,    ///< month labels
+    Bilder,    ///< pictures by BorderStyle
+    Text,      ///< text box
+    Zahl,      ///< number box
+    Liste,     ///< combo box, its first entry switches the criterion off
+    Option,    ///< option buttons, which exclude each other
+    Schieber,  ///< slider 1 to 5
 };
+
+/// How an element stands in a line of a filter file.
+enum class Dateiform {
+    Kennzeichen, ///< -1 set, 0 not set
+    Wert,        ///< 1 set, 0 not set; BackStyle or BorderStyle
+    Farbe,       ///< BackColor
+    Wahrheit,    ///< True or False
+    Text,
+    Zahltext,    ///< the text with a point for the comma
+    Stufe,
+    Index,       ///< place of the list's entry, counted from 0
+    Bildname,    ///< key of the picture that is shown; read as set unless it is empty, "0" or ends in "_n"
+};
+
+/// Where the entries of a list come from, behind the one that means all.
+enum class Eintraege { Familien, Feldwerte, Worte };
 
 struct Symbolbild
 {
     const char *bild; ///< "list/key"
     QStringView name; ///< accessible name and tool tip
     QStringView satz; ///< sentence under the pictures while the mouse is over one
+    const char *aus = nullptr; ///< "list/key" while it is not selected; null: the same picture
 };
 
 inline constexpr QStringView alleEintrag = u"- Alle -";
@@ -40,11 +56,18 @@ struct Steuerteil
     int zeile = 0;                        ///< first line in the file, counted from 1; 0: not in the file
     std::span<const QStringView> worte = {}; ///< captions; missing ones come from the field's vocabulary
     QStringView vorgabe = {};             ///< default text
+    Eintraege eintraege = Eintraege::Familien; ///< Liste
     QStringView alle = alleEintrag;       ///< Liste: the first entry, which switches the criterion off
     std::span<const Symbolbild> bilder = {};
     const Farbliste *farben = nullptr;
+    std::optional<Dateiform> form = {};   ///< where the file has another form than the kind of control asks for
+    int ueberzaehlig = 0;                 ///< boxes at the end of an array that stand in the file only
 
     int elemente() const { return control ? (anzahl ? anzahl : 1) : 0; }
+    /// Elements that can be selected.
+    int waehlbare() const { return elemente() - ueberzaehlig; }
+    /// Form of element `i`, counted from 0, in a file.
+    Dateiform dateiform(int i) const;
 };
 
 /// Kind of a row test.

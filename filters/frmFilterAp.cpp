@@ -56,7 +56,7 @@ constexpr Kriterium kriterien[] = {
     gemeinsam::text("txtSynonym", u"Synonym:", "synonym", 227, textsuche),
     gemeinsam::text("txtBenutzerText", u"Eigene Bemerkung:", "benu_bemerkung", 228, textsuche, 1),
     gemeinsam::eigenschaften(229, textsuche, 1),
-    gemeinsam::ausbildung(234, Steuerung::Kaestchen),
+    gemeinsam::ausbildung(234, Dateiform::Kennzeichen),
     gemeinsam::bewertung(222),
 };
 

@@ -102,7 +102,7 @@ constexpr Kriterium kriterien[] = {
     gemeinsam::text("txtbotName", u"Botanischer Name:", "BOT_NAME", 9, Textsuche),
     gemeinsam::text("txtBenutzerText", u"Eigene Bemerkung:", "benu_bemerkung", 141, Textsuche, 1),
     gemeinsam::eigenschaften(142, Textsuche, 1),
-    gemeinsam::ausbildung(147, Steuerung::KaestchenWert, Verwendung),
+    gemeinsam::ausbildung(147, Dateiform::Wert, Verwendung),
     gemeinsam::bewertung(138),
 };
 

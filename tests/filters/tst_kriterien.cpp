@@ -46,17 +46,19 @@ void TestKriterien::tabellenSindStimmig()
 /// Kind of a control as a line of a file names it.
 static QString zeilenart(const Dateistelle &stelle)
 {
-    switch (stelle.teil->art) {
-    case Steuerung::Kaestchen: return u"flag"_s;
-    case Steuerung::KaestchenWert: return u"value CheckBoxValue"_s;
-    case Steuerung::Farben: return stelle.element == stelle.teil->anzahl - 1 ? u"value BackStyle"_s : u"colour"_s;
-    case Steuerung::Monate: return u"colour"_s;
-    case Steuerung::Bilder: return u"value BorderStyle"_s;
-    case Steuerung::Text:
-    case Steuerung::Liste: return u"text"_s;
-    case Steuerung::Zahl: return u"number text"_s;
-    case Steuerung::Option: return u"boolean"_s;
-    case Steuerung::Schieber: return u"step"_s;
+    switch (stelle.form()) {
+    case Dateiform::Kennzeichen: return u"flag"_s;
+    case Dateiform::Wert:
+        return stelle.teil->art == Steuerung::Kaestchen ? u"value CheckBoxValue"_s
+             : stelle.teil->art == Steuerung::Bilder    ? u"value BorderStyle"_s
+                                                        : u"value BackStyle"_s;
+    case Dateiform::Farbe: return u"colour"_s;
+    case Dateiform::Wahrheit: return u"boolean"_s;
+    case Dateiform::Text: return u"text"_s;
+    case Dateiform::Zahltext: return u"number text"_s;
+    case Dateiform::Stufe: return u"step"_s;
+    case Dateiform::Index: return u"value ListIndex"_s;
+    case Dateiform::Bildname: return u"text Tag"_s;
     }
     return {};
 }
