@@ -1,8 +1,62 @@
 #include "Pfade.h"
 
+#include <QDateTime>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QHash>
+#include <QMutex>
+
+namespace {
+
+constexpr int merkdauer = 2000; // ms
+constexpr qsizetype gemerkteOrdner = 16;
+
+/// What a folder held when it was read.
+struct Ordnerliste
+{
+    QDateTime zeit;
+    QDeadlineTimer ende;
+    QHash<QString, QString> namen; ///< by their folded form; of two that differ in case only the one that sorts first
+};
+
+Ordnerliste ordnerLesen(const QString &ordner, const QDateTime &zeit)
+{
+    Ordnerliste liste{zeit, QDeadlineTimer(merkdauer), {}};
+    for (QDirIterator i(ordner, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot); i.hasNext();) {
+        i.next();
+        const QString name = i.fileName();
+        QString &platz = liste.namen[name.toCaseFolded()];
+        if (platz.isEmpty() || name < platz)
+            platz = name;
+    }
+    return liste;
+}
+
+/// The entry of a folder that differs from a name in case only; the name itself where there is none. A folder of thousands of
+/// files takes milliseconds to read: what it held is used again for as long as its time stays, but never longer than `merkdauer`,
+/// because not every file system changes the time of a folder at once.
+QString eintragWie(const QString &ordner, const QString &name)
+{
+    static QMutex sperre;
+    static QHash<QString, Ordnerliste> gemerkt;
+    const QFileInfo stand(ordner);
+    const QDateTime zeit = stand.lastModified();
+    if (!zeit.isValid())
+        return name;
+    const QMutexLocker halten(&sperre);
+    const QString schluessel = stand.absoluteFilePath();
+    auto liste = gemerkt.find(schluessel);
+    if (liste == gemerkt.end() || liste->zeit != zeit || liste->ende.hasExpired()) {
+        if (gemerkt.size() >= gemerkteOrdner)
+            gemerkt.clear();
+        liste = gemerkt.insert(schluessel, ordnerLesen(ordner, zeit));
+    }
+    return liste->namen.value(name.toCaseFolded(), name);
+}
+
+} // namespace
 
 QString pfadAus(const QString &ordner, const QString &rest)
 {
@@ -25,14 +79,7 @@ QString systemPfad(const QString &pfad)
     QString bisher = gewandelt.startsWith(u'/') ? QStringLiteral("/") : QString();
     for (const QString &teil : gewandelt.split(u'/', Qt::SkipEmptyParts)) {
         const QString ordner = bisher.isEmpty() ? QStringLiteral(".") : bisher;
-        QString gefunden = teil;
-        if (!QFileInfo::exists(QDir(ordner).filePath(teil))) {
-            for (const QString &eintrag : QDir(ordner).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
-                if (eintrag.compare(teil, Qt::CaseInsensitive) == 0) {
-                    gefunden = eintrag;
-                    break;
-                }
-        }
+        const QString gefunden = QFileInfo::exists(QDir(ordner).filePath(teil)) ? teil : eintragWie(ordner, teil);
         bisher = bisher.isEmpty() ? gefunden : QDir(bisher).filePath(gefunden);
     }
     return bisher;
@@ -47,6 +94,19 @@ bool dateiVorhanden(const QString &muster)
     const QString name = pfad.mid(strich + 1);
     if (!name.contains(u'*') && !name.contains(u'?') && !name.contains(u'['))
         return QFileInfo(systemPfad(pfad)).isFile();
-    // The first match is enough: a picture folder may hold thousands of files.
-    return QDirIterator(systemPfad(strich < 0 ? QStringLiteral(".") : pfad.left(strich + 1)), {name}, QDir::Files | QDir::Hidden).hasNext();
+    // The first match is enough, and the one of the last time saves looking for another: a picture folder may hold thousands of files.
+    static QMutex sperre;
+    static QHash<QString, QString> treffer;
+    const QString ordner = systemPfad(strich < 0 ? QStringLiteral(".") : pfad.left(strich + 1));
+    const QString schluessel = QFileInfo(QDir(ordner), name).absoluteFilePath();
+    const QMutexLocker halten(&sperre);
+    if (const QString voriger = treffer.value(schluessel); !voriger.isEmpty() && QFileInfo(voriger).isFile())
+        return true;
+    QDirIterator suche(ordner, {name}, QDir::Files | QDir::Hidden);
+    if (!suche.hasNext())
+        return false;
+    if (treffer.size() >= gemerkteOrdner)
+        treffer.clear();
+    treffer.insert(schluessel, QFileInfo(suche.next()).absoluteFilePath());
+    return true;
 }

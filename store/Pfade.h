@@ -6,7 +6,8 @@
 
 /// `ordner` and `rest` joined with exactly one "\" between them; empty when the folder is unknown (empty).
 QString pfadAus(const QString &ordner, const QString &rest);
-/// The path for the system: its own separator, and where the exact name is missing, an existing one that differs in case only.
+/// The path for the system: its own separator, and where the exact name is missing, an existing one that differs in case only
+/// (one that came within the last two seconds may be missed). Any thread.
 QString systemPfad(const QString &pfad);
-/// First match of a name with wildcards (`* ?`) below a folder, as the program probes for files; false for an empty path.
+/// First match of a name with wildcards (`* ?`) below a folder, as the program probes for files; false for an empty path. Any thread.
 bool dateiVorhanden(const QString &muster);
