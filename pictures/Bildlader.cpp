@@ -34,6 +34,11 @@ bool glaubhaft(QSize groesse, qint64 bytes)
     return qint64(groesse.width()) * groesse.height() <= bytes * 1024;
 }
 
+QSize geteilt(QSize groesse, int teiler)
+{
+    return {(groesse.width() + teiler - 1) / teiler, (groesse.height() + teiler - 1) / teiler};
+}
+
 enum class Format { Keines, Jpeg, Gif, Png, Bmp, Svg };
 
 Format format(QFile &datei)
@@ -168,9 +173,13 @@ public:
         if (!kopf || !zulaessig(kopf->groesse) || !glaubhaft(kopf->groesse, datei.size()) || !datei.seek(0))
             return;
         bytes_ = datei.readAll();
-        // A cut file decodes to a half grey picture.
-        if (bytes_.lastIndexOf(QByteArrayView("\xFF\xD9")) < kopf->daten)
-            return;
+        // A cut file decodes to a half grey picture. With an end mark of ours the decoder finds out whether anything but the mark
+        // was missing; that whole scans are is left to us.
+        if (bytes_.lastIndexOf(QByteArrayView("\xFF\xD9")) < kopf->daten) {
+            if (!alleDurchlaeufe(bytes_))
+                return;
+            bytes_ += "\xFF\xD9";
+        }
         QSize groesse;
         int proben = 0;
         if (!geglueckt(tjDecompressHeader3(bibliothek_.get(), daten(), laenge(), &groesse.rwidth(), &groesse.rheight(), &proben, &farbraum_))
@@ -189,7 +198,7 @@ public:
         const QSize ziel = gekippt(kopf_.orientierung) ? gezeigt.transposed() : gezeigt;
         return fertig(aufGroesse(dekodiert(dekodiergroesse(ziel)), ziel));
     }
-    QImage ganz() { return fertig(dekodiert(kopf_.groesse)); }
+    QImage teil(int teiler) { return fertig(dekodiert(geteilt(kopf_.groesse, teiler))); }
 
 private:
     const uchar *daten() const { return reinterpret_cast<const uchar *>(bytes_.constData()); }
@@ -204,8 +213,8 @@ private:
     /// up to twice the time of the next larger one of these.
     QSize dekodiergroesse(QSize ziel) const
     {
-        for (const int achtel : {1, 2, 4}) {
-            const QSize groesse((kopf_.groesse.width() * achtel + 7) / 8, (kopf_.groesse.height() * achtel + 7) / 8);
+        for (const int teiler : {8, 4, 2}) {
+            const QSize groesse = geteilt(kopf_.groesse, teiler);
             if (groesse.width() >= ziel.width() && groesse.height() >= ziel.height())
                 return groesse;
         }
@@ -261,7 +270,7 @@ QSize bildgroesse(const QString &pfad)
         return reader ? gezeigteGroesse(*reader) : QSize();
     }
     const std::optional<Jpegkopf> kopf = jpegkopf(bild.datei);
-    return kopf && zulaessig(kopf->groesse) ? kopf->gezeigt() : QSize();
+    return kopf && zulaessig(kopf->groesse) && glaubhaft(kopf->groesse, bild.datei.size()) ? kopf->gezeigt() : QSize();
 }
 
 QImage ladeSkaliert(const QString &pfad, QSize kasten)
@@ -282,15 +291,26 @@ QImage ladeSkaliert(const QString &pfad, QSize kasten)
     return aufGroesse(mitVierBytes(reader->read()), groesse);
 }
 
-QImage ladeGanz(const QString &pfad)
+QImage ladeTeil(const QString &pfad, int teiler)
 {
     Bilddatei bild(pfad);
     if (bild.art == Format::Keines)
         return {};
     if (bild.art == Format::Jpeg) {
         Jpeg jpeg(bild.datei);
-        return jpeg.gueltig() ? jpeg.ganz() : QImage();
+        return jpeg.gueltig() ? jpeg.teil(teiler) : QImage();
     }
     const auto reader = leser(bild);
-    return reader ? mitVierBytes(reader->read()) : QImage();
+    if (!reader)
+        return {};
+    const QSize groesse = geteilt(gezeigteGroesse(*reader), teiler);
+    if (bild.art == Format::Svg)
+        reader->setScaledSize(groesse);
+    const QImage ganz = mitVierBytes(reader->read());
+    return teiler == 1 ? ganz : aufGroesse(ganz, groesse);
+}
+
+QImage ladeGanz(const QString &pfad)
+{
+    return ladeTeil(pfad, 1);
 }

@@ -3,9 +3,13 @@
 #include <QIODevice>
 #include <QtEndian>
 
+#include <algorithm>
+#include <array>
+#include <vector>
+
 namespace {
 
-constexpr int scanbeginn = 0xDA, bildende = 0xD9, app1 = 0xE1;
+constexpr int scanbeginn = 0xDA, bildende = 0xD9, app1 = 0xE1, koeffizienten = 64;
 
 bool istRahmen(int marke)
 {
@@ -63,7 +67,70 @@ std::optional<int> exifOrientierung(const QByteArray &segment)
     return 1;
 }
 
+bool istFortschreitend(int rahmen)
+{
+    return rahmen % 4 == 2;
+}
+
+/// What is still missing of a component: for each coefficient the lowest bit that came.
+struct Komponente
+{
+    int kennung = 0;
+    std::array<int, koeffizienten> bit{};
+};
+
+/// Notes what a scan brings; false for a segment that is none.
+bool durchlaufVermerken(QByteArrayView segment, bool fortschreitend, std::vector<Komponente> &komponenten)
+{
+    const int anzahl = segment.isEmpty() ? 0 : uchar(segment[0]);
+    if (anzahl < 1 || segment.size() < 1 + 2 * anzahl + 3)
+        return false;
+    // A camera may write anything here where there is nothing to choose.
+    const int von = fortschreitend ? uchar(segment[1 + 2 * anzahl]) : 0;
+    const int bis = fortschreitend ? std::min<int>(uchar(segment[2 + 2 * anzahl]), koeffizienten - 1) : koeffizienten - 1;
+    const int bit = fortschreitend ? uchar(segment[3 + 2 * anzahl]) & 15 : 0;
+    for (int i = 0; i < anzahl; ++i)
+        for (Komponente &komponente : komponenten)
+            if (komponente.kennung == uchar(segment[1 + 2 * i]))
+                std::fill(komponente.bit.begin() + std::min(von, bis), komponente.bit.begin() + bis + 1, bit);
+    return true;
+}
+
 } // namespace
+
+bool alleDurchlaeufe(QByteArrayView jpeg)
+{
+    constexpr int nochNichts = 99;
+    std::vector<Komponente> komponenten;
+    bool fortschreitend = false;
+    for (qsizetype i = 2; i + 4 <= jpeg.size();) {
+        const int marke = uchar(jpeg[i + 1]);
+        if (uchar(jpeg[i]) != 0xFF || marke == 0 || marke == 0xFF || !hatInhalt(marke)) {
+            ++i;
+            continue;
+        }
+        if (marke == bildende)
+            break;
+        const int laenge = qFromBigEndian<quint16>(jpeg.data() + i + 2);
+        if (laenge < 2 || i + 2 + laenge > jpeg.size())
+            return false;
+        const QByteArrayView inhalt = jpeg.sliced(i + 4, laenge - 2);
+        if (istRahmen(marke)) {
+            fortschreitend = istFortschreitend(marke);
+            constexpr int kopf = 6, jeKomponente = 3;
+            for (int k = kopf; k + jeKomponente <= inhalt.size(); k += jeKomponente) {
+                komponenten.push_back({uchar(inhalt[k]), {}});
+                komponenten.back().bit.fill(nochNichts);
+            }
+        } else if (marke == scanbeginn && !durchlaufVermerken(inhalt, fortschreitend, komponenten)) {
+            return false;
+        }
+        i += 2 + laenge;
+    }
+    return !komponenten.empty() && std::ranges::all_of(komponenten, [](const Komponente &komponente) {
+        return std::ranges::all_of(komponente.bit, [](int bit) { return bit == 0; });
+    });
+}
 
 std::optional<Jpegkopf> jpegkopf(QIODevice &geraet)
 {

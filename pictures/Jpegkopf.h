@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QSize>
 
 #include <optional>
@@ -24,3 +25,7 @@ struct Jpegkopf
 
 /// Reads from the start of an open device, segment by segment; nothing where it holds no JPEG with a size.
 std::optional<Jpegkopf> jpegkopf(QIODevice &geraet);
+
+/// Whether the scans that begin in these bytes make up the whole picture, every component to its last bit. Whether the last scan
+/// is complete only its decoding tells.
+bool alleDurchlaeufe(QByteArrayView jpeg);
