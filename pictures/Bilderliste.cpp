@@ -1,5 +1,6 @@
 #include "Bilderliste.h"
 
+#include "Bildlader.h"
 #include "store/Pfade.h"
 #include "store/Recordset.h"
 
@@ -10,6 +11,12 @@ constexpr QStringView fehlt = u"fehlt";
 QString bilddatei(const QString &wurzel, const QString &ordner, const QString &stamm)
 {
     return pfadAus(pfadAus(wurzel, ordner), stamm + QStringLiteral(".jpg"));
+}
+
+/// What cannot be read as a picture counts as not found. The head tells most of it.
+bool bildVorhanden(const QString &pfad)
+{
+    return !pfad.isEmpty() && !bildgroesse(pfad).isEmpty();
 }
 
 bool probenVorhanden(const QString &wurzel)
@@ -83,10 +90,11 @@ std::vector<Bildeintrag> streifenbilder(const Programm &programm, const Bildzeil
             if (!bild.stamm)
                 continue;
             const QString pfad = bilddatei(wurzel, ordner, *bild.stamm);
-            if (dateiVorhanden(pfad))
-                bilder.push_back({pfad, bild.bemerkung, true});
-            else if (*bild.stamm != fehlt)
-                bilder.push_back({ersatzbild(programm), *bild.stamm + QStringLiteral(".jpg"), false});
+            const QString ersatz = *bild.stamm == fehlt ? QString() : ersatzbild(programm);
+            if (bildVorhanden(pfad))
+                bilder.push_back({pfad, bild.bemerkung, true, ersatz});
+            else if (!ersatz.isEmpty())
+                bilder.push_back({ersatz, *bild.stamm + QStringLiteral(".jpg"), false});
         }
     return bilder;
 }
@@ -100,10 +108,11 @@ std::vector<Bildeintrag> fensterbilder(const Programm &programm, const Bildzeile
         for (int i = 0; i < bisBild && (*haelfte)[size_t(i)].stamm; ++i) {
             const Bildzeile::Bild &bild = (*haelfte)[size_t(i)];
             const QString pfad = bilddatei(programm.BilderPfad, ordner, *bild.stamm);
-            if (dateiVorhanden(pfad))
-                bilder.push_back({pfad, bild.bemerkung, true});
-            else if (*bild.stamm != fehlt)
-                bilder.push_back({ersatzbild(programm), vorige[bilder.size()], false});
+            const QString ersatz = *bild.stamm == fehlt ? QString() : ersatzbild(programm);
+            if (bildVorhanden(pfad))
+                bilder.push_back({pfad, bild.bemerkung, true, ersatz});
+            else if (!ersatz.isEmpty())
+                bilder.push_back({ersatz, vorige[bilder.size()], false});
         }
     return bilder;
 }
@@ -111,9 +120,14 @@ std::vector<Bildeintrag> fensterbilder(const Programm &programm, const Bildzeile
 Medium bildMediumPruefen(Programm &programm)
 {
     Medium medium;
-    if (!probenVorhanden(programm.BilderPfad)) {
+    if (programm.BilderPfad.isEmpty() && probenVorhanden(programm.VermissterBilderPfad))
+        programm.BilderPfad = programm.VermissterBilderPfad;
+    if (probenVorhanden(programm.BilderPfad)) {
+        programm.VermissterBilderPfad.clear();
+    } else {
         if (!programm.BilderAufCD) {
-            programm.BilderPfad.clear();
+            if (const QString ordner = std::exchange(programm.BilderPfad, {}); !ordner.isEmpty())
+                programm.VermissterBilderPfad = ordner;
             programm.LokaleVorschauBilder = false;
             medium.unbekannt = true;
             return medium;
@@ -129,4 +143,10 @@ Medium bildMediumPruefen(Programm &programm)
 bool mediumFehlt(const Programm &programm)
 {
     return programm.BilderAufCD && !probenVorhanden(programm.BilderPfad);
+}
+
+void bilderPfadWaehlen(Programm &programm, const QString &ordner)
+{
+    programm.BilderPfad = ordner;
+    programm.VermissterBilderPfad.clear();
 }

@@ -28,12 +28,13 @@ struct Bildzeile
 /// k-th row of a plant is its slot k.
 std::optional<Bildzeile> bildzeile(Recordset &satz, qint64 artnr);
 
-/// A picture to show: an existing file, or the substitute for a missing one.
+/// A picture to show: a file that exists and begins like a picture, or the substitute for one that does not.
 struct Bildeintrag
 {
     QString pfad;         ///< as the program writes paths
     QString beschreibung;
     bool vorhanden = false;
+    QString ersatz = {};  ///< shown in its place where the file proves unreadable; empty: nothing is
 };
 
 /// Folder word of a plant's pictures.
@@ -47,7 +48,8 @@ std::vector<Bildeintrag> streifenbilder(const Programm &programm, const Bildzeil
 std::vector<Bildeintrag> fensterbilder(const Programm &programm, const Bildzeile &zeile, const QString &ordner,
                                        const std::array<QString, groessteBilderzahl> &vorige);
 
-/// What the two sample files say of the picture medium; changes the paths and flags as they find it.
+/// What the two sample files say of the picture medium; changes the paths and flags as they find it. A folder that is away is
+/// given up, but remembered for the run: it is taken again when it is back and no other one has been chosen.
 struct Medium
 {
     QString hinweis;        ///< text for the status bar
@@ -56,3 +58,5 @@ struct Medium
 Medium bildMediumPruefen(Programm &programm);
 /// Whether the medium is missing: pictures are on the CD and a sample file cannot be found.
 bool mediumFehlt(const Programm &programm);
+/// The user's choice of a picture folder, or of none (empty): a folder remembered before is forgotten.
+void bilderPfadWaehlen(Programm &programm, const QString &ordner);

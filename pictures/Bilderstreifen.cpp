@@ -9,6 +9,9 @@
 #include <QPainter>
 #include <QPixmapCache>
 #include <QScrollBar>
+#include <QWheelEvent>
+
+#include <cmath>
 
 namespace {
 
@@ -16,12 +19,19 @@ namespace {
 constexpr int kastenBreite = 2000, kastenHoehe = 1500, bildrand = 30;
 constexpr int ersterOben = 60, textOben = 1580, schritt = 1920, wegJeBild = 2095, abdeckungOben = 60;
 constexpr double wegteiler = 1.35;
+constexpr int radraste = 120; ///< one step of a wheel, eighths of a degree
 constexpr int ohneLeiste = 3; ///< pictures that fit without a bar
 constexpr int eigenerZeiger = 99;
 
 QString hinweis()
 {
     return QStringLiteral("Anklicken um das Bild zu vergrößern");
+}
+
+/// Last part of a path as the program writes it.
+QString dateiname(const QString &pfad)
+{
+    return pfad.mid(std::max(pfad.lastIndexOf(u'\\'), pfad.lastIndexOf(u'/')) + 1);
 }
 
 /// A caption of one line; what does not fit is cut when it is painted.
@@ -59,10 +69,14 @@ public:
         unsetCursor();
         update();
     }
-    void setEcht(bool echt)
+    void setEcht(bool echt, const QString &unterschrift)
     {
         setToolTip(echt ? hinweis() : QString());
-        setAccessibleName(echt ? hinweis() : QStringLiteral("Kein Bild"));
+        // Named by what it shows; what a click does is said after it.
+        const QString bild = QStringLiteral("Bild %1").arg(index_ + 1), ohne = QStringLiteral("Kein Bild");
+        setAccessibleName(!echt ? ohne + (unterschrift.isEmpty() ? QString() : QStringLiteral(": ") + unterschrift)
+                          : unterschrift.isEmpty() ? bild : unterschrift);
+        setAccessibleDescription(toolTip());
         setProperty("MousePointer", echt ? eigenerZeiger : 0);
         setFocusPolicy(echt ? Qt::TabFocus : Qt::NoFocus);
         echt ? setCursor(Qt::PointingHandCursor) : unsetCursor();
@@ -80,17 +94,32 @@ protected:
         QPainter maler(this);
         if (!bild_.isNull())
             maler.drawPixmap(0, 0, bild_);
-        if (hasFocus())
-            maler.drawRect(rect().adjusted(0, 0, -1, -1));
+        if (hasFocus()) {
+            // Dark within light: seen on any picture.
+            maler.setPen(QPen(Qt::white, 3));
+            maler.drawRect(rect().adjusted(1, 1, -2, -2));
+            maler.setPen(QPen(Qt::black, 1));
+            maler.drawRect(rect().adjusted(1, 1, -2, -2));
+        }
     }
+    void mousePressEvent(QMouseEvent *ereignis) override { gedrueckt_ = ereignis->button() == Qt::LeftButton; }
+    void mouseDoubleClickEvent(QMouseEvent *) override { gedrueckt_ = false; }
     void mouseReleaseEvent(QMouseEvent *ereignis) override
     {
-        if (ereignis->button() == Qt::LeftButton)
+        // Whoever slides off the picture before letting go has thought better of it.
+        if (ereignis->button() == Qt::LeftButton && std::exchange(gedrueckt_, false) && rect().contains(ereignis->position().toPoint()))
             anklicken();
+    }
+    void focusInEvent(QFocusEvent *ereignis) override
+    {
+        QWidget::focusInEvent(ereignis);
+        if (ereignis->reason() == Qt::TabFocusReason || ereignis->reason() == Qt::BacktabFocusReason)
+            streifen_->herholen(index_);
     }
     void keyPressEvent(QKeyEvent *ereignis) override
     {
-        if (ereignis->key() == Qt::Key_Space)
+        const int taste = ereignis->key();
+        if (taste == Qt::Key_Space || taste == Qt::Key_Return || taste == Qt::Key_Enter)
             anklicken();
         else
             QWidget::keyPressEvent(ereignis);
@@ -106,6 +135,7 @@ private:
     int index_;
     Bilderstreifen *streifen_;
     QPixmap bild_;
+    bool gedrueckt_ = false;
 };
 
 Bilderstreifen::Bilderstreifen(QWidget *eltern)
@@ -137,27 +167,53 @@ Bilderstreifen::~Bilderstreifen()
 
 void Bilderstreifen::zeigen(const std::vector<Bildeintrag> &bilder, const QString &ersatz)
 {
-    anzahl_ = int(std::min<size_t>(bilder.size(), groessteBilderzahl));
+    bilder_ = bilder;
+    if (bilder_.size() > size_t(groessteBilderzahl))
+        bilder_.resize(groessteBilderzahl);
+    ersatz_ = ersatz;
+    if (bilder_.size() > size_t(ohneLeiste))
+        vscBilder_->setValue(0);
+    belegen();
+}
+
+void Bilderstreifen::belegen()
+{
+    anzahl_ = int(bilder_.size());
     ++satz_;
     lader_.clear();
     for (int i = 0; i < groessteBilderzahl; ++i) {
         Platz *platz = imgFloxBild_[size_t(i)];
         const bool belegt = i < anzahl_;
         const bool ersetzt = anzahl_ == 0 && i == 0;
+        const QString unterschrift = belegt ? bilder_[size_t(i)].beschreibung : QString();
         platz->leeren();
-        platz->setEcht(belegt && bilder[size_t(i)].vorhanden);
-        lblBilderText_[size_t(i)]->setText(belegt ? bilder[size_t(i)].beschreibung : QString());
-        lblBilderText_[size_t(i)]->setToolTip(belegt ? bilder[size_t(i)].beschreibung : QString());
+        platz->setEcht(belegt && bilder_[size_t(i)].vorhanden, unterschrift);
+        lblBilderText_[size_t(i)]->setText(unterschrift);
+        lblBilderText_[size_t(i)]->setToolTip(unterschrift);
         platz->setVisible(belegt || ersetzt);
         lblBilderText_[size_t(i)]->setVisible(belegt);
     }
-    if (anzahl_ > ohneLeiste)
-        vscBilder_->setValue(0);
+    // A step of the bar is a third of a picture.
+    if (anzahl_ > 0)
+        vscBilder_->setSingleStep(int(std::lround(vscBilder_->maximum() * wegteiler * schritt / 3 / (anzahl_ * wegJeBild))));
+    radrest_ = 0;
     vscBilderEinrichten();
     for (int i = 0; i < anzahl_; ++i)
-        laden(i, bilder[size_t(i)].pfad);
-    if (anzahl_ == 0 && !ersatz.isEmpty())
-        laden(0, ersatz);
+        laden(i, bilder_[size_t(i)].pfad);
+    if (anzahl_ == 0 && !ersatz_.isEmpty())
+        laden(0, ersatz_);
+}
+
+void Bilderstreifen::ersetzen(int i)
+{
+    if (i >= anzahl_ || !bilder_[size_t(i)].vorhanden)
+        return;
+    Bildeintrag &bild = bilder_[size_t(i)];
+    if (bild.ersatz.isEmpty())
+        bilder_.erase(bilder_.begin() + i);
+    else
+        bild = {bild.ersatz, dateiname(bild.pfad), false};
+    belegen();
 }
 
 void Bilderstreifen::laden(int i, const QString &pfad)
@@ -172,11 +228,13 @@ void Bilderstreifen::laden(int i, const QString &pfad)
     if (QPixmap bild; QPixmapCache::find(schluessel, &bild))
         return zeigen(bild);
     const QSize kasten = QSize(pixel(kastenBreite), pixel(kastenHoehe)) * skala;
-    lader_.start([this, datei, kasten, skala, schluessel, zeigen, satz = satz_] {
+    lader_.start([this, i, datei, kasten, skala, schluessel, zeigen, satz = satz_] {
         QImage bild = ladeSkaliert(datei, kasten);
         bild.setDevicePixelRatio(skala);
         // The thread ends before this object does; the call waits for the message loop.
-        QMetaObject::invokeMethod(this, [this, bild, schluessel, zeigen, satz] {
+        QMetaObject::invokeMethod(this, [this, i, bild, schluessel, zeigen, satz] {
+            if (bild.isNull())
+                return satz == satz_ ? ersetzen(i) : void();
             const QPixmap fertig = QPixmap::fromImage(bild);
             QPixmapCache::insert(schluessel, fertig);
             if (satz == satz_)
@@ -216,4 +274,25 @@ void Bilderstreifen::resizeEvent(QResizeEvent *ereignis)
     picBilderLeiste_->setGeometry(4, 2, qMax(pixel(kastenBreite + 2 * bildrand), width() - leiste - 10), height() - 4);
     vscBilder_->setGeometry(width() - leiste - 3, 3, leiste, height() - 6);
     vscBilderEinrichten();
+}
+
+void Bilderstreifen::herholen(int i)
+{
+    if (vscBilder_->isHidden())
+        return;
+    const double oben = imgFloxBild_[size_t(i)]->property("Top").toDouble(), unten = oben + schritt, hoehe = picBilderLeiste_->height() * 15.0;
+    const double weg = oben < ersterOben ? oben - ersterOben : unten > hoehe ? std::min(unten - hoehe, oben - ersterOben) : 0;
+    const double jeSchritt = anzahl_ * wegJeBild / wegteiler / vscBilder_->maximum();
+    vscBilder_->setValue(vscBilder_->value() + int(weg < 0 ? std::floor(weg / jeSchritt) : std::ceil(weg / jeSchritt)));
+}
+
+void Bilderstreifen::wheelEvent(QWheelEvent *ereignis)
+{
+    if (vscBilder_->isHidden())
+        return QFrame::wheelEvent(ereignis);
+    radrest_ += ereignis->angleDelta().y() * 3 * vscBilder_->singleStep();
+    const int schritte = radrest_ / radraste;
+    radrest_ -= schritte * radraste;
+    vscBilder_->setValue(vscBilder_->value() - schritte);
+    ereignis->accept();
 }

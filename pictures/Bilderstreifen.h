@@ -21,7 +21,8 @@ public:
     explicit Bilderstreifen(QWidget *eltern);
     ~Bilderstreifen() override;
 
-    /// At most ten pictures; none shows `ersatz`. What was still to be loaded for the record before is dropped.
+    /// At most ten pictures; none shows `ersatz`. What was still to be loaded for the record before is dropped. A picture that
+    /// proves unreadable gives way to its substitute, captioned with its file name.
     void zeigen(const std::vector<Bildeintrag> &bilder, const QString &ersatz);
     /// Lays the slots out for the present number of pictures and place of the bar.
     void vscBilderEinrichten();
@@ -33,10 +34,15 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent *ereignis) override;
+    void wheelEvent(QWheelEvent *ereignis) override;
 
 private:
     class Platz;
 
+    void belegen();
+    void ersetzen(int i);
+    /// Moves the bar so that a slot is seen whole.
+    void herholen(int i);
     void laden(int i, const QString &pfad);
     void platzieren(int i);
 
@@ -46,6 +52,9 @@ private:
     QWidget *picAbdeckung_;
     QScrollBar *vscBilder_;
     QThreadPool lader_;
+    std::vector<Bildeintrag> bilder_;
+    QString ersatz_;
     int anzahl_ = 0;
+    int radrest_ = 0; ///< turns of the wheel too small for a step, eighths of a degree
     int satz_ = 0; ///< counts the records shown: a picture that comes too late belongs to none
 };

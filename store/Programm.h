@@ -14,6 +14,7 @@ struct Programm
     QString ProgrammPfad;    ///< folder of the executable; all data files are found from here
     QString IniPfad;         ///< named for compatibility; no file is read or written there
     QString BilderPfad;      ///< picture folder; empty: none is known, every probe fails
+    QString VermissterBilderPfad; ///< picture folder of this run that was given up because it was away; never stored
     QString MulkoPfad;       ///< folder of the design program, with trailing "\"
     QString EditorPfad;      ///< folder of the database editor, with trailing "\"
 

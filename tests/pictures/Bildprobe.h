@@ -4,7 +4,11 @@
 #include "tests/Hilfen.h"
 
 #include <QDir>
+#include <QCoreApplication>
 #include <QImage>
+#include <QWheelEvent>
+#include <QWidget>
+#include <qtestspontaneevent.h>
 
 /// A program folder with picture files, and the two samples that show the medium.
 class Bilderordner : public Programmordner
@@ -27,6 +31,16 @@ public:
             qFatal("A picture of the test cannot be written.");
     }
 };
+
+/// Turns a wheel over the middle of a widget, as a hand does: what the widget ignores goes on to those around it. `winkel` in eighths of
+/// a degree.
+inline void radDrehen(QWidget *ziel, QPoint winkel, Qt::KeyboardModifiers tasten = Qt::NoModifier)
+{
+    const QPointF ort = ziel->rect().center();
+    QWheelEvent ereignis(ort, ziel->mapToGlobal(ort), {}, winkel, Qt::NoButton, tasten, Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&ereignis);
+    QCoreApplication::sendEvent(ziel, &ereignis);
+}
 
 /// A row with these stems; a null text stands for a null.
 inline Bildzeile zeileAus(const QStringList &g, const QStringList &d)

@@ -21,6 +21,10 @@ private slots:
     void folders();
     void medium_data();
     void medium();
+    void mediumComesBack_data();
+    void mediumComesBack();
+    void unreadableHeadCountsAsMissing_data();
+    void unreadableHeadCountsAsMissing();
     void localPreviewsComeFirst();
     void tableWithOneRowAPicture();
     void wideTable();
@@ -153,6 +157,62 @@ void tst_bilderliste::medium()
     QCOMPARE(befund.hinweis, hinweis);
     QCOMPARE(programm.BilderPfad.isEmpty(), unbekannt);
     QVERIFY(!programm.LokaleVorschauBilder);
+}
+
+void tst_bilderliste::mediumComesBack_data()
+{
+    QTest::addColumn<QString>("gewaehlt");
+    QTest::addColumn<bool>("wahl");
+    QTest::addRow("nothing chosen") << QString() << false;
+    QTest::addRow("no folder chosen") << QString() << true;
+    QTest::addRow("another folder chosen") << QStringLiteral("anderswo") << true;
+}
+
+/// A folder that was away for a moment is taken again, unless the user has chosen in the meantime.
+void tst_bilderliste::mediumComesBack()
+{
+    QFETCH(QString, gewaehlt);
+    QFETCH(bool, wahl);
+    const Bilderordner ordner;
+    Programm programm = ordner.programm();
+    const QString bilder = ordner.pfad(QStringLiteral("topfpflanzen")), fort = ordner.pfad(QStringLiteral("fort"));
+    for (int lauf = 0; lauf < 2; ++lauf) {
+        programm.BilderPfad = ordner.pfad();
+        QVERIFY(QDir().rename(bilder, fort));
+        for (int blick = 0; blick < 3; ++blick) { // every record that is shown looks for it
+            QVERIFY(bildMediumPruefen(programm).unbekannt);
+            QCOMPARE(programm.BilderPfad, QString());
+        }
+        if (wahl)
+            bilderPfadWaehlen(programm, gewaehlt.isEmpty() ? QString() : ordner.pfad(gewaehlt));
+        QVERIFY(QDir().rename(fort, bilder));
+        QCOMPARE(bildMediumPruefen(programm).unbekannt, wahl);
+        QCOMPARE(programm.BilderPfad, wahl ? QString() : ordner.pfad());
+        const auto gezeigt = streifenbilder(programm, zeileAus({QStringLiteral("begonia-rex")}, {}), topf);
+        QCOMPARE(gezeigt.at(0).vorhanden, !wahl);
+    }
+}
+
+void tst_bilderliste::unreadableHeadCountsAsMissing_data()
+{
+    QTest::addColumn<QByteArray>("inhalt");
+    QTest::addRow("empty") << QByteArray();
+    QTest::addRow("text") << QByteArray("Begonia rex");
+    QTest::addRow("start mark") << QByteArray("\xFF\xD8");
+}
+
+void tst_bilderliste::unreadableHeadCountsAsMissing()
+{
+    QFETCH(QByteArray, inhalt);
+    const Bilderordner ordner;
+    QFile datei(ordner.pfad(QStringLiteral("topfpflanzen/schlecht.jpg")));
+    QVERIFY(datei.open(QIODevice::WriteOnly) && datei.write(inhalt) == inhalt.size());
+    datei.close();
+    const Bildzeile zeile = zeileAus({QStringLiteral("schlecht"), QStringLiteral("begonia-rex")}, {});
+    for (const auto &bilder : {streifenbilder(ordner.programm(), zeile, topf), fensterbilder(ordner.programm(), zeile, topf, {})}) {
+        QCOMPARE(namen(bilder), QStringList({QStringLiteral("bildfehlt"), QStringLiteral("begonia-rex")}));
+        QVERIFY(!bilder[0].vorhanden && bilder[1].vorhanden);
+    }
 }
 
 void tst_bilderliste::localPreviewsComeFirst()

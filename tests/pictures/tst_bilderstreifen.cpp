@@ -174,9 +174,9 @@ void tst_bilderstreifen::unreadableFile()
     datei.close();
     Bilderstreifen streifen(nullptr);
     zeigen(streifen);
-    streifen.zeigen({{datei.fileName(), QStringLiteral("kaputt"), true}}, QString());
-    QCoreApplication::processEvents();
-    QCOMPARE(streifen.findChild<QLabel *>(QStringLiteral("lblBilderText_0"))->text(), QStringLiteral("kaputt"));
+    streifen.zeigen({{datei.fileName(), QStringLiteral("Gesamtansicht"), true, ersatzbild(ordner.programm())}}, QString());
+    QTRY_COMPARE(streifen.findChild<QLabel *>(QStringLiteral("lblBilderText_0"))->text(), QStringLiteral("kaputt.jpg"));
+    QCOMPARE(platz(streifen, 0)->property("MousePointer").toInt(), 0);
     QVERIFY(platz(streifen, 0)->isVisible());
 }
 
