@@ -1,6 +1,7 @@
 #include "frmBilder.h"
 
 #include "Bildlader.h"
+#include "controls/Bilder.h"
 #include "controls/Geschuetzt.h"
 #include "controls/Steuerelemente.h"
 #include "store/Pfade.h"
@@ -46,7 +47,7 @@ class Bildflaeche : public QWidget
 {
 public:
     using QWidget::QWidget;
-    void setBild(const QPixmap &bild)
+    void setBild(const QImage &bild)
     {
         bild_ = bild;
         update();
@@ -57,12 +58,52 @@ protected:
     {
         QPainter maler(this);
         maler.setRenderHint(QPainter::SmoothPixmapTransform);
-        maler.drawPixmap(rect(), bild_);
+        maler.drawImage(rect(), bild_);
     }
 
 private:
-    QPixmap bild_;
+    QImage bild_;
 };
+
+namespace {
+
+/// A picture button that is painted pale while it is off and has no picture of its own for that.
+class Blassknopf : public Bildknopf
+{
+public:
+    using Bildknopf::Bildknopf;
+
+protected:
+    void paintEvent(QPaintEvent *ereignis) override
+    {
+        if (isEnabled() || bild().endsWith(u"_ef"))
+            return Bildknopf::paintEvent(ereignis);
+        QPainter maler(this);
+        constexpr double blass = 0.35;
+        maler.setOpacity(blass);
+        bilder::malen(maler, QRectF(rect()).adjusted(2, 2, -2, -2), QStringLiteral("iliIcons/") + bild());
+    }
+};
+
+bool istPfeil(int taste)
+{
+    return taste == Qt::Key_Left || taste == Qt::Key_Right || taste == Qt::Key_Up || taste == Qt::Key_Down;
+}
+
+/// Whether a picture does not fit; a rounding error is none.
+bool ragtHinaus(double groesse, double flaeche)
+{
+    return groesse - flaeche > 0.01;
+}
+
+/// A place within its ends: no edge leaves more free than it must. Measures in twips.
+double imRahmen(double ort, double groesse, double flaeche)
+{
+    const double ende = flaeche - groesse - (ragtHinaus(groesse, flaeche) ? leiste : 0);
+    return qBound(qMin(ende, 0.0), ort, qMax(ende, 0.0));
+}
+
+} // namespace
 
 frmBilder::frmBilder(Programm &programm, std::function<std::optional<Bilderpflanze>()> pflanze, QWidget *zentral)
     : QWidget(zentral, Qt::Window), programm_(programm), pflanze_(std::move(pflanze))
@@ -76,6 +117,8 @@ frmBilder::frmBilder(Programm &programm, std::function<std::optional<Bilderpflan
         move(zentral->geometry().center() - rect().center());
     timResize_.setObjectName(QStringLiteral("timResize"));
     timResize_.setInterval(125);
+    connect(&bild_, &Anzeigebild::geaendert, this, [this] { imgAnzeige_->setBild(bild_.bild()); });
+    connect(&bild_, &Anzeigebild::gescheitert, this, &frmBilder::gescheitert);
     connect(&timResize_, &QTimer::timeout, this, geschuetzt(this, [this] { groesseGeaendert(); }));
     // The pictures are listed now; the first one is shown by the timer.
     if (listen())
@@ -114,7 +157,7 @@ void frmBilder::aufbauen()
         auto *neu = new QScrollBar(richtung, picBildAnzeige_);
         neu->setObjectName(QString::fromLatin1(name));
         neu->setRange(0, 100);
-        connect(neu, &QScrollBar::valueChanged, this, &frmBilder::leistenBewegt);
+        connect(neu, &QScrollBar::valueChanged, this, [this, neu] { leisteBewegt(neu); });
         return neu;
     };
     hscBild_ = balken("hscBild", Qt::Horizontal);
@@ -133,10 +176,11 @@ void frmBilder::aufbauen()
     lblBotName_->setFont(schrift);
     lblBeschreibung_->setWordWrap(true);
     for (int i = 0; i < anzahlKnoepfe; ++i) {
-        knoepfe_[size_t(i)] = new Bildknopf(knopftexte[i].hinweis.toString(), picLeiste2_);
+        knoepfe_[size_t(i)] = new Blassknopf(knopftexte[i].hinweis.toString(), picLeiste2_);
         knoepfe_[size_t(i)]->setObjectName(QString::fromLatin1(knopftexte[i].name));
         knoepfe_[size_t(i)]->setGeometry(4 + (i % 3) * 40, (i / 3) * 38, 36, 36);
         knoepfe_[size_t(i)]->setBild(knopfschluessel(Knopf(i), false));
+        knoepfe_[size_t(i)]->installEventFilter(this);
     }
     auto *cmdSchliessen = new QPushButton(QStringLiteral("&Schliessen"), picLeiste2_);
     cmdSchliessen->setObjectName(QStringLiteral("cmdSchliessen"));
@@ -252,15 +296,36 @@ void frmBilder::BildAnzeigen(int i)
 void frmBilder::bildLaden()
 {
     const QString datei = systemPfad(BildPfad[size_t(BildIndex)]);
-    QImage bild;
-    if (!datei.isEmpty() && lage_.breite > 0) {
-        // Not decoded larger than it is painted.
-        const QSize gezeigt = QSize(pixel(lage_.breite), pixel(lage_.hoehe)) * devicePixelRatioF();
-        bild = lage_.breite < BildBreite[size_t(BildIndex)] ? ladeSkaliert(datei, gezeigt) : ladeGanz(datei);
-        if (bild.isNull() && programm_.BilderAufCD)
-            QMessageBox::warning(this, programmtitel.toString(), QStringLiteral("Bild nicht gefunden! FLOX-CD wieder einlegen!"));
+    if (datei.isEmpty() || lage_.breite <= 0) {
+        bild_.leeren();
+        return imgAnzeige_->setBild({});
     }
-    imgAnzeige_->setBild(QPixmap::fromImage(bild));
+    const auto stand = bild_.anfordern(datei, lage_.breite * devicePixelRatioF() / BildBreite[size_t(BildIndex)]);
+    imgAnzeige_->setBild(bild_.bild());
+    if (stand == Anzeigebild::Stand::Fehlt)
+        gescheitert(false);
+}
+
+void frmBilder::gescheitert(bool vorhanden)
+{
+    if (!vorhanden) {
+        imgAnzeige_->setBild({});
+        if (programm_.BilderAufCD)
+            QMessageBox::warning(this, programmtitel.toString(), QStringLiteral("Bild nicht gefunden! FLOX-CD wieder einlegen!"));
+        return;
+    }
+    // Damage that its head did not show: the file counts as not found.
+    const size_t i = size_t(BildIndex);
+    const QString ersatz = ersatzbild(programm_);
+    if (BildPfad[i] == ersatz)
+        return imgAnzeige_->setBild({});
+    const QSize groesse = bildgroesse(ersatz);
+    BildPfad[i] = ersatz;
+    BildBreite[i] = groesse.width() * twips;
+    BildHoehe[i] = groesse.height() * twips;
+    BildAnzeigen(BildIndex);
+    LaufleistenUeberpruefung();
+    titelSetzen();
 }
 
 void frmBilder::groesseSetzen(double breite, double hoehe)
@@ -287,11 +352,15 @@ void frmBilder::lageAnwenden()
 
 void frmBilder::stufe(int richtung)
 {
-    lage_.links -= richtung * SchrittBreite / 2.0;
-    lage_.oben -= richtung * SchrittHoehe / 2.0;
-    groesseSetzen(qMax(0.0, lage_.breite + richtung * SchrittBreite), qMax(0.0, lage_.hoehe + richtung * SchrittHoehe));
-    lageAnwenden();
-    bildLaden();
+    const double breite = lage_.breite + richtung * SchrittBreite, hoehe = lage_.hoehe + richtung * SchrittHoehe;
+    // A step that would leave nothing to see leaves all as it is.
+    if (pixel(breite) > 0 && pixel(hoehe) > 0) {
+        lage_.links -= richtung * SchrittBreite / 2.0;
+        lage_.oben -= richtung * SchrittHoehe / 2.0;
+        groesseSetzen(breite, hoehe);
+        lageAnwenden();
+        bildLaden();
+    }
     LaufleistenUeberpruefung();
     ZoomStufe += richtung;
     VGNaviPruefen();
@@ -341,9 +410,11 @@ void frmBilder::titelSetzen()
 void frmBilder::LaufleistenUeberpruefung()
 {
     const double breite = picBildAnzeige_->width() * twips, hoehe = picBildAnzeige_->height() * twips;
-    const auto stellen = [](QScrollBar *balken, double groesse, double ort, double flaeche) {
-        const bool noetig = groesse > flaeche;
+    const auto stellen = [](QScrollBar *balken, double groesse, double &ort, double flaeche) {
+        const bool noetig = ragtHinaus(groesse, flaeche);
+        ort = imRahmen(ort, groesse, flaeche);
         if (noetig) {
+            // The bar knows hundredths only: it shows the place, it does not round it.
             const QSignalBlocker still(balken);
             balken->setValue(int(std::lround(ort / ((flaeche - leiste - groesse) / 100))));
         }
@@ -352,34 +423,71 @@ void frmBilder::LaufleistenUeberpruefung()
     };
     const bool waagerecht = stellen(hscBild_, lage_.breite, lage_.links, breite);
     const bool senkrecht = stellen(vscBild_, lage_.hoehe, lage_.oben, hoehe);
+    lageAnwenden();
     for (QWidget *teil : {static_cast<QWidget *>(hscBild_), static_cast<QWidget *>(vscBild_), picAbdeckung_}) {
         teil->setVisible(waagerecht || senkrecht);
         teil->raise();
     }
 }
 
-void frmBilder::leistenBewegt()
+void frmBilder::leisteBewegt(const QScrollBar *balken)
 {
-    if (hscBild_->isEnabled())
+    if (balken == hscBild_ && hscBild_->isEnabled())
         lage_.links = (picBildAnzeige_->width() * twips - leiste - lage_.breite) / 100 * hscBild_->value();
-    if (vscBild_->isEnabled())
+    if (balken == vscBild_ && vscBild_->isEnabled())
         lage_.oben = (picBildAnzeige_->height() * twips - leiste - lage_.hoehe) / 100 * vscBild_->value();
     lageAnwenden();
+}
+
+/// Moves the picture where it has room to move; `weg` in pixels. False where it has none.
+bool frmBilder::verschieben(QPointF weg)
+{
+    if (hscBild_->isEnabled())
+        lage_.links += weg.x() * twips;
+    if (vscBild_->isEnabled())
+        lage_.oben += weg.y() * twips;
+    LaufleistenUeberpruefung();
+    return hscBild_->isEnabled() || vscBild_->isEnabled();
+}
+
+bool frmBilder::gerollt(const QWheelEvent &rad, bool ueberBild)
+{
+    constexpr int raste = 120;
+    constexpr double pixelJeAchtelgrad = 0.5;
+    if (rad.modifiers() & Qt::ControlModifier) {
+        for (radrest_ += rad.angleDelta().y(); qAbs(radrest_) >= raste; radrest_ -= radrest_ > 0 ? raste : -raste)
+            knoepfe_[radrest_ > 0 ? Groesser : Kleiner]->click();
+        return true;
+    }
+    radrest_ = 0;
+    QPointF weg = QPointF(rad.angleDelta()) * pixelJeAchtelgrad;
+    // Sideways with the Shift key, or where there is no other way to go.
+    if (weg.x() == 0 && (rad.modifiers() & Qt::ShiftModifier || !vscBild_->isEnabled()))
+        weg = weg.transposed();
+    return ueberBild && verschieben(weg);
+}
+
+void frmBilder::freigeben(Knopf knopf, bool frei)
+{
+    // The focus would go on to the next button, and the next key would press that.
+    if (!frei && focusWidget() == knoepfe_[knopf])
+        setFocus();
+    knoepfe_[knopf]->setEnabled(frei);
 }
 
 void frmBilder::NaviPruefen()
 {
     const std::pair<Knopf, bool> enden[] = {{Next, BildIndex >= BildAnzahl - 1}, {Back, BildIndex <= 0}};
     for (const auto &[knopf, amEnde] : enden) {
-        knoepfe_[knopf]->setEnabled(!amEnde);
+        freigeben(knopf, !amEnde);
         knoepfe_[knopf]->setBild(knopfschluessel(knopf, ButtonUnterMaus == knoepfe_[knopf]->objectName()));
     }
 }
 
 void frmBilder::VGNaviPruefen()
 {
-    knoepfe_[Groesser]->setEnabled(ZoomStufe < groessteStufe);
-    knoepfe_[Kleiner]->setEnabled(ZoomStufe >= kleinsteStufe);
+    freigeben(Groesser, ZoomStufe < groessteStufe);
+    freigeben(Kleiner, ZoomStufe >= kleinsteStufe);
 }
 
 QString frmBilder::knopfschluessel(Knopf knopf, bool unterMaus) const
@@ -444,6 +552,13 @@ void frmBilder::groesseGeaendert()
 
 bool frmBilder::eventFilter(QObject *quelle, QEvent *ereignis)
 {
+    if (qobject_cast<QAbstractButton *>(quelle) && ereignis->type() == QEvent::KeyPress && istPfeil(static_cast<QKeyEvent *>(ereignis)->key())) {
+        // A button would move the focus: these keys browse, wherever it is.
+        ereignis->ignore();
+        return true;
+    }
+    if (qobject_cast<Bildknopf *>(quelle))
+        return QWidget::eventFilter(quelle, ereignis);
     const bool bild = quelle == imgAnzeige_;
     switch (ereignis->type()) {
     case QEvent::MouseMove: {
@@ -454,13 +569,7 @@ bool frmBilder::eventFilter(QObject *quelle, QEvent *ereignis)
         if (bild && gezogenVon_) {
             const QPoint weg = static_cast<QMouseEvent *>(ereignis)->globalPosition().toPoint() - *gezogenVon_;
             gezogenVon_ = *gezogenVon_ + weg;
-            const double randX = picBildAnzeige_->width() * twips - lage_.breite, randY = picBildAnzeige_->height() * twips - lage_.hoehe;
-            if (hscBild_->isEnabled())
-                lage_.links = qBound(randX - leiste, lage_.links + weg.x() * twips, 0.0);
-            if (vscBild_->isEnabled())
-                lage_.oben = qBound(randY - leiste, lage_.oben + weg.y() * twips, 0.0);
-            lageAnwenden();
-            LaufleistenUeberpruefung();
+            verschieben(weg);
         }
         break;
     }
@@ -469,14 +578,10 @@ bool frmBilder::eventFilter(QObject *quelle, QEvent *ereignis)
             gezogenVon_ = static_cast<QMouseEvent *>(ereignis)->globalPosition().toPoint();
         break;
     case QEvent::MouseButtonRelease: gezogenVon_.reset(); break;
-    case QEvent::Wheel: {
-        const auto *rad = static_cast<QWheelEvent *>(ereignis);
-        if (rad->modifiers() & Qt::ControlModifier) {
-            knoepfe_[rad->angleDelta().y() > 0 ? Groesser : Kleiner]->click();
+    case QEvent::Wheel:
+        if (gerollt(*static_cast<QWheelEvent *>(ereignis), bild || quelle == picBildAnzeige_))
             return true;
-        }
         break;
-    }
     default: break;
     }
     return QWidget::eventFilter(quelle, ereignis);

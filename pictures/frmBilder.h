@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Anzeigebild.h"
 #include "Bilderliste.h"
 
-#include <QPixmap>
 #include <QTimer>
 #include <QWidget>
 
@@ -69,7 +69,11 @@ private:
     void bildLaden();
     void lageAnwenden();
     void LaufleistenUeberpruefung();
-    void leistenBewegt();
+    void leisteBewegt(const QScrollBar *balken);
+    bool verschieben(QPointF weg);
+    bool gerollt(const QWheelEvent &rad, bool ueberBild);
+    void gescheitert(bool vorhanden);
+    void freigeben(Knopf knopf, bool frei);
     void NaviPruefen();
     void VGNaviPruefen();
     void NormaleButtons();
@@ -91,6 +95,8 @@ private:
     QString ButtonUnterMaus;
     Lage lage_;
     std::optional<QPoint> gezogenVon_;
+    int radrest_ = 0; ///< turns of the wheel too small for a zoom step, eighths of a degree
+    Anzeigebild bild_;
 
     QTimer timResize_{this};
     QWidget *picBildAnzeige_, *picLeiste1_, *picLeiste2_, *picAbdeckung_;
