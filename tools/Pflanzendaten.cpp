@@ -4,6 +4,7 @@
 #include "store/Recordset.h"
 #include "store/Sparten.h"
 #include "store/Text.h"
+#include "tools/tafeln/Tafelinhalt.h"
 
 #include <QStringList>
 
@@ -36,12 +37,12 @@ constexpr int laengstesMerkmal = 60, meisteMerkmale = 5;
 
 constexpr int groessteNummer = 32767; // number searches convert to 16 bits
 
-/// Tables for whose plants two plates are drawn, with what these show.
+/// Tables for whose plants two plates are drawn, with what the second one shows.
 constexpr struct
 {
-    QStringView tabelle, gesamt, detail;
-} tafeln[] = {{u"Topfpfl", u"Gesamtansicht, schematisch", u"Blüte und Blatt, schematisch"},
-              {u"Apfel", u"Gesamtansicht, schematisch", u"Frucht außen und im Schnitt, schematisch"}};
+    QStringView tabelle;
+    QString (*detail)(const Datensatz &pflanze);
+} tafeln[] = {{u"Topfpfl", topfpflanzeDetailtitel}, {u"Apfel", apfelDetailtitel}};
 
 int monat(QStringView text)
 {
@@ -284,15 +285,13 @@ void Pflanzendaten::bildnamePruefen(const RecSatz &satz, const QString &name)
 
 void Pflanzendaten::bilderEintragen()
 {
-    for (const auto &[tabelle, gesamt, detail] : tafeln) {
-        std::vector<std::pair<qint64, QString>> pflanzen;
-        Anweisung &zeilen = db_->vorbereitet(QStringLiteral("SELECT ARTNR, BOT_NAME FROM %1").arg(tabelle));
-        while (zeilen.schritt())
-            pflanzen.emplace_back(zeilen.zahl(0), bildname(zeilen.text(1)));
+    for (const auto &[tabelle, detail] : tafeln) {
         const QString befehl = QStringLiteral("UPDATE %1_Bilder SET \"BILD1-G\" = ?, \"BEMERKUNG1-G\" = ?, \"BILD1-D\" = ?, "
                                               "\"BEMERKUNG1-D\" = ? WHERE ARTNR = ?").arg(tabelle);
-        for (const auto &[nummer, stamm] : pflanzen)
-            db_->Execute(befehl, {stamm, gesamt.toString(), stamm + QStringLiteral("-detail"), detail.toString(), nummer});
+        for (const Datensatz &pflanze : Datensatz::alle(*db_, tabelle)) {
+            const QString stamm = bildname(pflanze.name());
+            db_->Execute(befehl, {stamm, gesamttitel.toString(), stamm + QStringLiteral("-detail"), detail(pflanze), pflanze.text(u"ARTNR").toLongLong()});
+        }
     }
 }
 

@@ -71,7 +71,7 @@ void TestBildnamen::zeilen()
                 werte += a.istNull(i) ? QStringLiteral("-") : a.text(i);
         return werte.join(u'|');
     };
-    QCOMPARE(zeile("Topfpfl"), QStringLiteral("fatshedera-lizei|Gesamtansicht, schematisch|fatshedera-lizei-detail|Blüte und Blatt, schematisch|-"));
+    QCOMPARE(zeile("Topfpfl"), QStringLiteral("fatshedera-lizei|Gesamtansicht, schematisch|fatshedera-lizei-detail|Blatt, schematisch|-"));
     QCOMPARE(zeile("Apfel"), QStringLiteral("schoener-aus-boskoop|Gesamtansicht, schematisch|schoener-aus-boskoop-detail|Frucht außen und im Schnitt, schematisch|-"));
     QCOMPARE(zeile("Stauden"), QStringLiteral("-|-|-|-|-"));
 }

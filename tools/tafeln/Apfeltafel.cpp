@@ -4,6 +4,7 @@
 #include "Apfelschnitt.h"
 #include "Blatt.h"
 #include "Tafel.h"
+#include "Tafelinhalt.h"
 
 #include <cmath>
 
@@ -95,7 +96,7 @@ bool apfelGesamt(const Datensatz &sorte, const QString &pfad)
     stiel.zeichnen(p, fuss, pixelJeCm, neigung);
     koerper.vordererRand(p, mitte);
     angaben(p, sorte, {1270, 400});
-    tafel.unterschrift(sorte.name(), zweiteZeile(sorte, familie), QStringLiteral("Gesamtansicht, schematisch"));
+    tafel.unterschrift(sorte.name(), zweiteZeile(sorte, familie), gesamttitel.toString());
     return tafel.speichern(pfad);
 }
 
@@ -118,6 +119,6 @@ bool apfelDetail(const Datensatz &sorte, const QString &pfad)
     koerper.zeichnen(p, unten);
     kelchblaetter(p, unten + koerper.achse(form.kelchboden()), klein, sorte);
     beschriften(p, {unten.x(), unten.y() + klein + 48}, QStringLiteral("Frucht von der Kelchseite"), 19);
-    tafel.unterschrift(sorte.name(), zweiteZeile(sorte, familie), QStringLiteral("Frucht außen und im Schnitt, schematisch"));
+    tafel.unterschrift(sorte.name(), zweiteZeile(sorte, familie), apfelDetailtitel(sorte));
     return tafel.speichern(pfad);
 }

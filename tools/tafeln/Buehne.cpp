@@ -42,15 +42,6 @@ Bluetenfarben gewaehlteFarben(const Datensatz &pflanze, const Gestalt &g)
     return f;
 }
 
-std::vector<QColor> fruchtfarben(const Datensatz &pflanze)
-{
-    std::vector<QColor> farben;
-    for (const QString &wort : pflanze.worte(u"FRUCHTFARB"))
-        if (const QColor f = fruchtfarbe(wort); f.isValid())
-            farben.push_back(f);
-    return farben;
-}
-
 Buehne::Buehne(const Datensatz &satz, const Gestalt &g, QPointF f, double h, double w, double t, double cm)
     : pflanze(satz), gestalt(g), fuss(f), hoehe(h), breite(w), topf(t), pixelJeCm(cm), laub(::laub(satz)), bluetenfarben(gewaehlteFarben(satz, g)),
       fruchtfarben(::fruchtfarben(satz)), zufall(satz.name(), 1)

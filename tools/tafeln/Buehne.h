@@ -58,7 +58,6 @@ private:
 
 /// Colours of the flowers as they are drawn: the form's main colour where the record has it, else one of the record's.
 Bluetenfarben gewaehlteFarben(const Datensatz &pflanze, const Gestalt &gestalt);
-std::vector<QColor> fruchtfarben(const Datensatz &pflanze);
 
 /// Builds stems and leaves by the form's structure.
 void wachsen(Buehne &b);

@@ -2,6 +2,7 @@
 
 #include "Buehne.h"
 #include "Tafel.h"
+#include "Tafelinhalt.h"
 
 #include <algorithm>
 #include <array>
@@ -221,25 +222,24 @@ bool topfpflanzeDetail(const Datensatz &pflanze, const QString &pfad)
     const Gestalt g = gestalt(pflanze);
     Tafel tafel;
     QPainter &p = tafel.maler();
-    const bool blueht = !pflanze.worte(u"FARBEN").isEmpty() && (g.bluete != Bluete::Keine || g.stand != Stand::Einzeln);
-    const bool gross = blueht && (g.bluete != Bluete::Keine || alsBluetenstand(g));
+    const Detailinhalt inhalt = detailinhalt(pflanze, g);
+    const bool gross = inhalt.bluete;
     const QRectF blattfeld(gross ? 850 : 430, 130, gross ? 660 : 820, 720), bluetenfeld(130, 150, 620, gross ? 560 : 200);
-    beschriften(p, {blattfeld.center().x(), 92}, hatWedel(g.aufbau) ? QStringLiteral("Wedel") : QStringLiteral("Blatt"), 26, Qt::AlignHCenter, farbe::tinte);
+    beschriften(p, {blattfeld.center().x(), 92}, inhalt.blatt.toString(), 26, Qt::AlignHCenter, farbe::tinte);
     blattDetail(p, pflanze, g, blattfeld);
     if (gross) {
         beschriften(p, {bluetenfeld.center().x(), 92}, pflanze.ja(u"UNSCHEINBA") ? QStringLiteral("Blüte (unscheinbar)") : QStringLiteral("Blüte"), 26, Qt::AlignHCenter, farbe::tinte);
         bluetenDetail(p, pflanze, g, bluetenfeld);
-        const bool frucht = g.frucht != Frucht::Keine && !fruchtfarben(pflanze).empty();
-        farbreihe(p, pflanze, g, {bluetenfeld.center().x(), frucht ? 742.0 : 800.0}, 700);
+        farbreihe(p, pflanze, g, {bluetenfeld.center().x(), inhalt.frucht ? 742.0 : 800.0}, 700);
         fruchtDetail(p, pflanze, g, {bluetenfeld.center().x(), 866}, 40);
     } else {
         fruchtDetail(p, pflanze, g, {250, 480}, 70);
-        if (!pflanze.worte(u"FARBEN").isEmpty()) {
+        if (inhalt.bluetenfarben) {
             farbreihe(p, pflanze, g, {260, 700}, 320);
             beschriften(p, {260, 650}, QStringLiteral("Blüte unscheinbar"), 20, Qt::AlignHCenter, farbe::tinte);
         }
     }
     zeiten(p, pflanze, g);
-    tafel.unterschrift(pflanze.name(), zweiteZeile(pflanze, pflanze.familie()), QStringLiteral("Blüte und Blatt, schematisch"));
+    tafel.unterschrift(pflanze.name(), zweiteZeile(pflanze, pflanze.familie()), topfpflanzeDetailtitel(pflanze));
     return tafel.speichern(pfad);
 }

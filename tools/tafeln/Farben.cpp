@@ -86,6 +86,15 @@ QColor fruchtfarbe(QStringView wort)
     return ausListe(wort, WL_ToFruchtfarbe, WL_ToFruchtfarbeRGB);
 }
 
+std::vector<QColor> fruchtfarben(const Datensatz &pflanze)
+{
+    std::vector<QColor> farben;
+    for (const QString &wort : pflanze.worte(u"FRUCHTFARB"))
+        if (const QColor f = fruchtfarbe(wort); f.isValid())
+            farben.push_back(f);
+    return farben;
+}
+
 Laub laub(const Datensatz &pflanze)
 {
     const std::vector<QColor> gruene = gesetzte(pflanze, gruen);

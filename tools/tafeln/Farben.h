@@ -4,6 +4,8 @@
 
 #include <QColor>
 
+#include <vector>
+
 /* Colours of the plates. Flower and fruit colours start from the vocabularies' swatches and are toned to natural ones. */
 
 QColor gemischt(const QColor &a, const QColor &b, double anteilB);
@@ -16,6 +18,8 @@ QColor umriss(const QColor &f);
 /// Natural tone of a word of WL_Bluetenfarbe or WL_ToFruchtfarbe; invalid for "bunt" and unknown words.
 QColor bluetenfarbe(QStringView wort);
 QColor fruchtfarbe(QStringView wort);
+/// Colours of the record's fruits.
+std::vector<QColor> fruchtfarben(const Datensatz &pflanze);
 
 enum class Muster { Keins, Flecken, Streifen, Rand, Adern };
 

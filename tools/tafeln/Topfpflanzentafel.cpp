@@ -3,6 +3,7 @@
 #include "Buehne.h"
 #include "Gefaess.h"
 #include "Tafel.h"
+#include "Tafelinhalt.h"
 
 #include <algorithm>
 #include <cmath>
@@ -89,6 +90,6 @@ bool topfpflanzeGesamt(const Datensatz &pflanze, const QString &pfad)
     wachsen(buehne);
     bluehen(buehne);
     buehne.malen(p);
-    tafel.unterschrift(pflanze.name(), zweiteZeile(pflanze, pflanze.familie()), QStringLiteral("Gesamtansicht, schematisch"));
+    tafel.unterschrift(pflanze.name(), zweiteZeile(pflanze, pflanze.familie()), gesamttitel.toString());
     return tafel.speichern(pfad);
 }
