@@ -1,9 +1,11 @@
 #include "pictures/Bildlader.h"
 #include "pictures/cDIBSection.h"
 #include "pictures/mIntelJPEGLibrary.h"
+#include "store/Pfade.h"
 #include "tests/bench/Messung.h"
 #include "tests/pictures/Bildhilfen.h"
 
+#include <QDir>
 #include <QFile>
 #include <QStringList>
 
@@ -11,7 +13,8 @@
 
 #include <cstdlib>
 
-/* Previews of large photographs: the program's loader against the bare library and against decoding in full. */
+/* Previews of large photographs: the program's loader against the bare library and against decoding in full. Missing pictures in a
+   large folder against reading that folder. */
 
 namespace {
 
@@ -88,5 +91,17 @@ int main()
         for (const QString &pfad : pfade)
             fordern(QImage(pfad).scaled(kasten, Qt::KeepAspectRatio, Qt::SmoothTransformation), kasten);
     });
+    constexpr int grosserOrdner = 5300, fehlende = 6;
+    for (int i = 0; i < grosserOrdner; ++i)
+        ordner.schreibe("x", QStringLiteral("pflanze-%1.jpg").arg(i));
+    int lauf = 0;
+    vergleich("six missing pictures, to reading their folder", 1.2, [&] { ordner.schreibe("x", QStringLiteral("neu-%1.jpg").arg(++lauf)); }, [&] {
+        for (int i = 0; i < fehlende; ++i)
+            if (dateiVorhanden(ordner.pfad(QStringLiteral("fehlt-%1-%2.jpg").arg(lauf).arg(i))))
+                std::abort();
+    }, [&] {
+        if (QDir(ordner.pfad({})).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size() < grosserOrdner)
+            std::abort();
+    }, 9);
     return 0;
 }
