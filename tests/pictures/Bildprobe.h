@@ -39,7 +39,7 @@ inline void radDrehen(QWidget *ziel, QPoint winkel, Qt::KeyboardModifiers tasten
     const QPointF ort = ziel->rect().center();
     QWheelEvent ereignis(ort, ziel->mapToGlobal(ort), {}, winkel, Qt::NoButton, tasten, Qt::NoScrollPhase, false);
     QSpontaneKeyEvent::setSpontaneous(&ereignis);
-    QCoreApplication::sendEvent(ziel, &ereignis);
+    QCoreApplication::instance()->notify(ziel, &ereignis);
 }
 
 /// A row with these stems; a null text stands for a null.

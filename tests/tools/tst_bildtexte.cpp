@@ -36,11 +36,11 @@ private slots:
     void bluete()
     {
         int ohne = 0;
-        Recordset satz(db_, u"SELECT t.FARBEN AS farben, b.\"BEMERKUNG1-D\" AS text, t.BOT_NAME AS name FROM Topfpfl t JOIN Topfpfl_Bilder b ON b.ARTNR = t.ARTNR"_s);
-        for (; !satz.Eof(); satz.MoveNext()) {
-            const bool farbig = satz.Fields(u"farben").Text().contains(u'1');
-            const QString text = satz.Fields(u"text").Text();
-            QVERIFY2(text.contains(u"Blüte") == farbig && text.endsWith(u", schematisch"), qPrintable(satz.Fields(u"name").Text() + u": " + text));
+        Anweisung &zeilen = db_->vorbereitet(u"SELECT t.FARBEN, b.\"BEMERKUNG1-D\", t.BOT_NAME FROM Topfpfl t JOIN Topfpfl_Bilder b ON b.ARTNR = t.ARTNR"_s);
+        while (zeilen.schritt()) {
+            const bool farbig = zeilen.text(0).contains(u'1');
+            const QString text = zeilen.text(1);
+            QVERIFY2(text.contains(u"Blüte") == farbig && text.endsWith(u", schematisch"), qPrintable(zeilen.text(2) + u": "_s + text));
             ohne += !farbig;
         }
         QVERIFY(ohne > 20);
