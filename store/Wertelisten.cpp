@@ -378,7 +378,7 @@ static_assert(std::size(zeilenApGeschmack) == 16);
 constexpr QStringView zeilenObWuchs[] = {
     u"früh austreibend", u"mittelspät austreibend", u"spät austreibend", u"schwach", u"mittelstark", u"stark",
     u"kriechend", u"aufrecht", u"steil aufrecht", u"überhängend", u"strauchförmig", u"buschförmig", u"baumförmig",
-    u"schmalwüchsig ", u"breitwüchsig", u"locker aufgebaut", u"dicht aufgebaut", u"kompakt", u"sparrig",
+    u"schmalwüchsig", u"breitwüchsig", u"locker aufgebaut", u"dicht aufgebaut", u"kompakt", u"sparrig",
     u"kleinkronig", u"großkronig", u"kugelförmig", u"pyramidal", u"breitkegelförmig", u"hängende Leitäste",
     u"flache Leitäste", u"schräg aufwärts gerichtete Leitäste", u"steile Leitäste", u"waagrechte Leitäste",
     u"hängende Seitenäste", u"waagrechte Seitenäste", u"steile Seitenäste", u"gering verkahlend",
@@ -520,7 +520,7 @@ constexpr QStringView zeilenObDeckfarb[] = {
 static_assert(std::size(zeilenObDeckfarb) == 15);
 
 constexpr QStringView zeilenObSchale[] = {
-    u"glatt", u"rauh", u"weich", u"hart", u"fest", u" zäh", u"dünn", u"mitteldick", u"dick", u"gering wachsig",
+    u"glatt", u"rauh", u"weich", u"hart", u"fest", u"zäh", u"dünn", u"mitteldick", u"dick", u"gering wachsig",
     u"mittelstark wachsig", u"stark wachsig", u"stumpf", u"glänzend", u"wenig Lentizellen", u"viele Lentizellen",
     u"auffällige Lentizellenfärbung", u"gering berostet", u"mittelstark berostet", u"stark berostet",
     u"gering beduftet", u"mittelstark beduftet", u"stark beduftet", u"gering behaart", u"mittelstark behaart",
@@ -538,7 +538,7 @@ static_assert(std::size(zeilenObFruflei) == 33);
 
 constexpr QStringView zeilenObFrufor[] = {
     u"kleinfrüchtig", u"mittelgroßfrüchtig", u"großfrüchtig", u"flachkugelig", u"kugelig", u"eiförmig",
-    u" hochgebaut", u"walzenförmig", u"glockenförmig", u"mittelbauchig", u"kegelförmig", u"birnenförmig",
+    u"hochgebaut", u"walzenförmig", u"glockenförmig", u"mittelbauchig", u"kegelförmig", u"birnenförmig",
     u"apfelförmig", u"flaschenförmig", u"zapfenförmig", u"herzförmig", u"länglich", u"oval", u"ohne Naht",
     u"mit flacher Naht", u"mit mitteltiefer Naht", u"mit tiefer Naht", u"leicht kantig", u"kantig", u"unförmig"};
 static_assert(std::size(zeilenObFrufor) == 25);

@@ -107,7 +107,7 @@ constexpr Probe proben[] = {
     {"ApFlDuft", WL_ApFlDuft, 6, u"säuerlich", u"sortentypisch", {}},
     {"ApGeschmack", WL_ApGeschmack, 16, u"schwach süß", u"würzig", {}},
     {"ApLiteratur", WL_ApLiteratur, 20, u"Illustrirtes Handbuch der Obstkunde", u"Hartmann: Farbatlas alte Obstsorten", {}},
-    {"ObWuchs", WL_ObWuchs, 53, u"früh austreibend", u"starke Ausläuferbildung", {{14, u"schmalwüchsig "}}},
+    {"ObWuchs", WL_ObWuchs, 53, u"früh austreibend", u"starke Ausläuferbildung", {{14, u"schmalwüchsig"}}},
     {"ObBlatt", WL_ObBlatt, 31, u"glänzend", u"silbergraue Unterseite", {}},
     {"ObFruhol", WL_ObFruhol, 21, u"endständig", u"lang", {}},
     {"ObTrirut", WL_ObTrirut, 32, u"lang", u"braunrot", {{19, u"wenig  Lentizellen"}}},
@@ -133,9 +133,9 @@ constexpr Probe proben[] = {
     {"ObFrufar", WL_ObFrufar, 23, u"weißlichgrün", u"schwarz", {}},
     {"ObGrundfarb", WL_ObGrundfarb, 9, u"weißlich", u"siehe Fruchtfarbe", {}},
     {"ObDeckfarb", WL_ObDeckfarb, 15, u"gelblich", u"siehe Fruchtfarbe", {}},
-    {"ObSchale", WL_ObSchale, 34, u"glatt", u"bereift", {{6, u" zäh"}, {13, u"stumpf"}, {31, u"stumpf"}}},
+    {"ObSchale", WL_ObSchale, 34, u"glatt", u"bereift", {{6, u"zäh"}, {13, u"stumpf"}, {31, u"stumpf"}}},
     {"ObFruflei", WL_ObFruflei, 33, u"farblos", u"sehr saftig", {}},
-    {"ObFrufor", WL_ObFrufor, 25, u"kleinfrüchtig", u"unförmig", {{7, u" hochgebaut"}}},
+    {"ObFrufor", WL_ObFrufor, 25, u"kleinfrüchtig", u"unförmig", {{7, u"hochgebaut"}}},
     {"ObGesmak", WL_ObGesmak, 20, u"süßlich", u"wässrig", {}},
     {"ObErtrag", WL_ObErtrag, 6, u"früh", u"hoch", {}},
     {"ObErnte", WL_ObErnte, 6, u"einmalig", u"gefroren ernten", {}},
@@ -165,7 +165,7 @@ constexpr Farbprobe farbproben[] = {
 
 } // namespace
 
-/* The vocabularies: number of rows, first and last word, and the irregular ones as they are. */
+/* The vocabularies: number of rows, first and last word, the irregular ones as they are, and every row against a file. */
 class TestWertelisten : public QObject
 {
     Q_OBJECT
@@ -187,10 +187,35 @@ private slots:
         for (const auto &[p, wort] : probe.weitere)
             if (p != 0)
                 QCOMPARE(probe.liste.wort(p), wort);
-        for (const QStringView wort : probe.liste.zeilen)
-            QVERIFY(!wort.trimmed().isEmpty());
+        for (const QStringView wort : probe.liste.zeilen) {
+            QVERIFY(!wort.isEmpty());
+            QCOMPARE(wort.trimmed(), wort); // a stray blank would show beside the separator
+        }
         for (const int p : {0, -1, probe.anzahl + 1})
             QVERIFY(probe.liste.wort(p).isEmpty());
+    }
+
+    /// Every row of every list, against a file that was put together on its own.
+    void zeilen()
+    {
+        QFile datei(QStringLiteral(FLOX_WERTELISTEN));
+        QVERIFY(datei.open(QIODevice::ReadOnly));
+        QHash<QString, QStringList> erwartet;
+        for (const QString &zeile : QString::fromUtf8(datei.readAll()).split(u'\n', Qt::SkipEmptyParts)) {
+            const QStringList teile = zeile.split(u'\t');
+            QCOMPARE(teile.size(), 3);
+            QStringList &liste = erwartet[teile[0]];
+            QCOMPARE(teile[1].toInt(), liste.size() + 1); // counted from 1, without gaps
+            liste += teile[2];
+        }
+        QCOMPARE(erwartet.size(), int(std::size(proben)));
+        for (const Probe &probe : proben) {
+            const QStringList soll = erwartet.value(QString::fromLatin1(probe.name));
+            QCOMPARE(probe.liste.anzahl(), int(soll.size()));
+            for (int p = 1; p <= probe.liste.anzahl(); ++p)
+                QVERIFY2(probe.liste.wort(p) == soll[p - 1],
+                         qPrintable(QStringLiteral("%1, row %2: '%3'").arg(QLatin1String(probe.name)).arg(p).arg(probe.liste.wort(p))));
+        }
     }
 
     /// No list is left out above: each vocabulary of a column is among them, under one name.
