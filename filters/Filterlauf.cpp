@@ -1,6 +1,7 @@
 #include "Filterlauf.h"
 
 #include "Filterpruefung.h"
+#include "store/Fehler.h"
 #include "store/Recordset.h"
 #include "store/Schema.h"
 
@@ -28,10 +29,13 @@ QString familiennummer(Datenbank &arbeit, const QString &name)
     return nummer;
 }
 
-/// The text goes into the statement as it is: an apostrophe ends the literal and the statement fails.
+/// The text is a pattern that is bound, so that nothing in it can become a part of the statement. An apostrophe cannot be
+/// searched for and ends the run.
 Filterumgebung::Synonyme synonyme(std::shared_ptr<Datenbank> arbeit, QStringView tabelle, const QString &text)
 {
-    Recordset satz(std::move(arbeit), QStringLiteral("SELECT * From %1 WHERE SYN LIKE '*%2*'").arg(tabelle, text));
+    if (text.contains(u'\''))
+        throw Fehler(QStringLiteral("Der Suchtext \"%1\" enthält einen Apostroph ('). Synonyme können damit nicht gesucht werden.").arg(text));
+    Recordset satz(std::move(arbeit), QStringLiteral("SELECT * From %1 WHERE SYN LIKE ?").arg(tabelle), QVariantList{u'*' + text + u'*'});
     if (satz.Eof())
         return std::nullopt;
     QHash<qint64, QString> sammlung;
