@@ -22,7 +22,6 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include <limits>
 
 /* The dialog's layout, built from the criteria table. */
 
@@ -259,7 +258,7 @@ QWidget *Filterdialog::elementBauen(const Kriterium &kriterium, const Steuerteil
             if (minus && &steuerteil == &kriterium.a)
                 connect(feld, &QLineEdit::editingFinished, this, [feld] {
                     if (const std::optional<double> zahl = zahlLesen(feld->text()))
-                        feld->setText(zahlZeigen(QString::number(float(*zahl), 'g', std::numeric_limits<float>::digits10 + 1)));
+                        feld->setText(einfachGenau(*zahl));
                 });
         } else {
             feld = new QLineEdit(eltern);

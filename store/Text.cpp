@@ -6,8 +6,10 @@
 
 #include <unicode/ucnv.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -76,6 +78,15 @@ QString zahlZeigen(const QString &text)
     if (zahl.endsWith(u'.'))
         zahl.chop(1);
     return zahl == u"-0" ? QStringLiteral("0") : zahl.replace(u'.', u',');
+}
+
+QString einfachGenau(double zahl)
+{
+    constexpr double gross = std::numeric_limits<float>::max();
+    constexpr int stellen = std::numeric_limits<float>::digits10 + 1;
+    // -0 is 0.
+    const double einfach = double(float(std::clamp(zahl, -gross, gross))) + 0.0;
+    return QString::number(einfach, 'g', stellen).toUpper().replace(u'.', u',');
 }
 
 QString grossbuchstaben(QStringView text)

@@ -25,6 +25,8 @@ std::optional<double> zahlLesen(QStringView text);
 std::optional<double> zahlLesen(std::string_view utf8);
 /// A stored number as it is shown: decimal comma, no trailing zeros. Text that is no number comes back unchanged.
 QString zahlZeigen(const QString &text);
+/// A number as the runtime writes one of single precision: seven digits, decimal comma, no trailing zeros.
+QString einfachGenau(double zahl);
 /// Upper case, character by character: the length never changes (ß stays ß).
 QString grossbuchstaben(QStringView text);
 /// Whether position `p`, counted from 1, of a flag string holds "1"; false beyond its end.

@@ -132,6 +132,24 @@ private slots:
         QTEST(zahlZeigen(text), "gezeigt");
     }
 
+    void einfachGenau_data()
+    {
+        QTest::addColumn<double>("zahl");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("ganz") << 12.0 << u"12"_s;
+        QTest::newRow("sieben Stellen") << 0.123456 << u"0,123456"_s;
+        QTest::newRow("acht Stellen") << -1.23456789 << u"-1,234568"_s;
+        QTest::newRow("wie ein Single rundet") << 0.1 << u"0,1"_s;
+        QTest::newRow("minus null") << -0.0 << u"0"_s;
+        QTest::newRow("groß") << 12345678.0 << u"1,234568E+07"_s;
+        QTest::newRow("zu groß") << 1e300 << u"3,402823E+38"_s;
+    }
+    void einfachGenau()
+    {
+        QFETCH(double, zahl);
+        QTEST(::einfachGenau(zahl), "text");
+    }
+
     void grossbuchstabenHaltenDieLaenge()
     {
         QCOMPARE(grossbuchstaben(u"Äpfel, Spieß, × öü"), u"ÄPFEL, SPIEß, × ÖÜ"_s);
