@@ -232,8 +232,9 @@ void Filterdialog::FilterLaden(const QString &pfad)
 
 void Filterdialog::FilterSpeichern(const QString &pfad)
 {
-    if (programm_.FilterdateiGestoert || !schreibeSicher(systemPfad(pfad), filterSchreiben(beschreibung_, zustand())))
+    if (programm_.FilterdateiGestoert)
         throw Fehler(QStringLiteral("Die Filterdatei '%1' kann nicht geschrieben werden.").arg(QDir::toNativeSeparators(systemPfad(pfad))));
+    schreibeSicher(systemPfad(pfad), filterSchreiben(beschreibung_, zustand()));
 }
 
 void Filterdialog::DialogLaden()

@@ -35,14 +35,14 @@ public:
     cDIBSection &operator=(const cDIBSection &) = delete;
 
     /// Puts the picture on the clipboard; false on any failure. `alsDIB` is not offered: it shows a text, the result is false.
-    bool CopyToClipboard(bool alsDIB);
+    [[nodiscard]] bool CopyToClipboard(bool alsDIB);
     /// Makes a black bitmap and hands it to the caller; from then on sizes and DIBSectionBitsPtr are the new bitmap's. `hdc`
     /// is not looked at and may be null. False for a size below 1 or one that memory does not hold; throws as BytesPerScanLine.
-    bool CreateDIB(QPainter *hdc, qint32 breite, qint32 hoehe, std::unique_ptr<QImage> &hDib);
+    [[nodiscard]] bool CreateDIB(QPainter *hdc, qint32 breite, qint32 hoehe, std::unique_ptr<QImage> &hDib);
     /// Takes over a decoded picture, transparency dropped; a null picture leaves an empty object.
     void CreateFromPicture(const QImage &bild);
     /// Gives the earlier bitmap back, then makes a black one. False, with an empty object, as CreateDIB.
-    bool Create(qint32 breite, qint32 hoehe);
+    [[nodiscard]] bool Create(qint32 breite, qint32 hoehe);
     /// Bytes of a row. Throws where they do not fit 32 bits.
     qint32 BytesPerScanLine() const;
     /// Of the last bitmap that was asked for, even after ClearUp; 0 at first.
@@ -65,7 +65,7 @@ public:
     void ClearUp();
     /// Linear interpolation to a new size; the same size is an exact copy. Null where the new bitmap cannot be made; throws for
     /// an empty source, and unless only copied, for one of less than 2 x 2 pixels.
-    std::unique_ptr<cDIBSection> Resample(qint32 neueHoehe, qint32 neueBreite) const;
+    [[nodiscard]] std::unique_ptr<cDIBSection> Resample(qint32 neueHoehe, qint32 neueBreite) const;
 
 private:
     void ResampleInto(cDIBSection &ziel) const;

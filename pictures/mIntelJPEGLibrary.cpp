@@ -22,9 +22,14 @@ bool SaveJPG(const cDIBSection &dib, const QString &dateiname, qint32 qualitaet)
     const int status = tjCompress2(bibliothek.get(), dib.DIBSectionBitsPtr(), dib.Width(), dib.BytesPerScanLine(), dib.Height(),
                                    TJPF_BGR, &puffer, &bytes, TJSAMP_420, qualitaet, TJFLAG_BOTTOMUP);
     const std::unique_ptr<unsigned char, decltype(&tjFree)> besitz(puffer, tjFree);
-    if (status != 0
-        || !schreibeSicher(systemPfad(dateiname), QByteArray::fromRawData(reinterpret_cast<char *>(puffer), qsizetype(bytes))))
-        throw JPEGFehler(QStringLiteral("Speichern fehlgeschlagen"));
+    const auto misslungen = [] { return JPEGFehler(QStringLiteral("Speichern fehlgeschlagen")); };
+    if (status != 0)
+        throw misslungen();
+    try {
+        schreibeSicher(systemPfad(dateiname), QByteArray::fromRawData(reinterpret_cast<char *>(puffer), qsizetype(bytes)));
+    } catch (const Fehler &) {
+        throw misslungen(); // the one sentence that this writer has
+    }
     return true;
 }
 

@@ -62,8 +62,7 @@ void pdfSchreiben(const Druckseiten &seiten, const QPageLayout &blatt, const QSt
         if (!seitenMalen(seiten, pdf))
             throw Geraetefehler();
     }
-    if (!schreibeSicher(datei, inhalt))
-        throw Fehler(QStringLiteral("Die Datei \"%1\" konnte nicht geschrieben werden.").arg(datei));
+    schreibeSicher(datei, inhalt);
 }
 
 Systemdrucker::Systemdrucker() : drucker_(std::make_unique<QPrinter>(QPrinter::HighResolution))

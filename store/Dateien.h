@@ -3,12 +3,21 @@
 #include <QByteArray>
 #include <QString>
 
-/* Files that the program writes. Paths are the system's. */
+/* Files that the program writes. Paths are the system's. What fails throws a Fehler that names the file and the cause. */
+
+/// Cause of a failed file operation as a German sentence, from its error number (errno); empty for a number without one.
+QString dateiursache(int nummer);
 
 /// Byte copy of `quelle` over `ziel`. An existing target is overwritten in place, which is several times faster than a new
-/// file; a journal left beside it is removed first. Returns false, with the target in an undefined state, on any error.
-bool kopiereUeber(const QString &quelle, const QString &ziel);
+/// file; a journal left beside it is removed first. On a failure the target is in an undefined state.
+void kopiereUeber(const QString &quelle, const QString &ziel);
 
-/// Writes the whole file or leaves the old one untouched; false on any error. The written bytes are checked before the
-/// switch, since a full disk can go unnoticed there.
-bool schreibeSicher(const QString &pfad, const QByteArray &inhalt);
+/// Writes the whole file or leaves the old one untouched. The bytes are on the disk before the switch, since a full disk can go
+/// unnoticed there.
+void schreibeSicher(const QString &pfad, const QByteArray &inhalt);
+
+/// File that names the target which schreibeSicher is writing, for as long as it does; empty: none is kept. A run that was killed
+/// leaves it and the half-written file behind.
+void setSchreibmerker(const QString &pfad);
+/// Removes what a dead run left half written by the word of its file. Nobody else may use that file.
+void schreibresteFegen();

@@ -1,6 +1,7 @@
 #include "Datenbank.h"
 
 #include "AccessSql.h"
+#include "Dateien.h"
 #include "Fehler.h"
 #include "Pfade.h"
 #include "Schema.h"
@@ -11,15 +12,29 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
+
 namespace {
 
-/// What a result code means for the user.
-[[noreturn]] void werfen(sqlite3 *db, const QString &pfad)
+/// What a result code means for the user. Behind some of them stands the system's own number.
+int bedeutung(sqlite3 *db, bool beimOeffnen)
+{
+    const int code = sqlite3_errcode(db) & 0xff;
+    const QString ursache = dateiursache(sqlite3_system_errno(db));
+    if (code == SQLITE_IOERR && ursache == dateiursache(ENOSPC))
+        return SQLITE_FULL;
+    // Once the file is open, what cannot be opened is its journal.
+    if ((code == SQLITE_IOERR || (code == SQLITE_CANTOPEN && !beimOeffnen)) && ursache == dateiursache(EACCES))
+        return SQLITE_READONLY;
+    return code;
+}
+
+[[noreturn]] void werfen(sqlite3 *db, const QString &pfad, bool beimOeffnen = false)
 {
     const QString datei = QFileInfo(pfad).fileName();
     const QString meldung = QString::fromUtf8(sqlite3_errmsg(db));
     QString text;
-    switch (sqlite3_errcode(db) & 0xff) {
+    switch (bedeutung(db, beimOeffnen)) {
     case SQLITE_NOTADB: text = QStringLiteral("Die Datei '%1' ist keine Datenbank."); break;
     case SQLITE_CORRUPT: text = QStringLiteral("Die Datenbank '%1' ist beschädigt."); break;
     case SQLITE_CANTOPEN: text = QStringLiteral("Die Datenbank '%1' kann nicht geöffnet werden."); break;
@@ -156,7 +171,7 @@ Datenbank::Datenbank(const QString &pfad, int schalter) : pfad_(pfad)
     if (ergebnis != SQLITE_OK) {
         const auto schliessen = [](sqlite3 *db) { sqlite3_close_v2(db); };
         const std::unique_ptr<sqlite3, decltype(schliessen)> halter(db_, schliessen);
-        werfen(db_, pfad);
+        werfen(db_, pfad, true);
     }
     sqlite3_extended_result_codes(db_, 1);
     sqlite3_busy_timeout(db_, 2000);

@@ -319,11 +319,13 @@ void TestPdf::ersetztDieAlteDatei()
 void TestPdf::schreibfehler_data()
 {
     QTest::addColumn<QString>("ziel");
-    QTest::newRow("Ordner fehlt") << u"fehlt/Ausdruck.pdf"_s;
-    QTest::newRow("Ziel ist ein Ordner") << u"ordner"_s;
-    QTest::newRow("Ordner in einer Datei") << u"datei/Ausdruck.pdf"_s;
-    QTest::newRow("nur lesbarer Ordner") << u"fest/Ausdruck.pdf"_s;
-    QTest::newRow("Ordner des Systems") << u"/proc/Ausdruck.pdf"_s;
+    QTest::addColumn<QString>("grund"); // "%" is the folder
+    const QString fehlt = u"Der Ordner '%' ist nicht vorhanden."_s;
+    QTest::newRow("Ordner fehlt") << u"fehlt/Ausdruck.pdf"_s << fehlt;
+    QTest::newRow("Ziel ist ein Ordner") << u"ordner"_s << u"Unter diesem Namen gibt es einen Ordner."_s;
+    QTest::newRow("Ordner in einer Datei") << u"datei/Ausdruck.pdf"_s << fehlt;
+    QTest::newRow("nur lesbarer Ordner") << u"fest/Ausdruck.pdf"_s << u"Die Datei oder ihr Ordner ist schreibgeschützt."_s;
+    QTest::newRow("Ordner des Systems") << u"/proc/Ausdruck.pdf"_s << u"In dem Ordner kann keine Datei angelegt werden."_s;
 }
 
 void TestPdf::schreibfehler()
@@ -340,7 +342,9 @@ void TestPdf::schreibfehler()
     QFile::setPermissions(datei(u"fest"_s), QFile::ReadOwner | QFile::ExeOwner);
     const QString pfad = ziel.startsWith(u'/') ? ziel : datei(ziel);
     const Druckseiten seiten = probe.blatt();
-    QCOMPARE(fehlerVon([&] { pdfSchreiben(seiten, blattA4(), u"x"_s, pfad); }), u"Die Datei \"%1\" konnte nicht geschrieben werden."_s.arg(pfad));
+    QFETCH(const QString, grund);
+    QCOMPARE(fehlerVon([&] { pdfSchreiben(seiten, blattA4(), u"x"_s, pfad); }),
+             u"Die Datei '%1' kann nicht geschrieben werden: %2"_s.arg(pfad, QString(grund).replace(u'%', QFileInfo(pfad).path())));
     QFile::setPermissions(datei(u"fest"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QCOMPARE(dateien(), (QStringList{u"datei"_s, u"fest"_s, u"ordner"_s}));
     QCOMPARE(inhalt(datei(u"datei"_s)), "Datei");
@@ -374,7 +378,7 @@ void TestPdf::vollePlatte()
         const Dateigrenze grenze{rlim_t(bytes)};
         fehler = fehlerVon([&] { pdfSchreiben(seiten, blattA4(), u"x"_s, datei()); });
     }
-    QCOMPARE(fehler, u"Die Datei \"%1\" konnte nicht geschrieben werden."_s.arg(datei()));
+    QCOMPARE(fehler, u"Die Datei '%1' kann nicht geschrieben werden: Der Datenträger ist voll."_s.arg(datei()));
     QCOMPARE(dateien(), alt ? QStringList{u"Ausdruck.pdf"_s} : QStringList());
     if (alt)
         QCOMPARE(inhalt(datei()), vorher);
