@@ -52,8 +52,11 @@ Ablauf::Ergebnis Ablauf::starten()
     programm_.BilderPfad = programm_.ProgrammPfad;
     bilder::setOrdner(systemPfad(programm_.ProgrammPfad + QStringLiteral("\\icons")));
     oberflaecheEinrichten();
-    if (!geschuetztAusfuehren(nullptr, [this] { benutzernamenLesen(programm_); }))
+    QString hinweis;
+    if (!geschuetztAusfuehren(nullptr, [&] { hinweis = benutzernamenLesen(programm_); }))
         return Ergebnis::Abgebrochen;
+    if (!hinweis.isEmpty())
+        QMessageBox::information(nullptr, programmtitel.toString(), hinweis);
     EinstellungenLesen(programm_);
     // A stored picture folder does not survive the start: the folder of a run is the program's until another is chosen.
     programm_.BilderPfad = programm_.ProgrammPfad;

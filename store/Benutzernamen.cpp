@@ -12,32 +12,49 @@ DatenControl namenOeffnen(const Programm &programm)
     datBenutzer.setRecordSource(QStringLiteral("Namen_Benutzer_Optionen"));
     datBenutzer.Refresh();
     datBenutzer.recordset().MoveFirst();
-    if (datBenutzer.recordset().RecordCount() > anzahlEigenschaften)
-        throw Fehler(QStringLiteral("Die Tabelle 'Namen_Benutzer_Optionen' hat mehr als %1 Zeilen.").arg(anzahlEigenschaften));
     return datBenutzer;
 }
 
 } // namespace
 
-void benutzernamenLesen(Programm &programm)
+QString benutzernamenLesen(Programm &programm)
 {
     DatenControl datBenutzer = namenOeffnen(programm);
     Recordset &satz = datBenutzer.recordset();
-    for (size_t r = 0; !satz.Eof(); ++r, satz.MoveNext())
+    for (size_t r = 0; r < anzahlEigenschaften && !satz.Eof(); ++r, satz.MoveNext())
         for (const SpartenEintrag &sparte : alleSparten())
             programm.BenutzerNamen[size_t(sparte.sparte)][r] = satz.Fields(QString::fromLatin1(sparte.namenSpalte)).Text();
+    if (satz.RecordCount() <= anzahlEigenschaften)
+        return {};
+    return QStringLiteral("Die Tabelle 'Namen_Benutzer_Optionen' hat mehr als %1 Zeilen. Die ersten %1 werden verwendet.").arg(anzahlEigenschaften);
 }
 
 void benutzernamenSchreiben(const Programm &programm)
 {
     DatenControl datBenutzer = namenOeffnen(programm);
     Recordset &satz = datBenutzer.recordset();
-    Transaktion transaktion(satz.datenbank());
-    for (size_t r = 0; !satz.Eof(); ++r, satz.MoveNext()) {
+    const auto andere = [&](size_t r) {
+        std::vector<std::pair<QString, QString>> felder;
+        for (const SpartenEintrag &sparte : alleSparten()) {
+            const QString feld = QString::fromLatin1(sparte.namenSpalte), name = programm.BenutzerNamen[size_t(sparte.sparte)][r];
+            if (satz.Fields(feld).Text() != name)
+                felder.emplace_back(feld, name + QStringLiteral(""));
+        }
+        return felder;
+    };
+    // Begun at the first name that differs: a database that cannot be written need not be.
+    std::optional<Transaktion> transaktion;
+    for (size_t r = 0; r < anzahlEigenschaften && !satz.Eof(); ++r, satz.MoveNext()) {
+        const auto felder = andere(r);
+        if (felder.empty())
+            continue;
+        if (!transaktion)
+            transaktion.emplace(satz.datenbank());
         satz.Edit();
-        for (const SpartenEintrag &sparte : alleSparten())
-            satz.Fields(QString::fromLatin1(sparte.namenSpalte)).setValue(programm.BenutzerNamen[size_t(sparte.sparte)][r] + QStringLiteral(""));
+        for (const auto &[feld, name] : felder)
+            satz.Fields(feld).setValue(name);
         satz.Update();
     }
-    transaktion.festschreiben();
+    if (transaktion)
+        transaktion->festschreiben();
 }

@@ -4,7 +4,9 @@
 
 /* The names of the user-defined properties, kept in the working database. */
 
-/// Reads all names. Throws where the database cannot be opened, lacks the table or holds more rows than there are properties.
-void benutzernamenLesen(Programm &programm);
-/// Writes all names, in one durable transaction. Throws as above, with the old names kept.
+/// Reads all names. Rows beyond the number of properties do not count: a sentence for the user says so; empty: there are none.
+/// Throws where the database cannot be opened or lacks the table.
+[[nodiscard]] QString benutzernamenLesen(Programm &programm);
+/// Writes the names that differ from the stored ones, in one durable transaction; where none does the database is left alone.
+/// Throws as above, with the old names kept.
 void benutzernamenSchreiben(const Programm &programm);

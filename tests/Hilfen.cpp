@@ -24,7 +24,8 @@ Programm Programmordner::programm() const
     programm.ProgrammPfad = ordner_.path();
     programm.BilderPfad = ordner_.path();
     programm.ProgrammVersion = QStringLiteral("1.2.3");
-    benutzernamenLesen(programm);
+    if (const QString satz = benutzernamenLesen(programm); !satz.isEmpty())
+        qFatal("%s", qPrintable(satz));
     return programm;
 }
 

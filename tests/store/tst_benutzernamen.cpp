@@ -3,6 +3,7 @@
 #include "store/Benutzernamen.h"
 #include "store/Sparten.h"
 #include "tests/Hilfen.h"
+#include "tests/Rechte.h"
 
 #include <QFile>
 #include <QTest>
@@ -24,7 +25,7 @@ private slots:
 
     void ausgeliefert()
     {
-        benutzernamenLesen(programm_);
+        lesen();
         for (const auto &sparte : programm_.BenutzerNamen)
             for (size_t r = 0; r < sparte.size(); ++r)
                 QCOMPARE(sparte[r], u"Eigenschaft %1"_s.arg(r + 1));
@@ -48,7 +49,7 @@ private slots:
         }
         Programm anderes;
         anderes.ProgrammPfad = ordner_->pfad();
-        benutzernamenLesen(anderes);
+        QCOMPARE(benutzernamenLesen(anderes), QString());
         QVERIFY(anderes.BenutzerNamen == programm_.BenutzerNamen);
     }
 
@@ -61,11 +62,11 @@ private slots:
     void leererNameBleibtText()
     {
         QFETCH(QString, name);
-        benutzernamenLesen(programm_);
+        lesen();
         programm_.BenutzerNamen[1][2] = name;
         benutzernamenSchreiben(programm_);
         QCOMPARE(werte(*ordner_->db(), u"SELECT typeof(Stauden) || Stauden FROM Namen_Benutzer_Optionen WHERE rowid = 3"_s), QStringList{u"text"_s});
-        benutzernamenLesen(programm_);
+        lesen();
         QCOMPARE(programm_.BenutzerNamen[1][2], u""_s);
         QCOMPARE(programm_.BenutzerNamen[1][1], u"Eigenschaft 2"_s);
     }
@@ -73,30 +74,44 @@ private slots:
     void nullWirdLeer()
     {
         ordner_->db()->Execute(u"UPDATE Namen_Benutzer_Optionen SET Apfel = NULL WHERE rowid = 5"_s);
-        benutzernamenLesen(programm_);
+        lesen();
         QCOMPARE(programm_.BenutzerNamen[size_t(Sparte::Apfel)][4], u""_s);
         QCOMPARE(programm_.BenutzerNamen[size_t(Sparte::Obst)][4], u"Eigenschaft 5"_s);
     }
 
+    /// Rows too many do not count, and nobody touches them.
     void sechsteZeile()
     {
-        benutzernamenLesen(programm_);
-        const auto vorher = programm_.BenutzerNamen;
         const std::shared_ptr<Datenbank> db = ordner_->db();
         db->Execute(u"INSERT INTO Namen_Benutzer_Optionen (Topfpflanzen) VALUES ('zu viel')"_s);
-        const QString meldung = u"Die Tabelle 'Namen_Benutzer_Optionen' hat mehr als 5 Zeilen."_s;
-        QCOMPARE(fehlerVon([&] { benutzernamenLesen(programm_); }), meldung);
-        QVERIFY(programm_.BenutzerNamen == vorher);
-        programm_.BenutzerNamen[0][0] = u"anders"_s;
-        QCOMPARE(fehlerVon([&] { benutzernamenSchreiben(programm_); }), meldung);
-        QCOMPARE(werte(*db, u"SELECT Topfpflanzen FROM Namen_Benutzer_Optionen WHERE rowid = 1"_s), QStringList{u"Eigenschaft 1"_s});
+        db->Execute(u"UPDATE Namen_Benutzer_Optionen SET Topfpflanzen = 'erste' WHERE rowid = 1"_s);
+        QCOMPARE(benutzernamenLesen(programm_), u"Die Tabelle 'Namen_Benutzer_Optionen' hat mehr als 5 Zeilen. Die ersten 5 werden verwendet."_s);
+        QCOMPARE(programm_.BenutzerNamen[0][0], u"erste"_s);
+        QCOMPARE(programm_.BenutzerNamen[0][4], u"Eigenschaft 5"_s);
+        programm_.BenutzerNamen[0][4] = u"anders"_s;
+        QCOMPARE(fehlerVon([&] { benutzernamenSchreiben(programm_); }), QString());
+        QCOMPARE(werte(*db, u"SELECT Topfpflanzen FROM Namen_Benutzer_Optionen ORDER BY rowid"_s),
+                 (QStringList{u"erste"_s, u"Eigenschaft 2"_s, u"Eigenschaft 3"_s, u"Eigenschaft 4"_s, u"anders"_s, u"zu viel"_s}));
+    }
+
+    /// Names that stand there already ask nothing of the file.
+    void gleicheNamenSchreibenNichts()
+    {
+        lesen();
+        const QByteArray vorher = inhalt(ordner_->datenbank());
+        benutzernamenSchreiben(programm_);
+        QVERIFY(inhalt(ordner_->datenbank()) == vorher);
+        const NurLesen sperre(ordner_->pfad());
+        QCOMPARE(fehlerVon([&] { benutzernamenSchreiben(programm_); }), QString());
+        programm_.BenutzerNamen[2][2] = u"neu"_s;
+        QCOMPARE(fehlerVon([&] { benutzernamenSchreiben(programm_); }), u"Die Datenbank 'flox-demo.mdb' ist schreibgeschützt."_s);
     }
 
     void wenigerZeilen()
     {
         ordner_->db()->Execute(u"DELETE FROM Namen_Benutzer_Optionen WHERE rowid > 3"_s);
         programm_.BenutzerNamen[0][4] = u"unberührt"_s;
-        benutzernamenLesen(programm_);
+        lesen();
         QCOMPARE(programm_.BenutzerNamen[0][2], u"Eigenschaft 3"_s);
         QCOMPARE(programm_.BenutzerNamen[0][4], u"unberührt"_s);
         QVERIFY(fehlerVon([&] { benutzernamenSchreiben(programm_); }).isEmpty());
@@ -107,17 +122,17 @@ private slots:
     {
         ordner_->db()->Execute(u"DROP TABLE Namen_Benutzer_Optionen"_s);
         const QString meldung = u"In der Datenbank 'flox-demo.mdb' fehlt die Tabelle 'Namen_Benutzer_Optionen'."_s;
-        QCOMPARE(fehlerVon([&] { benutzernamenLesen(programm_); }), meldung);
+        QCOMPARE(fehlerVon([&] { lesen(); }), meldung);
         QCOMPARE(fehlerVon([&] { benutzernamenSchreiben(programm_); }), meldung);
         QVERIFY(QFile::remove(ordner_->datenbank()));
-        QVERIFY(fehlerVon([&] { benutzernamenLesen(programm_); }).contains(u"wurde nicht gefunden"_s));
+        QVERIFY(fehlerVon([&] { lesen(); }).contains(u"wurde nicht gefunden"_s));
         QVERIFY(!QFile::exists(ordner_->datenbank()));
     }
 
     /// All thirty names or none: a file that takes no more keeps the old ones.
     void ganzOderGarNicht()
     {
-        benutzernamenLesen(programm_);
+        lesen();
         const auto vorher = programm_.BenutzerNamen;
         for (auto &sparte : programm_.BenutzerNamen)
             for (QString &einName : sparte)
@@ -128,12 +143,13 @@ private slots:
             meldung = fehlerVon([&] { benutzernamenSchreiben(programm_); });
         }
         QVERIFY(!meldung.isEmpty());
-        benutzernamenLesen(programm_);
+        lesen();
         QVERIFY(programm_.BenutzerNamen == vorher);
         QCOMPARE(werte(*ordner_->db(), u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
     }
 
 private:
+    void lesen() { QCOMPARE(benutzernamenLesen(programm_), QString()); }
     static QString name(size_t sparte, size_t zeile) { return u"für %1 × O'Neill %2"_s.arg(sparte).arg(zeile); }
 
     std::optional<Programmordner> ordner_;
