@@ -2,6 +2,7 @@
 
 #include "Fehler.h"
 #include "Kollation.h"
+#include "Schadenspruefung.h"
 #include "Schema.h"
 
 #include <algorithm>
@@ -260,6 +261,7 @@ void Recordset::Edit()
 {
     if (Schluessel() == geloescht)
         throw Fehler(QStringLiteral("Es gibt keinen aktuellen Datensatz in der Tabelle '%1'.").arg(auswahl_.tabelle));
+    schaden::schreibenErlauben(db_->pfad());
     neu_.clear();
     bearbeitung_ = true;
 }

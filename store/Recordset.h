@@ -79,6 +79,7 @@ public:
     /// Text of a field of the record at a place, without moving there; a null text for a null.
     QString textBei(qsizetype stelle, QStringView feld);
 
+    /// Throws where the file is known to be damaged; a search under way is waited for.
     void Edit();
     /// Writes the fields set since Edit; throws, with the record unchanged, when that fails.
     void Update();
