@@ -7,6 +7,7 @@
 #include "controls/Steuerelemente.h"
 #include "Zentrale.h"
 #include "filters/Filterdialog.h"
+#include "store/Nebentabellen.h"
 #include "store/Pfade.h"
 
 #include <QApplication>
@@ -48,8 +49,7 @@ void Pflanzenfenster::Form_Activate()
     aktivMelden();
     lblArtNr_->setVisible(programm_.HausModus);
     if (ErsteAktivierung) {
-        DatensätzeAuffüllen();
-        satz_.oeffnen(Fensternummer);
+        (void)datenHolen(); // the run below tells of a copy that cannot be made
         DatenOrdnen();
         BilderAnzahl = 10;
         Monatsbeschriftung();
@@ -62,6 +62,8 @@ void Pflanzenfenster::Form_Activate()
             dialog->cmdOK_Click();
         }
         ErsteAktivierung = false;
+        if (const QString satz = fehlendeNebentabellen(satz_.arbeitsdatenbank(), eintrag(sparte())); !satz.isEmpty())
+            fehlerZeigen(this, satz);
     }
     zentrale_.mulkoSpeichernErlauben(FilterGesetzt && FilterEin);
     unsetCursor();
@@ -71,6 +73,30 @@ void Pflanzenfenster::DatensätzeAuffüllen()
 {
     arten_->neu(nullptr, Botanisch);
     satz_.auffuellen(programm_.aktuellesFenster(sparte()));
+}
+
+std::exception_ptr Pflanzenfenster::datenHolen()
+{
+    try {
+        DatensätzeAuffüllen();
+        satz_.oeffnen(programm_.aktuellesFenster(sparte()));
+        return nullptr;
+    } catch (const Fehler &) {
+        satz_.ohneKopie();
+        return std::current_exception();
+    }
+}
+
+void Pflanzenfenster::datenFordern()
+{
+    if (satz_.offen())
+        return;
+    (void)datenHolen(); // the next run tells of a copy that cannot be made
+    satz_.alleNehmen();
+    satz_.haupt().Finden(gezeigt_);
+    DatenOrdnen();
+    darstellen();
+    NaviPruefung();
 }
 
 void Pflanzenfenster::Sortieren()
@@ -186,8 +212,7 @@ void Pflanzenfenster::bewegen(Bewegung bewegung)
         QWidget *fenster;
         ~Zeigerende() { fenster->unsetCursor(); }
     } ende{this};
-    if (!satz_.offen())
-        return;
+    datenFordern();
     if (DatenGeaendert)
         BenutzerdatenSpeichern();
     Recordset &haupt = satz_.haupt();
@@ -222,6 +247,7 @@ void Pflanzenfenster::artenGewaehlt(bool vomBenutzer)
 void Pflanzenfenster::botDeu()
 {
     const Sanduhr sanduhr(this);
+    datenFordern();
     Botanisch = !Botanisch;
     knopf(Knopf::BotDeu)->setBild(knopfbild(knopfzeilen()[size_t(Knopf::BotDeu)], Knopfzustand::Hervorgehoben, true, umschaltungen()));
     DatenOrdnen();
@@ -319,9 +345,10 @@ void Pflanzenfenster::knoepfeVerbinden()
     beiKlick(Knopf::BotDeu, [this] { botDeu(); });
     const auto mitNotizen = [this, &beiKlick](Knopf welcher, void (Pflanzenfenster::*handlung)()) {
         beiKlick(welcher, [this, handlung] {
+            datenFordern();
             if (DatenGeaendert)
                 BenutzerdatenSpeichern();
-            if (satz_.offen() && filterdialog())
+            if (filterdialog())
                 (this->*handlung)();
         });
     };
@@ -339,6 +366,7 @@ void Pflanzenfenster::drucken()
 
 void Pflanzenfenster::BenutzerdatenSpeichern()
 {
+    datenFordern();
     const auto *bemerkung = elementNamens(u"txtEigeneBemerkung");
     if (!bemerkung)
         return;

@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <array>
+#include <exception>
 #include <memory>
 #include <vector>
 
@@ -109,6 +110,13 @@ private:
     void bilderZeigen();
     void bildAngeklickt(int index);
     QString parkdatei() const;
+
+    /// Opens a new copy of the working database or, where none can be made, that one itself; then the failure comes back. No plant
+    /// is in the set yet. Throws when neither can be opened: the window has no data.
+    [[nodiscard]] std::exception_ptr datenHolen();
+    /// Fetches the data where an earlier failure has closed them, and shows the plant that was shown. Throws when they are still
+    /// not to be had.
+    void datenFordern();
 
     using Bewegung = void (Recordset::*)();
     void bewegen(Bewegung bewegung);

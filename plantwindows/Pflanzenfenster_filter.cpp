@@ -28,7 +28,7 @@ Filterdialog *Pflanzenfenster::filterdialog()
 QString Pflanzenfenster::parkdatei() const
 {
     const SpartenEintrag &zeile = eintrag(sparte());
-    return QStringLiteral("%1%2%3%4").arg(programm_.ProgrammPfad, zeile.tempFilter).arg(Fensternummer).arg(zeile.filterEndung);
+    return QStringLiteral("%1%2%3%4").arg(programm_.laufordner(), zeile.tempFilter).arg(Fensternummer).arg(zeile.filterEndung);
 }
 
 void Pflanzenfenster::filterInKraft()
@@ -115,11 +115,12 @@ void Pflanzenfenster::filterGelaufen(const Laufergebnis &ergebnis)
 
 void Pflanzenfenster::filterVerworfen()
 {
-    DatensätzeAuffüllen();
-    satz_.oeffnen(programm_.aktuellesFenster(sparte()));
+    const std::exception_ptr kopierfehler = datenHolen();
     satz_.alleNehmen();
     DatenOrdnen();
     darstellen();
+    if (kopierfehler)
+        std::rethrow_exception(kopierfehler);
 }
 
 void Pflanzenfenster::dialogVerlassen()

@@ -25,21 +25,29 @@ Pflanzensatz::Pflanzensatz(Programm &programm, const SpartenEintrag &sparte) : p
 
 QString Pflanzensatz::tempPfad(int nummer) const
 {
-    return QStringLiteral("%1%2%3.tmp").arg(programm_.ProgrammPfad, sparte_.tempDatenbank).arg(nummer);
+    return QStringLiteral("%1%2%3.tmp").arg(programm_.laufordner(), sparte_.tempDatenbank).arg(nummer);
 }
 
 void Pflanzensatz::auffuellen(int nummer)
 {
     schliessen();
     uebrig_.reset();
-    frisch_ = true;
+    frisch_ = false;
     const QString arbeit = systemPfad(programm_.arbeitsdatenbank());
     // Whatever was written there since the last copy may be names or numbers.
     if (const QByteArray stand = aenderungsstand(arbeit); stand != stand_) {
         ordnung_.clear();
         stand_ = stand;
     }
-    kopiereUeber(arbeit, systemPfad(tempPfad(nummer)));
+    const QString kopie = systemPfad(tempPfad(nummer));
+    try {
+        kopiereUeber(arbeit, kopie);
+    } catch (const Fehler &) {
+        // Half a copy is of no use, and the disk may be full.
+        QFile::remove(kopie);
+        throw;
+    }
+    frisch_ = true;
 }
 
 void Pflanzensatz::oeffnen(int nummer)
@@ -47,6 +55,17 @@ void Pflanzensatz::oeffnen(int nummer)
     // Held for as long as the window is open, so that look-ups find a connection.
     arbeit_ = Datenbank::OpenDatabase(programm_.arbeitsdatenbank());
     datHaupt_.setDatabaseName(tempPfad(nummer));
+    datHaupt_.setRecordSource(sparte_.haupttabelle.toString());
+    datHaupt_.Refresh(std::vector<qint64>());
+}
+
+void Pflanzensatz::ohneKopie()
+{
+    schliessen();
+    frisch_ = false;
+    // Opened first: the main recordset shares this connection, which refuses to be thinned.
+    arbeit_ = Datenbank::OpenDatabase(programm_.arbeitsdatenbank());
+    datHaupt_.setDatabaseName(programm_.arbeitsdatenbank());
     datHaupt_.setRecordSource(sparte_.haupttabelle.toString());
     datHaupt_.Refresh(std::vector<qint64>());
 }
@@ -121,6 +140,8 @@ QStringList Pflanzensatz::synonyme(bool deutsch)
 
 std::optional<Bildzeile> Pflanzensatz::bilder()
 {
+    if (!arbeit_ || !arbeit_->hatTabelle(sparte_.bildtabelle.toString()))
+        return std::nullopt;
     DatenControl datBilder;
     datBilder.setDatabaseName(programm_.arbeitsdatenbank());
     datBilder.setRecordSource(QStringLiteral("SELECT * From %1 WHERE ARTNR LIKE ?").arg(sparte_.bildtabelle), {artnr()});

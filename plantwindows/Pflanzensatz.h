@@ -13,12 +13,14 @@ public:
 
     /// Path of the private copy of window `nummer`, with "\".
     QString tempPfad(int nummer) const;
-    /// Copies the working database over the copy of window `nummer`, which must not be open. Failures are passed over; what
-    /// the copy then holds shows when it is opened.
+    /// Copies the working database over the copy of window `nummer`. On a failure it throws, and there is no copy.
     void auffuellen(int nummer);
     /// Opens the copy of window `nummer`. No plant is in the set before it is sorted, thinned or taken as a whole: each of them
     /// brings its own keys.
     void oeffnen(int nummer);
+    /// Takes the plants from the working database itself, where no copy can be made: they can be looked at, not thinned. Throws
+    /// when that cannot be opened either.
+    void ohneKopie();
     /// Takes the whole table, in the order of its numbers.
     void alleNehmen() { datHaupt_.Refresh(); }
     void schliessen();

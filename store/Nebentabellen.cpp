@@ -2,10 +2,16 @@
 
 #include "Recordset.h"
 
+namespace {
+
+const QString familien = QStringLiteral("Familien");
+
+} // namespace
+
 QStringList synonyme(const std::shared_ptr<Datenbank> &arbeit, const SpartenEintrag &sparte, qint64 artnr, bool deutsch)
 {
     const QStringView tabelle = deutsch ? sparte.synonymDeutsch : sparte.synonymBotanisch;
-    if (tabelle.isEmpty() || artnr == 0)
+    if (tabelle.isEmpty() || artnr == 0 || !arbeit->hatTabelle(tabelle.toString()))
         return {};
     QStringList gefunden;
     for (Recordset satz(arbeit, QStringLiteral("SELECT * From %1 WHERE ARTNR LIKE ?").arg(tabelle), QVariantList{artnr}); !satz.Eof(); satz.MoveNext())
@@ -22,6 +28,8 @@ QString mitSynonymen(const QString &name, const QStringList &synonyme)
 QStringList familiennamen(Datenbank &arbeit)
 {
     QStringList namen;
+    if (!arbeit.hatTabelle(familien))
+        return namen;
     Anweisung &anweisung = arbeit.vorbereitet(QStringLiteral("SELECT FAMNAME FROM Familien ORDER BY FAMILIE"));
     while (anweisung.schritt())
         namen += anweisung.text(0);
@@ -32,8 +40,23 @@ QString familienname(const std::shared_ptr<Datenbank> &arbeit, const QString &nu
 {
     bool ok = false;
     const int zahl = nummer.toInt(&ok);
-    if (!ok)
+    if (!ok || !arbeit->hatTabelle(familien))
         return {};
     Recordset satz(arbeit, QStringLiteral("SELECT FAMNAME FROM Familien WHERE FAMILIE LIKE ?"), QVariantList{zahl});
     return satz.Eof() ? QString() : satz.Fields(u"FAMNAME").Text();
+}
+
+QString fehlendeNebentabellen(Datenbank &arbeit, const SpartenEintrag &sparte)
+{
+    const std::pair<QString, QString> tabellen[] = {{familien, QStringLiteral("Familien")},
+                                                    {sparte.synonymBotanisch.toString(), QStringLiteral("botanische Synonyme")},
+                                                    {sparte.synonymDeutsch.toString(), QStringLiteral("deutsche Synonyme")},
+                                                    {sparte.bildtabelle.toString(), QStringLiteral("Bilder")}};
+    QString text;
+    for (const auto &[tabelle, inhalt] : tabellen)
+        if (!tabelle.isEmpty() && !arbeit.hatTabelle(tabelle))
+            text += QStringLiteral("\n'%1' (%2)").arg(tabelle, inhalt);
+    if (text.isEmpty())
+        return text;
+    return QStringLiteral("In der Datenbank '%1' fehlen Tabellen; was in ihnen steht, wird nicht angezeigt:%2").arg(QFileInfo(arbeit.pfad()).fileName(), text);
 }

@@ -5,7 +5,8 @@
 
 #include <QStringList>
 
-/* Look-ups in the side tables of the working database. They throw where a table cannot be read. */
+/* Look-ups in the side tables of the working database. A table that is missing counts as empty; they throw where one cannot be
+   read. */
 
 /// Synonyms of a plant, in the order they were entered; empty for a Sparte without synonym tables.
 QStringList synonyme(const std::shared_ptr<Datenbank> &arbeit, const SpartenEintrag &sparte, qint64 artnr, bool deutsch);
@@ -15,3 +16,5 @@ QString mitSynonymen(const QString &name, const QStringList &synonyme);
 QStringList familiennamen(Datenbank &arbeit);
 /// Family name for a number; empty for an unknown one.
 QString familienname(const std::shared_ptr<Datenbank> &arbeit, const QString &nummer);
+/// Sentence for the user that names the side tables of a Sparte that the database lacks; empty: none is missing.
+[[nodiscard]] QString fehlendeNebentabellen(Datenbank &arbeit, const SpartenEintrag &sparte);

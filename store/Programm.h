@@ -12,6 +12,7 @@ struct Programm
 {
     QString ProgrammVersion; ///< major.minor.revision
     QString ProgrammPfad;    ///< folder of the executable; all data files are found from here
+    QString LaufPfad;        ///< folder of private copies and parked filters where it is not the program's; empty: it is
     QString IniPfad;         ///< named for compatibility; no file is read or written there
     QString BilderPfad;      ///< picture folder; empty: none is known, every probe fails
     QString VermissterBilderPfad; ///< picture folder of this run that was given up because it was away; never stored
@@ -46,6 +47,8 @@ struct Programm
     std::array<std::array<QString, anzahlEigenschaften>, anzahlSparten> BenutzerNamen;
 
     int &aktuellesFenster(Sparte sparte) { return AktuellesFenster[size_t(sparte)]; }
+    /// The folder of what does not outlive the run.
+    QString laufordner() const { return LaufPfad.isEmpty() ? ProgrammPfad : LaufPfad; }
     QString arbeitsdatenbank() const { return ProgrammPfad + QStringLiteral("\\flox-demo.mdb"); }
 };
 

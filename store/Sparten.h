@@ -23,7 +23,7 @@ struct SpartenEintrag
     QStringView bildtabelle;
     QStringView synonymBotanisch; ///< empty: no synonym tables
     QStringView synonymDeutsch;
-    QStringView tempDatenbank;   ///< prefix of the window's private copy, in ProgrammPfad
+    QStringView tempDatenbank;   ///< prefix of the window's private copy, in the run's folder
     QStringView tempFilter;      ///< prefix of the parked filter that the window's close removes
     QStringView filterEndung;    ///< extension of filter files, with its point
     const char *namenSpalte;     ///< column of Namen_Benutzer_Optionen
