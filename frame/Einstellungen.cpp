@@ -146,15 +146,15 @@ void EinstellungenLesen(Programm &programm)
     for (const Einstellung &zeile : tabelle)
         if (qstrcmp(zeile.schluessel, "Pfade") == 0)
             RegWertSchreiben(unter(QStringLiteral("Pfade")), QString::fromLatin1(zeile.name), gespeicherterText(programm, zeile));
-    sichern();
+    (void)sichern();
 }
 
-void EinstellungenSchreiben(const Programm &programm)
+bool EinstellungenSchreiben(const Programm &programm)
 {
     for (const Einstellung &zeile : tabelle)
         RegWertSchreiben(unter(QString::fromLatin1(zeile.schluessel)), QString::fromLatin1(zeile.name), gespeicherterText(programm, zeile));
     for (int i = 1; i <= 2; ++i)
         RegWertSchreiben(unter(hinweise), QString::number(i), programm.HinweisAus[size_t(i)] ? QStringLiteral("True") : QStringLiteral("False"));
     begleiterUnterrichten(programm);
-    sichern();
+    return sichern();
 }

@@ -1,9 +1,10 @@
 #include "Registry.h"
 
+#include "Inidatei.h"
+
 #include <QDir>
 #include <QSettings>
 #include <QStandardPaths>
-#include <QStringList>
 
 #include <memory>
 
@@ -11,20 +12,59 @@ namespace registry {
 
 namespace {
 
-/// The one place that knows which system keeps settings where.
+// The one place that knows which system keeps settings where.
+#ifdef Q_OS_WIN
+
 QSettings &ablage()
 {
-#ifdef Q_OS_WIN
     static QSettings einstellungen(QStringLiteral("HKEY_LOCAL_MACHINE"), QSettings::NativeFormat);
-#else
-    static std::unique_ptr<QSettings> halter;
-    const QString datei = QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)).filePath(QStringLiteral("flox/registry.ini"));
-    if (!halter || halter->fileName() != datei)
-        halter = std::make_unique<QSettings>(datei, QSettings::IniFormat);
-    QSettings &einstellungen = *halter;
-#endif
     return einstellungen;
 }
+
+QString lesen(const QString &pfad)
+{
+    const QVariant wert = ablage().value(pfad);
+    return wert.isValid() ? wert.toString() + QStringLiteral("") : QString();
+}
+
+void setzen(const QString &pfad, const QString &text)
+{
+    ablage().setValue(pfad, text);
+}
+
+bool ablegen()
+{
+    ablage().sync();
+    return ablage().status() == QSettings::NoError;
+}
+
+#else
+
+Inidatei &ablage()
+{
+    static std::unique_ptr<Inidatei> halter;
+    const QString datei = QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)).filePath(QStringLiteral("flox/registry.ini"));
+    if (!halter || halter->pfad() != datei)
+        halter = std::make_unique<Inidatei>(datei);
+    return *halter;
+}
+
+QString lesen(const QString &pfad)
+{
+    return ablage().wert(pfad);
+}
+
+void setzen(const QString &pfad, const QString &text)
+{
+    ablage().setWert(pfad, text);
+}
+
+bool ablegen()
+{
+    return ablage().sichern();
+}
+
+#endif
 
 QString pfad(const QString &schluessel, const QString &name)
 {
@@ -37,16 +77,14 @@ void RegWertSchreiben(const QString &schluessel, const QString &name, const QStr
 {
     // What stands there already is not written again: a start without news leaves the file alone.
     if (RegWertLesen(schluessel, name) != text || !vorhanden(schluessel, name))
-        ablage().setValue(pfad(schluessel, name), text);
+        setzen(pfad(schluessel, name), text);
 }
 
 QString RegWertLesen(const QString &schluessel, const QString &name)
 {
-    const QVariant wert = ablage().value(pfad(schluessel, name));
-    if (!wert.isValid())
-        return {};
-    // An unquoted comma in a file edited by hand makes a list of the value.
-    QString text = wert.typeId() == QMetaType::QStringList ? wert.toStringList().join(QStringLiteral(", ")) : wert.toString();
+    QString text = lesen(pfad(schluessel, name));
+    if (text.isNull())
+        return text;
     text.truncate(groessterWert);
     if (const qsizetype ende = text.indexOf(QChar::Null); ende >= 0)
         text.truncate(ende);
@@ -64,9 +102,9 @@ bool vorhanden(const QString &schluessel, const QString &name)
     return !RegWertLesen(schluessel, name).isNull();
 }
 
-void sichern()
+bool sichern()
 {
-    ablage().sync();
+    return ablegen();
 }
 
 } // namespace registry

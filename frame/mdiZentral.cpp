@@ -369,7 +369,7 @@ void mdiZentral::closeEvent(QCloseEvent *ereignis)
     hide();
     // Notes first told of and stored; names and settings must not hinder the end.
     geschuetztAusfuehren(nullptr, [this] { benutzernamenSchreiben(programm_); });
-    EinstellungenSchreiben(programm_);
+    (void)EinstellungenSchreiben(programm_); // settings that cannot be kept do not last, and nobody is asked
     delete bilder_;
     AlleFensterSchliessen();
     ereignis->accept();

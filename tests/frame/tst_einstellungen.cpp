@@ -147,7 +147,7 @@ void TestEinstellungen::jedeZeile()
         QCOMPARE(einstellungstext(programm, zeile), vorgabe);
     }
     setzen(programm, zeile, anders);
-    EinstellungenSchreiben(programm);
+    QVERIFY(EinstellungenSchreiben(programm));
     QCOMPARE(registry::RegWertLesen(schluessel(zeile), name), anders);
     QVERIFY(QFileInfo(ablage_->datei()).size() > 0);
 
@@ -294,7 +294,7 @@ void TestEinstellungen::hinweiseWerdenGeschrieben()
 {
     Programm programm;
     programm.HinweisAus = {false, false, true};
-    EinstellungenSchreiben(programm);
+    QVERIFY(EinstellungenSchreiben(programm));
     QCOMPARE(lesen(u"HinweisText"_s, "1"), u"False"_s);
     QCOMPARE(lesen(u"HinweisText"_s, "2"), u"True"_s);
     QVERIFY(!registry::vorhanden(wurzel + u"HinweisText"_s, u"0"_s));
@@ -319,11 +319,11 @@ void TestEinstellungen::begleiterNurWennVorhanden()
     Programm programm;
     programm.ProgrammPfad = u"C:\\Flox"_s;
     programm.BilderPfad = u"D:\\Bilder"_s;
-    EinstellungenSchreiben(programm);
+    QVERIFY(EinstellungenSchreiben(programm));
     for (const QString &begleiter : {editorSchluessel, mulkoSchluessel})
         QVERIFY(!registry::vorhanden(begleiter, u"FLOX-Verz"_s));
     registry::RegWertSchreiben(zweig, name, u"X:\\"_s);
-    EinstellungenSchreiben(programm);
+    QVERIFY(EinstellungenSchreiben(programm));
     for (const QString &begleiter : {editorSchluessel, mulkoSchluessel}) {
         const bool gemeint = unterrichtet && begleiter == zweig;
         QCOMPARE(registry::RegWertLesen(begleiter, u"FLOX-Verz"_s), gemeint ? u"C:\\Flox\\"_s : QString());
@@ -379,7 +379,7 @@ void TestEinstellungen::langeWerte()
     QCOMPARE(lesen(u"Pfade"_s, "Mulko-Verz"), u"vorn"_s);
     for (const QString &text : {u"C:\\Größe, Maß; \"Zitat\" = 5 % [x]"_s, u"a,b,c"_s, u"@Invalid()"_s, u"\\\\server\\frei"_s}) {
         registry::RegWertSchreiben(wurzel + u"Pfade"_s, u"Mulko-Verz"_s, text);
-        registry::sichern();
+        QVERIFY(registry::sichern());
         QCOMPARE(lesen(u"Pfade"_s, "Mulko-Verz"), text);
     }
 }
@@ -398,7 +398,7 @@ void TestEinstellungen::nichtSchreibbar()
     EinstellungenLesen(programm);
     QCOMPARE(programm.MdiHoehe, 14520L);
     programm.MdiHoehe = 9000;
-    EinstellungenSchreiben(programm);
+    QVERIFY(!EinstellungenSchreiben(programm));
     QVERIFY(datei.open(QIODevice::ReadOnly));
     QCOMPARE(datei.readAll(), QByteArray("bleibt"));
 }
@@ -423,7 +423,7 @@ void TestEinstellungen::beschaedigteDatei()
     Programm muster;
     for (size_t i = 0; i < std::size(zeilen); ++i)
         setzen(muster, einstellungstabelle()[i], QString::fromLatin1(zeilen[i].anders));
-    EinstellungenSchreiben(muster);
+    QVERIFY(EinstellungenSchreiben(muster));
     QFile vorlage(ablage_->datei());
     QVERIFY(vorlage.open(QIODevice::ReadOnly));
     const QByteArray heil = vorlage.readAll();
@@ -452,7 +452,7 @@ void TestEinstellungen::beschaedigteDatei()
         QVERIFY(programm.BilderFormBreite >= 5000 && programm.BilderFormHoehe >= 5000);
         QVERIFY(programm.MulkoPfad.size() <= registry::groessterWert + 1);
         // What was read is what the next start reads again.
-        EinstellungenSchreiben(programm);
+        QVERIFY(EinstellungenSchreiben(programm));
         Programm wieder;
         EinstellungenLesen(wieder);
         for (size_t i = 0; i < std::size(zeilen); ++i)
