@@ -1,6 +1,7 @@
 #include "Ablauf.h"
 
 #include "Aussehen.h"
+#include "Beendigung.h"
 #include "Einstellungen.h"
 #include "frmDBWahl.h"
 #include "frmStart.h"
@@ -10,6 +11,7 @@
 #include "pictures/cDIBSection.h"
 #include "store/Benutzernamen.h"
 #include "store/Pfade.h"
+#include "store/Schadenspruefung.h"
 
 #include <QApplication>
 #include <QCryptographicHash>
@@ -23,6 +25,9 @@ Ablauf::Ablauf() = default;
 Ablauf::~Ablauf()
 {
     delete wahl_;
+    // The windows remove their copies before their folder is given up.
+    zentrale_.reset();
+    schaden::beenden();
 }
 
 bool Ablauf::einzigeInstanz()
@@ -52,11 +57,17 @@ Ablauf::Ergebnis Ablauf::starten()
     programm_.BilderPfad = programm_.ProgrammPfad;
     bilder::setOrdner(systemPfad(programm_.ProgrammPfad + QStringLiteral("\\icons")));
     oberflaecheEinrichten();
-    QString hinweis;
-    if (!geschuetztAusfuehren(nullptr, [&] { hinweis = benutzernamenLesen(programm_); }))
+    QStringList hinweise;
+    if (!geschuetztAusfuehren(nullptr, [&] {
+            hinweise += benutzernamenLesen(programm_);
+            laufordner_.bestimmen(programm_);
+            hinweise += nichtGespeichertes(programm_);
+        }))
         return Ergebnis::Abgebrochen;
-    if (!hinweis.isEmpty())
-        QMessageBox::information(nullptr, programmtitel.toString(), hinweis);
+    for (const QString &hinweis : std::as_const(hinweise))
+        if (!hinweis.isEmpty())
+            QMessageBox::information(nullptr, programmtitel.toString(), hinweis);
+    schadenSuchen();
     EinstellungenLesen(programm_);
     // A stored picture folder does not survive the start: the folder of a run is the program's until another is chosen.
     programm_.BilderPfad = programm_.ProgrammPfad;
@@ -66,7 +77,35 @@ Ablauf::Ergebnis Ablauf::starten()
     const QRect schirm = start_->screen()->availableGeometry();
     start_->move(schirm.center() - start_->rect().center());
     start_->show();
+    beendigung_ = std::make_unique<Beendigung>([this] { sichern(); });
     return Ergebnis::Laeuft;
+}
+
+void Ablauf::schadenSuchen()
+{
+    const QString datenbank = programm_.arbeitsdatenbank();
+    schaden::suchen(datenbank);
+    const auto sagen = [datenbank](QWidget *fenster) {
+        if (const QString befund = schaden::befund(datenbank); !befund.isEmpty())
+            fehlerZeigen(fenster, befund);
+    };
+    if (schaden::fertig(datenbank))
+        return sagen(nullptr);
+    // A box would close the chooser, and with it the program: it waits for the main window.
+    constexpr int takt = 100; // milliseconds
+    QObject::connect(&schadensTakt_, &QTimer::timeout, qApp, [this, datenbank, sagen] {
+        if (!schaden::fertig(datenbank) || !zentrale_ || !zentrale_->isVisible() || wahl_ || QApplication::activeModalWidget())
+            return;
+        schadensTakt_.stop();
+        sagen(zentrale_.get());
+    });
+    schadensTakt_.start(takt);
+}
+
+void Ablauf::sichern()
+{
+    if (zentrale_)
+        zentrale_->sichern();
 }
 
 void Ablauf::splashBeenden()

@@ -1,12 +1,15 @@
 #pragma once
 
+#include "store/Laufordner.h"
 #include "store/Programm.h"
 
 #include <QLockFile>
 #include <QPointer>
+#include <QTimer>
 
 #include <memory>
 
+class Beendigung;
 class frmDBWahl;
 class frmStart;
 class mdiZentral;
@@ -30,9 +33,14 @@ public:
 private:
     bool einzigeInstanz();
     void splashBeenden();
+    void schadenSuchen();
+    void sichern();
 
     Programm programm_;
     std::unique_ptr<QLockFile> sperre_;
+    Laufordner laufordner_;
+    std::unique_ptr<Beendigung> beendigung_;
+    QTimer schadensTakt_; ///< while a large database is searched
     std::unique_ptr<frmStart> start_;
     QPointer<frmDBWahl> wahl_;
     std::unique_ptr<mdiZentral> zentrale_;

@@ -237,6 +237,26 @@ void mdiZentral::AlleFensterSchliessen()
         }
 }
 
+void mdiZentral::sichern()
+{
+    // Each for itself: what fails must not keep the others from the disk.
+    const auto still = [](auto handlung) {
+        try {
+            handlung();
+        } catch (const Fehler &fehler) {
+            qWarning("%s", fehler.what());
+        }
+    };
+    for (const SpartenEintrag &sparte : alleSparten())
+        for (int nummer = 1; nummer <= tabelle(sparte.sparte).obergrenze(); ++nummer)
+            if (Pflanzenfenster *form = fenster(sparte.sparte, nummer); form && form->DatenGeaendert)
+                still([form] { form->BenutzerdatenSpeichern(); });
+    still([this] { benutzernamenSchreiben(programm_); });
+    geometrieMerken();
+    if (!EinstellungenSchreiben(programm_))
+        qWarning("The settings cannot be written.");
+}
+
 void mdiZentral::mulkoSpeichernErlauben(bool erlaubt)
 {
     findChild<QAction *>(QStringLiteral("mnuMulkoSpeichern"))->setEnabled(erlaubt);

@@ -31,6 +31,8 @@ public:
     /// After a change of options or names: every open window shows them.
     void FormenAktualisieren();
     void AlleFensterSchliessen();
+    /// Stores notes, names and settings and shows nothing: the program may be at its end at any moment. Windows stay as they are.
+    void sichern();
     Fenstertabelle &tabelle(Sparte sparte) { return tabellen_[size_t(sparte)]; }
     Pflanzenfenster *fenster(Sparte sparte, int nummer);
 
