@@ -130,4 +130,6 @@ void Pflanzenfenster::dialogVerlassen()
     if (auto *unterfenster = qobject_cast<QMdiSubWindow *>(parentWidget()); unterfenster && unterfenster->mdiArea())
         unterfenster->mdiArea()->setActiveSubWindow(unterfenster);
     raise();
+    // The lock took the focus away. The main window is not active yet: when it is, the window that has its focus comes to the front.
+    knopf(Knopf::Filter)->setFocus(Qt::ActiveWindowFocusReason);
 }
