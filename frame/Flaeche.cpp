@@ -53,8 +53,10 @@ void Flaeche::paintEvent(QPaintEvent *ereignis)
     const qreal skala = devicePixelRatioF();
     const QSize ziel = viewport()->size() * skala;
     if (gemalt_.size() != ziel) {
-        const QPixmap gross = bild_.scaled(ziel, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
-        gemalt_ = gross.copy(QRect(QPoint((gross.width() - ziel.width()) / 2, (gross.height() - ziel.height()) / 2), ziel));
+        // Cut first, then stretched: a long and narrow area needs no picture larger than itself.
+        QRect teil({}, ziel.scaled(bild_.size(), Qt::KeepAspectRatio).expandedTo({1, 1}));
+        teil.moveCenter(bild_.rect().center());
+        gemalt_ = bild_.copy(teil).scaled(ziel, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         gemalt_.setDevicePixelRatio(skala);
     }
     QPainter(viewport()).drawPixmap(0, 0, gemalt_);

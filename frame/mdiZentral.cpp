@@ -97,31 +97,45 @@ void mdiZentral::statusleisteBauen()
 
 void mdiZentral::geometrieAnwenden()
 {
-    resize(pixel(double(programm_.MdiBreite)), pixel(double(programm_.MdiHoehe)));
+    resize(fensterpixel(double(programm_.MdiBreite)), fensterpixel(double(programm_.MdiHoehe)));
     const QPoint ort(pixel(double(programm_.MdiLinks)), pixel(double(programm_.MdiOben)));
     // A screen that is no longer there must not hide the window.
     const bool sichtbar = std::ranges::any_of(QGuiApplication::screens(), [&](const QScreen *schirm) {
         return schirm->availableGeometry().intersects(QRect(ort, QSize(width(), 40)));
     });
     move(sichtbar ? ort : QPoint(0, 0));
+    angewandt_ = QRect(pos(), size());
     if (programm_.MdiStatus == 2)
         setWindowState(Qt::WindowMaximized);
     else if (programm_.MdiStatus == 1)
         setWindowState(Qt::WindowMinimized);
 }
 
+void mdiZentral::rahmenMerken()
+{
+    // A maximised window has another frame.
+    if (!isMaximized() && !isFullScreen())
+        rahmen_ = geometry().topLeft() - pos();
+}
+
 void mdiZentral::geometrieMerken()
 {
+    rahmenMerken();
     programm_.MdiStatus = isMinimized() ? 1 : isMaximized() ? 2 : 0;
-    // The size the window has when it is neither minimised nor maximised.
-    QRect normal = programm_.MdiStatus == 0 ? QRect(pos(), size()) : normalGeometry();
+    // The size the window has when it is neither minimised nor maximised. Its place is the frame's.
+    const QRect normal = programm_.MdiStatus == 0 ? QRect(pos(), size()) : normalGeometry().translated(-rahmen_);
     if (!normal.isValid())
         return;
-    constexpr long twips = 15;
-    programm_.MdiHoehe = normal.height() * twips;
-    programm_.MdiBreite = normal.width() * twips;
-    programm_.MdiLinks = normal.x() * twips;
-    programm_.MdiOben = normal.y() * twips;
+    // What nobody changed stays as it was stored, also where the window could not take it.
+    const auto merken = [](long &ziel, int neu, int angewandt) {
+        constexpr long twips = 15;
+        if (neu != angewandt)
+            ziel = neu * twips;
+    };
+    merken(programm_.MdiHoehe, normal.height(), angewandt_.height());
+    merken(programm_.MdiBreite, normal.width(), angewandt_.width());
+    merken(programm_.MdiLinks, normal.x(), angewandt_.x());
+    merken(programm_.MdiOben, normal.y(), angewandt_.y());
 }
 
 void mdiZentral::hintergrundWaehlen()
@@ -159,6 +173,20 @@ void mdiZentral::resizeEvent(QResizeEvent *ereignis)
 {
     QMainWindow::resizeEvent(ereignis);
     timResize_.start();
+    rahmenMerken();
+}
+
+void mdiZentral::moveEvent(QMoveEvent *ereignis)
+{
+    QMainWindow::moveEvent(ereignis);
+    rahmenMerken();
+}
+
+void mdiZentral::changeEvent(QEvent *ereignis)
+{
+    QMainWindow::changeEvent(ereignis);
+    if (ereignis->type() == QEvent::WindowStateChange || ereignis->type() == QEvent::ActivationChange)
+        rahmenMerken();
 }
 
 Pflanzenfenster *mdiZentral::fenster(Sparte sparte, int nummer)
@@ -368,7 +396,8 @@ bool mdiZentral::eventFilter(QObject *quelle, QEvent *ereignis)
 {
     if (quelle == flaeche_->viewport() && ereignis->type() == QEvent::MouseButtonPress) {
         const auto *maus = static_cast<QMouseEvent *>(ereignis);
-        if (maus->button() == Qt::RightButton) {
+        // What a plant window does not use comes here, too: only the area beside them counts.
+        if (maus->button() == Qt::RightButton && !flaeche_->viewport()->childAt(maus->position().toPoint())) {
             if (maus->modifiers() == Qt::ControlModifier) {
                 programm_.HausModus = !programm_.HausModus;
                 QMessageBox::information(this, programmtitel.toString(), programm_.HausModus ? QStringLiteral("Haus-Modus eingeschaltet")

@@ -51,6 +51,8 @@ signals:
 protected:
     void closeEvent(QCloseEvent *ereignis) override;
     void resizeEvent(QResizeEvent *ereignis) override;
+    void moveEvent(QMoveEvent *ereignis) override;
+    void changeEvent(QEvent *ereignis) override;
     bool eventFilter(QObject *quelle, QEvent *ereignis) override;
 
 private:
@@ -62,6 +64,7 @@ private:
     Pflanzenfenster *fensterAnlegen(Sparte sparte, int nummer);
     void statusleisteBauen();
     void geometrieAnwenden();
+    void rahmenMerken();
     void geometrieMerken();
     void hintergrundWaehlen();
     void hintergrundVerarbeiten();
@@ -73,6 +76,8 @@ private:
     QTimer timResize_{this}, uhr_{this};
     QLabel *uhrzeit_ = nullptr;
     QString HintergrundBild;
+    QRect angewandt_; ///< place and size that the settings gave the window
+    QPoint rahmen_;   ///< from the frame's corner to the window's, while it is neither maximised nor minimised
     bool geladen_ = false;
     int groessenZaehler_ = 0;
     static constexpr int jpegGuete = 100;

@@ -112,7 +112,7 @@ frmBilder::frmBilder(Programm &programm, std::function<std::optional<Bilderpflan
     setWindowTitle(QStringLiteral("Pflanzenbilder"));
     aufbauen();
     knoepfeVerbinden();
-    resize(pixel(programm.BilderFormBreite), pixel(programm.BilderFormHoehe));
+    resize(fensterpixel(programm.BilderFormBreite), fensterpixel(programm.BilderFormHoehe));
     if (zentral)
         move(zentral->geometry().center() - rect().center());
     timResize_.setObjectName(QStringLiteral("timResize"));
@@ -537,8 +537,11 @@ void frmBilder::groesseGeaendert()
 {
     timResize_.stop();
     if (FormGeladen) {
-        programm_.BilderFormBreite = width() * twips;
-        programm_.BilderFormHoehe = height() * twips;
+        // A size that nobody changed stays as it was stored, also where the window could not take it.
+        if (width() != fensterpixel(programm_.BilderFormBreite))
+            programm_.BilderFormBreite = width() * twips;
+        if (height() != fensterpixel(programm_.BilderFormHoehe))
+            programm_.BilderFormHoehe = height() * twips;
         NeueGroesse();
         BildAnzeigen(BildIndex);
         LaufleistenUeberpruefung();

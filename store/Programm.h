@@ -57,3 +57,12 @@ constexpr int pixel(double twips)
 {
     return int(twips / 15 + (twips < 0 ? -0.5 : 0.5));
 }
+
+/// The most that a window takes of a stored width or height, in pixels: larger ones cost gigabytes or are no sizes at all.
+inline constexpr int groesstesFenster = 16384;
+
+/// Width or height of a window for a measure in twips.
+constexpr int fensterpixel(double twips)
+{
+    return twips < groesstesFenster * 15.0 ? pixel(twips) : groesstesFenster;
+}
