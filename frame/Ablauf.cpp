@@ -16,8 +16,10 @@
 #include <QApplication>
 #include <QCryptographicHash>
 #include <QDir>
+#include <QFileInfo>
 #include <QLocale>
 #include <QScreen>
+#include <QStandardPaths>
 #include <QTranslator>
 
 Ablauf::Ablauf() = default;
@@ -30,19 +32,68 @@ Ablauf::~Ablauf()
     schaden::beenden();
 }
 
-bool Ablauf::einzigeInstanz()
+namespace {
+
+/// False where a process holds the lock. One that cannot be made hinders nobody.
+bool sperreNehmen(QLockFile &sperre)
 {
-    // Keyed by the folder: two installations may run side by side. A lock whose process is gone is taken over.
-    const QByteArray kennung = QCryptographicHash::hash(QCoreApplication::applicationDirPath().toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
-    sperre_ = std::make_unique<QLockFile>(QDir::temp().filePath(QStringLiteral("flox-%1.lock").arg(QLatin1String(kennung))));
-    sperre_->setStaleLockTime(0);
-    const auto gesperrt = [this] { return !sperre_->tryLock(0) && sperre_->error() == QLockFile::LockFailedError; };
+    // A lock whose process is gone is taken over.
+    sperre.setStaleLockTime(0);
+    const auto gesperrt = [&] { return !sperre.tryLock(0) && sperre.error() == QLockFile::LockFailedError; };
     if (!gesperrt())
         return true;
     // A crash of the machine can leave a lock that names no process; the lock of a running one cannot be removed.
     qint64 prozess = 0;
     QString rechner, name;
-    return !sperre_->getLockInfo(&prozess, &rechner, &name) && sperre_->removeStaleLockFile() && !gesperrt();
+    return !sperre.getLockInfo(&prozess, &rechner, &name) && sperre.removeStaleLockFile() && !gesperrt();
+}
+
+/// A folder that is the user's own.
+QString eigenerOrdner()
+{
+    const QString laufzeit = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (!laufzeit.isEmpty())
+        return laufzeit;
+    const QString ordner = QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)).filePath(QStringLiteral("flox"));
+    QDir().mkpath(ordner);
+    return ordner;
+}
+
+} // namespace
+
+bool Ablauf::einzigeInstanz()
+{
+    // Keyed by the folder: two installations may run side by side.
+    const QByteArray kennung = QCryptographicHash::hash(QCoreApplication::applicationDirPath().toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
+    sperre_ = std::make_unique<QLockFile>(QDir(eigenerOrdner()).filePath(QStringLiteral("flox-%1.lock").arg(QLatin1String(kennung))));
+    return sperreNehmen(*sperre_);
+}
+
+QString Ablauf::ortsfehler()
+{
+    const QString ordner = QCoreApplication::applicationDirPath();
+    // Paths are kept with "\" as their separator.
+    if (ordner.contains(u'\\'))
+        return QStringLiteral("Flox kann in diesem Ordner nicht arbeiten:\n%1\n\n"
+                              "Der Name eines Ordners enthält das Zeichen \"\\\". Bitte benennen Sie ihn um.").arg(ordner);
+    // Two users of one folder would write into each other's files.
+    const QString datenbank = systemPfad(programm_.arbeitsdatenbank());
+    if (!QFileInfo::exists(datenbank))
+        return {};
+    const QString datei = datenbank + QStringLiteral(".lock");
+    datenbanksperre_ = std::make_unique<QLockFile>(datei);
+    if (sperreNehmen(*datenbanksperre_)) {
+        // Who comes after a crash may be another user.
+        if (datenbanksperre_->isLocked())
+            QFile::setPermissions(datei, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther);
+        return {};
+    }
+    qint64 prozess = 0;
+    QString rechner, name;
+    (void)datenbanksperre_->getLockInfo(&prozess, &rechner, &name);
+    return QStringLiteral("Flox wird in diesem Ordner schon benutzt, von \"%1\" (Rechner \"%2\", Prozess %3).\n\n"
+                          "Ist das nicht so, dann löschen Sie bitte diese Datei:\n%4")
+        .arg(QFileInfo(datei).owner(), rechner, QString::number(prozess), QDir::toNativeSeparators(datei));
 }
 
 Ablauf::Ergebnis Ablauf::starten()
@@ -57,6 +108,10 @@ Ablauf::Ergebnis Ablauf::starten()
     programm_.BilderPfad = programm_.ProgrammPfad;
     bilder::setOrdner(systemPfad(programm_.ProgrammPfad + QStringLiteral("\\icons")));
     oberflaecheEinrichten();
+    if (const QString fehler = ortsfehler(); !fehler.isEmpty()) {
+        fehlerZeigen(nullptr, fehler);
+        return Ergebnis::Abgebrochen;
+    }
     QStringList hinweise;
     if (!geschuetztAusfuehren(nullptr, [&] {
             hinweise += benutzernamenLesen(programm_);

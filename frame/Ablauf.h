@@ -22,7 +22,8 @@ public:
     ~Ablauf();
 
     enum class Ergebnis { Laeuft, ZweiteInstanz, Abgebrochen };
-    /// Runs the start sequence up to the splash. Shows its own message when the working database cannot be read.
+    /// Runs the start sequence up to the splash. Shows its own message when the working database cannot be read or its folder
+    /// cannot be used; another run of the same user ends it without one.
     Ergebnis starten();
 
     Programm &programm() { return programm_; }
@@ -32,12 +33,15 @@ public:
 
 private:
     bool einzigeInstanz();
+    /// Why the program's folder cannot be used now; empty where it can.
+    QString ortsfehler();
     void splashBeenden();
     void schadenSuchen();
     void sichern();
 
     Programm programm_;
-    std::unique_ptr<QLockFile> sperre_;
+    std::unique_ptr<QLockFile> sperre_;          ///< against a second run of this user
+    std::unique_ptr<QLockFile> datenbanksperre_; ///< against other users of the folder
     Laufordner laufordner_;
     std::unique_ptr<Beendigung> beendigung_;
     QTimer schadensTakt_; ///< while a large database is searched

@@ -1,3 +1,4 @@
+#include "Programmkopie.h"
 #include "Rahmenprobe.h"
 
 #include "frame/Ablauf.h"
@@ -15,54 +16,9 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include <filesystem>
-
 using namespace Qt::StringLiterals;
 
 /* From process start to the first window: within this process, whose folder is the program folder, and as real processes. */
-
-namespace {
-
-/// The program's pictures and texts, as links: what the program writes beside them stays in `ordner`.
-void datenVerlinken(const QDir &ordner)
-{
-    const QDir original(QStringLiteral(FLOX_PROGRAMM));
-    for (const char *name : {"icons", "translations"}) {
-        const QString daten = QString::fromLatin1(name);
-        ordner.mkdir(daten);
-        for (const QFileInfo &eintrag : QDir(original.filePath(daten)).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot))
-            if (eintrag.fileName() != u"temp-hg.jpg") // made by a run of the program there
-                QFile::link(eintrag.filePath(), ordner.filePath(daten + u'/' + eintrag.fileName()));
-    }
-}
-
-/// A folder with the program as it is delivered.
-class Programmkopie
-{
-public:
-    explicit Programmkopie(const QString &ordner, bool mitDatenbank = true) : ordner_(ordner)
-    {
-        QDir().mkpath(ordner);
-        const auto pfad = [&](const char *name) { return std::filesystem::path(ordner_.filePath(QLatin1String(name)).toStdString()); };
-        const std::filesystem::path original(FLOX_PROGRAMM);
-        // A real file of its own: the program finds its folder by it.
-        std::error_code fehler;
-        std::filesystem::create_hard_link(original / "flox", pfad("flox"), fehler);
-        if (fehler)
-            std::filesystem::copy_file(original / "flox", pfad("flox"));
-        datenVerlinken(ordner_);
-        if (mitDatenbank && !QFile::copy(Programmordner().datenbank(), ordner_.filePath(u"flox-demo.mdb"_s)))
-            qFatal("The database cannot be copied.");
-    }
-
-    QStringList dateien() const { return ordner_.entryList(QDir::Files, QDir::Name); }
-    QString exe() const { return ordner_.filePath(u"flox"_s); }
-
-private:
-    QDir ordner_;
-};
-
-} // namespace
 
 class TestAblauf : public QObject
 {
@@ -107,6 +63,8 @@ private:
 void TestAblauf::init()
 {
     ablage_ = std::make_unique<Ablage>();
+    temp_.reset(); // it is the folder that the next one would be made in
+    qunsetenv("TMPDIR");
     temp_ = std::make_unique<QTemporaryDir>();
     qputenv("TMPDIR", temp_->path().toUtf8());
     cleanup();
@@ -162,7 +120,8 @@ void TestAblauf::vomStartBisZumFenster()
     QCOMPARE(flaeche->subWindowList()[0]->windowTitle(), u"Topfpflanzen 1"_s);
     QVERIFY(QFile::exists(hier("db_to1.tmp")));
 
-    QTest::mousePress(flaeche->viewport(), Qt::RightButton);
+    flaeche->subWindowList()[0]->move(40, 40);
+    QTest::mousePress(flaeche->viewport(), Qt::RightButton, {}, QPoint(5, 5));
     wahl = sichtbar<frmDBWahl>();
     QVERIFY(wahl);
     QVERIFY(wahl->findChild<QPushButton *>(u"cmdFensterAlleine"_s)->isHidden());
