@@ -78,8 +78,8 @@ void zeichnen(Datenbank &db, const QDir &ziel, const Sammlung &sammlung, const Q
         if (!gezeichnet.contains(name))
             QFile::remove(ordner.filePath(name));
     // Last: what an ended run has drawn counts only when all of it stands.
-    if (!standdatei.isEmpty() && !schreibeSicher(standdatei, jetzt))
-        ende(QStringLiteral("%1: kann nicht geschrieben werden").arg(standdatei));
+    if (!standdatei.isEmpty())
+        schreibeSicher(standdatei, jetzt);
 }
 
 } // namespace
