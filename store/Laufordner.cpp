@@ -72,10 +72,11 @@ void Laufordner::bestimmen(Programm &programm)
     const QString eigener = systemPfad(programm.ProgrammPfad);
     if (ordnerBeschreibbar(eigener))
         return nehmen(eigener);
-    const QByteArray kennung = QCryptographicHash::hash(QFileInfo(eigener).canonicalFilePath().toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
-    const QString stamm = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + QStringLiteral("/flox/") + QString::fromLatin1(kennung);
+    const QByteArray name = QFileInfo(eigener).canonicalFilePath().toUtf8();
+    const QString kennung = QString::fromLatin1(QCryptographicHash::hash(name, QCryptographicHash::Sha1).toHex().left(16));
+    const QDir benutzer(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation));
     for (int i = 1; i <= meisteOrdner; ++i) {
-        const QString ordner = QStringLiteral("%1-%2").arg(stamm).arg(i);
+        const QString ordner = benutzer.filePath(QStringLiteral("flox/%1-%2").arg(kennung).arg(i));
         if (!QDir().mkpath(ordner) || !ordnerBeschreibbar(ordner))
             return;
         auto sperre = std::make_unique<QLockFile>(QDir(ordner).filePath(sperrdatei));
@@ -93,7 +94,8 @@ QString nichtGespeichertes(const Programm &programm)
     const bool ordner = ordnerBeschreibbar(systemPfad(programm.ProgrammPfad));
     if (ordner && !Datenbank::OpenDatabase(programm.arbeitsdatenbank())->schreibgeschuetzt())
         return {};
-    return (ordner ? QStringLiteral("Die Datenbank des Programms ist schreibgeschützt:\n%1").arg(QDir::toNativeSeparators(systemPfad(programm.arbeitsdatenbank())))
+    const QString datenbank = QDir::toNativeSeparators(systemPfad(programm.arbeitsdatenbank()));
+    return (ordner ? QStringLiteral("Die Datenbank des Programms ist schreibgeschützt:\n%1").arg(datenbank)
                    : QStringLiteral("Der Ordner des Programms ist schreibgeschützt:\n%1").arg(programm.ProgrammPfad))
         + QStringLiteral("\n\nPflanzen können angesehen, gefiltert und gedruckt werden. Eigene Bemerkungen, benutzerdefinierte Eigenschaften "
                          "und deren Namen werden nicht gespeichert.");

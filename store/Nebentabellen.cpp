@@ -58,5 +58,6 @@ QString fehlendeNebentabellen(Datenbank &arbeit, const SpartenEintrag &sparte)
             text += QStringLiteral("\n'%1' (%2)").arg(tabelle, inhalt);
     if (text.isEmpty())
         return text;
-    return QStringLiteral("In der Datenbank '%1' fehlen Tabellen; was in ihnen steht, wird nicht angezeigt:%2").arg(QFileInfo(arbeit.pfad()).fileName(), text);
+    return QStringLiteral("In der Datenbank '%1' fehlen Tabellen; was in ihnen steht, wird nicht angezeigt:%2")
+        .arg(QFileInfo(arbeit.pfad()).fileName(), text);
 }

@@ -55,8 +55,8 @@ bool beschaedigt(const QString &pfad, std::atomic<bool> &abgebrochen)
 
 QString satz(const QString &pfad)
 {
-    return QStringLiteral("Die Datenbank '%1' ist beschädigt. Was noch lesbar ist, kann angesehen werden; gespeichert wird in ihr nichts mehr.\n\n"
-                          "Bitte ersetzen Sie sie durch eine Sicherung oder durch die Originaldatenbank.")
+    return QStringLiteral("Die Datenbank '%1' ist beschädigt. Was noch lesbar ist, kann angesehen werden; gespeichert wird in ihr nichts "
+                          "mehr.\n\nBitte ersetzen Sie sie durch eine Sicherung oder durch die Originaldatenbank.")
         .arg(QFileInfo(pfad).fileName());
 }
 

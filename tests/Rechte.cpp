@@ -17,7 +17,8 @@ NurLesen::NurLesen(const QString &ordner) : root_(geteuid() == 0)
 {
     const auto merken = [this](const QString &pfad) { vorher_.emplace_back(pfad, QFile::permissions(pfad)); };
     merken(ordner);
-    for (QDirIterator i(ordner, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks, QDirIterator::Subdirectories); i.hasNext();)
+    constexpr auto alles = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks;
+    for (QDirIterator i(ordner, alles, QDirIterator::Subdirectories); i.hasNext();)
         merken(i.next());
     for (const auto &[pfad, rechte] : vorher_)
         QFile::setPermissions(pfad, lesen | (rechte & QFile::ExeOwner ? betreten : QFile::Permissions()));

@@ -374,7 +374,8 @@ void TestFilterdialog::minTempWirdGeglaettet_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("danach");
     for (const auto &[text, danach] : {std::pair(u"-12,50"_s, u"-12,5"_s), {u"007"_s, u"7"_s}, {u"-0,0"_s, u"0"_s}, {u",5"_s, u"0,5"_s}, {u""_s, u""_s},
-                                       {u"-"_s, u"-"_s}, {u"1,2,3"_s, u"1,2,3"_s}, {u"5-"_s, u"5-"_s}, {u"-20"_s, u"-20"_s}, {u"1234567"_s, u"1234567"_s}, {u"0,123456"_s, u"0,123456"_s}, {u"-12,34567"_s, u"-12,34567"_s},
+                                       {u"-"_s, u"-"_s}, {u"1,2,3"_s, u"1,2,3"_s}, {u"5-"_s, u"5-"_s}, {u"-20"_s, u"-20"_s}, {u"1234567"_s, u"1234567"_s},
+                                       {u"0,123456"_s, u"0,123456"_s}, {u"-12,34567"_s, u"-12,34567"_s},
                                        {u"1,23456789"_s, u"1,234568"_s}, {u"0,00010"_s, u"0,0001"_s}})
         QTest::addRow("<%s>", qPrintable(text)) << text << danach;
 }

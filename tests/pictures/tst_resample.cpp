@@ -31,7 +31,8 @@ Tafel gelesen(const cDIBSection &dib, int kanal)
 std::unique_ptr<cDIBSection> bitmap(const Tafel &blau, const Tafel &gruen, const Tafel &rot)
 {
     auto dib = std::make_unique<cDIBSection>();
-    dib->Create(qint32(blau[0].size()), qint32(blau.size()));
+    if (!dib->Create(qint32(blau[0].size()), qint32(blau.size())))
+        qFatal("The bitmap cannot be made.");
     fuelle(*dib, 0, blau);
     fuelle(*dib, 1, gruen);
     fuelle(*dib, 2, rot);
