@@ -20,6 +20,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QRadioButton>
 #include <QSlider>
 #include <QTabWidget>
@@ -159,6 +160,8 @@ void Filterdialog::zaehlen()
 
 void Filterdialog::cmdOK_Click()
 {
+    // A message lets the program go on, to its end even: dialog and window may be gone after it.
+    const QPointer<Filterdialog> ich(this);
     Laufergebnis ergebnis;
     const bool gelaufen = geschuetztAusfuehren(this, [&] {
         const Sanduhr sanduhr(this);
@@ -168,6 +171,8 @@ void Filterdialog::cmdOK_Click()
     if (gelaufen && ergebnis.uebrig.empty())
         QMessageBox::warning(this, QStringLiteral("Keine passende Pflanze!"),
                              QStringLiteral("Leider gibt es keine Pflanze mit \rden gewünschten Merkmalen!"));
+    if (!ich)
+        return;
     if (!gelaufen || ergebnis.uebrig.empty()) {
         try {
             ziel_.filterVerworfen();
@@ -177,7 +182,7 @@ void Filterdialog::cmdOK_Click()
         }
         return;
     }
-    if (geschuetztAusfuehren(this, [&] { ziel_.filterGelaufen(ergebnis); }))
+    if (geschuetztAusfuehren(this, [&] { ziel_.filterGelaufen(ergebnis); }) && ich)
         cmdAbbruch_Click();
 }
 

@@ -175,18 +175,23 @@ void Ablauf::splashBeenden()
 
 void Ablauf::wahlZeigen()
 {
-    delete wahl_;
+    // One that has hidden itself is still opening a window, and goes when that is done.
+    if (wahl_ && wahl_->isVisible())
+        delete wahl_;
     wahl_ = new frmDBWahl(programm_);
     wahl_->setAttribute(Qt::WA_DeleteOnClose);
-    QObject::connect(wahl_, &frmDBWahl::gewaehlt, wahl_, [this](Sparte sparte) {
+    // What opens may show a message first, and its event loop takes away what was closed before.
+    QObject::connect(wahl_, &frmDBWahl::gewaehlt, qApp, [this, diese = wahl_](Sparte sparte) {
         mdiZentral &fenster = zentrale();
         fenster.show();
         geschuetztAusfuehren(&fenster, [&] { fenster.FensterOeffnen(sparte); });
-        wahl_->close();
+        if (diese)
+            diese->deleteLater();
     });
-    QObject::connect(wahl_, &frmDBWahl::fensterAlleine, wahl_, [this] {
+    QObject::connect(wahl_, &frmDBWahl::fensterAlleine, qApp, [this, diese = wahl_] {
         zentrale().show();
-        wahl_->close();
+        if (diese)
+            diese->deleteLater();
     });
     const QRect schirm = wahl_->screen()->availableGeometry();
     wahl_->move(schirm.center() - wahl_->rect().center());

@@ -72,6 +72,7 @@ frmDBWahl::frmDBWahl(Programm &programm) : QWidget(nullptr, Qt::Window | Qt::Win
         raster->addWidget(knopf, 2 * (i / spalten), i % spalten, Qt::AlignHCenter);
         raster->addWidget(schild, 2 * (i / spalten) + 1, i % spalten);
         connect(knopf, &QToolButton::clicked, this, [this, sparte = zeile.sparte] {
+            entschieden_ = true;
             hide();
             emit gewaehlt(sparte);
         });
@@ -80,6 +81,7 @@ frmDBWahl::frmDBWahl(Programm &programm) : QWidget(nullptr, Qt::Window | Qt::Win
     cmdFensterAlleine->setObjectName(QStringLiteral("cmdFensterAlleine"));
     cmdFensterAlleine->setVisible(programm.StartPhase);
     connect(cmdFensterAlleine, &QPushButton::clicked, this, [this] {
+        entschieden_ = true;
         hide();
         emit fensterAlleine();
     });
@@ -108,6 +110,6 @@ void frmDBWahl::changeEvent(QEvent *ereignis)
     // It may lose activation before it ever had it; only after it was active does that close it.
     if (isActiveWindow())
         warAktiv_ = true;
-    else if (warAktiv_ && isVisible())
+    else if (warAktiv_ && isVisible() && !entschieden_)
         close();
 }

@@ -25,4 +25,5 @@ protected:
 
 private:
     bool warAktiv_ = false;
+    bool entschieden_ = false; ///< it has hidden itself; when it goes is its owner's decision
 };
