@@ -72,6 +72,8 @@ mdiZentral::~mdiZentral()
 {
     // Windows report their close; that must not reach a main window half gone.
     AlleFensterSchliessen();
+    flaeche_->viewport()->removeEventFilter(this);
+    delete flaeche_;
 }
 
 void mdiZentral::statusleisteBauen()
@@ -224,13 +226,31 @@ void mdiZentral::FensterOeffnen(Sparte sparte)
     }
     flaeche_->fensterZeigen(form);
     tabelle(sparte).platz(nummer).filter = form->filterdialog();
+    // Opened beside a dialog of its Sparte, it is locked like the others.
+    fensterBedienbar(sparte, !dialogOffen(sparte));
 }
 
 void mdiZentral::fensterBedienbar(Sparte sparte, bool bedienbar)
 {
+    // The whole window: its title bar would bring it to the front, or close it, as well.
+    for (int nummer = 1; nummer <= tabelle(sparte).obergrenze(); ++nummer) {
+        Pflanzenfenster *form = fenster(sparte, nummer);
+        auto *unterfenster = form ? qobject_cast<QMdiSubWindow *>(form->parentWidget()) : nullptr;
+        if (!unterfenster)
+            continue;
+        // The focus would move on into the next window, which would then be the active one.
+        if (QWidget *fokus = focusWidget(); !bedienbar && fokus && (fokus == unterfenster || unterfenster->isAncestorOf(fokus)))
+            fokus->clearFocus();
+        unterfenster->setEnabled(bedienbar);
+    }
+}
+
+bool mdiZentral::dialogOffen(Sparte sparte)
+{
     for (int nummer = 1; nummer <= tabelle(sparte).obergrenze(); ++nummer)
-        if (Pflanzenfenster *form = fenster(sparte, nummer))
-            form->setEnabled(bedienbar);
+        if (const QWidget *dialog = tabelle(sparte).platz(nummer).filter; dialog && !dialog->isHidden())
+            return true;
+    return false;
 }
 
 void mdiZentral::FormenAktualisieren()

@@ -27,7 +27,7 @@ public:
     /// Opens a window of a Sparte and shows its first record. Throws, with no window left, when the data cannot be read.
     void FensterOeffnen(Sparte sparte);
     void FensterSperren(Sparte sparte) override { fensterBedienbar(sparte, false); }
-    void FensterFreigeben(Sparte sparte) override { fensterBedienbar(sparte, true); }
+    void FensterFreigeben(Sparte sparte) override { fensterBedienbar(sparte, !dialogOffen(sparte)); }
     /// After a change of options or names: every open window shows them.
     void FormenAktualisieren();
     void AlleFensterSchliessen();
@@ -60,6 +60,7 @@ private:
     void ausbildung(const Menuezeile &zeile);
     void anordnen(bool nebeneinander);
     void fensterBedienbar(Sparte sparte, bool bedienbar);
+    bool dialogOffen(Sparte sparte);
     Pflanzenfenster *aktivesFenster();
     Pflanzenfenster *fensterAnlegen(Sparte sparte, int nummer);
     void statusleisteBauen();

@@ -30,7 +30,12 @@ Pflanzenfenster::Pflanzenfenster(Programm &programm, Zentrale &zentrale, const F
 
 Pflanzenfenster::~Pflanzenfenster()
 {
-    delete filter_;
+    // A window that was never closed leaves as little behind as one that was.
+    if (geschlossen_)
+        return;
+    aufraeumen();
+    if (!ErsteAktivierung)
+        zentrale_.fensterGeschlossen(sparte(), Fensternummer);
 }
 
 QString Pflanzenfenster::titel() const
@@ -41,7 +46,12 @@ QString Pflanzenfenster::titel() const
 void Pflanzenfenster::aktivMelden()
 {
     programm_.AktiveSparte = eintrag(sparte()).wort.toString();
-    programm_.aktuellesFenster(sparte()) = Fensternummer;
+    eigeneNummer();
+}
+
+int Pflanzenfenster::eigeneNummer()
+{
+    return programm_.aktuellesFenster(sparte()) = Fensternummer;
 }
 
 void Pflanzenfenster::Form_Activate()
@@ -72,14 +82,15 @@ void Pflanzenfenster::Form_Activate()
 void Pflanzenfenster::DatensätzeAuffüllen()
 {
     arten_->neu(nullptr, Botanisch);
-    satz_.auffuellen(programm_.aktuellesFenster(sparte()));
+    hatKopie_ = true;
+    satz_.auffuellen(eigeneNummer());
 }
 
 std::exception_ptr Pflanzenfenster::datenHolen()
 {
     try {
         DatensätzeAuffüllen();
-        satz_.oeffnen(programm_.aktuellesFenster(sparte()));
+        satz_.oeffnen(eigeneNummer());
         return nullptr;
     } catch (const Fehler &) {
         satz_.ohneKopie();
@@ -231,6 +242,7 @@ void Pflanzenfenster::artenGewaehlt(bool vomBenutzer)
     if (!vomBenutzer || !satz_.offen() || cboArten_->currentIndex() < 0 || cboArten_->currentIndex() == satz_.haupt().AbsolutePosition())
         return;
     const int gewaehlt = cboArten_->currentIndex();
+    aktivMelden();
     try {
         if (DatenGeaendert)
             BenutzerdatenSpeichern();
@@ -282,7 +294,8 @@ void Pflanzenfenster::naviSetzen(Knopf innen, Knopf aussen, bool amEnde)
 void Pflanzenfenster::knopfMalen(Knopf welcher, Knopfzustand zustand)
 {
     if (Bildknopf *button = knopf(welcher))
-        button->setBild(knopfbild(knopfzeilen()[size_t(welcher)], zustand, button->isEnabled(), umschaltungen()));
+        // A window that is locked for a while has its buttons as they are: pale is what cannot be used in it at all.
+        button->setBild(knopfbild(knopfzeilen()[size_t(welcher)], zustand, button->isEnabledTo(this), umschaltungen()));
 }
 
 void Pflanzenfenster::NormaleButtons()
@@ -336,7 +349,10 @@ void Pflanzenfenster::knoepfeVerbinden()
     }
     const auto beiKlick = [this](Knopf welcher, auto handlung) {
         if (Bildknopf *button = knopf(welcher))
-            connect(button, &Bildknopf::clicked, this, geschuetzt(this, std::move(handlung)));
+            connect(button, &Bildknopf::clicked, this, geschuetzt(this, [this, handlung = std::move(handlung)] {
+                aktivMelden();
+                handlung();
+            }));
     };
     beiKlick(Knopf::First, [this] { bewegen(&Recordset::MoveFirst); });
     beiKlick(Knopf::Back, [this] { bewegen(&Recordset::MovePrevious); });
@@ -424,16 +440,28 @@ void Pflanzenfenster::closeEvent(QCloseEvent *ereignis)
     // A note that cannot be stored is told, but the window can always be closed.
     if (DatenGeaendert)
         geschuetztAusfuehren(this, [this] { BenutzerdatenSpeichern(); });
-    if (filter_)
-        filter_->cmdRuecksetzen_Click();
-    delete filter_;
-    programm_.aktuellesFenster(sparte()) = Fensternummer;
-    arten_->neu(nullptr, Botanisch);
-    satz_.schliessen();
-    QFile::remove(systemPfad(satz_.tempPfad(Fensternummer)));
-    if (!FilterEin)
-        QFile::remove(systemPfad(parkdatei()));
+    aufraeumen();
     zentrale_.fensterGeschlossen(sparte(), Fensternummer);
     programm_.AktiveSparte.clear();
     ereignis->accept();
+}
+
+void Pflanzenfenster::aufraeumen()
+{
+    geschlossen_ = true;
+    eigeneNummer();
+    const bool dialogOffen = filter_ && !filter_->isHidden();
+    if (filter_)
+        filter_->cmdRuecksetzen_Click();
+    delete filter_;
+    // Where the dialog goes with its window the others must not stay locked.
+    if (dialogOffen)
+        zentrale_.FensterFreigeben(sparte());
+    arten_->neu(nullptr, Botanisch);
+    satz_.schliessen();
+    // Of a window that never had data the file, if there is one, is not its own.
+    if (hatKopie_)
+        QFile::remove(systemPfad(satz_.tempPfad(Fensternummer)));
+    if (!FilterEin)
+        QFile::remove(systemPfad(parkdatei()));
 }

@@ -95,6 +95,10 @@ private:
     void knoepfeVerbinden();
     void gruppenPruefen();
     void aktivMelden();
+    /// The Sparte's current window is this one, for as long as one of its routines runs.
+    int eigeneNummer();
+    void fokusZurueck();
+    void aufraeumen();
 
     Datenbank &allePflanzen() override;
     Datenbank &arbeitsdatenbank() override { return satz_.arbeitsdatenbank(); }
@@ -157,4 +161,6 @@ private:
     Bilderstreifen *fraBilder_ = nullptr;
     std::array<QLabel *, 4> stbAnzeige_{};
     qint64 gezeigt_ = 0; ///< number of the record last shown
+    bool hatKopie_ = false, geschlossen_ = false;
+    QPointer<QWidget> fokusVorher_; ///< had the focus when the filter dialog opened
 };

@@ -265,7 +265,10 @@ QWidget *Pflanzenfenster::gruppeBauen(const Gruppe &gruppe, QWidget *eltern)
     if (std::ranges::any_of(gruppe.elemente, [](const Element &e) { return e.muster == Muster::Benutzereigen; })) {
         auto *cmdNamen = new QPushButton(QStringLiteral("Namen ändern"), rahmen);
         cmdNamen->setObjectName(QStringLiteral("cmdNamen"));
-        connect(cmdNamen, &QPushButton::clicked, this, geschuetzt(this, [this] { zentrale_.namenAendern(this); }));
+        connect(cmdNamen, &QPushButton::clicked, this, geschuetzt(this, [this] {
+            aktivMelden();
+            zentrale_.namenAendern(this);
+        }));
         aussen->addWidget(cmdNamen, 0, Qt::AlignLeft);
     }
     return rahmen;

@@ -31,6 +31,7 @@ void Pflanzenfenster::bildAngeklickt(int index)
         if (antwort != QMessageBox::Ok)
             return;
     }
+    aktivMelden();
     programm_.GewaehltesBild = index;
     zentrale_.bildZeigen();
 }

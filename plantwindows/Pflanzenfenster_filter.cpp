@@ -40,6 +40,8 @@ void Pflanzenfenster::filterInKraft()
 void Pflanzenfenster::filterZeigen()
 {
     filterInKraft();
+    QWidget *fokus = window()->focusWidget();
+    fokusVorher_ = fokus && isAncestorOf(fokus) ? fokus : nullptr;
     zentrale_.FensterSperren(sparte());
     const QRect fenster(mapToGlobal(QPoint(0, 0)), size());
     filter_->move(fenster.left() + (fenster.width() - filter_->width()) / 2, fenster.top() + (fenster.height() - filter_->height()) / 2);
@@ -87,7 +89,7 @@ void Pflanzenfenster::filterUmschalten()
 
 Datenbank &Pflanzenfenster::allePflanzen()
 {
-    const int nummer = programm_.aktuellesFenster(sparte());
+    const int nummer = eigeneNummer();
     // The copy of the opening is still good at the run that follows it; later another window may have stored a note.
     if (!ErsteAktivierung || !satz_.offen() || !satz_.frisch()) {
         DatensätzeAuffüllen();
@@ -98,6 +100,7 @@ Datenbank &Pflanzenfenster::allePflanzen()
 
 void Pflanzenfenster::filterGelaufen(const Laufergebnis &ergebnis)
 {
+    eigeneNummer();
     satz_.ausgeduennt(ergebnis.uebrig, ergebnis.gesamt);
     DatenOrdnen();
     satz_.haupt().MoveFirst();
@@ -125,11 +128,21 @@ void Pflanzenfenster::filterVerworfen()
 
 void Pflanzenfenster::dialogVerlassen()
 {
+    eigeneNummer();
     zentrale_.FensterFreigeben(sparte());
     NaviPruefung();
     if (auto *unterfenster = qobject_cast<QMdiSubWindow *>(parentWidget()); unterfenster && unterfenster->mdiArea())
         unterfenster->mdiArea()->setActiveSubWindow(unterfenster);
     raise();
-    // The lock took the focus away. The main window is not active yet: when it is, the window that has its focus comes to the front.
-    knopf(Knopf::Filter)->setFocus(Qt::ActiveWindowFocusReason);
+    // The main window is not active yet: when it is, the window that has its focus comes to the front.
+    if (!fokusVorher_)
+        fokusVorher_ = knopf(Knopf::Filter);
+    fokusZurueck();
+}
+
+void Pflanzenfenster::fokusZurueck()
+{
+    // Locking takes the focus away; without one no key would reach the window.
+    if (QWidget *vorher = std::exchange(fokusVorher_, nullptr); vorher && isEnabled())
+        vorher->setFocus(Qt::ActiveWindowFocusReason);
 }

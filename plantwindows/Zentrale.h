@@ -16,7 +16,8 @@ public:
     virtual void mulkoSpeichernErlauben(bool erlaubt) = 0;
     /// The last steps of closing: menu entries follow the windows that stay, then the slot is free.
     virtual void fensterGeschlossen(Sparte sparte, int nummer) = 0;
-    /// While a filter dialog is open no window of its Sparte can be used.
+    /// While a filter dialog is open no window of its Sparte can be used, neither its frame nor its inside. Freeing does nothing
+    /// while a dialog of the Sparte is open.
     virtual void FensterSperren(Sparte sparte) = 0;
     virtual void FensterFreigeben(Sparte sparte) = 0;
     /// Shows the dialog of the user's property names for the active window, modally.
