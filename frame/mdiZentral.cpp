@@ -253,6 +253,20 @@ bool mdiZentral::dialogOffen(Sparte sparte)
     return false;
 }
 
+void mdiZentral::notizGespeichert(Sparte sparte, int nummer, const Notiz &notiz)
+{
+    for (int andere = 1; andere <= tabelle(sparte).obergrenze(); ++andere) {
+        Pflanzenfenster *form = andere == nummer ? nullptr : fenster(sparte, andere);
+        if (!form)
+            continue;
+        try {
+            form->notizNachziehen(notiz);
+        } catch (const Fehler &) {
+            // The note is safe. A window that cannot follow now asks the working database again at its next view.
+        }
+    }
+}
+
 void mdiZentral::FormenAktualisieren()
 {
     for (const SpartenEintrag &sparte : alleSparten()) {

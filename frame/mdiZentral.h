@@ -28,6 +28,7 @@ public:
     void FensterOeffnen(Sparte sparte);
     void FensterSperren(Sparte sparte) override { fensterBedienbar(sparte, false); }
     void FensterFreigeben(Sparte sparte) override { fensterBedienbar(sparte, !dialogOffen(sparte)); }
+    void notizGespeichert(Sparte sparte, int nummer, const Notiz &notiz) override;
     /// After a change of options or names: every open window shows them.
     void FormenAktualisieren();
     void AlleFensterSchliessen();

@@ -292,10 +292,18 @@ public:
     }
 
     QWidget *widget() const override { return kasten_; }
-    void zeigen(Pflanzensatz &satz) override { kasten_->setPlainText(satz.Auslesen(feldname(element_.feld))); }
+    bool veraendert() const override { return kasten_->toPlainText() != gezeigt_; }
+    void uebernehmen() override { gezeigt_ = kasten_->toPlainText(); }
+
+    void zeigen(Pflanzensatz &satz) override
+    {
+        kasten_->setPlainText(satz.benutzerfeld(feldname(element_.feld)));
+        uebernehmen();
+    }
 
 private:
     QPlainTextEdit *kasten_;
+    QString gezeigt_;
 };
 
 /// Check boxes that show a flag string: fixed ones in two columns, or the user's own, whose presses are reported.
@@ -325,15 +333,29 @@ public:
 
     QWidget *widget() const override { return feld_; }
 
+    bool veraendert() const override { return gesetzt() != gezeigt_; }
+    void uebernehmen() override { gezeigt_ = gesetzt(); }
+
     void zeigen(Pflanzensatz &satz) override
     {
-        const QString flags = satz.Auslesen(feldname(element_.feld));
+        const QString feld = feldname(element_.feld);
+        const QString flags = element_.muster == Muster::Benutzereigen ? satz.benutzerfeld(feld) : satz.Auslesen(feld);
         for (size_t i = 0; i < kaestchen_.size(); ++i)
             kaestchen_[i]->setChecked(flagGesetzt(flags, int(i) + 1));
+        uebernehmen();
     }
 
 private:
+    std::vector<bool> gesetzt() const
+    {
+        std::vector<bool> alle;
+        for (const QCheckBox *kaestchen : kaestchen_)
+            alle.push_back(kaestchen->isChecked());
+        return alle;
+    }
+
     QWidget *feld_;
+    std::vector<bool> gezeigt_;
     std::vector<QCheckBox *> kaestchen_;
 };
 

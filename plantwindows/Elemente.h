@@ -25,6 +25,10 @@ public:
     virtual void zeigen(Pflanzensatz &satz) = 0;
     /// Whether nothing is shown: the caption and, by the group's rule, the frame follow it.
     virtual bool leer() const { return false; }
+    /// Whether the user has changed what was shown last.
+    virtual bool veraendert() const { return false; }
+    /// What stands there now counts as shown.
+    virtual void uebernehmen() {}
     /// Month captions as letters or numbers.
     virtual void monateBeschriften(bool) {}
     const Element &beschreibung() const { return element_; }

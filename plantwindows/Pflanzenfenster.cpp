@@ -18,6 +18,16 @@
 #include <QKeyEvent>
 #include <QLabel>
 
+namespace {
+
+bool desBenutzers(const Anzeigeelement &element)
+{
+    const Muster muster = element.beschreibung().muster;
+    return muster == Muster::Benutzertext || muster == Muster::Benutzereigen;
+}
+
+} // namespace
+
 Pflanzenfenster::Pflanzenfenster(Programm &programm, Zentrale &zentrale, const Fensterbeschreibung &beschreibung, int nummer)
     : Fensternummer(nummer), programm_(programm), zentrale_(zentrale), beschreibung_(beschreibung), satz_(programm, eintrag(beschreibung.sparte))
 {
@@ -143,13 +153,11 @@ void Pflanzenfenster::darstellen()
         explicit Malpause(QWidget *f) : fenster(f) { fenster->setUpdatesEnabled(false); }
         ~Malpause() { fenster->setUpdatesEnabled(true); }
     } pause(this);
+    // First, and both or none: what they show and the record they belong to must never part.
+    benutzerfelderZeigen();
     lblArtNr_->setText(satz_.artnr() ? QString::number(satz_.artnr()) : QString());
-    // What the user has entered and nobody has stored yet stays in its fields as long as its record does.
-    const bool behalten = DatenGeaendert && satz_.artnr() == gezeigt_;
-    const auto desBenutzers = [](Muster muster) { return muster == Muster::Benutzertext || muster == Muster::Benutzereigen; };
-    gezeigt_ = satz_.artnr();
     for (const auto &element : elemente_)
-        if (!behalten || !desBenutzers(element->beschreibung().muster))
+        if (!desBenutzers(*element))
             element->zeigen(satz_);
     for (const Titel &titel : titel_) {
         bool etwas = false;
@@ -163,6 +171,17 @@ void Pflanzenfenster::darstellen()
     bilderZeigen();
     AnzeigeAnzahl();
     zentrale_.pflanzeGewechselt(sparte(), Fensternummer);
+}
+
+void Pflanzenfenster::benutzerfelderZeigen()
+{
+    // All that can fail comes before anything is shown.
+    satz_.benutzerLesen();
+    const bool behalten = DatenGeaendert && satz_.artnr() == gezeigt_;
+    gezeigt_ = satz_.artnr();
+    for (const auto &element : elemente_)
+        if (desBenutzers(*element) && !(behalten && element->veraendert()))
+            element->zeigen(satz_);
 }
 
 Anzeigeelement *Pflanzenfenster::elementNamens(QStringView control) const
@@ -382,17 +401,25 @@ void Pflanzenfenster::drucken()
 
 void Pflanzenfenster::BenutzerdatenSpeichern()
 {
-    datenFordern();
-    const auto *bemerkung = elementNamens(u"txtEigeneBemerkung");
-    if (!bemerkung)
+    if (gezeigt_ == 0 || !elementNamens(u"txtEigeneBemerkung"))
         return;
-    QString eigen;
-    for (int i = 0; i < anzahlEigenschaften; ++i) {
-        const auto *kaestchen = findChild<QCheckBox *>(QStringLiteral("sschkBenutzer_%1").arg(i));
-        eigen += kaestchen && kaestchen->isChecked() ? u'1' : u' ';
+    const Notiz eingabe = notiz();
+    // The database that lasts comes first: what a copy does holds no note back.
+    const bool dauerhaft = satz_.benutzerSchreiben(eingabe);
+    if (dauerhaft) {
+        notizGespeichert();
+        zentrale_.notizGespeichert(sparte(), Fensternummer, eingabe);
     }
-    satz_.benutzerSchreiben(bemerkung->widget()->property("plainText").toString(), eigen);
+    if (!satz_.kopieSchreiben(eigeneNummer(), eingabe) && !dauerhaft)
+        throw Fehler(QStringLiteral("Der Datensatz %1 der Tabelle '%2' ist nicht mehr vorhanden.").arg(gezeigt_).arg(eintrag(sparte()).haupttabelle));
+    notizGespeichert();
+}
+
+void Pflanzenfenster::notizGespeichert()
+{
     DatenGeaendert = false;
+    for (const auto &element : elemente_)
+        element->uebernehmen();
 }
 
 void Pflanzenfenster::hinweis(const QString &text)

@@ -63,9 +63,12 @@ public:
     void NormaleButtons();
     void AnzeigeAnzahl();
     QString Auslesen(const QString &feld) { return satz_.Auslesen(feld); }
-    /// Writes the user's fields of the current record to the copy and to the working database; throws, with DatenGeaendert
-    /// still set, when that fails.
+    /// Writes the user's fields of the record shown to the working database, then to the copy. Throws, with DatenGeaendert still
+    /// set, when the note is stored nowhere; with it cleared when only the copy has failed.
     void BenutzerdatenSpeichern();
+    /// Another window has stored the user's fields of a record: what this one shows of it and has not changed follows. Throws when
+    /// it cannot be read or its copy cannot take it.
+    void notizNachziehen(const Notiz &notiz);
 
     /// The window's filter dialog, made when it is first asked for; null where the Sparte has no filter.
     Filterdialog *filterdialog();
@@ -97,6 +100,10 @@ private:
     void aktivMelden();
     /// The Sparte's current window is this one, for as long as one of its routines runs.
     int eigeneNummer();
+    /// Shows the user's fields; what he has changed himself stays as long as its record does.
+    void benutzerfelderZeigen();
+    Notiz notiz() const;
+    void notizGespeichert();
     void fokusZurueck();
     void aufraeumen();
 
@@ -160,7 +167,7 @@ private:
     QLabel *lblArtNr_ = nullptr;
     Bilderstreifen *fraBilder_ = nullptr;
     std::array<QLabel *, 4> stbAnzeige_{};
-    qint64 gezeigt_ = 0; ///< number of the record last shown
+    qint64 gezeigt_ = 0; ///< number of the record last shown: the user's fields belong to it
     bool hatKopie_ = false, geschlossen_ = false;
     QPointer<QWidget> fokusVorher_; ///< had the focus when the filter dialog opened
 };

@@ -104,7 +104,7 @@ void Pflanzensatz::ausgeduennt(std::vector<qint64> uebrig, qsizetype gesamt)
 
 qint64 Pflanzensatz::artnr()
 {
-    return offen() && haupt().AbsolutePosition() >= 0 ? haupt().Fields(u"ARTNR").Ganzzahl() : 0;
+    return offen() && haupt().AbsolutePosition() >= 0 ? haupt().Schluessel() : 0;
 }
 
 QString Pflanzensatz::Auslesen(const QString &feld)
@@ -117,17 +117,17 @@ bool Pflanzensatz::istNull(const QString &feld)
     return !offen() || haupt().AbsolutePosition() < 0 || haupt().Fields(feld).IsNull();
 }
 
-Recordset &Pflanzensatz::arbeitssatz()
+Recordset &Pflanzensatz::arbeitssatz(qint64 artnr)
 {
     datArbeit_.setDatabaseName(programm_.arbeitsdatenbank());
-    datArbeit_.setRecordSource(QStringLiteral("SELECT * From %1 WHERE ARTNR LIKE ?").arg(sparte_.haupttabelle), {artnr()});
+    datArbeit_.setRecordSource(QStringLiteral("SELECT * From %1 WHERE ARTNR LIKE ?").arg(sparte_.haupttabelle), {artnr});
     datArbeit_.Refresh();
     return datArbeit_.recordset();
 }
 
 std::optional<QString> Pflanzensatz::ausArbeit(const QString &feld)
 {
-    Recordset &satz = arbeitssatz();
+    Recordset &satz = arbeitssatz(artnr());
     if (satz.Eof() || satz.Fields(feld).IsNull())
         return std::nullopt;
     return satz.Fields(feld).Text();
@@ -154,19 +154,82 @@ QString Pflanzensatz::familie(const QString &nummer)
     return arbeit_ ? familienname(arbeit_, nummer) : QString();
 }
 
-void Pflanzensatz::benutzerSchreiben(const QString &bemerkung, const QString &eigen)
+void Pflanzensatz::benutzerLesen()
 {
-    const auto schreiben = [&](Recordset &satz) {
-        satz.Edit();
-        satz.Fields(u"benu_bemerkung").setValue(bemerkung);
-        satz.Fields(u"benu_eigen").setValue(eigen);
-        satz.Update();
-    };
-    if (artnr() == 0)
+    const qint64 nummer = artnr();
+    if (nummer == 0) {
+        benutzer_ = {};
         return;
-    schreiben(haupt());
+    }
+    const auto lesen = [nummer](Recordset &satz) { return Notiz{nummer, satz.Fields(benuBemerkung).Text(), satz.Fields(benuEigen).Text()}; };
+    Recordset &arbeit = arbeitssatz(nummer);
+    benutzer_ = lesen(arbeit.Eof() ? haupt() : arbeit);
+}
+
+namespace {
+
+void schreiben(Recordset &satz, const Notiz &notiz)
+{
+    satz.Edit();
+    satz.Fields(Pflanzensatz::benuBemerkung).setValue(notiz.bemerkung);
+    satz.Fields(Pflanzensatz::benuEigen).setValue(notiz.eigen);
+    satz.Update();
+}
+
+} // namespace
+
+bool Pflanzensatz::benutzerSchreiben(const Notiz &notiz)
+{
+    Recordset &satz = arbeitssatz(notiz.artnr);
+    if (satz.Eof())
+        return false;
+    schreiben(satz, notiz);
+    return true;
+}
+
+bool Pflanzensatz::inKopieSchreiben(const Notiz &notiz)
+{
+    Recordset &satz = haupt();
+    const qint64 vorher = satz.Schluessel();
+    struct Zurueck
+    {
+        Recordset &satz;
+        qint64 schluessel;
+        ~Zurueck() { satz.Finden(schluessel); }
+    } zurueck{satz, vorher};
+    if (!satz.Finden(notiz.artnr))
+        return false;
+    schreiben(satz, notiz);
+    return true;
+}
+
+bool Pflanzensatz::kopieSchreiben(int nummer, const Notiz &notiz)
+{
+    if (!offen())
+        return false;
     frisch_ = false;
-    Recordset &satz = arbeitssatz();
-    if (!satz.Eof())
-        schreiben(satz);
+    try {
+        return inKopieSchreiben(notiz);
+    } catch (const Fehler &) {
+        // A copy without a journal stays damaged where a change broke off; it holds nothing that cannot be had again.
+        kopieErneuern(nummer);
+        return inKopieSchreiben(notiz);
+    }
+}
+
+void Pflanzensatz::kopieErneuern(int nummer)
+{
+    const QString quelle = datHaupt_.RecordSource();
+    const std::vector<qint64> folge = haupt().Schluesselfolge();
+    const qint64 stelle = haupt().Schluessel();
+    const std::optional<std::vector<qint64>> uebrig = uebrig_;
+    auffuellen(nummer);
+    oeffnen(nummer);
+    uebrig_ = uebrig;
+    frisch_ = false;
+    if (uebrig_)
+        kopie().loescheAusser(sparte_.haupttabelle.toString(), {}, [&](qint64 nr, auto) { return std::ranges::binary_search(*uebrig_, nr); });
+    datHaupt_.setRecordSource(quelle);
+    datHaupt_.Refresh(folge);
+    haupt().Finden(stelle);
 }

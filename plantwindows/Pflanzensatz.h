@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Notiz.h"
 #include "pictures/Bilderliste.h"
 #include "store/DatenControl.h"
 #include "store/Programm.h"
@@ -48,14 +49,27 @@ public:
     std::optional<Bildzeile> bilder();
     /// Family name for a number; empty for an unknown one.
     QString familie(const QString &nummer);
-    /// Stores the user's fields of the current record in the copy and, durably, in the working database. Throws on a failure.
-    void benutzerSchreiben(const QString &bemerkung, const QString &eigen);
 
-    /// Number of the current record; 0 while there is none.
+    /// Reads the user's fields of the current record: from the working database, where it lacks the record from the copy.
+    /// Throws, with the fields read before still there, when that fails.
+    void benutzerLesen();
+    /// What was read last; empty for a null.
+    QString benutzerfeld(QStringView feld) const { return feld == benuBemerkung ? benutzer_.bemerkung : benutzer_.eigen; }
+    /// Stores the user's fields of a record, durably, in the working database; false where it lacks the record. Throws on a failure.
+    [[nodiscard]] bool benutzerSchreiben(const Notiz &notiz);
+    /// Stores them in the copy of window `nummer`; false where that is closed or its set lacks the record. A copy that cannot take
+    /// them is made anew, with the same set and the same current record; throws when that fails too.
+    bool kopieSchreiben(int nummer, const Notiz &notiz);
+
+    /// Number of the current record; 0 while there is none. Reads no file.
     qint64 artnr();
 
+    static constexpr QStringView benuBemerkung = u"benu_bemerkung", benuEigen = u"benu_eigen";
+
 private:
-    Recordset &arbeitssatz();
+    Recordset &arbeitssatz(qint64 artnr);
+    void kopieErneuern(int nummer);
+    bool inKopieSchreiben(const Notiz &notiz);
 
     Programm &programm_;
     const SpartenEintrag &sparte_;
@@ -67,4 +81,5 @@ private:
     /// The order of all plants by a name is worked out once; filters only leave some of them out.
     QHash<QString, std::vector<qint64>> ordnung_;
     std::optional<std::vector<qint64>> uebrig_;
+    Notiz benutzer_;
 };

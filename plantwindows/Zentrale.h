@@ -5,6 +5,7 @@
 #include <QString>
 
 class QWidget;
+struct Notiz;
 
 /* What plant windows need of the program around them. The main window is one; tests bring their own. */
 class Zentrale
@@ -20,6 +21,8 @@ public:
     /// while a dialog of the Sparte is open.
     virtual void FensterSperren(Sparte sparte) = 0;
     virtual void FensterFreigeben(Sparte sparte) = 0;
+    /// A window has stored the user's fields of a record: others that show it follow. Never throws.
+    virtual void notizGespeichert(Sparte sparte, int nummer, const Notiz &notiz) = 0;
     /// Shows the dialog of the user's property names for the active window, modally.
     virtual void namenAendern(QWidget *fenster) = 0;
     /// A preview was clicked: the picture window shows GewaehltesBild of the active window's plant.

@@ -48,6 +48,7 @@ public:
     void fensterGeschlossen(Sparte, int nummer) override { geschlossen = nummer; }
     void FensterSperren(Sparte) override { gesperrt = true; }
     void FensterFreigeben(Sparte) override { gesperrt = false; }
+    void notizGespeichert(Sparte, int, const Notiz &) override { ++notizen; }
     void namenAendern(QWidget *) override { ++namen; }
     void bildZeigen() override { ++bilder; }
     void drucken() override { ++gedruckt; }
@@ -60,7 +61,7 @@ public:
     void hilfeZeigen(const QString &thema) override { hilfe = thema; }
 
     bool mulko = false, gesperrt = false;
-    int geschlossen = 0, namen = 0, bilder = 0, gewechselt = 0, gedruckt = 0;
+    int geschlossen = 0, notizen = 0, namen = 0, bilder = 0, gewechselt = 0, gedruckt = 0;
     QString hilfe;
     std::function<void()> beimWechsel;
 };

@@ -297,10 +297,8 @@ void TestZentral::formenAktualisieren()
     Pflanzenfenster *fenster[] = {probe_->fenster(1), probe_->fenster(2), probe_->fenster(1, Sparte::Apfel)};
     for (Pflanzenfenster *form : fenster) {
         // A value that only a new display shows.
-        Recordset &satz = form->satz().haupt();
-        satz.Edit();
-        satz.Fields(u"benu_bemerkung").setValue(u"neu gezeigt"_s);
-        satz.Update();
+        probe_->ordner.db()->Execute(u"UPDATE %1 SET benu_bemerkung = 'neu gezeigt' WHERE ARTNR = ?"_s.arg(eintrag(form->sparte()).haupttabelle),
+                                     {form->satz().artnr()});
     }
     probe_->zentrale->FormenAktualisieren();
     for (Pflanzenfenster *form : fenster) {

@@ -170,6 +170,12 @@ void elementPruefen(Fensterprobe &probe, const Element &e)
     const qint64 artnr = probe.fenster->satz().artnr();
     const auto zeigen = [&](const QVariant &wert, const QVariant &wert2) { probe.setzen({{feld, wert}, {feld2, wert2}}); };
 
+    // The user's fields are those of the working database.
+    const auto zeigenAusArbeit = [&](const QVariant &wert) {
+        probe.arbeitSetzen(artnr, feld, wert);
+        probe.fenster->darstellen();
+    };
+
     switch (e.muster) {
     case Muster::Text:
         zeigen({}, {});
@@ -299,17 +305,17 @@ void elementPruefen(Fensterprobe &probe, const Element &e)
         return;
     }
     case Muster::Benutzertext:
-        zeigen({}, {});
+        zeigenAusArbeit({});
         QCOMPARE(probe.text(control), QString());
-        zeigen(u"Eine Notiz"_s, u"Eine Notiz"_s);
+        zeigenAusArbeit(u"Eine Notiz"_s);
         QCOMPARE(probe.text(control), u"Eine Notiz"_s);
-        return;
+        return zeigenAusArbeit({});
     case Muster::Benutzereigen:
-        zeigen({}, {});
+        zeigenAusArbeit({});
         QCOMPARE(angekreuzt(probe, control), QList<int>());
-        zeigen(u"1 1  "_s, u"1 1  "_s);
+        zeigenAusArbeit(u"1 1  "_s);
         QCOMPARE(angekreuzt(probe, control), (QList<int>{0, 2}));
-        return;
+        return zeigenAusArbeit({});
     case Muster::Ausbildung:
         zeigen({}, {});
         textPruefen(probe, e, {});
