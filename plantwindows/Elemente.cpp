@@ -9,6 +9,7 @@
 #include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 
@@ -260,20 +261,39 @@ private:
     Bewertungsleiste *leiste_;
 };
 
-/// Reports mouse presses in the user's fields.
-class Mauswaechter : public QObject
+/// Reports mouse presses in the user's fields, and that the user has gone into one by Tab or key.
+class Eingabewaechter : public QObject
 {
 public:
-    Mauswaechter(QObject *eltern, std::function<void()> gedrueckt) : QObject(eltern), gedrueckt_(std::move(gedrueckt)) {}
-    bool eventFilter(QObject *, QEvent *ereignis) override
+    Eingabewaechter(QObject *eltern, std::function<void()> gedrueckt, std::function<void()> betreten = {})
+        : QObject(eltern), gedrueckt_(std::move(gedrueckt)), betreten_(std::move(betreten))
     {
-        if (ereignis->type() == QEvent::MouseButtonPress)
-            gedrueckt_();
+    }
+    bool eventFilter(QObject *quelle, QEvent *ereignis) override
+    {
+        // A press into a locked window comes by here as well.
+        if (!static_cast<QWidget *>(quelle)->isEnabled())
+            return false;
+        switch (ereignis->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::Drop: gedrueckt_(); break;
+        case QEvent::KeyPress:
+            if (!betreten_ && static_cast<QKeyEvent *>(ereignis)->key() == Qt::Key_Space)
+                gedrueckt_();
+            break;
+        case QEvent::FocusIn: {
+            const Qt::FocusReason grund = static_cast<QFocusEvent *>(ereignis)->reason();
+            if (betreten_ && (grund == Qt::TabFocusReason || grund == Qt::BacktabFocusReason || grund == Qt::ShortcutFocusReason))
+                betreten_();
+            break;
+        }
+        default: break;
+        }
         return false;
     }
 
 private:
-    std::function<void()> gedrueckt_;
+    std::function<void()> gedrueckt_, betreten_;
 };
 
 class Benutzertext : public Anzeigeelement
@@ -286,9 +306,15 @@ public:
         kasten_->setTabChangesFocus(true);
         kasten_->setPlaceholderText(QStringLiteral("Hier können Sie sich etwas zu dieser Pflanze notieren."));
         kasten_->setAccessibleName(QStringLiteral("Eigene Bemerkung"));
-        auto *waechter = new Mauswaechter(kasten_, umgebung.geaendert);
+        const auto betreten = [this] { betreten_ = true; };
+        auto *waechter = new Eingabewaechter(kasten_, [betreten, geaendert = umgebung.geaendert] { betreten(); geaendert(); }, betreten);
         kasten_->installEventFilter(waechter);
         kasten_->viewport()->installEventFilter(waechter);
+        // However a change is made, by key, by paste or by an input method: it is the user's once he has gone into the note himself.
+        QObject::connect(kasten_, &QPlainTextEdit::textChanged, kasten_, [this, geaendert = umgebung.geaendert] {
+            if (betreten_ && !zeigt_)
+                geaendert();
+        });
     }
 
     QWidget *widget() const override { return kasten_; }
@@ -297,13 +323,16 @@ public:
 
     void zeigen(Pflanzensatz &satz) override
     {
+        zeigt_ = true;
         kasten_->setPlainText(satz.benutzerfeld(feldname(element_.feld)));
+        zeigt_ = false;
         uebernehmen();
     }
 
 private:
     QPlainTextEdit *kasten_;
     QString gezeigt_;
+    bool zeigt_ = false, betreten_ = false;
 };
 
 /// Check boxes that show a flag string: fixed ones in two columns, or the user's own, whose presses are reported.
@@ -321,7 +350,7 @@ public:
             auto *kaestchen = new QCheckBox(worte[i], feld_);
             kaestchen->setObjectName(arrayname(element, i));
             if (geaendert) {
-                kaestchen->installEventFilter(new Mauswaechter(kaestchen, geaendert));
+                kaestchen->installEventFilter(new Eingabewaechter(kaestchen, geaendert));
             } else {
                 kaestchen->setAttribute(Qt::WA_TransparentForMouseEvents);
                 kaestchen->setFocusPolicy(Qt::NoFocus);

@@ -45,7 +45,7 @@ struct Elementumgebung
     const Fensterbeschreibung &fenster;
     QWidget *form;                                   ///< other elements' controls are found below it
     std::function<void(const QString &)> hinweis;    ///< text for the hint panel
-    std::function<void()> geaendert;                 ///< a mouse press in the user's fields
+    std::function<void()> geaendert;                 ///< a mouse press in the user's fields, or its equal by keyboard
 };
 
 std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const Elementumgebung &umgebung, QWidget *eltern);

@@ -15,6 +15,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QFile>
+#include <QInputMethod>
 #include <QKeyEvent>
 #include <QLabel>
 
@@ -245,6 +246,7 @@ void Pflanzenfenster::bewegen(Bewegung bewegung)
     datenFordern();
     if (DatenGeaendert)
         BenutzerdatenSpeichern();
+    notizVerlassen();
     Recordset &haupt = satz_.haupt();
     const qsizetype vorher = haupt.AbsolutePosition();
     (haupt.*bewegung)();
@@ -403,6 +405,8 @@ void Pflanzenfenster::BenutzerdatenSpeichern()
 {
     if (gezeigt_ == 0 || !elementNamens(u"txtEigeneBemerkung"))
         return;
+    // What an input method still holds belongs to the note.
+    QGuiApplication::inputMethod()->commit();
     const Notiz eingabe = notiz();
     // The database that lasts comes first: what a copy does holds no note back.
     const bool dauerhaft = satz_.benutzerSchreiben(eingabe);

@@ -104,6 +104,8 @@ private:
     void benutzerfelderZeigen();
     Notiz notiz() const;
     void notizGespeichert();
+    /// Nothing can be typed into the note of a record that is about to be shown.
+    void notizVerlassen();
     void fokusZurueck();
     void aufraeumen();
 

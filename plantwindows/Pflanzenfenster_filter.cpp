@@ -142,7 +142,9 @@ void Pflanzenfenster::dialogVerlassen()
 
 void Pflanzenfenster::fokusZurueck()
 {
-    // Locking takes the focus away; without one no key would reach the window.
-    if (QWidget *vorher = std::exchange(fokusVorher_, nullptr); vorher && isEnabled())
+    // Locking takes the focus away; without one no key would reach the window. The note may belong to another plant by now.
+    if (QWidget *vorher = std::exchange(fokusVorher_, nullptr); vorher && isEnabled()) {
         vorher->setFocus(Qt::ActiveWindowFocusReason);
+        notizVerlassen();
+    }
 }

@@ -3,6 +3,8 @@
 #include "Elemente.h"
 
 #include <QCheckBox>
+#include <QTabBar>
+#include <QTabWidget>
 
 /* The user's own note and properties: how they leave the window for the database. */
 
@@ -25,4 +27,12 @@ void Pflanzenfenster::notizNachziehen(const Notiz &notiz)
     satz_.kopieSchreiben(Fensternummer, notiz);
     if (gezeigt_ == notiz.artnr && satz_.artnr() == notiz.artnr)
         benutzerfelderZeigen();
+}
+
+void Pflanzenfenster::notizVerlassen()
+{
+    const Anzeigeelement *notiz = elementNamens(u"txtEigeneBemerkung");
+    const auto *reiter = findChild<QTabWidget *>(QStringLiteral("tabStauden"));
+    if (notiz && reiter && window()->focusWidget() == notiz->widget())
+        reiter->tabBar()->setFocus(Qt::OtherFocusReason);
 }

@@ -116,13 +116,12 @@ void TestNotizen::nurDieMausMarkiert()
 {
     bool &geaendert = probe_->fenster->DatenGeaendert;
     QVERIFY(!geaendert);
+    // The focus was put there by the program: the user has not gone into the note.
     notiz()->setFocus();
     QTest::keyClicks(notiz(), u"nur getippt"_s);
     QCOMPARE(notiz()->toPlainText(), u"nur getippt"_s);
     QVERIFY(!geaendert);
     eigen(0)->setFocus();
-    QTest::keyClick(eigen(0), Qt::Key_Space);
-    QVERIFY(eigen(0)->isChecked());
     QVERIFY(!geaendert);
     QTest::mousePress(notiz()->viewport(), Qt::LeftButton);
     QVERIFY(geaendert);
