@@ -287,11 +287,26 @@ void mdiZentral::FormenAktualisieren()
     }
 }
 
+bool mdiZentral::NotizenSichern()
+{
+    for (const SpartenEintrag &sparte : alleSparten())
+        for (int nummer = 1; nummer <= tabelle(sparte.sparte).obergrenze(); ++nummer) {
+            const QPointer<Pflanzenfenster> form = fenster(sparte.sparte, nummer);
+            if (!form || form->notizSichern())
+                continue;
+            if (auto *unterfenster = form ? qobject_cast<QMdiSubWindow *>(form->parentWidget()) : nullptr)
+                flaeche_->setActiveSubWindow(unterfenster);
+            return false;
+        }
+    return true;
+}
+
 void mdiZentral::AlleFensterSchliessen()
 {
     for (const SpartenEintrag &sparte : alleSparten())
         for (int nummer = 1; nummer <= tabelle(sparte.sparte).obergrenze(); ++nummer) {
             if (Pflanzenfenster *form = fenster(sparte.sparte, nummer)) {
+                form->notizRetten();
                 if (auto *unterfenster = qobject_cast<QMdiSubWindow *>(form->parentWidget()))
                     unterfenster->close();
                 delete fenster(sparte.sparte, nummer);
@@ -447,10 +462,15 @@ bool mdiZentral::eventFilter(QObject *quelle, QEvent *ereignis)
 
 void mdiZentral::closeEvent(QCloseEvent *ereignis)
 {
+    // Asked while everything still stands.
+    if (!NotizenSichern()) {
+        ereignis->ignore();
+        return;
+    }
     geladen_ = false;
     geometrieMerken();
     hide();
-    // Notes first told of and stored; names and settings must not hinder the end.
+    // Names and settings must not hinder the end.
     geschuetztAusfuehren(nullptr, [this] { benutzernamenSchreiben(programm_); });
     (void)EinstellungenSchreiben(programm_); // settings that cannot be kept do not last, and nobody is asked
     delete bilder_;

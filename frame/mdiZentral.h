@@ -31,6 +31,9 @@ public:
     void notizGespeichert(Sparte sparte, int nummer, const Notiz &notiz) override;
     /// After a change of options or names: every open window shows them.
     void FormenAktualisieren();
+    /// Before the windows go: stores what has been noted, and asks where that fails. False: the user wants them to stay.
+    [[nodiscard]] bool NotizenSichern();
+    /// Asks nothing: a note that cannot be stored is kept in a file.
     void AlleFensterSchliessen();
     /// Stores notes, names and settings and shows nothing: the program may be at its end at any moment. Windows stay as they are.
     void sichern();

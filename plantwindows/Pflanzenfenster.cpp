@@ -44,6 +44,7 @@ Pflanzenfenster::~Pflanzenfenster()
     // A window that was never closed leaves as little behind as one that was.
     if (geschlossen_)
         return;
+    notizRetten();
     aufraeumen();
     if (!ErsteAktivierung)
         zentrale_.fensterGeschlossen(sparte(), Fensternummer);
@@ -178,8 +179,10 @@ void Pflanzenfenster::benutzerfelderZeigen()
 {
     // All that can fail comes before anything is shown.
     satz_.benutzerLesen();
+    const QString name = Auslesen(QStringLiteral("BOT_NAME"));
     const bool behalten = DatenGeaendert && satz_.artnr() == gezeigt_;
     gezeigt_ = satz_.artnr();
+    gezeigterName_ = name;
     for (const auto &element : elemente_)
         if (desBenutzers(*element) && !(behalten && element->veraendert()))
             element->zeigen(satz_);
@@ -468,9 +471,10 @@ void Pflanzenfenster::focusInEvent(QFocusEvent *ereignis)
 
 void Pflanzenfenster::closeEvent(QCloseEvent *ereignis)
 {
-    // A note that cannot be stored is told, but the window can always be closed.
-    if (DatenGeaendert)
-        geschuetztAusfuehren(this, [this] { BenutzerdatenSpeichern(); });
+    if (!notizSichern()) {
+        ereignis->ignore();
+        return;
+    }
     aufraeumen();
     zentrale_.fensterGeschlossen(sparte(), Fensternummer);
     programm_.AktiveSparte.clear();

@@ -66,6 +66,11 @@ public:
     /// Writes the user's fields of the record shown to the working database, then to the copy. Throws, with DatenGeaendert still
     /// set, when the note is stored nowhere; with it cleared when only the copy has failed.
     void BenutzerdatenSpeichern();
+    /// Before the window goes: stores changed notes or, where that fails, asks. False: the user wants the window back. True: the
+    /// note is stored, in a file, or given up.
+    [[nodiscard]] bool notizSichern();
+    /// The same without questions, for an end that cannot be put off.
+    void notizRetten() noexcept;
     /// Another window has stored the user's fields of a record: what this one shows of it and has not changed follows. Throws when
     /// it cannot be read or its copy cannot take it.
     void notizNachziehen(const Notiz &notiz);
@@ -104,6 +109,8 @@ private:
     void benutzerfelderZeigen();
     Notiz notiz() const;
     void notizGespeichert();
+    /// What is kept in a file: where the note belongs, its text, the properties that are set.
+    QString notizZumAufheben() const;
     /// Nothing can be typed into the note of a record that is about to be shown.
     void notizVerlassen();
     void fokusZurueck();
@@ -170,6 +177,7 @@ private:
     Bilderstreifen *fraBilder_ = nullptr;
     std::array<QLabel *, 4> stbAnzeige_{};
     qint64 gezeigt_ = 0; ///< number of the record last shown: the user's fields belong to it
+    QString gezeigterName_;
     bool hatKopie_ = false, geschlossen_ = false;
     QPointer<QWidget> fokusVorher_; ///< had the focus when the filter dialog opened
 };

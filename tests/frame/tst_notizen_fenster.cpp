@@ -29,11 +29,16 @@ private slots:
     void ohneDatensatzAusDerKopie();
     void gedrucktWirdDasGezeigte();
     void ueberDenFilterdialog();
+    void programmendeFragt_data();
+    void programmendeFragt();
+    void programmendeOhneMeldungSpeichert();
+    void endeOhneFrageHebtAuf();
 
 private:
     Pflanzenfenster *fenster(int nummer, Sparte sparte = Sparte::Topf) { return probe_->fenster(nummer, sparte); }
     QString text(int nummer) { return hand::notiz(fenster(nummer))->toPlainText(); }
     QString gespeichert() { return hand::gespeichert(probe_->ordner, Sparte::Topf, artnr_); }
+    QStringList aufgehoben() { return QDir(probe_->ordner.pfad()).entryList({u"*otiz*.txt"_s}, QDir::Files); }
 
     std::unique_ptr<Rahmenprobe> probe_;
     qint64 artnr_ = 0;
@@ -173,6 +178,67 @@ void TestNotizenFenster::ueberDenFilterdialog()
     QCOMPARE(text(2), u"vor dem Dialog"_s);
     hand::druecken(fenster(1)->filterdialog(), "cmdOK");
     QCOMPARE(text(1), u"vor dem Dialog"_s);
+}
+
+void TestNotizenFenster::programmendeFragt_data()
+{
+    QTest::addColumn<bool>("zurueck");
+    QTest::newRow("Zurück") << true;
+    QTest::newRow("Schließen") << false;
+}
+
+void TestNotizenFenster::programmendeFragt()
+{
+    QFETCH(const bool, zurueck);
+    hand::klick(fenster(2), "cmdNext");
+    const qint64 zweite = fenster(2)->satz().artnr();
+    hand::notieren(fenster(2), u"nicht zu speichern"_s);
+    {
+        const Schreibsperre sperre(probe_->ordner.datenbank());
+        Antworten antworten({zurueck ? u"Zurück"_s : u"Schließen"_s});
+        bool gefragtBeimSehen = false;
+        antworten.davor = [&] { gefragtBeimSehen = gefragtBeimSehen || probe_->zentrale->isVisible(); };
+        QCOMPARE(probe_->zentrale->close(), !zurueck);
+        QVERIFY(gefragtBeimSehen); // asked while the window still stands
+        QVERIFY(antworten.texte[0].contains(u"wird gerade von einem anderen Programm benutzt"_s));
+        QVERIFY(antworten.angeboten[0].contains(u"Zurück"_s));
+    }
+    if (!zurueck) {
+        QCOMPARE(aufgehoben().size(), 1);
+        QFile datei(probe_->ordner.pfad(aufgehoben()[0]));
+        QVERIFY(datei.open(QIODevice::ReadOnly));
+        QVERIFY(QString::fromUtf8(datei.readAll()).contains(u"nicht zu speichern"_s));
+        QVERIFY(!probe_->temp("db_to1.tmp") && !probe_->temp("db_to2.tmp"));
+        return;
+    }
+    QVERIFY(probe_->zentrale->isVisible());
+    QCOMPARE(text(2), u"nicht zu speichern"_s);
+    QVERIFY(fenster(1) && fenster(2) && fenster(2)->DatenGeaendert);
+    QCOMPARE(probe_->zentrale->findChild<Flaeche *>()->activeSubWindow(), hand::unterfenster(fenster(2)));
+    QVERIFY(aufgehoben().isEmpty());
+    QVERIFY(probe_->zentrale->close());
+    QCOMPARE(hand::gespeichert(probe_->ordner, Sparte::Topf, zweite), u"nicht zu speichern/     "_s);
+}
+
+void TestNotizenFenster::programmendeOhneMeldungSpeichert()
+{
+    hand::notieren(fenster(2), u"zum Schluss"_s);
+    Antworten antworten;
+    QVERIFY(probe_->zentrale->close());
+    QCOMPARE(antworten.texte, QStringList());
+    QCOMPARE(gespeichert(), u"zum Schluss/     "_s);
+}
+
+void TestNotizenFenster::endeOhneFrageHebtAuf()
+{
+    hand::notieren(fenster(1), u"bei Stromausfall"_s);
+    {
+        const Schreibverbot verbot(probe_->ordner);
+        Antworten antworten;
+        probe_->zentrale.reset();
+        QCOMPARE(antworten.texte, QStringList());
+    }
+    QCOMPARE(aufgehoben().size(), 1);
 }
 
 QTEST_MAIN(TestNotizenFenster)
