@@ -326,8 +326,8 @@ void mdiZentral::sichern()
     };
     for (const SpartenEintrag &sparte : alleSparten())
         for (int nummer = 1; nummer <= tabelle(sparte.sparte).obergrenze(); ++nummer)
-            if (Pflanzenfenster *form = fenster(sparte.sparte, nummer); form && form->DatenGeaendert)
-                still([form] { form->BenutzerdatenSpeichern(); });
+            if (Pflanzenfenster *form = fenster(sparte.sparte, nummer); form)
+                form->notizRetten();
     still([this] { benutzernamenSchreiben(programm_); });
     geometrieMerken();
     if (!EinstellungenSchreiben(programm_))

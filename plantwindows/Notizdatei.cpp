@@ -22,8 +22,7 @@ void anhaengen(const QString &pfad, const QByteArray &text)
             throw Fehler(QStringLiteral("Die Datei '%1' kann nicht gelesen werden.").arg(QDir::toNativeSeparators(pfad)));
         inhalt = datei.readAll();
     }
-    if (!schreibeSicher(pfad, inhalt + text))
-        throw Fehler(QStringLiteral("Die Datei '%1' kann nicht geschrieben werden.").arg(QDir::toNativeSeparators(pfad)));
+    schreibeSicher(pfad, inhalt + text);
 }
 
 } // namespace
