@@ -53,7 +53,9 @@ QString eintragWie(const QString &ordner, const QString &name)
             gemerkt.clear();
         liste = gemerkt.insert(schluessel, ordnerLesen(ordner, zeit));
     }
-    return liste->namen.value(name.toCaseFolded(), name);
+    // What has gone in the meantime is none.
+    const QString gefunden = liste->namen.value(name.toCaseFolded(), name);
+    return QFileInfo::exists(QDir(ordner).filePath(gefunden)) ? gefunden : name;
 }
 
 } // namespace

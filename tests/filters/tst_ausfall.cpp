@@ -1,3 +1,4 @@
+#include "plantwindows/Notiz.h"
 #include "Filterprobe.h"
 
 #include "store/Laufordner.h"
@@ -241,7 +242,7 @@ void TestAusfall::notizOhneKopie()
     const Stoerung stoerung("Ordner", kopie());
     probe_->oeffnen();
     const qint64 artnr = probe_->fenster->satz().artnr();
-    probe_->fenster->satz().benutzerSchreiben(u"ohne Kopie"_s, u"1    "_s);
+    QVERIFY(probe_->fenster->satz().benutzerSchreiben({artnr, u"ohne Kopie"_s, u"1    "_s}));
     QCOMPARE(probe_->arbeit(u"benu_bemerkung = 'ohne Kopie' AND benu_eigen = '1    '"_s), QList<qint64>{artnr});
 }
 
