@@ -418,7 +418,9 @@ void Pflanzenfenster::BenutzerdatenSpeichern()
         zentrale_.notizGespeichert(sparte(), Fensternummer, eingabe);
     }
     if (!satz_.kopieSchreiben(eigeneNummer(), eingabe) && !dauerhaft)
-        throw Fehler(QStringLiteral("Der Datensatz %1 der Tabelle '%2' ist nicht mehr vorhanden.").arg(gezeigt_).arg(eintrag(sparte()).haupttabelle));
+        throw Fehler(QStringLiteral("Der Datensatz %1 der Tabelle '%2' ist nicht mehr vorhanden.")
+                         .arg(gezeigt_)
+                         .arg(eintrag(sparte()).haupttabelle));
     notizGespeichert();
 }
 

@@ -94,7 +94,8 @@ bool Pflanzenfenster::notizSichern()
         DatenGeaendert = false;
         QMessageBox::information(this, programmtitel.toString(), QStringLiteral("Der Text der Notiz steht in der Datei '%1'.").arg(datei));
     } catch (const Fehler &fehler) {
-        if (!fragen(QStringLiteral("Der Text der Notiz kann auch in keiner Datei aufgehoben werden:\n%1").arg(fehler.text()), QStringLiteral("Verwerfen")))
+        if (!fragen(QStringLiteral("Der Text der Notiz kann auch in keiner Datei aufgehoben werden:\n%1").arg(fehler.text()),
+                    QStringLiteral("Verwerfen")))
             return !ich;
         DatenGeaendert = false;
     }

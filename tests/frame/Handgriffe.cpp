@@ -190,7 +190,8 @@ void Antworten::antworten(QMessageBox &box)
 Schreibverbot::Schreibverbot(const Programmordner &ordner) : db_(ordner.db())
 {
     for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
-        db_->Execute(u"CREATE TRIGGER halt_%1 BEFORE UPDATE ON \"%1\" BEGIN SELECT RAISE(ABORT, 'halt'); END"_s.arg(eintrag(sparte).haupttabelle));
+        db_->Execute(u"CREATE TRIGGER halt_%1 BEFORE UPDATE ON \"%1\" BEGIN SELECT RAISE(ABORT, 'halt'); END"_s
+                         .arg(eintrag(sparte).haupttabelle));
 }
 
 Schreibverbot::~Schreibverbot()
@@ -201,7 +202,8 @@ Schreibverbot::~Schreibverbot()
 
 Schreibsperre::Schreibsperre(const QString &pfad)
 {
-    if (sqlite3_open(pfad.toUtf8().constData(), &db_) != SQLITE_OK || sqlite3_exec(db_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK)
+    if (sqlite3_open(pfad.toUtf8().constData(), &db_) != SQLITE_OK
+        || sqlite3_exec(db_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK)
         qFatal("The database cannot be locked: %s", sqlite3_errmsg(db_));
 }
 

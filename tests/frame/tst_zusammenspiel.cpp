@@ -197,6 +197,7 @@ void Wanderung::knopf(Ort ort, const char *name, bool tastatur)
     if (!gesperrt(ort.first) && button->isEnabled())
         speichern(ort);
     if (tastatur && !gesperrt(ort.first) && button->isEnabled()) {
+        hand::titelleiste(form(ort));
         button->setFocus(Qt::TabFocusReason);
         hand::taste(Qt::Key_Space);
     } else {
