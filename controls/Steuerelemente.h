@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QCheckBox>
+#include <QLabel>
 #include <QWidget>
 
 /* Small controls with the properties by which forms, filter files and tests speak of them. Colours are signed 32-bit
@@ -8,6 +10,12 @@
 
 inline constexpr int farbeKnopf = int(0x8000000Fu);   ///< button face: not set
 inline constexpr int farbeTitel = int(0x80000003u);   ///< highlight: month set
+
+/* Cells and pictures that can be chosen and stand in one parent as "stem_0", "stem_1" ... are a row: Tab reaches the row once,
+   the arrow keys, Home and End move inside it, Space chooses. Whether one is set stands in its accessible description. */
+
+/// The frame of the control that holds the focus, seen on every colour.
+void fokusrahmenMalen(QPainter &maler, const QRect &flaeche, const QPalette &palette);
 
 /// A cell of a swatch or month row.
 class Farbzelle : public QWidget
@@ -31,7 +39,9 @@ public:
     void setBedienbar();
     /// Colour that a cell not set hints at: what choosing it would paint.
     void setEigenfarbe(int farbe);
-    QSize sizeHint() const override;
+    /// Size in pixels.
+    void setMass(QSize mass);
+    QSize sizeHint() const override { return mass_; }
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 signals:
@@ -40,17 +50,22 @@ signals:
     void doppelgeklickt();
 
 protected:
+    bool event(QEvent *ereignis) override;
     void paintEvent(QPaintEvent *) override;
     void mouseReleaseEvent(QMouseEvent *ereignis) override;
     void mouseDoubleClickEvent(QMouseEvent *ereignis) override;
     void keyPressEvent(QKeyEvent *ereignis) override;
 
 private:
+    void zustandMelden();
+
     bool bunt_;
+    bool bedienbar_ = false;
     bool nachDoppelklick_ = false;
     int backColor_ = farbeKnopf;
     int backStyle_ = 0;
     int eigenfarbe_ = farbeKnopf;
+    QSize mass_{19, 22};
     QString caption_;
 };
 
@@ -79,16 +94,22 @@ public:
 signals:
     void geklickt();
     void mausDarueber();
+    void mausVerlassen();
 
 protected:
+    bool event(QEvent *ereignis) override;
     void paintEvent(QPaintEvent *) override;
     void mouseMoveEvent(QMouseEvent *) override { emit mausDarueber(); }
     void enterEvent(QEnterEvent *) override { emit mausDarueber(); }
+    void leaveEvent(QEvent *) override { emit mausVerlassen(); }
     void mouseReleaseEvent(QMouseEvent *ereignis) override;
     void mouseDoubleClickEvent(QMouseEvent *) override { nachDoppelklick_ = true; }
     void keyPressEvent(QKeyEvent *ereignis) override;
 
 private:
+    void zustandMelden();
+
+    bool bedienbar_ = false;
     bool nachDoppelklick_ = false;
     QSize groesse_;
     QString bild_, tag_;
@@ -111,11 +132,15 @@ public:
     QString tag() const { return tag_; }
     void setTag(const QString &tag) { tag_ = tag; }
     QSize sizeHint() const override { return {36, 36}; }
+    QSize minimumSizeHint() const override { return {28, 28}; }
+    /// Whether the click that is being handled came from the mouse.
+    bool vonMaus() const { return vonMaus_; }
 
 signals:
     void mausBewegt();
     void mausGedrueckt();
-    void mausLosgelassen();
+    /// Released; `darauf`: still on the button, so that a click follows.
+    void mausLosgelassen(bool darauf);
     void mausVerlassen();
 
 protected:
@@ -127,10 +152,11 @@ protected:
     void leaveEvent(QEvent *ereignis) override;
 
 private:
+    bool vonMaus_ = false;
     QString bild_, tag_;
 };
 
-/// Scale of nine steps with an indicator whose place is measured in twips.
+/// Scale of nine steps with an indicator whose place is measured in twips, and the step as a figure beside it.
 class Bewertungsleiste : public QWidget
 {
     Q_OBJECT
@@ -140,6 +166,8 @@ public:
 
     /// Moves the indicator; `wert` counts from 1 (rarity) to 9 (standard assortment).
     void setWert(int wert);
+    /// There is no rating: the indicator stays where it was, the figure goes.
+    void setOhneWert();
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -148,4 +176,42 @@ protected:
 
 private:
     QWidget *anzeige_; ///< picBewAnzeige
+    QLabel *zahl_;
+};
+
+/// A check box captioned with a name: "&" is a character of it, and a long one is cut where it is painted.
+class Namenskaestchen : public QCheckBox
+{
+    Q_OBJECT
+
+public:
+    explicit Namenskaestchen(const QString &name, QWidget *eltern = nullptr);
+
+    void setName(const QString &name);
+    QString name() const { return name_; }
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    bool event(QEvent *ereignis) override;
+    void paintEvent(QPaintEvent *) override;
+
+private:
+    QString gekuerzt() const;
+
+    QString name_;
+};
+
+/// One line of text that never asks for width: what does not fit is cut where it is painted.
+class Kurzschild : public QLabel
+{
+    Q_OBJECT
+
+public:
+    using QLabel::QLabel;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *) override;
 };
