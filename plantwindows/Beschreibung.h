@@ -72,15 +72,15 @@ struct Gruppe
 {
     const char *name; ///< objectName of the frame
     QStringView titel;
-    int spalte;       ///< column of the tab, counted from 0
     std::span<const Element> elemente;
     Gruppenregel regel = Gruppenregel::Immer;
     const char *regelfeld = nullptr;
     std::span<const char *const> regelcontrols = {};
-    bool wachsend = false; ///< takes the height that is left
+    bool wachsend = false; ///< takes the height that is left on the page
     bool loeschtHinweis = false; ///< the mouse over it empties the hint in the status bar
 };
 
+/// A tab; its groups flow into as many columns as there is room for, in this order.
 struct Reiter
 {
     QStringView titel;

@@ -2,6 +2,7 @@
 
 #include "Pflanzensatz.h"
 #include "controls/Steuerelemente.h"
+#include "controls/Textkasten.h"
 #include "store/Nebentabellen.h"
 #include "store/Text.h"
 
@@ -11,7 +12,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPlainTextEdit>
 
 #include <algorithm>
 
@@ -36,11 +36,8 @@ public:
     Textelement(const Element &element, QWidget *eltern, Macher macher) : Anzeigeelement(element), macher_(std::move(macher))
     {
         if (element.kasten) {
-            kasten_ = new QPlainTextEdit(eltern);
-            kasten_->setReadOnly(true);
-            kasten_->setTabChangesFocus(true);
-            kasten_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-            kasten_->setMinimumHeight(60);
+            kasten_ = new Textkasten(eltern);
+            kasten_->setNurLesen();
         } else {
             schild_ = new QLabel(eltern);
             schild_->setTextFormat(Qt::PlainText);
@@ -53,6 +50,7 @@ public:
     }
 
     QWidget *widget() const override { return kasten_ ? static_cast<QWidget *>(kasten_) : schild_; }
+    QWidget *ganzerText() const override { return ganz_; }
     bool leer() const override { return text_.isEmpty(); }
 
     void zeigen(Pflanzensatz &satz) override
@@ -62,10 +60,10 @@ public:
             text_ = element_.umformung(text_);
         if (text_.isEmpty() && element_.muster != Muster::Satz && (!element_.leerNurBeiNull || satz.istNull(feldname(element_.feld))))
             text_ = element_.leer.toString();
-        if (kasten_ && kasten_->toPlainText() != text_)
-            kasten_->setPlainText(text_);
-        if (schild_ && schild_->text() != text_)
-            schild_->setText(text_);
+        if (kasten_)
+            kasten_->setText(text_);
+        if (schild_)
+            schildZeigen();
         if (element_.muster == Muster::Satz)
             schild_->setVisible(!text_.isEmpty());
     }
@@ -74,9 +72,30 @@ protected:
     QLabel *schild() const { return schild_; }
 
 private:
+    /// A text that no label can show stands in a box of its own below the beginning of it.
+    void schildZeigen()
+    {
+        const QString kurz = schildtext(text_);
+        if (schild_->text() != kurz)
+            schild_->setText(kurz);
+        const bool gekuerzt = kurz != text_;
+        if (gekuerzt && !ganz_) {
+            ganz_ = new Textkasten(schild_->parentWidget());
+            ganz_->setNurLesen();
+            ganz_->setFont(schild_->font());
+            ganz_->setObjectName(schild_->objectName() + QStringLiteral("_Ganz"));
+            ganz_->setAccessibleName(schild_->accessibleDescription());
+        }
+        if (!ganz_)
+            return;
+        ganz_->setText(gekuerzt ? text_ : QString());
+        ganz_->setVisible(gekuerzt);
+    }
+
     Macher macher_;
     QLabel *schild_ = nullptr;
-    QPlainTextEdit *kasten_ = nullptr;
+    Textkasten *kasten_ = nullptr;
+    Textkasten *ganz_ = nullptr;
     QString text_;
 };
 
@@ -86,8 +105,8 @@ public:
     Namenselement(const Element &element, QWidget *eltern, QStringView buchstaben, Macher macher)
         : Textelement(element, eltern, std::move(macher)), buchstaben_(buchstaben)
     {
+        Namenselement::schriftgroesse(schild()->font().pointSizeF());
         QFont schrift = schild()->font();
-        schrift.setPointSizeF(schrift.pointSizeF() * 1.7);
         // Botanical names stand in italics, names of varieties do not.
         schrift.setItalic(!buchstaben.isEmpty());
         schrift.setBold(true);
@@ -98,6 +117,13 @@ public:
     {
         Textelement::zeigen(satz);
         schild()->setToolTip(buchstaben_.isEmpty() ? QString() : nomenklatur(satz.Auslesen(QStringLiteral("Quelle")), buchstaben_));
+    }
+
+    void schriftgroesse(double punkt) override
+    {
+        QFont schrift = schild()->font();
+        schrift.setPointSizeF(punkt * 1.7);
+        schild()->setFont(schrift);
     }
 
 private:
@@ -121,7 +147,7 @@ public:
             auto *zelle = new Farbzelle(!monate && i == anzahl - 1, reihe_);
             zelle->setObjectName(arrayname(element, i));
             zelle->setToolTip(worte ? worte->wort(i + 1).toString() : QString());
-            zelle->setAccessibleName(zelle->toolTip());
+            zelle->setAccessibleName(vorlesename(umgebung.gruppe, element.titeltext.toString(), zelle->toolTip()));
             anordnung->addWidget(zelle);
             zellen_.push_back(zelle);
         }
@@ -140,6 +166,7 @@ public:
             zellen_[size_t(i)]->setBackColor(!flagGesetzt(flags, i + 1) ? farbeKnopf
                                              : monate                   ? farbeTitel
                                                                         : element_.farben->werte[size_t(i)]);
+        vorlesen(flags);
         if (monate)
             return;
         const bool bunt = flagGesetzt(flags, letzte + 1);
@@ -158,7 +185,26 @@ public:
             zellen_[i]->setCaption(monatsbeschriftung(int(i), buchstaben));
     }
 
+    void schriftgroesse(double punkt) override
+    {
+        constexpr double breit = 2.15, hoch = 2.5; // pixels to the point
+        for (Farbzelle *zelle : zellen_)
+            zelle->setMass(QSize(int(breit * punkt), int(hoch * punkt)));
+    }
+
 private:
+    /// The row as a whole tells what is set in it.
+    void vorlesen(const QString &flags)
+    {
+        QStringList worte;
+        for (size_t i = 0; i < zellen_.size(); ++i)
+            if (flagGesetzt(flags, int(i) + 1))
+                worte += zellen_[i]->toolTip();
+        const QString text = worte.isEmpty() ? QStringLiteral("keine Angabe") : worte.join(QStringLiteral(", "));
+        if (reihe_->accessibleDescription() != text)
+            reihe_->setAccessibleDescription(text);
+    }
+
     QWidget *form_;
     QWidget *reihe_;
     std::vector<Farbzelle *> zellen_;
@@ -185,11 +231,12 @@ public:
             auto *feld = new Bildfeld({symbolgroesse, symbolgroesse}, reihe_);
             feld->setObjectName(arrayname(element, int(i)));
             feld->setBild(QString::fromLatin1(symbol.bild));
-            feld->setAccessibleName(symbol.name.toString());
+            feld->setAccessibleName(vorlesename(umgebung.gruppe, element.titeltext.toString(), symbol.name.toString()));
             feld->setToolTip(symbol.name.toString());
             feld->hide();
             QObject::connect(feld, &Bildfeld::mausDarueber, feld,
                              [hinweis = umgebung.hinweis, text = symbol.hinweis.toString()] { hinweis(text); });
+            QObject::connect(feld, &Bildfeld::mausVerlassen, feld, [hinweis = umgebung.hinweis] { hinweis(QString()); });
             if (anordnung)
                 anordnung->addWidget(feld);
             felder_.push_back(feld);
@@ -255,6 +302,8 @@ public:
         // Without a rating the indicator stays where it was; beyond the scale of 1 to 9 it goes one step off its end.
         if (const std::optional<double> wert = text ? zahlLesen(*text) : std::nullopt)
             leiste_->setWert(int(std::clamp(*wert, 0.0, 10.0)));
+        else
+            leiste_->setOhneWert();
     }
 
 private:
@@ -300,10 +349,9 @@ class Benutzertext : public Anzeigeelement
 {
 public:
     Benutzertext(const Element &element, const Elementumgebung &umgebung, QWidget *eltern)
-        : Anzeigeelement(element), kasten_(new QPlainTextEdit(eltern))
+        : Anzeigeelement(element), kasten_(new Textkasten(eltern))
     {
         kasten_->setObjectName(QString::fromLatin1(element.control));
-        kasten_->setTabChangesFocus(true);
         kasten_->setPlaceholderText(QStringLiteral("Hier können Sie sich etwas zu dieser Pflanze notieren."));
         kasten_->setAccessibleName(QStringLiteral("Eigene Bemerkung"));
         const auto betreten = [this] { betreten_ = true; };
@@ -324,13 +372,13 @@ public:
     void zeigen(Pflanzensatz &satz) override
     {
         zeigt_ = true;
-        kasten_->setPlainText(satz.benutzerfeld(feldname(element_.feld)));
+        kasten_->setText(satz.benutzerfeld(feldname(element_.feld)));
         zeigt_ = false;
         uebernehmen();
     }
 
 private:
-    QPlainTextEdit *kasten_;
+    Textkasten *kasten_;
     QString gezeigt_;
     bool zeigt_ = false, betreten_ = false;
 };
@@ -339,7 +387,8 @@ private:
 class Kaestchenreihe : public Anzeigeelement
 {
 public:
-    Kaestchenreihe(const Element &element, const QStringList &worte, const std::function<void()> &geaendert, QWidget *eltern)
+    Kaestchenreihe(const Element &element, const QStringList &worte, const QString &gruppe, const std::function<void()> &geaendert,
+                   QWidget *eltern)
         : Anzeigeelement(element), feld_(new QWidget(eltern))
     {
         auto *anordnung = new QGridLayout(feld_);
@@ -347,7 +396,15 @@ public:
         anordnung->setVerticalSpacing(3);
         const int zeilen = geaendert ? int(worte.size()) : (int(worte.size()) + 1) / 2;
         for (int i = 0; i < int(worte.size()); ++i) {
-            auto *kaestchen = new QCheckBox(worte[i], feld_);
+            QCheckBox *kaestchen = nullptr;
+            if (geaendert) {
+                auto *eigenes = new Namenskaestchen(worte[i], feld_);
+                eigenschaftBenennen(*eigenes, i, worte[i]);
+                kaestchen = eigenes;
+            } else {
+                kaestchen = new QCheckBox(QString(worte[i]).replace(u'&', QStringLiteral("&&")), feld_);
+                kaestchen->setAccessibleName(vorlesename(gruppe, {}, worte[i]));
+            }
             kaestchen->setObjectName(arrayname(element, i));
             if (geaendert) {
                 kaestchen->installEventFilter(new Eingabewaechter(kaestchen, geaendert));
@@ -469,12 +526,13 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
         QStringList worte;
         for (const QStringView wort : element.worte)
             worte += wort.toString();
-        return std::make_unique<Kaestchenreihe>(element, worte, nullptr, eltern);
+        return std::make_unique<Kaestchenreihe>(element, worte, umgebung.gruppe, nullptr, eltern);
     }
     case Muster::Benutzertext: return std::make_unique<Benutzertext>(element, umgebung, eltern);
     case Muster::Benutzereigen: {
         const auto &namen = umgebung.programm.BenutzerNamen[size_t(umgebung.fenster.sparte)];
-        return std::make_unique<Kaestchenreihe>(element, QStringList(namen.begin(), namen.end()), umgebung.geaendert, eltern);
+        return std::make_unique<Kaestchenreihe>(element, QStringList(namen.begin(), namen.end()), umgebung.gruppe,
+                                                umgebung.geaendert, eltern);
     }
     case Muster::Herkunftsmarke: return std::make_unique<Herkunftsmarke>(element, eltern);
     }
@@ -493,6 +551,46 @@ QString titelVon(Sparte sparte, const Element &element)
         return element.titeltext.toString();
     const Spalte *spalte = schema::spalteVon(eintrag(sparte).haupttabelle, element.feld);
     return spalte ? spalte->druckname.toString() + u':' : QString();
+}
+
+QString vorlesename(const QString &gruppe, const QString &titel, const QString &wort)
+{
+    QStringList davor;
+    for (QString teil : {gruppe, titel}) {
+        if (teil.endsWith(u':'))
+            teil.chop(1);
+        if (!teil.isEmpty())
+            davor += teil;
+    }
+    const QString name = davor.join(QStringLiteral(", "));
+    return name.isEmpty() || wort.isEmpty() ? name + wort : QStringLiteral("%1: %2").arg(name, wort);
+}
+
+void eigenschaftBenennen(Namenskaestchen &kaestchen, int i, const QString &name)
+{
+    kaestchen.setName(name);
+    const QString eigene = QStringLiteral("Eigene Eigenschaft %1").arg(i + 1);
+    kaestchen.setAccessibleName(name.isEmpty() ? eigene : QStringLiteral("%1: %2").arg(eigene, name));
+}
+
+QString schildtext(const QString &text)
+{
+    constexpr qsizetype hoechstensZeichen = 1000;
+    constexpr int hoechstensZeilen = 20;
+    qsizetype ende = std::min(text.size(), hoechstensZeichen);
+    qsizetype zeile = -1;
+    for (int i = 0; i < hoechstensZeilen; ++i) {
+        zeile = text.indexOf(u'\n', zeile + 1);
+        if (zeile < 0 || zeile >= ende)
+            break;
+        if (i + 1 == hoechstensZeilen)
+            ende = zeile;
+    }
+    if (ende == text.size())
+        return text;
+    if (ende > 0 && text[ende - 1].isHighSurrogate())
+        --ende;
+    return text.left(ende) + u'…';
 }
 
 QString vonBisMeter(const QString &min, const QString &max, QStringView einheit)

@@ -11,6 +11,7 @@
 
 class Pflanzensatz;
 struct Programm;
+class Namenskaestchen;
 class QLabel;
 
 /* The displays of a record view: one class for each pattern, all with the same few words. An element paints its field from
@@ -31,6 +32,10 @@ public:
     virtual void uebernehmen() {}
     /// Month captions as letters or numbers.
     virtual void monateBeschriften(bool) {}
+    /// What has a size of its own follows the size of the record's type, in points.
+    virtual void schriftgroesse(double) {}
+    /// The box with the whole text, made when a text is first too long for its label; null until then.
+    virtual QWidget *ganzerText() const { return nullptr; }
     const Element &beschreibung() const { return element_; }
 
 protected:
@@ -46,6 +51,7 @@ struct Elementumgebung
     QWidget *form;                                   ///< other elements' controls are found below it
     std::function<void(const QString &)> hinweis;    ///< text for the hint panel
     std::function<void()> geaendert;                 ///< a mouse press in the user's fields, or its equal by keyboard
+    QString gruppe = {};                             ///< heading of the group, for who hears the window
 };
 
 std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const Elementumgebung &umgebung, QWidget *eltern);
@@ -55,7 +61,14 @@ const Werteliste *wertelisteVon(Sparte sparte, const char *feld);
 /// Caption of an element: its own, or where only a caption label is named the field's print label; empty: none.
 QString titelVon(Sparte sparte, const Element &element);
 
+/// Name by which a control of a group is read out: "Blüte, Zeit: Januar".
+QString vorlesename(const QString &gruppe, const QString &titel, const QString &wort = {});
+/// Caption and read-out name of the user's property `i`, counted from 0.
+void eigenschaftBenennen(Namenskaestchen &kaestchen, int i, const QString &name);
+
 /* The texts of the patterns, as pure functions. */
+/// What a label shows of a text: all of it, or the part that somebody can read and "…".
+QString schildtext(const QString &text);
 QString vonBisMeter(const QString &min, const QString &max, QStringView einheit);
 QString vonBisMindest(const QString &min, const QString &max, QStringView einheit, bool leereObergrenzeFehlt);
 QString ausbildungstext(QStringView flags);

@@ -16,9 +16,9 @@ inline constexpr Element ausbildung[] = {
 };
 /// The tab "Benutzer / Ausbildung".
 inline constexpr Gruppe benutzer[] = {
-    {.name = "SSFraBenutzer1", .titel = u"Eigene Bemerkung", .spalte = 0, .elemente = eigeneBemerkung, .wachsend = true},
-    {.name = "SSFraBenutzer2", .titel = u"Eigene Eigenschaften", .spalte = 1, .elemente = eigenschaften},
-    {.name = "ssfraAusbildung", .titel = u"Ausbildung", .spalte = 1, .elemente = ausbildung, .regel = Gruppenregel::Controls},
+    {.name = "SSFraBenutzer1", .titel = u"Eigene Bemerkung", .elemente = eigeneBemerkung, .wachsend = true},
+    {.name = "SSFraBenutzer2", .titel = u"Eigene Eigenschaften", .elemente = eigenschaften},
+    {.name = "ssfraAusbildung", .titel = u"Ausbildung", .elemente = ausbildung, .regel = Gruppenregel::Controls},
 };
 inline constexpr Element herkunftsmarke{.muster = Muster::Herkunftsmarke, .control = "imgBenuAenderung", .feld = "Benu_Aenderung"};
 

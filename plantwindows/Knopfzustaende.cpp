@@ -3,16 +3,16 @@
 namespace {
 
 constexpr Knopfzeile zeilen[] = {
-    {Knopf::First, "cmdFirst", u"Erste Pflanze", u"first", true, true, false},
-    {Knopf::Back, "cmdBack", u"Vorherige Pflanze", u"back", true, true, false},
-    {Knopf::Next, "cmdNext", u"Nächste Pflanze", u"next", true, true, false},
-    {Knopf::Last, "cmdLast", u"Letzte Pflanze", u"last", true, true, false},
+    {Knopf::First, "cmdFirst", u"Erste Pflanze", u"first", true, true, false, "Ctrl+Home"},
+    {Knopf::Back, "cmdBack", u"Vorherige Pflanze", u"back", true, true, false, "Ctrl+PgUp"},
+    {Knopf::Next, "cmdNext", u"Nächste Pflanze", u"next", true, true, false, "Ctrl+PgDown"},
+    {Knopf::Last, "cmdLast", u"Letzte Pflanze", u"last", true, true, false, "Ctrl+End"},
     {Knopf::BotDeu, "cmdBotDeu", u"Umschalten Botanisch/Deutsch", u"botanisc", false, false, true},
     {Knopf::FilterEin, "cmdFilterEin", u"Filter ein/aus", u"filter", true, false, false},
     {Knopf::Filter, "cmdFilter", u"Filter definieren", u"filterb", false, false, false},
     {Knopf::FilterLaden, "cmdFilterLaden", u"Filter laden", u"filterl", false, false, false},
     {Knopf::FilterSpeichern, "cmdFilterSpeichern", u"Filter speichern", u"filters", true, false, false},
-    {Knopf::Druck, "cmdDruck", u"Drucken", u"druck", false, false, false},
+    {Knopf::Druck, "cmdDruck", u"Drucken", u"druck", false, false, false, "Ctrl+P"},
 };
 static_assert(std::size(zeilen) == anzahlKnoepfe);
 

@@ -21,6 +21,7 @@ struct Knopfzeile
     bool kannGrau;     ///< has a greyed picture
     bool navigation;   ///< shows the hourglass while pressed
     bool nurDeutsch;   ///< missing in windows without German order
+    const char *taste = nullptr; ///< shortcut of its action
 };
 
 /// In the order in which they are reset to normal.

@@ -4,6 +4,7 @@
 #include "Elemente.h"
 #include "controls/Geschuetzt.h"
 #include "controls/Sanduhr.h"
+#include "controls/Spalten.h"
 #include "controls/Steuerelemente.h"
 #include "Zentrale.h"
 #include "filters/Filterdialog.h"
@@ -35,7 +36,7 @@ Pflanzenfenster::Pflanzenfenster(Programm &programm, Zentrale &zentrale, const F
     setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(eintrag(beschreibung.sparte).fenster)).arg(nummer));
     setProperty("Tag", QString::number(nummer));
     setWindowTitle(titel());
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(Qt::ClickFocus);
     aufbauen();
 }
 
@@ -157,6 +158,7 @@ void Pflanzenfenster::darstellen()
     } pause(this);
     // First, and both or none: what they show and the record they belong to must never part.
     benutzerfelderZeigen();
+    hinweis(QString()); // what it told of may be another plant's
     lblArtNr_->setText(satz_.artnr() ? QString::number(satz_.artnr()) : QString());
     for (const auto &element : elemente_)
         if (!desBenutzers(*element))
@@ -218,6 +220,11 @@ void Pflanzenfenster::gruppenPruefen()
         }
         rahmen.rahmen->setVisible(sichtbar);
     }
+    for (const Seite &seite : seiten_)
+        seite.leer->setVisible(std::ranges::all_of(seite.gruppen, [](const Karte *karte) { return karte->isHidden(); }));
+    for (const GanzerText &text : ganzeTexte_)
+        if (QWidget *kasten = text.element->ganzerText(); kasten && text.raster->indexOf(kasten) < 0)
+            text.raster->addWidget(kasten, text.zeile, 0, 1, 2);
 }
 
 void Pflanzenfenster::AnzeigeAnzahl()
@@ -235,8 +242,8 @@ void Pflanzenfenster::Monatsbeschriftung()
 void Pflanzenfenster::eigenschaftenBenennen()
 {
     for (int i = 0; i < anzahlEigenschaften; ++i)
-        if (auto *kaestchen = findChild<QCheckBox *>(QStringLiteral("sschkBenutzer_%1").arg(i)))
-            kaestchen->setText(programm_.BenutzerNamen[size_t(sparte())][size_t(i)]);
+        if (auto *kaestchen = findChild<Namenskaestchen *>(QStringLiteral("sschkBenutzer_%1").arg(i)))
+            eigenschaftBenennen(*kaestchen, i, programm_.BenutzerNamen[size_t(sparte())][size_t(i)]);
 }
 
 void Pflanzenfenster::bewegen(Bewegung bewegung)
@@ -309,6 +316,9 @@ void Pflanzenfenster::naviSetzen(Knopf innen, Knopf aussen, bool amEnde)
     for (const Knopf welcher : {innen, aussen}) {
         Bildknopf *button = knopf(welcher);
         const bool unterMaus = ButtonUnterMaus == button->objectName();
+        // Disabled under the focus, Qt would hand it to the next button, and Space pressed once more would press that.
+        if (amEnde && button->hasFocus())
+            cboArten_->setFocus(Qt::OtherFocusReason);
         button->setEnabled(!amEnde);
         knopfMalen(welcher, !amEnde && unterMaus ? Knopfzustand::Hervorgehoben : Knopfzustand::Normal);
     }
@@ -361,8 +371,9 @@ void Pflanzenfenster::knoepfeVerbinden()
             if (zeile.navigation)
                 setCursor(Qt::WaitCursor);
         });
-        connect(button, &Bildknopf::mausLosgelassen, this, [this, &zeile, button] {
-            if (zeile.navigation && !button->underMouse())
+        connect(button, &Bildknopf::mausLosgelassen, this, [this, &zeile, button](bool darauf) {
+            // No click follows that would end it.
+            if (zeile.navigation && !darauf)
                 unsetCursor();
             switch (zeile.knopf) {
             case Knopf::FilterEin: button->setBild(FilterEin ? QStringLiteral("filter") : QStringLiteral("filter_n")); break;
@@ -397,6 +408,13 @@ void Pflanzenfenster::knoepfeVerbinden()
     mitNotizen(Knopf::FilterLaden, &Pflanzenfenster::filterLaden);
     mitNotizen(Knopf::FilterSpeichern, &Pflanzenfenster::filterSpeichern);
     mitNotizen(Knopf::Druck, &Pflanzenfenster::drucken);
+    // Connected last: what a click by key has painted as highlighted is no more so when it is over.
+    for (const Knopfzeile &zeile : knopfzeilen())
+        if (Bildknopf *button = knopf(zeile.knopf))
+            connect(button, &Bildknopf::clicked, this, [this, &zeile, button] {
+                if (!button->vonMaus() && ButtonUnterMaus != button->objectName())
+                    knopfMalen(zeile.knopf, Knopfzustand::Normal);
+            });
 }
 
 void Pflanzenfenster::drucken()
@@ -433,6 +451,7 @@ void Pflanzenfenster::notizGespeichert()
 
 void Pflanzenfenster::hinweis(const QString &text)
 {
+    hinweisende_.stop();
     if (stbAnzeige_[1]->text() != text)
         stbAnzeige_[1]->setText(text);
 }

@@ -7,6 +7,7 @@
 #include "pictures/frmBilder.h"
 
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
 
 #include <array>
@@ -19,10 +20,12 @@ class Filterdialog;
 class Artenmodell;
 class Bildknopf;
 class Bilderstreifen;
+class Karte;
 class QComboBox;
 class QGridLayout;
 class QLabel;
 class QVBoxLayout;
+class Spaltenlayout;
 class Zentrale;
 
 /* The plant window, one for all Sparten: record selector, picture buttons, tabbed record view, status bar. What it shows and
@@ -85,11 +88,14 @@ public:
     Pflanzensatz &satz() { return satz_; }
     /// "Topfpflanzen 1"
     QString titel() const;
+    /// Every button and the status bar can be seen down to this size.
+    QSize minimumSizeHint() const override;
 
 protected:
     void closeEvent(QCloseEvent *ereignis) override;
     void keyPressEvent(QKeyEvent *ereignis) override;
     void focusInEvent(QFocusEvent *ereignis) override;
+    void resizeEvent(QResizeEvent *ereignis) override;
     bool eventFilter(QObject *quelle, QEvent *ereignis) override;
 
 private:
@@ -97,9 +103,10 @@ private:
     QWidget *leisteBauen();
     QWidget *kopfBauen();
     QWidget *reiterBauen(const Reiter &reiter);
-    QWidget *gruppeBauen(const Gruppe &gruppe, QWidget *eltern);
+    Karte *gruppeBauen(const Gruppe &gruppe, QWidget *eltern);
     QWidget *statusBauen();
-    void elementSetzen(const Element &element, QGridLayout &raster, QWidget *eltern);
+    void elementSetzen(const Element &element, QGridLayout &raster, QWidget *eltern, const QString &gruppe = {});
+    void groesseAnpassen();
     void knoepfeVerbinden();
     void gruppenPruefen();
     void aktivMelden();
@@ -165,17 +172,36 @@ private:
         QWidget *rahmen;
         std::vector<Anzeigeelement *> elemente;
     };
+    struct Seite
+    {
+        Spaltenlayout *spalten;
+        std::vector<Karte *> gruppen;
+        Karte *leer; ///< says that there is nothing to say
+    };
+    struct GanzerText
+    {
+        Anzeigeelement *element;
+        QGridLayout *raster;
+        int zeile; ///< row of the grid for the box
+    };
     Anzeigeelement *elementNamens(QStringView control) const;
 
     std::vector<std::unique_ptr<Anzeigeelement>> elemente_;
     std::vector<Titel> titel_;
     std::vector<Rahmen> rahmen_;
+    std::vector<Seite> seiten_;
+    std::vector<GanzerText> ganzeTexte_;
     std::array<Bildknopf *, anzahlKnoepfe> knoepfe_{};
     QComboBox *cboArten_ = nullptr;
     Artenmodell *arten_ = nullptr;
     QLabel *lblArtNr_ = nullptr;
     Bilderstreifen *fraBilder_ = nullptr;
     std::array<QLabel *, 4> stbAnzeige_{};
+    QWidget *fraDaten_ = nullptr, *fraKopf_ = nullptr, *tafel_ = nullptr;
+    std::array<QWidget *, 2> leistenteile_{}; ///< walking and selector; the other buttons
+    int kopfMindesthoehe_ = 0;
+    double schriftstufe_ = 0;
+    QTimer hinweisende_;
     qint64 gezeigt_ = 0; ///< number of the record last shown: the user's fields belong to it
     QString gezeigterName_;
     bool hatKopie_ = false, geschlossen_ = false;

@@ -114,49 +114,37 @@ constexpr const char *schalenregel[] = {"lblSchBeros", "lblReif", "lblSchP"};
 constexpr const char *kelchhoehlenregel[] = {"lblSchKHoeh", "lblSchKelch"};
 
 constexpr Gruppe fruchtReiter[] = {
-    {.name = "fraFrucht", .titel = u"Größe und Form", .spalte = 0, .elemente = frucht, .regel = Gruppenregel::Controls},
-    {.name = "fraReife", .titel = u"Reife", .spalte = 0, .elemente = reife, .regel = Gruppenregel::Controls},
-    {.name = "fraBesonderes", .titel = u"Besonderheiten", .spalte = 1, .elemente = besonderes, .regel = Gruppenregel::Controls,
-     .wachsend = true},
+    {.name = "fraFrucht", .titel = u"Größe und Form", .elemente = frucht, .regel = Gruppenregel::Controls},
+    {.name = "fraFarbe", .titel = u"Farbe", .elemente = farbe, .regel = Gruppenregel::Controls},
+    {.name = "SSFrame4", .titel = u"Schale", .elemente = schale, .regel = Gruppenregel::Controls, .regelcontrols = schalenregel},
+    {.name = "fraGriff", .titel = u"Griff", .elemente = griff, .regel = Gruppenregel::Controls},
+    {.name = "fraReife", .titel = u"Reife", .elemente = reife, .regel = Gruppenregel::Controls},
+    {.name = "fraBesonderes", .titel = u"Besonderheiten", .elemente = besonderes, .regel = Gruppenregel::Controls},
 };
-constexpr Gruppe schalenReiter[] = {
-    {.name = "fraFarbe", .titel = u"Farbe", .spalte = 0, .elemente = farbe, .regel = Gruppenregel::Controls},
-    {.name = "fraGriff", .titel = u"Griff", .spalte = 0, .elemente = griff, .regel = Gruppenregel::Controls},
-    {.name = "SSFrame4", .titel = u"Schale", .spalte = 1, .elemente = schale, .regel = Gruppenregel::Controls,
-     .regelcontrols = schalenregel},
+constexpr Gruppe kelchStielReiter[] = {
+    {.name = "fraKelchgrube", .titel = u"Kelchgrube", .elemente = kelchgrube, .regel = Gruppenregel::Controls},
+    {.name = "fraKelch", .titel = u"Kelch", .elemente = kelch, .regel = Gruppenregel::Controls},
+    {.name = "fraStiel", .titel = u"Stiel", .elemente = stiel, .regel = Gruppenregel::Controls},
+    {.name = "fraStielgrube", .titel = u"Stielgrube", .elemente = stielgrube, .regel = Gruppenregel::Controls},
 };
-constexpr Gruppe kelchReiter[] = {
-    {.name = "fraKelchgrube", .titel = u"Kelchgrube", .spalte = 0, .elemente = kelchgrube, .regel = Gruppenregel::Controls},
-    {.name = "fraKelch", .titel = u"Kelch", .spalte = 1, .elemente = kelch, .regel = Gruppenregel::Controls},
-};
-constexpr Gruppe stielReiter[] = {
-    {.name = "fraStiel", .titel = u"Stiel", .spalte = 0, .elemente = stiel, .regel = Gruppenregel::Controls},
-    {.name = "fraStielgrube", .titel = u"Stielgrube", .spalte = 1, .elemente = stielgrube, .regel = Gruppenregel::Controls},
-};
-constexpr Gruppe kernhausReiter[] = {
-    {.name = "SSFrame9", .titel = u"Kelchhöhle und Kelchröhre", .spalte = 0, .elemente = kelchhoehle, .regel = Gruppenregel::Controls,
+constexpr Gruppe innenReiter[] = {
+    {.name = "SSFrame9", .titel = u"Kelchhöhle und Kelchröhre", .elemente = kelchhoehle, .regel = Gruppenregel::Controls,
      .regelcontrols = kelchhoehlenregel},
-    {.name = "fraKernhaus", .titel = u"Kernhaus", .spalte = 0, .elemente = kernhaus, .regel = Gruppenregel::Controls},
-    {.name = "fraKernwand", .titel = u"Kernhauswand", .spalte = 1, .elemente = kernwand, .regel = Gruppenregel::Controls},
-    {.name = "fraKerne", .titel = u"Kerne", .spalte = 1, .elemente = kerne, .regel = Gruppenregel::Controls},
-};
-constexpr Gruppe fleischReiter[] = {
-    {.name = "fraFleisch", .titel = u"Fruchtfleisch", .spalte = 0, .elemente = fleisch, .regel = Gruppenregel::Controls},
-    {.name = "fraGeschmack", .titel = u"Schale und Geschmack", .spalte = 1, .elemente = geschmack, .regel = Gruppenregel::Controls},
+    {.name = "fraKernhaus", .titel = u"Kernhaus", .elemente = kernhaus, .regel = Gruppenregel::Controls},
+    {.name = "fraKernwand", .titel = u"Kernhauswand", .elemente = kernwand, .regel = Gruppenregel::Controls},
+    {.name = "fraKerne", .titel = u"Kerne", .elemente = kerne, .regel = Gruppenregel::Controls},
+    {.name = "fraFleisch", .titel = u"Fruchtfleisch", .elemente = fleisch, .regel = Gruppenregel::Controls},
+    {.name = "fraGeschmack", .titel = u"Schale und Geschmack", .elemente = geschmack, .regel = Gruppenregel::Controls},
 };
 constexpr Gruppe sonstigesReiter[] = {
-    {.name = "fraLiteratur", .titel = u"Beschrieben in", .spalte = 0, .elemente = literatur},
-    {.name = "fraSorten", .titel = u"Mutanten und Typen", .spalte = 0, .elemente = sorten, .regel = Gruppenregel::Controls,
-     .wachsend = true},
+    {.name = "fraLiteratur", .titel = u"Beschrieben in", .elemente = literatur},
+    {.name = "fraSorten", .titel = u"Mutanten und Typen", .elemente = sorten, .regel = Gruppenregel::Controls},
 };
 
 constexpr Reiter reiter[] = {
     {u"Frucht", fruchtReiter},
-    {u"Schale", schalenReiter},
-    {u"Kelch", kelchReiter},
-    {u"Stiel", stielReiter},
-    {u"Kernhaus", kernhausReiter},
-    {u"Fleisch", fleischReiter},
+    {u"Kelch / Stiel", kelchStielReiter},
+    {u"Kernhaus / Fleisch", innenReiter},
     {u"Sonstiges", sonstigesReiter},
     {u"Benutzer / Ausbildung", gemeinsam::benutzer},
 };

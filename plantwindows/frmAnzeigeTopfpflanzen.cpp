@@ -58,10 +58,10 @@ constexpr Element angebot[] = {
 };
 
 constexpr Gruppe blattBluete[] = {
-    {.name = "Frame3D2", .titel = u"Blüte", .spalte = 0, .elemente = bluete, .regel = Gruppenregel::Feld, .regelfeld = "BLUEHZEIT"},
-    {.name = "Frame3D1", .titel = u"Frucht", .spalte = 0, .elemente = frucht, .regel = Gruppenregel::Feld, .regelfeld = "FRUCHTZEIT"},
-    {.name = "fraBlatt", .titel = u"Blatt und Wuchs", .spalte = 1, .elemente = blatt, .regel = Gruppenregel::Controls},
-    {.name = "fraAngebot", .titel = u"Angebot", .spalte = 1, .elemente = angebot},
+    {.name = "Frame3D2", .titel = u"Blüte", .elemente = bluete, .regel = Gruppenregel::Feld, .regelfeld = "BLUEHZEIT"},
+    {.name = "Frame3D1", .titel = u"Frucht", .elemente = frucht, .regel = Gruppenregel::Feld, .regelfeld = "FRUCHTZEIT"},
+    {.name = "fraBlatt", .titel = u"Blatt und Wuchs", .elemente = blatt, .regel = Gruppenregel::Controls},
+    {.name = "fraAngebot", .titel = u"Angebot", .elemente = angebot},
 };
 
 constexpr Symbol verwendung[] = {
@@ -101,9 +101,9 @@ constexpr Element hydro[] = {
 };
 
 constexpr Gruppe standortVerwendung[] = {
-    {.name = "SSFrame4", .titel = u"Standort", .spalte = 0, .elemente = standort, .loeschtHinweis = true},
-    {.name = "SSFrame3", .titel = u"Verwendung", .spalte = 1, .elemente = verwendungen, .loeschtHinweis = true},
-    {.name = "fraHydro", .titel = u"Hydrokultur", .spalte = 1, .elemente = hydro, .regel = Gruppenregel::Controls},
+    {.name = "SSFrame4", .titel = u"Standort", .elemente = standort, .loeschtHinweis = true},
+    {.name = "SSFrame3", .titel = u"Verwendung", .elemente = verwendungen, .loeschtHinweis = true},
+    {.name = "fraHydro", .titel = u"Hydrokultur", .elemente = hydro, .regel = Gruppenregel::Controls},
 };
 
 constexpr Element sorten[] = {
@@ -115,8 +115,8 @@ constexpr Element bemerkung[] = {
 };
 
 constexpr Gruppe sortenReiter[] = {
-    {.name = "fraSorten", .titel = u"Sorten", .spalte = 0, .elemente = sorten, .wachsend = true},
-    {.name = "SSFrame5", .titel = u"Bemerkung", .spalte = 1, .elemente = bemerkung, .regel = Gruppenregel::Controls, .wachsend = true},
+    {.name = "fraSorten", .titel = u"Sorten", .elemente = sorten},
+    {.name = "SSFrame5", .titel = u"Bemerkung", .elemente = bemerkung, .regel = Gruppenregel::Controls},
 };
 
 constexpr Element schaden[] = {
@@ -130,8 +130,8 @@ constexpr Element pflege[] = {
 };
 
 constexpr Gruppe krankheitenPflege[] = {
-    {.name = "fraKrank", .titel = u"Krankheiten und Schädlinge", .spalte = 0, .elemente = schaden, .wachsend = true},
-    {.name = "fraPflege", .titel = u"Düngung", .spalte = 1, .elemente = pflege, .regel = Gruppenregel::Controls},
+    {.name = "fraKrank", .titel = u"Krankheiten und Schädlinge", .elemente = schaden},
+    {.name = "fraPflege", .titel = u"Düngung", .elemente = pflege, .regel = Gruppenregel::Controls},
 };
 
 constexpr Reiter reiter[] = {

@@ -31,6 +31,7 @@ struct Programm
     long MdiLinks = 0;               ///< twips
     long MdiOben = 0;                ///< twips
     long MdiStatus = 2;              ///< 0 normal, 1 minimised, 2 maximised
+    QString PflanzenfensterMass = QStringLiteral("0 0 0"); ///< width and height of plant windows in twips, 0: not set; 2: maximised
     int MonatsDarstellung = 1;       ///< 0: month numbers, otherwise letters
     bool OriginalGroesse = true;
     std::array<bool, 3> HinweisAus{}; ///< entries 1 and 2 are used

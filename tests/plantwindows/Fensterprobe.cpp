@@ -96,7 +96,7 @@ QString Fensterprobe::text(const QString &name)
     QWidget *control = finde(name);
     if (auto *schild = qobject_cast<QLabel *>(control))
         return schild->text();
-    return qobject_cast<QPlainTextEdit *>(control)->toPlainText();
+    return control->property("plainText").toString();
 }
 
 void Fensterprobe::reiterVon(const QString &name)

@@ -180,8 +180,8 @@ void TestElemente::falscheBeschreibungen()
     static constexpr const char *regelcontrols[] = {"lblBotName", "lblGibtsnicht"};
     const QByteArray name = rahmen.toLatin1();
     const std::span<const Element> inhalt(elemente.constData(), size_t(elemente.size()));
-    Gruppe gruppen[] = {{.name = name.constData(), .titel = u"", .spalte = 0, .elemente = inhalt},
-                        {.name = "fraDoppelt", .titel = u"", .spalte = 1, .elemente = {}}};
+    Gruppe gruppen[] = {{.name = name.constData(), .titel = u"", .elemente = inhalt},
+                        {.name = "fraDoppelt", .titel = u"", .elemente = {}}};
     if (rahmen == u"fraRegelfeld") {
         gruppen[0].regel = Gruppenregel::Feld;
         gruppen[0].regelfeld = "GIBTSNICHT";
