@@ -195,8 +195,8 @@ void Filterdialog::cmdAbbruch_Click()
 void Filterdialog::Form_Activate()
 {
     for (int i = 0; i < anzahlEigenschaften; ++i)
-        if (auto *kaestchen = findChild<QCheckBox *>(QStringLiteral("sschkBenutzer_%1").arg(i)))
-            kaestchen->setText(programm_.BenutzerNamen[size_t(beschreibung_.sparte)][size_t(i)]);
+        if (auto *kaestchen = findChild<Namenskaestchen *>(QStringLiteral("sschkBenutzer_%1").arg(i)))
+            kaestchen->setName(programm_.BenutzerNamen[size_t(beschreibung_.sparte)][size_t(i)]);
     Monatsbeschriftung();
     if (auto *chkOhneBild = findChild<QCheckBox *>(QStringLiteral("chkOhneBild"))) {
         chkOhneBild->setVisible(programm_.HausModus);

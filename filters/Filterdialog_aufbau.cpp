@@ -213,7 +213,10 @@ QWidget *Filterdialog::elementBauen(const Kriterium &kriterium, const Steuerteil
     };
     switch (steuerteil.art) {
     case Steuerung::Kaestchen: {
-        auto *kaestchen = new QCheckBox(beschriftung(kriterium, steuerteil, i), eltern);
+        const QString text = beschriftung(kriterium, steuerteil, i);
+        // A name of the user's may hold anything and be of any length.
+        const bool eigen = steuerteil.worte.empty() && !wertelisteVon(beschreibung_, kriterium);
+        QCheckBox *kaestchen = eigen ? new Namenskaestchen(text, eltern) : new QCheckBox(text, eltern);
         connect(kaestchen, &QCheckBox::toggled, this, [this] { zaehlen(); });
         return kaestchen;
     }
