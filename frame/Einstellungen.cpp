@@ -16,6 +16,7 @@ constexpr Einstellung tabelle[] = {
     {"MDI", "Links", &Programm::MdiLinks, "0"},
     {"MDI", "Oben", &Programm::MdiOben, "0"},
     {"MDI", "Status", &Programm::MdiStatus, "2"},
+    {"MDI", "Pflanzenfenster", &Programm::PflanzenfensterMass, "0 0 0"},
     {"Pfade", "FLOX-Verz", &Programm::ProgrammPfad, ""},
     {"Pfade", "Mulko-Verz", &Programm::MulkoPfad, ""},
     {"Pfade", "FLOX-DEMO-Bilder-Verz", &Programm::BilderPfad, ""},
@@ -68,7 +69,7 @@ void uebernehmen(Programm &programm, const Einstellung &zeile, const QString &te
 
 bool istPfadOderVersion(const Einstellung &zeile)
 {
-    return std::holds_alternative<QString Programm::*>(zeile.ziel);
+    return qstrcmp(zeile.schluessel, "Pfade") == 0 || qstrcmp(zeile.schluessel, "Version") == 0;
 }
 
 QString mitStrich(const QString &pfad)

@@ -2,6 +2,13 @@
 
 #include <QMdiSubWindow>
 #include <QPainter>
+#include <QScopedValueRollback>
+
+namespace {
+
+constexpr QSize groesstes(1440, 960); ///< pixels: a first window on a large screen
+
+} // namespace
 
 Flaeche::Flaeche(QWidget *eltern) : QMdiArea(eltern)
 {
@@ -17,21 +24,59 @@ void Flaeche::setBild(const QPixmap &bild)
     viewport()->update();
 }
 
-void Flaeche::fensterZeigen(QWidget *form)
+void Flaeche::fensterZeigen(QWidget *form, QSize mass, bool maximiert)
 {
     const auto schon = subWindowList();
+    const QScopedValueRollback eigene(selbst_, true);
     auto *unterfenster = addSubWindow(form);
     unterfenster->setAttribute(Qt::WA_DeleteOnClose);
     unterfenster->setWindowIcon(form->window()->windowIcon());
-    const QSize platz = viewport()->size();
+    unterfenster->installEventFilter(this);
+    connect(unterfenster, &QObject::destroyed, this, [this, unterfenster] { lagen_.remove(unterfenster); });
+    connect(unterfenster, &QMdiSubWindow::windowStateChanged, this, [this, unterfenster](Qt::WindowStates vorher, Qt::WindowStates jetzt) {
+        if (!selbst_ && ((vorher ^ jetzt) & Qt::WindowMaximized))
+            emit fenstermass({}, jetzt & Qt::WindowMaximized);
+    });
     // The first window uses the place there is; further ones step aside so that all can be seen.
-    const int versatz = 28 * int(schon.size() % 8);
-    unterfenster->setGeometry(versatz, versatz, qMax(640, qMin(1180, platz.width() - versatz)), qMax(440, qMin(760, platz.height() - versatz)));
-    unterfenster->show();
+    Lage &lage = lagen_[unterfenster] = {28 * int(schon.size() % 8), mass.isEmpty() ? groesstes : mass, {}};
+    einpassen(unterfenster, lage);
+    maximiert ? unterfenster->showMaximized() : unterfenster->show();
+}
+
+void Flaeche::einpassen(QMdiSubWindow *fenster, Lage &lage)
+{
+    const QSize platz = viewport()->size() - QSize(lage.versatz, lage.versatz);
+    fenster->setGeometry(QRect(QPoint(lage.versatz, lage.versatz), lage.mass.boundedTo(platz)));
+    lage.gesetzt = fenster->geometry();
+}
+
+void Flaeche::resizeEvent(QResizeEvent *ereignis)
+{
+    QMdiArea::resizeEvent(ereignis);
+    const QScopedValueRollback eigene(selbst_, true);
+    for (auto i = lagen_.begin(); i != lagen_.end(); ++i)
+        if (!i.key()->isMaximized() && !i.key()->isMinimized() && i.key()->geometry() == i->gesetzt)
+            einpassen(i.key(), *i);
+}
+
+bool Flaeche::eventFilter(QObject *quelle, QEvent *ereignis)
+{
+    if (ereignis->type() == QEvent::Resize && !selbst_)
+        if (auto *fenster = qobject_cast<QMdiSubWindow *>(quelle); fenster && fenster->isVisible() && !fenster->isMaximized() && !fenster->isMinimized()
+            && fenster->geometry() != lagen_.value(fenster).gesetzt)
+            emit fenstermass(fenster->size(), false);
+    return QMdiArea::eventFilter(quelle, ereignis);
+}
+
+void Flaeche::ueberlappen()
+{
+    const QScopedValueRollback eigene(selbst_, true);
+    cascadeSubWindows();
 }
 
 void Flaeche::anordnen(Qt::Orientation richtung)
 {
+    const QScopedValueRollback eigene(selbst_, true);
     QList<QMdiSubWindow *> fenster;
     for (QMdiSubWindow *eines : subWindowList())
         if (eines->isVisible() && !eines->isMinimized())

@@ -31,7 +31,7 @@ constexpr Menuezeile zeilen[] = {
     {2, "mnuDateiDBLadenOriginal", u"Original-Datenbanken laden", false},
     {2, "mnuDateiDBLadenBenutzer", u"vom Benutzer geänderte Datenbanken laden", false},
     {1, "mnuTrennstrich2", u"", false},
-    {1, "mnuprogbeenden", u"&Beenden", false, Beenden},
+    {1, "mnuprogbeenden", u"&Beenden", false, Beenden, {}, -1, "Ctrl+Q"},
     {0, "mnuZusatzprogs", u"Zusatzprogramme", true},
     {1, "mnuMulko", u"Mulko", true},
     {2, "mnuMulkoInstall", u"Mulko installieren", false},
@@ -95,6 +95,8 @@ void menueBauen(QMenuBar &leiste, QWidget *fenster, std::function<void(const Men
         }
         auto *eintrag = new QAction(zeile.text.toString(), fenster);
         eintrag->setObjectName(QString::fromLatin1(zeile.name));
+        if (zeile.taste)
+            eintrag->setShortcut(QKeySequence(QString::fromLatin1(zeile.taste)));
         eintrag->setSeparator(zeile.text.isEmpty());
         eintrag->setEnabled(zeile.text.isEmpty() || zeile.befehl != Befehl::Keiner);
         offen.back()->addAction(eintrag);

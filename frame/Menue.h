@@ -35,6 +35,7 @@ struct Menuezeile
     Befehl befehl = Befehl::Keiner;
     std::span<const Sparte> sparten = {};
     int beruf = -1;   ///< position in AzubiAuswahl
+    const char *taste = nullptr; ///< shortcut, shown beside the text
 };
 
 std::span<const Menuezeile> menuezeilen();

@@ -5,8 +5,8 @@
 #include "controls/Steuerelemente.h"
 #include "store/Programm.h"
 
-#include <QEvent>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -112,4 +112,19 @@ void frmDBWahl::changeEvent(QEvent *ereignis)
         warAktiv_ = true;
     else if (warAktiv_ && isVisible() && !entschieden_)
         close();
+}
+
+void frmDBWahl::keyPressEvent(QKeyEvent *ereignis)
+{
+    auto *knopf = qobject_cast<QAbstractButton *>(focusWidget());
+    switch (ereignis->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        // A choice ends this window: nothing of it may be touched after the click.
+        if (knopf && !ereignis->isAutoRepeat())
+            knopf->click();
+        return;
+    case Qt::Key_Escape: close(); return;
+    default: QWidget::keyPressEvent(ereignis);
+    }
 }

@@ -22,6 +22,8 @@ signals:
 
 protected:
     void changeEvent(QEvent *ereignis) override;
+    /// Enter chooses what has the focus, Esc goes without a choice.
+    void keyPressEvent(QKeyEvent *ereignis) override;
 
 private:
     bool warAktiv_ = false;

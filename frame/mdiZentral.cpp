@@ -17,6 +17,7 @@
 #include "plantwindows/Pflanzenfenster.h"
 #include "store/Benutzernamen.h"
 #include "store/Pfade.h"
+#include "store/Text.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -36,6 +37,38 @@
 
 #include <algorithm>
 
+namespace {
+
+/// Size and state of plant windows; an empty size is none.
+struct Fenstermass
+{
+    QSize groesse; ///< pixels
+    bool maximiert = false;
+};
+
+constexpr int twips = 15; // to the pixel
+constexpr int zustandMaximiert = 2;
+constexpr int groesstesMass = 16384; // pixels: more than any screen shows
+
+/// Width, height and state as they are stored: twips and the number of the state, parted by blanks. What is no such text is no size.
+Fenstermass fenstermassVon(const QString &text)
+{
+    const QStringList teile = text.split(u' ', Qt::SkipEmptyParts);
+    if (teile.size() != 3)
+        return {};
+    const auto zahl = [](const QString &teil) { return zahlLesen(teil).value_or(0); };
+    const auto masse = [&](const QString &teil) { return int(std::clamp(zahl(teil) / twips, 0.0, double(groesstesMass))); };
+    return {QSize(masse(teile[0]), masse(teile[1])), zahl(teile[2]) == zustandMaximiert};
+}
+
+QString fenstermasstext(const Fenstermass &mass)
+{
+    const QSize groesse = mass.groesse.isEmpty() ? QSize(0, 0) : mass.groesse;
+    return QStringLiteral("%1 %2 %3").arg(groesse.width() * twips).arg(groesse.height() * twips).arg(mass.maximiert ? zustandMaximiert : 0);
+}
+
+} // namespace
+
 mdiZentral::mdiZentral(Programm &programm) : programm_(programm), flaeche_(new Flaeche(this))
 {
     setObjectName(QStringLiteral("mdiZentral"));
@@ -52,6 +85,10 @@ mdiZentral::mdiZentral(Programm &programm) : programm_(programm), flaeche_(new F
     connect(flaeche_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *unterfenster) {
         if (auto *form = unterfenster ? qobject_cast<Pflanzenfenster *>(unterfenster->widget()) : nullptr)
             geschuetztAusfuehren(this, [form] { form->Form_Activate(); });
+    });
+    connect(flaeche_, &Flaeche::fenstermass, this, [this](QSize normal, bool maximiert) {
+        const QSize bekannt = fenstermassVon(programm_.PflanzenfensterMass).groesse;
+        programm_.PflanzenfensterMass = fenstermasstext({normal.isEmpty() ? bekannt : normal, maximiert});
     });
     timResize_.setObjectName(QStringLiteral("timResize"));
     timResize_.setInterval(250);
@@ -130,7 +167,6 @@ void mdiZentral::geometrieMerken()
         return;
     // What nobody changed stays as it was stored, also where the window could not take it.
     const auto merken = [](long &ziel, int neu, int angewandt) {
-        constexpr long twips = 15;
         if (neu != angewandt)
             ziel = neu * twips;
     };
@@ -224,7 +260,8 @@ void mdiZentral::FensterOeffnen(Sparte sparte)
         programm_.AktiveSparte.clear();
         throw;
     }
-    flaeche_->fensterZeigen(form);
+    const Fenstermass mass = fenstermassVon(programm_.PflanzenfensterMass);
+    flaeche_->fensterZeigen(form, mass.groesse, mass.maximiert);
     tabelle(sparte).platz(nummer).filter = form->filterdialog();
     // Opened beside a dialog of its Sparte, it is locked like the others.
     fensterBedienbar(sparte, !dialogOffen(sparte));
@@ -420,7 +457,7 @@ void mdiZentral::befehl(const Menuezeile &zeile)
     case Befehl::Keiner: break;
     case Befehl::Oeffnen: FensterOeffnen(zeile.sparten[0]); break;
     case Befehl::Ausbildung: ausbildung(zeile); break;
-    case Befehl::Ueberlappend: flaeche_->cascadeSubWindows(); break;
+    case Befehl::Ueberlappend: flaeche_->ueberlappen(); break;
     case Befehl::Nebeneinander: flaeche_->anordnen(Qt::Horizontal); break;
     case Befehl::Untereinander: flaeche_->anordnen(Qt::Vertical); break;
     case Befehl::Beenden: close(); break;

@@ -31,6 +31,7 @@ constexpr Zeile zeilen[] = {
     {"MDI", "Links", "0", "-150"},
     {"MDI", "Oben", "0", "300"},
     {"MDI", "Status", "2", "0"},
+    {"MDI", "Pflanzenfenster", "0 0 0", "17700 11400 2"},
     {"Pfade", "FLOX-Verz", "", "C:\\Flox"},
     {"Pfade", "Mulko-Verz", "", "C:\\Mulko\\"},
     {"Pfade", "FLOX-DEMO-Bilder-Verz", "", "D:\\Bilder"},
