@@ -17,6 +17,15 @@ Flaeche::Flaeche(QWidget *eltern) : QMdiArea(eltern)
     setBackground(palette().color(QPalette::Window).darker(104));
 }
 
+Flaeche::~Flaeche()
+{
+    // The windows go after this; what they report then must not reach it.
+    for (auto i = lagen_.cbegin(); i != lagen_.cend(); ++i) {
+        i.key()->removeEventFilter(this);
+        i.key()->disconnect(this);
+    }
+}
+
 void Flaeche::setBild(const QPixmap &bild)
 {
     bild_ = bild;

@@ -13,6 +13,7 @@ class Flaeche : public QMdiArea
 
 public:
     explicit Flaeche(QWidget *eltern);
+    ~Flaeche() override;
 
     bool hatBild() const { return !bild_.isNull(); }
     /// The picture fills the area and keeps its proportions.

@@ -224,6 +224,7 @@ QWidget *Pflanzenfenster::leisteBauen()
             continue;
         auto *button = new Bildknopf(zeile.hinweis.toString(), leiste->parentWidget());
         button->setObjectName(QString::fromLatin1(zeile.name));
+        button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed); // a little smaller in the narrowest window
         leiste->addWidget(button);
         knoepfe_[size_t(zeile.knopf)] = button;
         knopfMalen(zeile.knopf, Knopfzustand::Normal);
