@@ -366,8 +366,8 @@ public:
     }
 
     QWidget *widget() const override { return kasten_; }
-    bool veraendert() const override { return kasten_->toPlainText() != gezeigt_; }
-    void uebernehmen() override { gezeigt_ = kasten_->toPlainText(); }
+    bool veraendert() const override { return kasten_->text() != gezeigt_; }
+    void uebernehmen() override { gezeigt_ = kasten_->text(); }
 
     void zeigen(Pflanzensatz &satz) override
     {
