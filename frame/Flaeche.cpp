@@ -17,15 +17,6 @@ Flaeche::Flaeche(QWidget *eltern) : QMdiArea(eltern)
     setBackground(palette().color(QPalette::Window).darker(104));
 }
 
-Flaeche::~Flaeche()
-{
-    // The windows go after this; what they report then must not reach it.
-    for (auto i = lagen_.cbegin(); i != lagen_.cend(); ++i) {
-        i.key()->removeEventFilter(this);
-        i.key()->disconnect(this);
-    }
-}
-
 void Flaeche::setBild(const QPixmap &bild)
 {
     bild_ = bild;
@@ -41,8 +32,8 @@ void Flaeche::fensterZeigen(QWidget *form, QSize mass, bool maximiert)
     unterfenster->setAttribute(Qt::WA_DeleteOnClose);
     unterfenster->setWindowIcon(form->window()->windowIcon());
     unterfenster->installEventFilter(this);
-    connect(unterfenster, &QObject::destroyed, this, [this, unterfenster] { lagen_.remove(unterfenster); });
-    connect(unterfenster, &QMdiSubWindow::windowStateChanged, this, [this, unterfenster](Qt::WindowStates vorher, Qt::WindowStates jetzt) {
+    connect(unterfenster, &QObject::destroyed, &kontext_, [this, unterfenster] { lagen_.remove(unterfenster); });
+    connect(unterfenster, &QMdiSubWindow::windowStateChanged, &kontext_, [this, unterfenster](Qt::WindowStates vorher, Qt::WindowStates jetzt) {
         if (!selbst_ && ((vorher ^ jetzt) & Qt::WindowMaximized))
             emit fenstermass({}, jetzt & Qt::WindowMaximized);
     });

@@ -13,7 +13,6 @@ class Flaeche : public QMdiArea
 
 public:
     explicit Flaeche(QWidget *eltern);
-    ~Flaeche() override;
 
     bool hatBild() const { return !bild_.isNull(); }
     /// The picture fills the area and keeps its proportions.
@@ -47,4 +46,5 @@ private:
     QHash<QMdiSubWindow *, Lage> lagen_;
     bool selbst_ = false; ///< a change of size is the program's own
     QPixmap bild_, gemalt_;
+    QObject kontext_; ///< the windows outlive the members above; with this, gone first, they no longer report to them
 };
