@@ -140,7 +140,7 @@ signals:
     void mausBewegt();
     void mausGedrueckt();
     /// Released; `darauf`: still on the button, so that a click follows.
-    void mausLosgelassen(bool darauf);
+    void mausLosgelassen(bool darauf = true);
     void mausVerlassen();
 
 protected:
