@@ -34,6 +34,7 @@ constexpr int abstand = 10;
 constexpr int streifenbreite = 176; // pixels: preview strip
 constexpr int streifenAb = 640;     // pixels: width of a window from which it has room for the strip
 constexpr int kleinsteHoehe = 120;  // pixels: bar, status bar and a strip of the record
+constexpr int namensbreite = 190;   // pixels: the names of the head before the record scrolls sideways
 constexpr int kopfhoehe = 104;      // pixels: record head at the usual size of type
 constexpr int seitenhoehe = 130;    // pixels: what is left of a page before the record as a whole scrolls
 constexpr int spaltenbreite = 330;  // pixels: a column of groups at the usual size of type
@@ -272,6 +273,7 @@ QWidget *Pflanzenfenster::kopfBauen()
     rolle->setWidgetResizable(true);
     rolle->setFrameShape(QFrame::NoFrame);
     rolle->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    rolle->setMinimumWidth(namensbreite);
     rolle->setFocusPolicy(Qt::NoFocus);
     anordnung->addWidget(rolle, 1);
 
