@@ -21,6 +21,7 @@ constexpr Einstellung tabelle[] = {
     {"Pfade", "Mulko-Verz", &Programm::MulkoPfad, ""},
     {"Pfade", "FLOX-DEMO-Bilder-Verz", &Programm::BilderPfad, ""},
     {"Pfade", "FLOX-Editor-Verz", &Programm::EditorPfad, ""},
+    {"Pfade", "FLOX-Druck-Verz", &Programm::DruckOrdner, ""},
     {"Bilder", "BilderaufCD", &Programm::BilderAufCD, "False"},
     {"Bilder", "LokaleVorschauBilder", &Programm::LokaleVorschauBilder, "False"},
     {"Bilder", "BilderFormGroesseX", &Programm::BilderFormBreite, "10110"},
@@ -94,6 +95,7 @@ void pfadeLesen(Programm &programm)
     programm.BilderPfad = RegWertOderVorgabe(eigene, bilderVerz, programm.BilderPfad);
     programm.EditorPfad = RegWertOderVorgabe(eigene, editorVerz, editor);
     programm.MulkoPfad = RegWertOderVorgabe(eigene, mulkoVerz, mulko);
+    programm.DruckOrdner = RegWertOderVorgabe(eigene, QStringLiteral("FLOX-Druck-Verz"), {});
 }
 
 void hinweiseLesen(Programm &programm)

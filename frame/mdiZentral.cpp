@@ -21,6 +21,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QImage>
@@ -436,6 +437,8 @@ void mdiZentral::drucken()
                             .FilterEin = aktives->FilterEin, .FilterGesetzt = aktives->FilterGesetzt};
     }, drucker, this);
     form.exec();
+    if (!form.gespeichert().isEmpty())
+        statusBar()->showMessage(QStringLiteral("Gespeichert: %1").arg(QDir::toNativeSeparators(form.gespeichert())), meldungsdauer);
 }
 
 void mdiZentral::pflanzeGewechselt(Sparte sparte, int nummer)

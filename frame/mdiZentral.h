@@ -86,4 +86,5 @@ private:
     bool geladen_ = false;
     int groessenZaehler_ = 0;
     static constexpr int jpegGuete = 100;
+    static constexpr int meldungsdauer = 10000; ///< milliseconds
 };

@@ -21,12 +21,18 @@ constexpr double spaltenabstand = 2;
 constexpr double kleinsteBreite = 10;
 constexpr double kopfhoehe = 20;
 constexpr double ersteZeile = 25;       // below the head
+constexpr double fussluecke = 5;        // between the foot's text and the number of the page
 constexpr double fussabstand = 25;      // foot rule to the end of ScaleHeight
 
 // Lines of a page.
 constexpr int eintragZeilen = 64;       // an entry begins on a page with no more lines than these
 constexpr int textZeilen = 65;          // a line within a text
 constexpr int listenZeilen = 68;
+
+/// Characters by which a text without a label is named.
+constexpr qsizetype namensanfang = 30;
+/// Plants between two reports of how far a list is.
+constexpr qsizetype meldeschritt = 64;
 
 /// Longer than any line: such a text need not be measured as a whole.
 constexpr qsizetype nieEineZeile = 1000;
@@ -136,8 +142,10 @@ bool Druck::umbrechen(const QString &text, const QString &label, double hoechste
     TextUmbrechen(text, hoechstens);
     if (text.trimmed().isEmpty())
         DruckZeilenAnzahl = 0;
-    if (abgeschnitten_ && !gekuerzt_)
-        gekuerzt_ = label;
+    if (abgeschnitten_) {
+        gekuerzt_ += label.isEmpty() ? text.left(10 * namensanfang).simplified().left(namensanfang).trimmed() + QStringLiteral(" ...") : label;
+        gekuerzt_.removeDuplicates(); // a sheet may print a field twice
+    }
     return DruckZeilenAnzahl > 0;
 }
 
@@ -167,7 +175,9 @@ void Druck::DruckFuss()
     drucker_.line(0, drucker_.CurrentY, programm_.SeitenBreite, drucker_.CurrentY);
     drucker_.CurrentY += 2;
     drucker_.CurrentX = 50;
-    drucker_.Print(QStringLiteral("Ausdruck von Flox %1  -  \u00A9 FH Lindenhof").arg(programm_.ProgrammVersion));
+    drucker_.PrintAnfang(QStringLiteral("Ausdruck von Flox %1  -  \u00A9 FH Lindenhof").arg(programm_.ProgrammVersion));
+    drucker_.CurrentX += fussluecke;
+    drucker_.PrintSeitenzahl(programm_.SeitenBreite, fussname_);
 }
 
 void Druck::seiteWechseln(double scaleLeft, double y)
@@ -207,12 +217,14 @@ bool Druck::DruckAktuellePflanze()
     drucker_.ScaleLeft = -wertspalte;
     drucker_.CurrentY = ersteZeile;
     const std::vector<Spalte> &spalten = schema::spaltenVon(sparte_.haupttabelle);
-    if (auftrag_.pflanzen && auftrag_.pflanzen->AbsolutePosition() >= 0)
+    if (auftrag_.pflanzen && auftrag_.pflanzen->AbsolutePosition() >= 0) {
+        fussname_ = wert("BOT_NAME");
         for (const short code : beschreibung_->liste->folge) {
             if (drucker_.genug())
                 break;
             feld(spalten[size_t(code)]);
         }
+    }
     DruckFuss();
     return true;
 }
@@ -349,8 +361,11 @@ bool Druck::DruckGefilterteListe()
         Recordset &pflanzen = *auftrag_.pflanzen;
         const qsizetype anzahl = qsizetype(pflanzen.Schluesselfolge().size());
         listenZaehler_ = 0;
-        for (qsizetype i = 0; i < anzahl && !drucker_.genug(); ++i)
+        for (qsizetype i = 0; i < anzahl && !drucker_.genug(); ++i) {
+            if (fortschritt && i % meldeschritt == 0)
+                fortschritt(i, anzahl);
             pflanze(pflanzen.textBei(i, u"BOT_NAME"), pflanzen.textBei(i, u"DTNAM"));
+        }
     }
     DruckFuss();
     return true;

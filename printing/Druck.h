@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DruckFeld.h"
+#include "Druckfortschritt.h"
 #include "Printer.h"
 #include "filters/Filterzustand.h"
 #include "store/Recordset.h"
@@ -34,8 +35,10 @@ public:
     /// The criteria of the filter, then the names of all plants.
     bool DruckGefilterteListe();
 
-    /// Label of the first text that was longer than DruckZeilen can hold and was cut; nothing while there was none.
-    const std::optional<QString> &gekuerzt() const { return gekuerzt_; }
+    /// Labels of the texts that were longer than DruckZeilen can hold and were cut; a text without one is named by its beginning.
+    const QStringList &gekuerzt() const { return gekuerzt_; }
+    /// Told of the plants of a list while they are laid out.
+    Druckfortschritt fortschritt;
 
     /// Fills DruckZeilen with the text in the printer's font, broken at blanks and line ends: `hoechstens` millimetres wide, and
     /// from CurrentX never beyond the right end of the rules (but 10 mm at least). What has no place is cut with " ...".
@@ -79,7 +82,8 @@ private:
     const SpartenEintrag &sparte_;
     const Druckbeschreibung *beschreibung_;
     Wortquelle worte_;
-    std::optional<QString> gekuerzt_;
+    QStringList gekuerzt_;
+    QString fussname_;           ///< plant that the foot names
     int listenZaehler_ = 0;      ///< lines of plants on the page; the criteria above them do not count
     bool abgeschnitten_ = false; ///< the last text had more lines than there are places
 };

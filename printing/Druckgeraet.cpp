@@ -28,12 +28,14 @@ QString freierName(const QString &ordner)
 
 } // namespace
 
-bool seitenMalen(const Druckseiten &seiten, QPagedPaintDevice &geraet)
+bool seitenMalen(const Druckseiten &seiten, QPagedPaintDevice &geraet, const Druckfortschritt &fortschritt)
 {
     QPainter maler;
     if (!maler.begin(&geraet))
         return false;
     for (size_t i = 0; i < seiten.seiten.size(); ++i) {
+        if (fortschritt)
+            fortschritt(qsizetype(i), qsizetype(seiten.seiten.size()));
         if (i > 0 && !geraet.newPage())
             return false;
         seiteMalen(maler, seiten.seiten[i], geraet.logicalDpiX() / mmProZoll);
@@ -47,7 +49,8 @@ QString dateiordner()
     return QFileInfo(dokumente).isDir() ? dokumente : QDir::homePath();
 }
 
-void pdfSchreiben(const Druckseiten &seiten, const QPageLayout &blatt, const QString &titel, const QString &datei)
+void pdfSchreiben(const Druckseiten &seiten, const QPageLayout &blatt, const QString &titel, const QString &datei,
+                  const Druckfortschritt &fortschritt)
 {
     // The writer does not tell of a full disk: it writes to memory, and the file is written whole or not at all.
     QByteArray inhalt;
@@ -59,7 +62,7 @@ void pdfSchreiben(const Druckseiten &seiten, const QPageLayout &blatt, const QSt
         pdf.setPageLayout(blatt);
         pdf.setTitle(titel);
         pdf.setCreator(QStringLiteral("Flox"));
-        if (!seitenMalen(seiten, pdf))
+        if (!seitenMalen(seiten, pdf, fortschritt))
             throw Geraetefehler();
     }
     schreibeSicher(datei, inhalt);
@@ -141,16 +144,21 @@ bool Systemdrucker::einrichten(QWidget *eltern)
     return true;
 }
 
-void Systemdrucker::drucken(const Druckseiten &seiten, const QString &titel, const QString &datei)
+void Systemdrucker::drucken(const Druckseiten &seiten, const QString &titel, const QString &datei, const Druckfortschritt &fortschritt)
 {
     if (schreibtDatei()) {
-        pdfSchreiben(seiten, blatt(), titel, datei);
+        pdfSchreiben(seiten, blatt(), titel, datei, fortschritt);
         return;
     }
     drucker_->setDocName(titel);
     drucker_->setCreator(QStringLiteral("Flox"));
-    if (!seitenMalen(seiten, *drucker_)) {
-        drucker_->abort(); // half a printout is none
-        throw Geraetefehler();
+    try {
+        if (seitenMalen(seiten, *drucker_, fortschritt))
+            return;
+    } catch (const Druckabbruch &) {
+        drucker_->abort();
+        throw;
     }
+    drucker_->abort(); // half a printout is none
+    throw Geraetefehler();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Druckfortschritt.h"
 #include "Druckseiten.h"
 #include "store/Fehler.h"
 
@@ -38,8 +39,9 @@ public:
     virtual QString datei() const { return {}; }
     /// The set-up dialog; false when it was cancelled.
     virtual bool einrichten(QWidget *eltern) = 0;
-    /// Prints all pages. Throws Geraetefehler, or Fehler where a file cannot be written; the old file is kept then.
-    virtual void drucken(const Druckseiten &seiten, const QString &titel, const QString &datei) = 0;
+    /// Prints all pages and tells of each. Throws Geraetefehler, or Fehler where a file cannot be written; the old file is kept
+    /// then. Cancelled by `fortschritt` it leaves no file; a printer may have taken the pages before.
+    virtual void drucken(const Druckseiten &seiten, const QString &titel, const QString &datei, const Druckfortschritt &fortschritt) = 0;
 };
 
 /// The system's printer, or a PDF file where none is installed.
@@ -54,7 +56,7 @@ public:
     bool schreibtDatei() const override;
     QString datei() const override;
     bool einrichten(QWidget *eltern) override;
-    void drucken(const Druckseiten &seiten, const QString &titel, const QString &datei) override;
+    void drucken(const Druckseiten &seiten, const QString &titel, const QString &datei, const Druckfortschritt &fortschritt) override;
 
 private:
     void raenderAnpassen();
@@ -64,8 +66,9 @@ private:
 };
 
 /// Paints all pages on a device at its own resolution; false, with part of them painted, when it fails.
-bool seitenMalen(const Druckseiten &seiten, QPagedPaintDevice &geraet);
+bool seitenMalen(const Druckseiten &seiten, QPagedPaintDevice &geraet, const Druckfortschritt &fortschritt = {});
 /// Folder that files are offered in first: the user's documents.
 QString dateiordner();
 /// Writes the pages as a PDF file. Throws Fehler, with an old file kept, where it cannot be written.
-void pdfSchreiben(const Druckseiten &seiten, const QPageLayout &blatt, const QString &titel, const QString &datei);
+void pdfSchreiben(const Druckseiten &seiten, const QPageLayout &blatt, const QString &titel, const QString &datei,
+                  const Druckfortschritt &fortschritt = {});

@@ -34,6 +34,10 @@ public:
     void PrintAnfang(const QString &text);
     /// Writes the text and ends the line: the point moves to x = 0, one line down.
     void Print(const QString &text);
+    /// Ends the present line at `rechts` with `davor` and "Seite 2 von 3": what stands before the number is shortened to the room
+    /// there is behind the point, and where not even the number has room nothing is written. It comes at EndDoc, which knows the
+    /// number of pages; it does not tell it when there are more than are needed.
+    void PrintSeitenzahl(double rechts, const QString &davor);
     /// Begins a page; the point moves to (0, 0).
     void NewPage();
     /// Ends the printout and hands the pages over; the next one begins on a new page.
@@ -43,7 +47,16 @@ public:
     bool genug() const { return seiten_.seiten.size() > hoechstens_; }
 
 private:
+    struct Seitenzahl
+    {
+        double links, rechts, y; // on the page
+        QString davor;
+        Druckschrift schrift;
+    };
+    void zahlSchreiben(Druckseite &seite, const Seitenzahl &stelle, const QString &zahl);
+
     Druckseiten seiten_;
+    std::vector<std::vector<Seitenzahl>> zahlen_{1}; ///< of each page
     int papier_;
     size_t hoechstens_;
 };

@@ -1,6 +1,7 @@
 #include "Seitenvorschau.h"
 
 #include <QPainter>
+#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -20,7 +21,28 @@ Seitenvorschau::Seitenvorschau(QWidget *eltern) : QWidget(eltern)
 void Seitenvorschau::zeigen(Druckseiten seiten)
 {
     seiten_ = std::move(seiten);
+    seite_ = 0;
     update();
+    emit gewechselt();
+}
+
+void Seitenvorschau::setSeite(int seite)
+{
+    seite = std::max(0, std::min(seite, int(seiten_.seiten.size()) - 1));
+    if (seite == seite_)
+        return;
+    seite_ = seite;
+    update();
+    emit gewechselt();
+}
+
+void Seitenvorschau::wheelEvent(QWheelEvent *ereignis)
+{
+    gedreht_ += ereignis->angleDelta().y();
+    const int seiten = gedreht_ / QWheelEvent::DefaultDeltasPerStep;
+    gedreht_ -= seiten * QWheelEvent::DefaultDeltasPerStep;
+    setSeite(seite_ - seiten);
+    ereignis->accept();
 }
 
 void Seitenvorschau::paintEvent(QPaintEvent *)
@@ -39,5 +61,5 @@ void Seitenvorschau::paintEvent(QPaintEvent *)
         return;
     maler.setClipRect(blatt);
     maler.translate(blatt.topLeft() + seiten_.bereich.topLeft() * proMm);
-    seiteMalen(maler, seiten_.seiten.front(), proMm);
+    seiteMalen(maler, seiten_.seiten[size_t(seite_)], proMm);
 }

@@ -9,12 +9,15 @@
 #include <QFileInfo>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QShowEvent>
 #include <QTimer>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace {
@@ -28,6 +31,46 @@ QString dateiname(QString text)
     static const QRegularExpression fremd(QStringLiteral("[^\\w .,()+-]"), QRegularExpression::UseUnicodePropertiesOption);
     text = text.remove(fremd).simplified();
     return (text.isEmpty() ? QStringLiteral("Flox") : text).append(endung);
+}
+
+/// Shows how far a long output is, with a button that cancels it.
+class Fortschrittsfenster
+{
+public:
+    Fortschrittsfenster(QWidget *eltern, const QString &text, std::chrono::milliseconds geduld) : dialog_(text, QStringLiteral("Abbrechen"), 0, 0, eltern)
+    {
+        dialog_.setObjectName(QStringLiteral("dlgFortschritt"));
+        dialog_.setWindowTitle(QStringLiteral("Drucken"));
+        dialog_.setWindowModality(Qt::WindowModal);
+        dialog_.setMinimumDuration(int(geduld.count()));
+        dialog_.setMinimumWidth(320);
+        dialog_.setAutoReset(false);
+        dialog_.setAutoClose(false);
+        dialog_.setValue(0);
+    }
+    void melden(qsizetype fertig, qsizetype gesamt)
+    {
+        dialog_.setMaximum(int(gesamt));
+        dialog_.setValue(int(fertig));
+        if (dialog_.wasCanceled())
+            throw Druckabbruch();
+    }
+
+private:
+    QProgressDialog dialog_;
+};
+
+QString satzUeberGekuerzte(const QStringList &texte)
+{
+    constexpr qsizetype hoechstens = 20; // a box must fit on the screen
+    if (texte.size() == 1)
+        return QStringLiteral("Der Text \"%1\" ist zu lang. Nur seine ersten 100 Zeilen werden gedruckt.").arg(texte.constFirst());
+    QString satz = QStringLiteral("Diese Texte sind zu lang. Nur ihre ersten 100 Zeilen werden gedruckt:\n");
+    for (const QString &text : texte.first(std::min(texte.size(), hoechstens)))
+        satz += QStringLiteral("\n\"%1\"").arg(text);
+    if (texte.size() > hoechstens)
+        satz += QStringLiteral("\nund %1 weitere").arg(texte.size() - hoechstens);
+    return satz;
 }
 
 } // namespace
@@ -48,6 +91,7 @@ void frmDrucken::aufbauen()
 {
     auto *fraDruckFrage = new QGroupBox(QStringLiteral("Was soll gedruckt werden ?"), this);
     fraDruckFrage->setObjectName(QStringLiteral("fraDruckFrage"));
+    fraDruckFrage->setProperty("karte", true);
     auto *fragen = new QVBoxLayout(fraDruckFrage);
     const QString texte[] = {QStringLiteral("aktuelle Pflanze"), QStringLiteral("Liste der gefilterten Pflanzen")};
     for (int i = 0; i < 2; ++i) {
@@ -83,16 +127,44 @@ void frmDrucken::aufbauen()
     links->addLayout(tasten);
     vorschau_ = new Seitenvorschau(this);
     vorschau_->setObjectName(QStringLiteral("picVorschau"));
-    vorschau_->setAccessibleName(QStringLiteral("Vorschau der ersten Seite"));
-    vorschau_->setToolTip(QStringLiteral("Vorschau der ersten Seite"));
+    const auto blaetterer = [this](const char *objektname, Qt::ArrowType pfeil, const QString &text, int schritt) {
+        auto *knopf = new QToolButton(this);
+        knopf->setObjectName(QString::fromLatin1(objektname));
+        knopf->setArrowType(pfeil);
+        knopf->setAutoRaise(true);
+        knopf->setFocusPolicy(Qt::StrongFocus);
+        knopf->setAccessibleName(text);
+        knopf->setToolTip(text);
+        connect(knopf, &QToolButton::clicked, this, [this, schritt] { vorschau_->setSeite(vorschau_->seite() + schritt); });
+        return knopf;
+    };
+    cmdSeiteZurueck_ = blaetterer("cmdSeiteZurueck", Qt::LeftArrow, QStringLiteral("vorige Seite"), -1);
+    cmdSeiteVor_ = blaetterer("cmdSeiteVor", Qt::RightArrow, QStringLiteral("nächste Seite"), 1);
+    lblSeite_ = new QLabel(this);
+    lblSeite_->setObjectName(QStringLiteral("lblSeite"));
+    lblSeite_->setAlignment(Qt::AlignCenter);
+    lblSeite_->setMinimumWidth(lblSeite_->fontMetrics().horizontalAdvance(QStringLiteral("Seite 0000 von 0000")));
+    connect(vorschau_, &Seitenvorschau::gewechselt, this, [this] { seiteBenennen(); });
+    auto *blaettern = new QHBoxLayout;
+    blaettern->addStretch();
+    for (QWidget *teil : std::initializer_list<QWidget *>{cmdSeiteZurueck_, lblSeite_, cmdSeiteVor_})
+        blaettern->addWidget(teil);
+    blaettern->addStretch();
+    auto *rechts = new QVBoxLayout;
+    rechts->addWidget(vorschau_, 1);
+    rechts->addLayout(blaettern);
     auto *alles = new QHBoxLayout(this);
+    alles->setContentsMargins(12, 12, 12, 12);
+    alles->setSpacing(12);
     alles->addLayout(links);
-    alles->addSpacing(8);
-    alles->addWidget(vorschau_, 1);
+    alles->addLayout(rechts, 1);
     // From top to bottom.
     setTabOrder(optDruckFrage_[1], cmdEinrichten);
     setTabOrder(cmdEinrichten, cmdDruck);
     setTabOrder(cmdDruck, cmdAbbruch);
+    setTabOrder(cmdAbbruch, cmdSeiteZurueck_);
+    setTabOrder(cmdSeiteZurueck_, cmdSeiteVor_);
+    seiteBenennen();
     connect(optDruckFrage_[1], &QRadioButton::toggled, this, [this] { vorschauen(); });
     resize(720, 580);
 }
@@ -113,6 +185,9 @@ std::optional<frmDrucken::Ausdruck> frmDrucken::auslegen(size_t hoechstens)
     const bool liste = optDruckFrage_[1]->isChecked();
     Printer drucker(geraet_.blatt(), hoechstens);
     Druck druck(programm_, *auftrag, drucker);
+    Fortschrittsfenster fenster(this, QStringLiteral("Der Ausdruck wird vorbereitet ..."), geduld);
+    if (hoechstens == std::numeric_limits<size_t>::max())
+        druck.fortschritt = [&](qsizetype fertig, qsizetype gesamt) { fenster.melden(fertig, gesamt); };
     if (!(liste ? druck.DruckGefilterteListe() : druck.DruckAktuellePflanze()))
         return std::nullopt;
     QString titel = QStringLiteral("Flox");
@@ -125,17 +200,51 @@ std::optional<frmDrucken::Ausdruck> frmDrucken::auslegen(size_t hoechstens)
 
 void frmDrucken::vorschauen()
 {
+    gezaehlt_ = false;
     vorschau_->zeigen({});
     geschuetztAusfuehren(this, [this] {
+        const Sanduhr sanduhr(this);
         try {
             lblDrucker_->setText(QStringLiteral("Drucker: %1\nPapier: %2").arg(geraet_.name(), geraet_.blatt().pageSize().name()));
-            if (std::optional<Ausdruck> ausdruck = auslegen(1))
+            // Who does not wait for the last page still sees the first one.
+            const auto auszug = [this]() -> std::optional<Ausdruck> {
+                try {
+                    std::optional<Ausdruck> ganz = auslegen();
+                    gezaehlt_ = ganz.has_value();
+                    return ganz;
+                } catch (const Druckabbruch &) {
+                    return auslegen(1);
+                }
+            };
+            if (std::optional<Ausdruck> ausdruck = auszug())
                 vorschau_->zeigen(std::move(ausdruck->seiten));
         } catch (const Geraetefehler &fehler) {
             geraetefehlerZeigen(fehler);
             reject();
         }
     });
+}
+
+void frmDrucken::seiteBenennen()
+{
+    const int anzahl = int(vorschau_->seiten().seiten.size()), seite = vorschau_->seite() + 1;
+    lblSeite_->setText(anzahl == 0  ? QString()
+                       : gezaehlt_ ? QStringLiteral("Seite %1 von %2").arg(seite).arg(anzahl)
+                                   : QStringLiteral("Seite %1").arg(seite));
+    vorschau_->setAccessibleName(anzahl == 0 ? QStringLiteral("Vorschau") : QStringLiteral("Vorschau: %1").arg(lblSeite_->text()));
+    cmdSeiteZurueck_->setEnabled(seite > 1);
+    cmdSeiteVor_->setEnabled(seite < anzahl);
+}
+
+void frmDrucken::keyPressEvent(QKeyEvent *ereignis)
+{
+    switch (ereignis->key()) {
+    case Qt::Key_PageUp: vorschau_->setSeite(vorschau_->seite() - 1); break;
+    case Qt::Key_PageDown: vorschau_->setSeite(vorschau_->seite() + 1); break;
+    case Qt::Key_Home: vorschau_->setSeite(0); break;
+    case Qt::Key_End: vorschau_->setSeite(int(vorschau_->seiten().seiten.size()) - 1); break;
+    default: QDialog::keyPressEvent(ereignis);
+    }
 }
 
 void frmDrucken::geraetefehlerZeigen(const Geraetefehler &fehler)
@@ -153,7 +262,8 @@ QString frmDrucken::dateiErfragen(const QString &vorschlag)
 {
     // The suffix is added here: the dialog leaves a name with a dot, as in a date, without it. So the question is asked here, too.
     for (QString datei = vorschlag;;) {
-        QFileDialog dialog(this, QStringLiteral("Ausdruck speichern"), dateiordner(), QStringLiteral("PDF-Dateien (*.pdf)"));
+        const QString ordner = QFileInfo(programm_.DruckOrdner).isDir() ? programm_.DruckOrdner : dateiordner();
+        QFileDialog dialog(this, QStringLiteral("Ausdruck speichern"), ordner, QStringLiteral("PDF-Dateien (*.pdf)"));
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setFileMode(QFileDialog::AnyFile);
         dialog.setOption(QFileDialog::DontConfirmOverwrite);
@@ -191,12 +301,16 @@ void frmDrucken::cmdDruck_Click()
             if (datei.isEmpty())
                 return;
         }
-        if (ausdruck->gekuerzt)
-            QMessageBox::information(this, programmtitel.toString(),
-                                     (ausdruck->gekuerzt->isEmpty() ? QStringLiteral("Ein Text") : QStringLiteral("Der Text \"%1\"").arg(*ausdruck->gekuerzt))
-                                         + QStringLiteral(" ist zu lang. Nur seine ersten 100 Zeilen werden gedruckt."));
+        if (!ausdruck->gekuerzt.isEmpty())
+            QMessageBox::information(this, programmtitel.toString(), satzUeberGekuerzte(ausdruck->gekuerzt));
         const Sanduhr sanduhr(this);
-        geraet_.drucken(ausdruck->seiten, ausdruck->titel, datei);
+        Fortschrittsfenster fenster(this, QStringLiteral("Der Ausdruck wird ausgegeben ..."), geduld);
+        geraet_.drucken(ausdruck->seiten, ausdruck->titel, datei, [&](qsizetype fertig, qsizetype gesamt) { fenster.melden(fertig, gesamt); });
+        gespeichert_ = datei;
+        if (!datei.isEmpty())
+            programm_.DruckOrdner = QFileInfo(datei).absolutePath();
+    } catch (const Druckabbruch &) {
+        return;
     } catch (const Geraetefehler &fehler) {
         geraetefehlerZeigen(fehler);
     }

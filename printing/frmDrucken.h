@@ -4,16 +4,18 @@
 
 #include <QDialog>
 
+#include <chrono>
 #include <functional>
 
 class Druckgeraet;
 class Geraetefehler;
 class QLabel;
 class QRadioButton;
+class QToolButton;
 class Seitenvorschau;
 
-/* Print dialog: the plant on screen or the filtered list, with a view of the first page. A printout runs to its end inside the
-   click; then the dialog closes. */
+/* Print dialog: the plant on screen or the filtered list, with a view of its pages. A printout runs to its end inside the click;
+   then the dialog closes. One that was cancelled leaves it open. */
 class frmDrucken : public QDialog
 {
     Q_OBJECT
@@ -25,8 +27,14 @@ public:
     void cmdDruck_Click();
     void cmdDruckerEinrichten_Click();
 
+    /// Path of the file that was written; empty while there is none.
+    const QString &gespeichert() const { return gespeichert_; }
+    /// What lasts longer shows its progress.
+    std::chrono::milliseconds geduld{500};
+
 protected:
     void showEvent(QShowEvent *ereignis) override;
+    void keyPressEvent(QKeyEvent *ereignis) override;
 
 private:
     void aufbauen();
@@ -34,11 +42,12 @@ private:
     {
         Druckseiten seiten;
         QString titel;
-        std::optional<QString> gekuerzt; ///< label of a text that was cut
+        QStringList gekuerzt; ///< labels of texts that were cut
     };
-    /// Lays out the first pages of what is chosen; nothing for an unknown Sparte.
+    /// Lays out the first pages of what is chosen; nothing for an unknown Sparte. Throws Druckabbruch.
     std::optional<Ausdruck> auslegen(size_t hoechstens = std::numeric_limits<size_t>::max());
     void vorschauen();
+    void seiteBenennen();
     /// Path of a PDF file, which may be replaced; empty: cancelled.
     QString dateiErfragen(const QString &vorschlag);
     /// The box about the printer; whichever button is pressed.
@@ -50,4 +59,8 @@ private:
     QRadioButton *optDruckFrage_[2] = {};
     QLabel *lblDrucker_ = nullptr;
     Seitenvorschau *vorschau_ = nullptr;
+    QToolButton *cmdSeiteZurueck_ = nullptr, *cmdSeiteVor_ = nullptr;
+    QLabel *lblSeite_ = nullptr;
+    bool gezaehlt_ = false; ///< whether the view has all pages
+    QString gespeichert_;
 };

@@ -18,6 +18,7 @@ struct Programm
     QString VermissterBilderPfad; ///< picture folder of this run that was given up because it was away; never stored
     QString MulkoPfad;       ///< folder of the design program, with trailing "\"
     QString EditorPfad;      ///< folder of the database editor, with trailing "\"
+    QString DruckOrdner;     ///< folder that a printout was last saved in; the system's path
 
     bool StartPhase = false;
     bool HausModus = false;

@@ -21,6 +21,7 @@
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QSignalSpy>
+#include <QStatusBar>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -39,6 +40,7 @@ private slots:
     void liste_data() { sparten(); }
     void liste();
     void abgebrochen();
+    void gespeichertInDerStatusleiste();
     void notizenVorher();
     void ohneFilterKeineListe_data() { sparten(); }
     void ohneFilterKeineListe();
@@ -252,6 +254,17 @@ void TestDrucken::abgebrochen()
     }
     QCOMPARE(QDir(probe_->ordner.pfad()).entryList(), dateien);
     QCOMPARE(lage(*fenster), vorher);
+}
+
+void TestDrucken::gespeichertInDerStatusleiste()
+{
+    probe_->waehlen("mnudbtopfpflanzen");
+    const QStatusBar *leiste = probe_->zentrale->statusBar();
+    drucken(probe_->fenster(1), [](QDialog &form) { form.reject(); });
+    QCOMPARE(leiste->currentMessage(), QString());
+    const QString pfad = gedruckt(probe_->fenster(1));
+    QCOMPARE(leiste->currentMessage(), u"Gespeichert: "_s + pfad);
+    QCOMPARE(probe_->programm.DruckOrdner, probe_->ordner.pfad());
 }
 
 void TestDrucken::notizenVorher()

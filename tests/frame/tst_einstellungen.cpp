@@ -36,6 +36,7 @@ constexpr Zeile zeilen[] = {
     {"Pfade", "Mulko-Verz", "", "C:\\Mulko\\"},
     {"Pfade", "FLOX-DEMO-Bilder-Verz", "", "D:\\Bilder"},
     {"Pfade", "FLOX-Editor-Verz", "", "C:\\Editor\\"},
+    {"Pfade", "FLOX-Druck-Verz", "", "/home/flox/Ausdrucke"},
     {"Bilder", "BilderaufCD", "False", "True"},
     {"Bilder", "LokaleVorschauBilder", "False", "True"},
     {"Bilder", "BilderFormGroesseX", "10110", "7500.5"},

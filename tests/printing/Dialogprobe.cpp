@@ -17,8 +17,13 @@ bool Probegeraet::einrichten(QWidget *eltern)
     return beimEinrichten && beimEinrichten();
 }
 
-void Probegeraet::drucken(const Druckseiten &seiten, const QString &titel, const QString &datei)
+void Probegeraet::drucken(const Druckseiten &seiten, const QString &titel, const QString &datei, const Druckfortschritt &fortschritt)
 {
+    const qsizetype anzahl = qsizetype(seiten.seiten.size());
+    for (qsizetype i = 0; i < anzahl; ++i) {
+        gemeldet.append({i, anzahl});
+        fortschritt(i, anzahl);
+    }
     gedruckt.append({abschrift(seiten), titel, datei, QApplication::activeModalWidget()->cursor().shape()});
     if (stoerung)
         stoerung();
@@ -59,11 +64,4 @@ void Dialogprobe::oeffnen(Druckgeraet &geraet)
     form_ = std::make_unique<frmDrucken>(probe_->programm, auftrag, geraet, nullptr);
     form_->open();
     QTRY_VERIFY(!form_->isVisible() || !finde<QLabel>("lblDrucker")->text().isEmpty());
-}
-
-QStringList Dialogprobe::ersteSeite(bool liste)
-{
-    Druckseiten seiten = erwartet(liste);
-    seiten.seiten.resize(1);
-    return abschrift(seiten);
 }

@@ -32,7 +32,7 @@ public:
     bool schreibtDatei() const override { return dateien; }
     QString datei() const override { return vorgewaehlt; }
     bool einrichten(QWidget *eltern) override;
-    void drucken(const Druckseiten &seiten, const QString &titel, const QString &datei) override;
+    void drucken(const Druckseiten &seiten, const QString &titel, const QString &datei, const Druckfortschritt &fortschritt) override;
 
     QPageLayout papier = blattA4();
     bool fehlt = false, dateien = false;
@@ -41,6 +41,7 @@ public:
     std::function<void()> stoerung;
     QList<QWidget *> einrichter;
     QList<Ausdruck> gedruckt;
+    QList<std::pair<qsizetype, qsizetype>> gemeldet; ///< what the progress was told
 };
 
 /// Answers message boxes and keeps all they say.
@@ -81,7 +82,8 @@ protected:
     /// What the preview shows.
     QStringList gezeigt() { return abschrift(finde<Seitenvorschau>("picVorschau")->seiten()); }
     Druckseiten erwartet(bool liste) { return liste ? probe_->liste(geraet_.papier) : probe_->blatt(geraet_.papier); }
-    QStringList ersteSeite(bool liste);
+    /// What it should show.
+    QStringList alleSeiten(bool liste) { return abschrift(erwartet(liste)); }
     /// Neither closed nor left with a wait cursor.
     bool offen() const { return form_->isVisible() && form_->cursor().shape() == Qt::ArrowCursor; }
     bool zu() const { return !form_->isVisible() && form_->cursor().shape() == Qt::ArrowCursor; }

@@ -9,6 +9,7 @@ namespace {
 constexpr double genau = 0.01; // millimetres
 constexpr double ursprung = 15;
 constexpr qsizetype kopftexte = 2;
+constexpr qsizetype fusstexte = 2; ///< the program's name and the number of the page
 
 QRectF kasten(const Drucktext &text)
 {
@@ -41,13 +42,18 @@ QStringList einerSeite(const Druckseiten &seiten, size_t nummer, const Programm 
     const double rechts = ursprung + std::round(seiten.bereich.width() - 25), fusslinie = seiten.bereich.height() - 10;
     const QRectF erlaubt(QPointF(ursprung, 0), QPointF(rechts, seiten.bereich.height()));
     const qsizetype anfang = nummer == 0 ? kopftexte : 0;
-    if (qsizetype(seite.texte.size()) < anfang + 1)
+    if (qsizetype(seite.texte.size()) < anfang + fusstexte)
         return {u"no head or no foot"_s};
     if (nummer == 0 && seitenzeilen(seite).first(kopftexte) != kopf(programm.SchriftGroesse))
         fehler += u"the head is '%1'"_s.arg(seitenzeilen(seite).first(kopftexte).join(u'|'));
     const QString soll = zeile(65, fusslinie + 2, programm.SchriftGroesse * 2.0 / 3, u"-"_s, fuss(programm.ProgrammVersion));
-    if (seitenzeilen(seite).constLast() != soll)
-        fehler += u"the foot is '%1'"_s.arg(seitenzeilen(seite).constLast());
+    if (seitenzeilen(seite).at(qsizetype(seite.texte.size()) - 2) != soll)
+        fehler += u"the foot is '%1'"_s.arg(seitenzeilen(seite).at(qsizetype(seite.texte.size()) - 2));
+    const Drucktext &zahl = seite.texte.back();
+    const QString zahltext = u"Seite %1 von %2"_s.arg(nummer + 1).arg(seiten.seiten.size());
+    if ((zahl.text != zahltext && !zahl.text.endsWith(u"  -  "_s + zahltext)) || std::abs(kasten(zahl).right() - rechts) > genau
+        || std::abs(zahl.y - fusslinie - 2) > genau || zahl.schrift != Druckschrift{.Size = programm.SchriftGroesse * 2.0 / 3})
+        fehler += u"the number of the page is '%1'"_s.arg(seitenzeilen(seite).constLast());
     if (!leer && koerper(seiten, nummer).empty())
         fehler += u"nothing between head and foot"_s;
     for (const Drucktext &text : koerper(seiten, nummer)) {
@@ -111,7 +117,7 @@ std::span<const Drucktext> koerper(const Druckseiten &seiten, size_t nummer)
 {
     const std::span<const Drucktext> alle = seiten.seiten[nummer].texte;
     const size_t anfang = nummer == 0 ? size_t(kopftexte) : 0;
-    return alle.size() <= anfang ? std::span<const Drucktext>() : alle.subspan(anfang, alle.size() - anfang - 1);
+    return alle.size() < anfang + fusstexte ? std::span<const Drucktext>() : alle.subspan(anfang, alle.size() - anfang - fusstexte);
 }
 
 QList<QStringList> alleZeilen(const Druckseiten &seiten)
@@ -173,6 +179,7 @@ Sollseiten &Sollseiten::eintrag(const QString &label, const QStringList &zeilen)
 
 Sollseiten &Sollseiten::titel(const QString &name)
 {
+    name_ = name;
     return text(65, name, u"bi"_s, 18).ende(18);
 }
 
@@ -194,7 +201,10 @@ Sollseiten &Sollseiten::seite(double y)
 QList<QStringList> Sollseiten::zeilen() const
 {
     QList<QStringList> alle = seiten_;
-    for (QStringList &seite : alle)
-        seite += zeile(65, 289, 6, u"-"_s, fuss(u"1.2.3"_s));
+    for (qsizetype i = 0; i < alle.size(); ++i) {
+        const QString zahl = (name_.isEmpty() ? QString() : name_ + u"  -  "_s) + u"Seite %1 von %2"_s.arg(i + 1).arg(alle.size());
+        alle[i] += zeile(65, 289, 6, u"-"_s, fuss(u"1.2.3"_s));
+        alle[i] += zeile(200 - schriftmass({.Size = 6}).breite(zahl), 289, 6, u"-"_s, zahl);
+    }
     return alle;
 }

@@ -5,8 +5,8 @@
 /* Pages as they should be: what holds for all of them, and whole pages written down by hand. */
 
 /// What is wrong with a printout's pages, one line each, empty when nothing is. On every page: all texts and lines between the
-/// rules' ends; below the foot rule the foot and nothing else; no text over another or over the head; a text between head and foot
-/// (`leer`: not needed); the head on the first page and on no other.
+/// rules' ends; below the foot rule the foot, the number of the page at the right end and nothing else; no text over another or
+/// over the head; a text between head and foot (`leer`: not needed); the head on the first page and on no other.
 QStringList seitenfehler(const Druckseiten &seiten, const Programm &programm, bool leer = false);
 /// The same for a data sheet, where in addition each label stands on the height of its value's first line.
 QStringList blattfehler(const Druckseiten &seiten, const Programm &programm, bool leer = false);
@@ -36,7 +36,14 @@ public:
     /// An entry of a data sheet. What is empty is not written.
     Sollseiten &eintrag(const QString &label, const QStringList &zeilen);
     Sollseiten &eintrag(const QString &label, const QString &zeile) { return eintrag(label, QStringList(zeile)); }
+    /// The name that heads the sheet; the foot tells it, too.
     Sollseiten &titel(const QString &name);
+    /// What the foot tells in its place.
+    Sollseiten &fussname(const QString &name)
+    {
+        name_ = name;
+        return *this;
+    }
     /// A criterion of a list.
     Sollseiten &kriterium(const QString &label, const QStringList &zeilen);
     Sollseiten &kriterium(const QString &label, const QString &worte) { return kriterium(label, QStringList(worte)); }
@@ -52,5 +59,6 @@ public:
 
 private:
     QList<QStringList> seiten_;
+    QString name_;
     double y_;
 };

@@ -42,13 +42,15 @@ void TestDatenblatt::wenigeFelder()
         u"65.0 25.5 9 - der Fachhochschule Lindenhof"_s,
         u"65.0 40.0 18 bi Planta prima"_s,
         u"65.0 47.3 9 - Erstpflanze"_s,
-        u"65.0 289.0 6 - Ausdruck von Flox 1.2.3  -  © FH Lindenhof"_s})});
+        u"65.0 289.0 6 - Ausdruck von Flox 1.2.3  -  © FH Lindenhof"_s,
+        u"172.7 289.0 6 - Planta prima  -  Seite 1 von 1"_s})});
     QCOMPARE(seitenlinien(seiten.seiten[0]), QStringList({
         u"15.0 15.0 200.0 15.0 0.42"_s, u"200.0 15.0 200.0 35.0 0.42"_s, u"200.0 35.0 15.0 35.0 0.42"_s, u"15.0 35.0 15.0 15.0 0.42"_s,
         u"15.0 287.0 200.0 287.0 0.42"_s}));
     QCOMPARE(blattfehler(seiten, probe.programm), QStringList());
     probe.programm.ProgrammVersion = u"7.0.1"_s;
-    QCOMPARE(seitentexte(probe.blatt().seiten[0]).constLast(), u"Ausdruck von Flox 7.0.1  -  © FH Lindenhof"_s);
+    const QStringList texte = seitentexte(probe.blatt().seiten[0]);
+    QCOMPARE(texte[texte.size() - 2], u"Ausdruck von Flox 7.0.1  -  © FH Lindenhof"_s);
 }
 
 void TestDatenblatt::vieleFelderTopf()

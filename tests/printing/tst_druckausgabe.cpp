@@ -302,11 +302,11 @@ void TestDruckausgabe::langerText_data()
     QTest::addColumn<QStringList>("felder");
     QTest::addColumn<bool>("liste");
     QTest::addColumn<int>("zeilen");
-    QTest::addColumn<QString>("genannt"); // empty: no box
+    QTest::addColumn<QString>("genannt"); // with "|" between them; empty: no box
     const QStringList bemerkung{u"benu_bemerkung"_s}, beide{u"benu_bemerkung"_s, u"SORTEN"_s};
     QTest::newRow("100 Zeilen") << bemerkung << false << 100 << QString();
     QTest::newRow("101 Zeilen") << bemerkung << false << 101 << u"Bemerkung (Benutzer)"_s;
-    QTest::newRow("zwei Texte") << beide << false << 150 << u"Sorten"_s; // the first one on the sheet
+    QTest::newRow("zwei Texte") << beide << false << 150 << u"Sorten|Bemerkung (Benutzer)"_s; // as they stand on the sheet
     QTest::newRow("Blatt lang, Liste gedruckt") << beide << true << 150 << QString();
     QTest::newRow("langes Kriterium") << QStringList() << true << 150 << u"Eigene Bemerkungen"_s;
 }
@@ -326,7 +326,9 @@ void TestDruckausgabe::langerText()
     waehlen(liste);
     QCOMPARE(boxen.gesagt, QStringList());
     druecken("cmdDruck");
-    const QString satz = u"Flox-Demo: Der Text \"%1\" ist zu lang. Nur seine ersten 100 Zeilen werden gedruckt."_s.arg(genannt);
+    const QString satz = genannt.contains(u'|')
+        ? u"Flox-Demo: Diese Texte sind zu lang. Nur ihre ersten 100 Zeilen werden gedruckt:\n\n\"%1\""_s.arg(QString(genannt).replace(u'|', u"\"\n\""_s))
+        : u"Flox-Demo: Der Text \"%1\" ist zu lang. Nur seine ersten 100 Zeilen werden gedruckt."_s.arg(genannt);
     QCOMPARE(boxen.gesagt, genannt.isEmpty() ? QStringList() : QStringList{satz});
     QCOMPARE(geraet_.gedruckt.size(), 1);
     QCOMPARE(geraet_.gedruckt.first().abschrift, abschrift(erwartet(liste)));

@@ -194,6 +194,54 @@ private slots:
         for (int seite = 1; seite <= hoechstens; ++seite)
             QCOMPARE(seitentexte(seiten.seiten[size_t(seite - 1)]), QStringList{u"Seite %1"_s.arg(seite)});
     }
+    void seitenzahlen_data()
+    {
+        QTest::addColumn<QString>("davor");
+        QTest::addColumn<double>("platz"); // millimetres
+        QTest::addColumn<QString>("anfang"); // before the number; "-": nothing is written
+        const double zahl = schriftmass({}).breite(u"Seite 2 von 3"_s), name = schriftmass({}).breite(u"Planta prima  -  "_s);
+        QTest::newRow("without a name") << QString() << 80.0 << QString();
+        QTest::newRow("with a name") << u"Planta prima"_s << 80.0 << u"Planta prima  -  "_s;
+        QTest::newRow("just room") << u"Planta prima"_s << zahl + name + 0.01 << u"Planta prima  -  "_s;
+        QTest::newRow("too little room") << u"Planta prima"_s << zahl + name - 0.01 << u"Planta pri ...  -  "_s;
+        QTest::newRow("room for the number") << u"Planta prima"_s << zahl + 0.01 << QString();
+        QTest::newRow("no room") << u"Planta prima"_s << zahl - 0.01 << u"-"_s;
+        QTest::newRow("less than none") << QString() << -5.0 << u"-"_s;
+        QTest::newRow("line ends") << u"Planta\nprima"_s << 80.0 << u"Planta prima  -  "_s;
+        QTest::newRow("megabytes") << u"x"_s.repeated(10'000'000) << zahl + 0.01 << QString();
+    }
+    void seitenzahlen()
+    {
+        QFETCH(QString, davor);
+        QFETCH(double, platz);
+        QFETCH(QString, anfang);
+        Printer drucker(blattA4());
+        drucker.ScaleLeft = -15;
+        drucker.ScaleTop = -10;
+        for (int seite = 1; seite <= 3; ++seite) {
+            if (seite > 1)
+                drucker.NewPage();
+            drucker.CurrentX = 20;
+            drucker.CurrentY = 100;
+            drucker.PrintSeitenzahl(20 + platz, davor);
+        }
+        const Druckseiten seiten = drucker.EndDoc();
+        QCOMPARE(seiten.seiten.size(), size_t(3));
+        for (int seite = 1; seite <= 3; ++seite) {
+            const std::vector<Drucktext> &texte = seiten.seiten[size_t(seite - 1)].texte;
+            if (anfang == u"-") {
+                QVERIFY(texte.empty());
+                continue;
+            }
+            QCOMPARE(texte.size(), size_t(1));
+            QCOMPARE(texte[0].text, anfang + u"Seite %1 von 3"_s.arg(seite));
+            QCOMPARE(texte[0].y, 110.0);
+            QCOMPARE(texte[0].x + schriftmass({}).breite(texte[0].text), 35 + platz);
+        }
+        // The next printout begins anew.
+        drucker.PrintSeitenzahl(80, {});
+        QCOMPARE(seitentexte(drucker.EndDoc().seiten[0]), QStringList{u"Seite 1 von 1"_s});
+    }
     void wenigerSeitenAlsErlaubt()
     {
         Printer drucker(blattA4(), 5);

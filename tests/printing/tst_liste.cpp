@@ -565,7 +565,12 @@ void TestListe::seitenbegrenzung()
             const Druckseiten seiten = drucker.EndDoc();
             QCOMPARE(seiten.seiten.size(), std::min(hoechstens, alle.seiten.size()));
             for (size_t i = 0; i < seiten.seiten.size(); ++i) {
-                QCOMPARE(seitenzeilen(seiten.seiten[i]), seitenzeilen(alle.seiten[i]));
+                QStringList zeilen = seitenzeilen(seiten.seiten[i]), sollzeilen = seitenzeilen(alle.seiten[i]);
+                if (hoechstens < alle.seiten.size()) { // the number of pages is not known
+                    QVERIFY(zeilen.takeLast().endsWith(u" Seite %1"_s.arg(i + 1)));
+                    sollzeilen.removeLast();
+                }
+                QCOMPARE(zeilen, sollzeilen);
                 QCOMPARE(seitenlinien(seiten.seiten[i]), seitenlinien(alle.seiten[i]));
             }
         }

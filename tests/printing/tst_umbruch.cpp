@@ -190,7 +190,7 @@ private slots:
         QCOMPARE(u.druck.DruckZeilen[1], u"vier"_s);
         u.druck.TextUmbrechen(QString());
         QCOMPARE(u.druck.DruckZeilenAnzahl, 0);
-        QVERIFY(!u.druck.gekuerzt());
+        QCOMPARE(u.druck.gekuerzt(), QStringList());
     }
 
     void hundertZeilen_data()
