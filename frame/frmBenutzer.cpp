@@ -19,6 +19,7 @@ frmBenutzer::frmBenutzer(Programm &programm, std::function<void()> umbenannt, QW
     setWindowTitle(QStringLiteral("Benutzerdefinierte Eigenschaften"));
     auto *fraEigenschaft = new QGroupBox(QStringLiteral("Eigenschaft Nr"), this);
     fraEigenschaft->setObjectName(QStringLiteral("fraEigenschaft"));
+    fraEigenschaft->setProperty("karte", true);
     auto *reihe = new QHBoxLayout(fraEigenschaft);
     for (int i = 0; i < anzahlEigenschaften; ++i) {
         auto *option = new QRadioButton(QString::number(i + 1), fraEigenschaft);
@@ -48,6 +49,8 @@ frmBenutzer::frmBenutzer(Programm &programm, std::function<void()> umbenannt, QW
         tasten->addWidget(knopf);
 
     auto *alles = new QVBoxLayout(this);
+    alles->setContentsMargins(12, 12, 12, 12);
+    alles->setSpacing(10);
     alles->addWidget(fraEigenschaft);
     alles->addLayout(zeile);
     alles->addSpacing(8);

@@ -1,14 +1,20 @@
 #include "Rahmenprobe.h"
 
+#include "frame/Aussehen.h"
 #include "frame/Einstellungen.h"
 #include "frame/Flaeche.h"
 #include "frame/Registry.h"
+#include "frame/frmBenutzer.h"
 #include "pictures/frmBilder.h"
 #include "plantwindows/Pflanzenfenster.h"
+#include "printing/Druckgeraet.h"
+#include "printing/frmDrucken.h"
 
 #include <QPainter>
+#include <QGroupBox>
 #include <QMdiSubWindow>
 #include <QSignalSpy>
+#include <QStyle>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -38,6 +44,7 @@ private slots:
     void groesseDesBilderfensters();
     void hintergrundFuelltDieFlaeche_data();
     void hintergrundFuelltDieFlaeche();
+    void dialogeImAussehenDesHauses();
 
 private:
     std::unique_ptr<Rahmenprobe> probe_;
@@ -205,6 +212,35 @@ void TestHauptfenster::hintergrundFuelltDieFlaeche()
         QCOMPARE(gemalt.pixelColor(x * (flaeche.width() - 1), y * (flaeche.height() - 1)), farben[i]);
         QCOMPARE(gemalt.pixelColor(mitte + QPoint(x ? 20 : -20, y ? 20 : -20)), farben[i]);
     }
+}
+
+void TestHauptfenster::dialogeImAussehenDesHauses()
+{
+    const QString stilVorher = qApp->style()->objectName(), blattVorher = qApp->styleSheet();
+    const QPalette farbenVorher = QApplication::palette();
+    aussehen::anwenden();
+    probe_->programm.AktiveSparte = u"Topf"_s;
+    Systemdrucker drucker;
+    frmDrucken drucken(probe_->programm, [] { return std::nullopt; }, drucker, nullptr);
+    frmBenutzer namen(probe_->programm, [] {}, nullptr);
+    for (QDialog *dialog : std::initializer_list<QDialog *>{&drucken, &namen}) {
+        // A group is a white card with rounded edges and a green title, as everywhere.
+        auto *gruppe = dialog->findChild<QGroupBox *>();
+        QVERIFY(gruppe);
+        const QImage bild = dialog->grab().toImage();
+        const QRect karte = gruppe->geometry();
+        QCOMPARE(bild.pixelColor(karte.right() - 20, karte.bottom() - 4), QColor(Qt::white));
+        QCOMPARE(bild.pixelColor(karte.right() - 20, karte.bottom()), QColor(0xd5, 0xdc, 0xd0));
+        QCOMPARE(bild.pixelColor(karte.topLeft()), QApplication::palette().color(QPalette::Window));
+        bool gruen = false;
+        for (int y = karte.top() + 1; y < karte.top() + 26; ++y)
+            for (int x = karte.left() + 8; x < karte.right() - 8; ++x)
+                gruen = gruen || bild.pixelColor(x, y) == QColor(0x2f, 0x6b, 0x3a);
+        QVERIFY2(gruen, qPrintable(dialog->objectName()));
+    }
+    qApp->setStyleSheet(blattVorher);
+    QApplication::setPalette(farbenVorher);
+    QApplication::setStyle(stilVorher);
 }
 
 QTEST_MAIN(TestHauptfenster)
