@@ -64,7 +64,8 @@ QString eigenerOrdner()
 bool Ablauf::einzigeInstanz()
 {
     // Keyed by the folder: two installations may run side by side.
-    const QByteArray kennung = QCryptographicHash::hash(QCoreApplication::applicationDirPath().toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
+    const QByteArray ordner = QCoreApplication::applicationDirPath().toUtf8();
+    const QByteArray kennung = QCryptographicHash::hash(ordner, QCryptographicHash::Sha1).toHex().left(16);
     sperre_ = std::make_unique<QLockFile>(QDir(eigenerOrdner()).filePath(QStringLiteral("flox-%1.lock").arg(QLatin1String(kennung))));
     return sperreNehmen(*sperre_);
 }
@@ -85,7 +86,8 @@ QString Ablauf::ortsfehler()
     if (sperreNehmen(*datenbanksperre_)) {
         // Who comes after a crash may be another user.
         if (datenbanksperre_->isLocked())
-            QFile::setPermissions(datei, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther);
+            QFile::setPermissions(datei, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther
+                                             | QFile::WriteOther);
         return {};
     }
     qint64 prozess = 0;

@@ -143,7 +143,8 @@ bool Druck::umbrechen(const QString &text, const QString &label, double hoechste
     if (text.trimmed().isEmpty())
         DruckZeilenAnzahl = 0;
     if (abgeschnitten_) {
-        gekuerzt_ += label.isEmpty() ? text.left(10 * namensanfang).simplified().left(namensanfang).trimmed() + QStringLiteral(" ...") : label;
+        const QString anfang = text.left(10 * namensanfang).simplified().left(namensanfang).trimmed();
+        gekuerzt_ += label.isEmpty() ? anfang + QStringLiteral(" ...") : label;
         gekuerzt_.removeDuplicates(); // a sheet may print a field twice
     }
     return DruckZeilenAnzahl > 0;

@@ -69,10 +69,13 @@ Druckseiten Printer::EndDoc()
 {
     const size_t gesamt = seiten_.seiten.size();
     seiten_.seiten.resize(std::min(gesamt, hoechstens_));
-    for (size_t i = 0; i < seiten_.seiten.size(); ++i)
+    for (size_t i = 0; i < seiten_.seiten.size(); ++i) {
+        QString zahl = QStringLiteral("Seite %1").arg(i + 1);
+        if (gesamt <= hoechstens_)
+            zahl += QStringLiteral(" von %1").arg(gesamt);
         for (const Seitenzahl &stelle : zahlen_[i])
-            zahlSchreiben(seiten_.seiten[i], stelle,
-                          gesamt > hoechstens_ ? QStringLiteral("Seite %1").arg(i + 1) : QStringLiteral("Seite %1 von %2").arg(i + 1).arg(gesamt));
+            zahlSchreiben(seiten_.seiten[i], stelle, zahl);
+    }
     zahlen_.assign(1, {});
     return {seiten_.papier, seiten_.bereich, std::exchange(seiten_.seiten, std::vector<Druckseite>(1))};
 }

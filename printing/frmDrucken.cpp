@@ -37,7 +37,8 @@ QString dateiname(QString text)
 class Fortschrittsfenster
 {
 public:
-    Fortschrittsfenster(QWidget *eltern, const QString &text, std::chrono::milliseconds geduld) : dialog_(text, QStringLiteral("Abbrechen"), 0, 0, eltern)
+    Fortschrittsfenster(QWidget *eltern, const QString &text, std::chrono::milliseconds geduld)
+        : dialog_(text, QStringLiteral("Abbrechen"), 0, 0, eltern)
     {
         dialog_.setObjectName(QStringLiteral("dlgFortschritt"));
         dialog_.setWindowTitle(QStringLiteral("Drucken"));
@@ -305,7 +306,8 @@ void frmDrucken::cmdDruck_Click()
             QMessageBox::information(this, programmtitel.toString(), satzUeberGekuerzte(ausdruck->gekuerzt));
         const Sanduhr sanduhr(this);
         Fortschrittsfenster fenster(this, QStringLiteral("Der Ausdruck wird ausgegeben ..."), geduld);
-        geraet_.drucken(ausdruck->seiten, ausdruck->titel, datei, [&](qsizetype fertig, qsizetype gesamt) { fenster.melden(fertig, gesamt); });
+        geraet_.drucken(ausdruck->seiten, ausdruck->titel, datei,
+                        [&](qsizetype fertig, qsizetype gesamt) { fenster.melden(fertig, gesamt); });
         gespeichert_ = datei;
         if (!datei.isEmpty())
             programm_.DruckOrdner = QFileInfo(datei).absolutePath();

@@ -33,7 +33,8 @@ Fensterverwaltung::Fensterverwaltung(const QString &schirm)
     umgebung.insert(QStringLiteral("XDG_CACHE_HOME"), ordner_.path());
     verwalter_.setProcessEnvironment(umgebung);
     const QString bereit = ordner_.filePath(QStringLiteral("bereit"));
-    verwalter_.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable"), QStringLiteral("--startup"), QStringLiteral("touch '%1'").arg(bereit)});
+    verwalter_.start(QStringLiteral("openbox"),
+                     {QStringLiteral("--sm-disable"), QStringLiteral("--startup"), QStringLiteral("touch '%1'").arg(bereit)});
     if (!QTest::qWaitFor([&] { return QFile::exists(bereit); }, geduld))
         qFatal("openbox does not start: %s", verwalter_.readAllStandardError().constData());
 }

@@ -71,7 +71,10 @@ private:
     };
     /// Starts the program there, by another user on demand; it runs until it is destroyed.
     Start starten(const Programmkopie &kopie, bool andererBenutzer = false);
-    Programmkopie kopie(const QString &name) { return Programmkopie(temp_->filePath(name), true, QCoreApplication::applicationFilePath().toStdString()); }
+    Programmkopie kopie(const QString &name)
+    {
+        return Programmkopie(temp_->filePath(name), true, QCoreApplication::applicationFilePath().toStdString());
+    }
     static QString sperre(const Programmkopie &kopie) { return kopie.datei(u"flox-demo.mdb.lock"_s); }
     static void schreiben(const QString &datei, const QByteArray &inhalt)
     {

@@ -61,7 +61,8 @@ void TestVordergrund::nachDemFilterdialog_data()
         for (const auto &[anzahl, eigenes, minimiert] : {std::tuple(1, 1, 0), std::tuple(2, 1, 0), std::tuple(2, 2, 0), std::tuple(3, 1, 0),
                                                          std::tuple(3, 2, 0), std::tuple(3, 3, 0), std::tuple(2, 1, 2), std::tuple(3, 2, 3),
                                                          std::tuple(3, 2, 1)})
-            QTest::addRow("%d of %d, %d minimised, %s", eigenes, anzahl, minimiert, taste) << anzahl << eigenes << minimiert << QString::fromLatin1(taste);
+            QTest::addRow("%d of %d, %d minimised, %s", eigenes, anzahl, minimiert, taste)
+                << anzahl << eigenes << minimiert << QString::fromLatin1(taste);
 }
 
 void TestVordergrund::nachDemFilterdialog()

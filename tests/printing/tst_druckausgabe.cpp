@@ -327,7 +327,8 @@ void TestDruckausgabe::langerText()
     QCOMPARE(boxen.gesagt, QStringList());
     druecken("cmdDruck");
     const QString satz = genannt.contains(u'|')
-        ? u"Flox-Demo: Diese Texte sind zu lang. Nur ihre ersten 100 Zeilen werden gedruckt:\n\n\"%1\""_s.arg(QString(genannt).replace(u'|', u"\"\n\""_s))
+        ? u"Flox-Demo: Diese Texte sind zu lang. Nur ihre ersten 100 Zeilen werden gedruckt:\n\n\"%1\""_s
+              .arg(QString(genannt).replace(u'|', u"\"\n\""_s))
         : u"Flox-Demo: Der Text \"%1\" ist zu lang. Nur seine ersten 100 Zeilen werden gedruckt."_s.arg(genannt);
     QCOMPARE(boxen.gesagt, genannt.isEmpty() ? QStringList() : QStringList{satz});
     QCOMPARE(geraet_.gedruckt.size(), 1);

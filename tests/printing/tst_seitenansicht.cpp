@@ -86,8 +86,9 @@ void TestSeitenansicht::blaettern()
         else if (wie == u"keys")
             QTest::keyClick(QApplication::focusWidget(), vor ? Qt::Key_PageDown : Qt::Key_PageUp);
         else {
-            QWheelEvent rad(vorschau()->rect().center(), vorschau()->mapToGlobal(vorschau()->rect().center()), {}, QPoint(0, vor ? -120 : 120), Qt::NoButton,
-                            Qt::NoModifier, Qt::NoScrollPhase, false);
+            const QPoint mitte = vorschau()->rect().center();
+            QWheelEvent rad(mitte, vorschau()->mapToGlobal(mitte), {}, QPoint(0, vor ? -120 : 120), Qt::NoButton, Qt::NoModifier,
+                            Qt::NoScrollPhase, false);
             QCoreApplication::sendEvent(vorschau(), &rad);
         }
     };
@@ -156,7 +157,8 @@ void TestSeitenansicht::tabulator()
         folge += QApplication::focusWidget()->objectName();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
-    QCOMPARE(folge, (QStringList{u"optDruckFrage_1"_s, u"cmdDruckerEinrichten"_s, u"cmdDruck"_s, u"cmdAbbruch"_s, u"cmdSeiteZurueck"_s, u"cmdSeiteVor"_s}));
+    QCOMPARE(folge, (QStringList{u"optDruckFrage_1"_s, u"cmdDruckerEinrichten"_s, u"cmdDruck"_s, u"cmdAbbruch"_s, u"cmdSeiteZurueck"_s,
+                                 u"cmdSeiteVor"_s}));
     QCOMPARE(QApplication::focusWidget()->objectName(), u"optDruckFrage_1"_s);
 }
 
