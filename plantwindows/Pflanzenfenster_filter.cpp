@@ -138,6 +138,8 @@ void Pflanzenfenster::dialogVerlassen()
     if (!fokusVorher_)
         fokusVorher_ = knopf(Knopf::Filter);
     fokusZurueck();
+    // A window manager need not find another window to activate.
+    activateWindow();
 }
 
 void Pflanzenfenster::fokusZurueck()
