@@ -1,9 +1,9 @@
 #include "Filterlauf.h"
 
+#include "Bildplaetze.h"
 #include "Filterpruefung.h"
 #include "store/Fehler.h"
 #include "store/Recordset.h"
-#include "store/Schema.h"
 
 #include <algorithm>
 #include <memory>
@@ -50,27 +50,6 @@ Filterumgebung::Synonyme synonyme(std::shared_ptr<Datenbank> arbeit, QStringView
     return sammlung;
 }
 
-/// Picture rows are matched to plants by position alone, both in the order of the names.
-QSet<qint64> plaetzeMitBild(std::shared_ptr<Datenbank> kopie, std::shared_ptr<Datenbank> arbeit, const SpartenEintrag &sparte)
-{
-    Recordset pflanzen(std::move(kopie), QStringLiteral("SELECT * From %1 WHERE ARTNR LIKE '*' ORDER BY Bot_Name").arg(sparte.haupttabelle));
-    Recordset bilder(std::move(arbeit), QStringLiteral("SELECT * From %1 WHERE ARTNR LIKE '*' ORDER BY BotName").arg(sparte.bildtabelle));
-    QStringList spalten;
-    for (const char *haelfte : {"-G", "-D"})
-        for (int i = 1; i <= schema::anzahlBilder; ++i)
-            spalten += QStringLiteral("BILD%1%2").arg(i).arg(QLatin1String(haelfte));
-    QSet<qint64> mit;
-    for (qsizetype stelle = 0; stelle < pflanzen.RecordCount() && !bilder.Eof(); ++stelle, bilder.MoveNext()) {
-        const bool hat = std::ranges::any_of(spalten, [&](const QString &spalte) {
-            const Feld feld = bilder.Fields(spalte);
-            return !feld.IsNull() && feld.Text() != u"fehlt";
-        });
-        if (hat)
-            mit.insert(pflanzen.Schluessel(stelle));
-    }
-    return mit;
-}
-
 } // namespace
 
 Laufergebnis filterLauf(Datenbank &kopie, Datenbank &arbeit, const Filterbeschreibung &beschreibung, const Filterzustand &zustand)
@@ -85,7 +64,7 @@ Laufergebnis filterLauf(Datenbank &kopie, Datenbank &arbeit, const Filterbeschre
     if (aktivesKriterium(beschreibung, zustand, Pruefung::SynonymDeutsch, &teil))
         umgebung.deutsch = synonyme(arbeit.shared_from_this(), sparte.synonymDeutsch, teil->text);
     if (aktivesKriterium(beschreibung, zustand, Pruefung::Bild, &teil))
-        umgebung.mitBild = plaetzeMitBild(kopie.shared_from_this(), arbeit.shared_from_this(), sparte);
+        umgebung.mitBild = plaetzeMitBild(kopie, arbeit, sparte);
 
     const Filterpruefung pruefung(beschreibung, zustand, std::move(umgebung));
     Laufergebnis ergebnis;

@@ -363,7 +363,51 @@ void behaltenFunktion(sqlite3_context *kontext, int anzahl, sqlite3_value **wert
     }
 }
 
+/// The same for a walk that only looks.
+struct Ansicht
+{
+    const Datenbank::Ansehen &ansehen;
+    std::vector<std::string_view> werte;
+    std::exception_ptr fehler;
+};
+
+void ansehenFunktion(sqlite3_context *kontext, int anzahl, sqlite3_value **werte)
+{
+    auto &ansicht = *static_cast<Ansicht *>(sqlite3_user_data(kontext));
+    try {
+        for (int i = 1; i < anzahl; ++i) {
+            const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(werte[i]));
+            ansicht.werte[size_t(i - 1)] = text ? std::string_view(text, size_t(sqlite3_value_bytes(werte[i]))) : std::string_view();
+        }
+        ansicht.ansehen(sqlite3_value_int64(werte[0]), ansicht.werte);
+    } catch (...) {
+        ansicht.fehler = std::current_exception();
+        sqlite3_result_error(kontext, "abgebrochen", -1);
+    }
+}
+
+void ansehenEnde(sqlite3_context *) {}
+
 } // namespace
+
+void Datenbank::durchlaufen(const QString &tabelle, const QStringList &ausdruecke, const Ansehen &ansehen)
+{
+    tabelleFordern(tabelle);
+    Ansicht ansicht{ansehen, std::vector<std::string_view>(size_t(ausdruecke.size())), {}};
+    constexpr const char *name = "flox_ansehen";
+    sqlite3_create_function_v2(db_, name, -1, SQLITE_UTF8 | SQLITE_DIRECTONLY, &ansicht, nullptr, ansehenFunktion, ansehenEnde, nullptr);
+    const auto abmelden = [](sqlite3 *db) {
+        sqlite3_create_function_v2(db, name, -1, SQLITE_UTF8, nullptr, nullptr, nullptr, nullptr, nullptr);
+    };
+    const std::unique_ptr<sqlite3, decltype(abmelden)> halter(db_, abmelden);
+    const QByteArray sql = QStringLiteral("SELECT %1(%2) FROM [%3] WHERE ARTNR IS NOT NULL")
+                               .arg(QLatin1String(name), (QStringList{QStringLiteral("ARTNR")} + ausdruecke).join(u','), tabelle).toUtf8();
+    const int ergebnis = sqlite3_exec(db_, sql.constData(), nullptr, nullptr, nullptr);
+    if (ansicht.fehler)
+        std::rethrow_exception(ansicht.fehler);
+    if (ergebnis != SQLITE_OK)
+        werfen(db_, pfad_);
+}
 
 void Datenbank::indexeFallenLassen(const QString &tabelle)
 {

@@ -70,6 +70,10 @@ public:
     /// The table's indexes go first: keeping them up would cost several times the walk. For private copies only: throws for
     /// the user's data.
     void loescheAusser(const QString &tabelle, const QStringList &felder, const Behalten &behalten);
+    /// Hands over every row of a table or query: ARTNR and the raw UTF-8 of some expressions in SQLite's dialect (no data for a null),
+    /// in no order. Three times as quick as stepping through a statement. What `ansehen` throws comes out.
+    using Ansehen = std::function<void(qint64, std::span<const std::string_view>)>;
+    void durchlaufen(const QString &tabelle, const QStringList &ausdruecke, const Ansehen &ansehen);
     /// Names of the tables (stored queries are none), in alphabetical order.
     QStringList TableDefs();
     bool hatTabelle(const QString &name);

@@ -96,6 +96,35 @@ public:
                   grundlage);
     }
 
+    /// The picture criterion against a run of another one that leaves as many plants. `zustand` tells of the picture table.
+    void filterMitBild(const char *zustand)
+    {
+        const std::unique_ptr<Pflanzenfenster> fenster = gezeigt();
+        Filterdialog *dialog = fenster->filterdialog();
+        auto *chkBild = dialog->findChild<QCheckBox *>(QStringLiteral("chkBild"));
+        auto *anderes = dialog->findChild<QCheckBox *>(QStringLiteral("sschkBenutzer_1"));
+        const auto lauf = [&](bool bild) {
+            return [=, &fenster] {
+                chkBild->setChecked(bild);
+                anderes->setChecked(!bild);
+                dialog->cmdOK_Click();
+                malen(*fenster);
+            };
+        };
+        const QByteArray name = QByteArray("\"mit Bild\" against another criterion, ") + zustand;
+        vergleich(name.constData(), 1.5, [] {}, lauf(true), lauf(false));
+    }
+    /// Half of the plants, those of the other criterion of `filterMitBild`.
+    void halbeBilder()
+    {
+        ordner_.db()->Execute(QStringLiteral("UPDATE Topfpfl_Bilder SET \"BILD1-G\" = CASE WHEN ARTNR % 100 >= 50 THEN 'fehlt' ELSE 'begonia-rex' END, "
+                                             "\"BILD1-D\" = NULL"));
+    }
+    void bilderzeileStreichen()
+    {
+        ordner_.db()->Execute(QStringLiteral("DELETE FROM Topfpfl_Bilder WHERE ARTNR = (SELECT max(ARTNR) FROM Topfpfl_Bilder)"));
+    }
+
     /// What of opening does not depend on the number of plants.
     void anteile()
     {
@@ -257,6 +286,10 @@ int main(int anzahl, char **argumente)
         bank.bilderAnlegen();
         bank.schritte();
         bank.filter();
+        bank.halbeBilder();
+        bank.filterMitBild("rows fit");
+        bank.bilderzeileStreichen();
+        bank.filterMitBild("one row short");
     }
     start(QString::fromLocal8Bit(argumente[1]));
 #ifdef Q_OS_UNIX
