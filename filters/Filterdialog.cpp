@@ -144,6 +144,12 @@ void Filterdialog::ruecksetzen(bool auchBewertung)
     zaehlen();
 }
 
+QString Filterdialog::reitertext(int reiter, int anzahl) const
+{
+    const QString name = beschreibung_.reiter[size_t(reiter)].toString();
+    return anzahl ? QStringLiteral("%1 (%2)").arg(name).arg(anzahl) : name;
+}
+
 void Filterdialog::zaehlen()
 {
     std::vector<int> anzahl(beschreibung_.reiter.size());
@@ -151,8 +157,7 @@ void Filterdialog::zaehlen()
         if (const Kriterium &kriterium = beschreibung_.kriterien[k]; kriterium.reiter >= 0)
             anzahl[size_t(kriterium.reiter)] += zeigtAktiv(kriterium, {lesen(zeilen_[k].a), lesen(zeilen_[k].b)});
     for (int i = 0; i < int(anzahl.size()); ++i) {
-        const QString name = beschreibung_.reiter[size_t(i)].toString();
-        const QString text = anzahl[size_t(i)] ? QStringLiteral("%1 (%2)").arg(name).arg(anzahl[size_t(i)]) : name;
+        const QString text = reitertext(i, anzahl[size_t(i)]);
         if (SSTab1_->tabText(i) != text)
             SSTab1_->setTabText(i, text);
     }

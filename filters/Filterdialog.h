@@ -79,6 +79,8 @@ private:
     void umschalten(const Teil &teil, int element);
     void ruecksetzen(bool auchBewertung);
     void zaehlen();
+    /// Caption of a tab on which `anzahl` criteria restrict.
+    QString reitertext(int reiter, int anzahl) const;
     QString beschriftung(const Kriterium &kriterium, const Steuerteil &teil, int i) const;
 
     Programm &programm_;

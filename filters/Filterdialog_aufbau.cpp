@@ -19,16 +19,19 @@
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QSlider>
+#include <QTabBar>
 #include <QTabWidget>
+#include <QValidator>
 #include <QVBoxLayout>
 
+#include <algorithm>
 
 /* The dialog's layout, built from the criteria table. */
 
 namespace {
 
 constexpr int abstand = 8;
-constexpr int tafelbreite = 250;    // pixels: panel beside the tabs
+constexpr int tafelbreite = 230;    // pixels: panel beside the tabs
 constexpr int einspaltigBis = 7;    // boxes that stand in one column
 constexpr int symbolgroesse = 44;   // pixels
 
@@ -62,6 +65,50 @@ private:
     bool minus_;
 };
 
+/// What comes into a text box is one line: each line end becomes a blank, however it came in.
+class Einzeiler : public QValidator
+{
+public:
+    using QValidator::QValidator;
+    State validate(QString &text, int &stelle) const override
+    {
+        for (qsizetype i = 0; i < text.size(); ++i) {
+            const QChar z = text[i];
+            if (z != u'\n' && z != u'\r' && z != u'\v' && z != u'\f' && z != QChar(0x85) && z != QChar::LineSeparator && z != QChar::ParagraphSeparator)
+                continue;
+            text[i] = u' ';
+            if (z == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') {
+                text.remove(i + 1, 1);
+                stelle -= stelle > i + 1;
+            }
+        }
+        return Acceptable;
+    }
+};
+
+/// Tabs with room for their counter from the start: none moves while the user clicks.
+class Reiterleiste : public QTabBar
+{
+public:
+    using QTabBar::QTabBar;
+
+protected:
+    QSize tabSizeHint(int i) const override
+    {
+        const auto breite = [this](const QString &text) { return fontMetrics().size(Qt::TextShowMnemonic, text).width(); };
+        int breiteste = 0;
+        for (const QString &text : tabData(i).toStringList())
+            breiteste = std::max(breiteste, breite(text));
+        return QTabBar::tabSizeHint(i) + QSize(std::max(0, breiteste - breite(tabText(i))), 0);
+    }
+};
+
+class Reiter : public QTabWidget
+{
+public:
+    explicit Reiter(QWidget *eltern) : QTabWidget(eltern) { setTabBar(new Reiterleiste(this)); }
+};
+
 QVBoxLayout *senkrecht(QWidget *eltern, int rand)
 {
     auto *anordnung = new QVBoxLayout(eltern);
@@ -89,7 +136,7 @@ Filterdialog::Filterdialog(Programm &programm, Filterziel &ziel, const Filterbes
     setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(sparte.filter)).arg(nummer));
     setProperty("Tag", QString::number(nummer));
     setWindowTitle(QStringLiteral("Filter für %1-Fenster %2 definieren").arg(sparte.titel).arg(nummer));
-    resize(960, 580);
+    resize(1004, 600);
     aufbauen();
     cmdRuecksetzen_Click();
     Form_Activate();
@@ -98,7 +145,7 @@ Filterdialog::Filterdialog(Programm &programm, Filterziel &ziel, const Filterbes
 void Filterdialog::aufbauen()
 {
     zeilen_.resize(beschreibung_.kriterien.size());
-    SSTab1_ = new QTabWidget(this);
+    SSTab1_ = new Reiter(this);
     SSTab1_->setObjectName(QStringLiteral("SSTab1"));
     SSTab1_->setDocumentMode(true);
     QWidget *tafel = seite(-1, this);
@@ -106,7 +153,13 @@ void Filterdialog::aufbauen()
     links->setFixedWidth(tafelbreite);
     links->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     for (int i = 0; i < int(beschreibung_.reiter.size()); ++i)
-        SSTab1_->addTab(rolle(seite(i, SSTab1_)), beschreibung_.reiter[size_t(i)].toString());
+        SSTab1_->addTab(rolle(seite(i, SSTab1_)), reitertext(i, 0));
+    for (int i = 0; i < SSTab1_->count(); ++i) {
+        QStringList texte;
+        for (int n = 0; n <= int(std::ranges::count(beschreibung_.kriterien, i, &Kriterium::reiter)); ++n)
+            texte += reitertext(i, n);
+        SSTab1_->tabBar()->setTabData(i, texte);
+    }
 
     auto *mitte = new QHBoxLayout;
     mitte->setSpacing(abstand);
@@ -266,7 +319,7 @@ QWidget *Filterdialog::elementBauen(const Kriterium &kriterium, const Steuerteil
         } else {
             feld = new QLineEdit(eltern);
         }
-        feld->setAccessibleName(titelVon(beschreibung_, kriterium).remove(u':').trimmed());
+        feld->setValidator(new Einzeiler(feld));
         connect(feld, &QLineEdit::textChanged, this, [this] { zaehlen(); });
         return feld;
     }
@@ -274,6 +327,7 @@ QWidget *Filterdialog::elementBauen(const Kriterium &kriterium, const Steuerteil
         auto *liste = new QComboBox(eltern);
         // Any text may stand here: a filter file can name a family that is not in the list.
         liste->setEditable(true);
+        liste->setValidator(new Einzeiler(liste));
         liste->setInsertPolicy(QComboBox::NoInsert);
         liste->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         liste->setAccessibleName(titelVon(beschreibung_, kriterium).remove(u':').trimmed());
@@ -324,9 +378,15 @@ void Filterdialog::teilAnordnen(const Kriterium &kriterium, const Zeile &zeile, 
         reihe({zeile.a.widgets[0], zeile.a.widgets[1]});
         ort.addWidget(zeile.b.widgets.front());
         auto *enden = new QHBoxLayout;
-        enden->addWidget(new QLabel(QStringLiteral("Rarität"), rahmen));
+        auto *selten = new QLabel(QStringLiteral("Rarität"), rahmen);
+        auto *ueblich = new QLabel(QStringLiteral("Standard- sortiment"), rahmen);
+        // Broken at its blank, as the word is meant.
+        ueblich->setWordWrap(true);
+        ueblich->setAlignment(Qt::AlignRight);
+        ueblich->setFixedWidth(ueblich->fontMetrics().horizontalAdvance(QStringLiteral("sortiment ")) + 2);
+        enden->addWidget(selten, 0, Qt::AlignTop);
         enden->addStretch();
-        enden->addWidget(new QLabel(QStringLiteral("Standard- sortiment"), rahmen));
+        enden->addWidget(ueblich);
         ort.addLayout(enden);
         return;
     }

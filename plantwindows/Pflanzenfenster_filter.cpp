@@ -12,8 +12,33 @@
 #include <QFile>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QScreen>
+
+#include <algorithm>
 
 /* The window's side of its filter: what the buttons hand over to the dialog, and what the dialog asks of the window. */
+
+namespace {
+
+/// Frame that the window system draws around a window. A window that was never shown has none yet; it will get one like its neighbour's.
+QMargins rahmenVon(const QWidget &fenster)
+{
+    const QRect aussen = fenster.frameGeometry(), innen = fenster.geometry();
+    return {innen.left() - aussen.left(), innen.top() - aussen.top(), aussen.right() - innen.right(), aussen.bottom() - innen.bottom()};
+}
+
+/// The dialog, frame included, in the middle of a window, then moved only as far as the screen asks; a dialog that is too large for the
+/// screen gets its size.
+void mittigZeigen(QWidget &dialog, const QRect &fenster, const QMargins &rahmen, const QRect &schirm)
+{
+    dialog.resize(dialog.size().boundedTo(schirm.marginsRemoved(rahmen).size()));
+    const QSize ganz = dialog.size().grownBy(rahmen);
+    const auto stelle = [](int mitte, int laenge, int anfang, int ende) { return std::max(anfang, std::min(mitte, ende - laenge)); };
+    dialog.move(stelle(fenster.left() + (fenster.width() - dialog.width()) / 2, ganz.width(), schirm.left(), schirm.right() + 1),
+                stelle(fenster.top() + (fenster.height() - dialog.height()) / 2, ganz.height(), schirm.top(), schirm.bottom() + 1));
+}
+
+} // namespace
 
 Filterdialog *Pflanzenfenster::filterdialog()
 {
@@ -43,8 +68,7 @@ void Pflanzenfenster::filterZeigen()
     QWidget *fokus = window()->focusWidget();
     fokusVorher_ = fokus && isAncestorOf(fokus) ? fokus : nullptr;
     zentrale_.FensterSperren(sparte());
-    const QRect fenster(mapToGlobal(QPoint(0, 0)), size());
-    filter_->move(fenster.left() + (fenster.width() - filter_->width()) / 2, fenster.top() + (fenster.height() - filter_->height()) / 2);
+    mittigZeigen(*filter_, QRect(mapToGlobal(QPoint(0, 0)), size()), rahmenVon(*window()), screen()->availableGeometry());
     filter_->show();
     filter_->raise();
     filter_->activateWindow();
