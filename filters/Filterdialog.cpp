@@ -2,6 +2,7 @@
 
 #include "Filterdatei.h"
 #include "Filterlauf.h"
+#include "Filtername.h"
 #include "Filterziel.h"
 #include "controls/Geschuetzt.h"
 #include "controls/Sanduhr.h"
@@ -17,13 +18,16 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
 #include <QTabWidget>
+#include <QUrl>
 
 namespace {
 
@@ -40,6 +44,53 @@ QString namensfilter(QStringView filter)
     }
     return fertig.join(QStringLiteral(";;"));
 }
+
+/// First pattern of a filter: "*.x".
+QString muster(QStringView filter)
+{
+    return filter.toString().section(u'|', 1, 1);
+}
+
+bool istMuster(const QString &pfad)
+{
+    return QFileInfo(pfad).fileName().contains(u'*') && !QFileInfo::exists(pfad);
+}
+
+/// Asks for a filter file. It begins in the current folder with `name` in its box; a pattern there is the name of no file.
+class Dateifrage : public QFileDialog
+{
+public:
+    Dateifrage(QWidget *eltern, const QString &titel, QStringView filter, const QString &name, const QString &letzterOrdner)
+        : QFileDialog(eltern, titel, QDir::currentPath(), namensfilter(filter))
+    {
+        selectFile(name);
+        const QUrl ort = QUrl::fromLocalFile(letzterOrdner);
+        if (letzterOrdner.isEmpty() || !QDir(letzterOrdner).exists() || sidebarUrls().contains(ort))
+            return;
+        dazu_ = ort;
+        setSidebarUrls(sidebarUrls() << ort);
+    }
+
+    /// The chosen path; empty after a cancel.
+    QString fragen()
+    {
+        const bool gewaehlt = exec() == QDialog::Accepted && !selectedFiles().isEmpty() && !istMuster(selectedFiles().constFirst());
+        // The toolkit remembers the places for good; this one is for this time.
+        QList<QUrl> orte = sidebarUrls();
+        if (orte.removeAll(dazu_) > 0)
+            setSidebarUrls(orte);
+        return gewaehlt ? selectedFiles().constFirst() : QString();
+    }
+
+    void accept() override
+    {
+        if (selectedFiles().isEmpty() || !istMuster(selectedFiles().constFirst()))
+            QFileDialog::accept();
+    }
+
+private:
+    QUrl dazu_;
+};
 
 } // namespace
 
@@ -203,6 +254,7 @@ void Filterdialog::Form_Activate()
         if (auto *kaestchen = findChild<Namenskaestchen *>(QStringLiteral("sschkBenutzer_%1").arg(i)))
             kaestchen->setName(programm_.BenutzerNamen[size_t(beschreibung_.sparte)][size_t(i)]);
     Monatsbeschriftung();
+    dateisperreZeigen();
     if (auto *chkOhneBild = findChild<QCheckBox *>(QStringLiteral("chkOhneBild"))) {
         chkOhneBild->setVisible(programm_.HausModus);
         if (!programm_.HausModus)
@@ -226,37 +278,50 @@ void Filterdialog::ausbildungWaehlen(int i)
 
 void Filterdialog::FilterLaden(const QString &pfad)
 {
-    const auto melden = [this] { QMessageBox::information(this, programmtitel.toString(), QStringLiteral("Fehler beim Laden des Filters")); };
+    ladeDatei(pfad);
+}
+
+bool Filterdialog::ladeDatei(const QString &pfad)
+{
     QFile datei(systemPfad(pfad));
-    if (programm_.FilterdateiGestoert || !datei.open(QIODevice::ReadOnly))
-        return melden();
-    const bool ganz = filterLesen(beschreibung_, datei.readAll(), [this](int k, bool zweites, int element, int wert, const QString &text) {
+    const bool offen = !programm_.FilterdateiGestoert && datei.open(QIODevice::ReadOnly);
+    const bool ganz = offen && filterLesen(beschreibung_, datei.readAll(), [this](int k, bool zweites, int element, int wert, const QString &text) {
         setzen(zweites ? zeilen_[size_t(k)].b : zeilen_[size_t(k)].a, element, wert, text);
     });
     zaehlen();
     if (ganz)
-        return;
-    programm_.FilterdateiGestoert = true;
-    melden();
+        return true;
+    programm_.FilterdateiGestoert = programm_.FilterdateiGestoert || offen;
+    dateisperreZeigen();
+    QMessageBox(QMessageBox::NoIcon, QString(), QStringLiteral("Fehler beim Laden des Filters"), QMessageBox::Ok, this).exec();
+    return false;
 }
 
 void Filterdialog::FilterSpeichern(const QString &pfad)
 {
     if (programm_.FilterdateiGestoert)
-        throw Fehler(QStringLiteral("Die Filterdatei '%1' kann nicht geschrieben werden.").arg(QDir::toNativeSeparators(systemPfad(pfad))));
+        throw Fehler(QStringLiteral("Die Filterdatei '%1' kann nicht geschrieben werden.\n%2").arg(QDir::toNativeSeparators(systemPfad(pfad)), dateisperre));
     schreibeSicher(systemPfad(pfad), filterSchreiben(beschreibung_, zustand()));
+}
+
+void Filterdialog::dateisperreZeigen()
+{
+    findChild<QLabel *>(QStringLiteral("lblHinweis"))->setVisible(programm_.FilterdateiGestoert);
 }
 
 void Filterdialog::DialogLaden()
 {
-    QFileDialog dialog(this, QStringLiteral("Filter laden"), QDir::currentPath(), namensfilter(beschreibung_.ladeFilter));
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+    Dateifrage frage(this, QStringLiteral("Filter laden"), beschreibung_.ladeFilter, muster(beschreibung_.speicherFilter), programm_.FilterOrdner);
+    frage.setFileMode(QFileDialog::ExistingFile);
+    const QString pfad = frage.fragen();
+    if (pfad.isEmpty()) {
         cmdAbbruch_Click();
         return;
     }
+    programm_.FilterOrdner = QFileInfo(pfad).absolutePath();
     try {
-        FilterLaden(dialog.selectedFiles().constFirst());
+        if (ladeDatei(pfad))
+            findChild<QPushButton *>(QStringLiteral("cmdOK"))->setFocus();
     } catch (const Fehler &fehler) {
         constexpr int unbekannterFehler = 51;
         QMessageBox::critical(this, QStringLiteral("Laufzeitfehler (Dialog_Laden)"), QStringLiteral("%1 (%2)").arg(fehler.text()).arg(unbekannterFehler));
@@ -265,11 +330,20 @@ void Filterdialog::DialogLaden()
 
 void Filterdialog::DialogSpeichernunter()
 {
-    QFileDialog dialog(this, QStringLiteral("Filter speichern"), QDir::currentPath(), namensfilter(beschreibung_.speicherFilter));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty())
-        FilterSpeichern(dialog.selectedFiles().constFirst());
+    const QString endung = muster(beschreibung_.speicherFilter);
+    const QString name = filtername(beschreibung_, zustand(), [this](const Kriterium &kriterium, const Steuerteil &teil, int i) {
+        return beschriftung(kriterium, teil, i);
+    });
+    Dateifrage frage(this, QStringLiteral("Filter speichern"), beschreibung_.speicherFilter, name.isEmpty() ? endung : name + endung.mid(1),
+                     programm_.FilterOrdner);
+    frage.setAcceptMode(QFileDialog::AcceptSave);
+    frage.setFileMode(QFileDialog::AnyFile);
+    frage.setDefaultSuffix(endung.mid(2));
+    const QString pfad = frage.fragen();
+    if (pfad.isEmpty())
+        return;
+    FilterSpeichern(pfad);
+    programm_.FilterOrdner = QFileInfo(pfad).absolutePath();
 }
 
 void Filterdialog::closeEvent(QCloseEvent *ereignis)

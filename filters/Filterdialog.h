@@ -54,6 +54,8 @@ protected:
     bool eventFilter(QObject *quelle, QEvent *ereignis) override;
 
 private:
+    static constexpr QStringView dateisperre = u"Seit einem Lesefehler sind Filterdateien bis zum Neustart des Programms gesperrt.";
+
     struct Teil
     {
         const Steuerteil *steuerteil;
@@ -72,6 +74,10 @@ private:
     void teilAnordnen(const Kriterium &kriterium, const Zeile &zeile, QVBoxLayout &ort, QWidget *rahmen);
     QWidget *tastenBauen();
     void familienFuellen(QWidget *liste);
+
+    /// Sets the controls from a file; false, after its message, when it could not be read to its end.
+    bool ladeDatei(const QString &pfad);
+    void dateisperreZeigen();
 
     Teilzustand lesen(const Teil &teil) const;
     void setzen(const Teil &teil, int element, int wert, const QString &text);

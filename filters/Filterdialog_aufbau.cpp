@@ -175,6 +175,11 @@ QWidget *Filterdialog::tastenBauen()
     auto *leiste = new QWidget(this);
     auto *tasten = new QHBoxLayout(leiste);
     tasten->setContentsMargins(0, 0, 0, 0);
+    auto *hinweis = new QLabel(dateisperre.toString(), leiste);
+    hinweis->setObjectName(QStringLiteral("lblHinweis"));
+    hinweis->setWordWrap(true);
+    hinweis->hide();
+    tasten->addWidget(hinweis, 1);
     tasten->addStretch();
     const auto taste = [&](const char *name, const QString &text, void (Filterdialog::*handlung)()) {
         auto *knopf = new QPushButton(text, leiste);

@@ -42,6 +42,7 @@ struct Programm
     std::array<bool, 6> AzubiAuswahl{}; ///< in the order of WL_Ausbildung
     int GewaehltesBild = 0;             ///< place of the preview clicked last, counted from 0
     bool FilterdateiGestoert = false;   ///< a filter file failed while it was read: none can be read or written any more
+    QString FilterOrdner;               ///< folder of the filter file last loaded or saved, the system's; empty: none in this run
     int SchriftGroesse = 9;             ///< body font of printouts, points
     int SeitenBreite = 0;               ///< width of the rules of printouts, millimetres
     QString SortierFeld;                ///< field behind ORDER BY, set just before it is used
