@@ -222,7 +222,12 @@ void Filterdialog::cmdOK_Click()
     const bool gelaufen = geschuetztAusfuehren(this, [&] {
         const Sanduhr sanduhr(this);
         Datenbank &kopie = ziel_.allePflanzen();
-        ergebnis = filterLauf(kopie, ziel_.arbeitsdatenbank(), beschreibung_, zustand());
+        try {
+            ergebnis = filterLauf(kopie, ziel_.arbeitsdatenbank(), beschreibung_, zustand());
+        } catch (const Eingabefehler &fehler) {
+            eingabeZeigen(fehler); // the message comes over it
+            throw;
+        }
     });
     if (gelaufen && ergebnis.uebrig.empty())
         QMessageBox::warning(this, QStringLiteral("Keine passende Pflanze!"),
@@ -240,6 +245,17 @@ void Filterdialog::cmdOK_Click()
     }
     if (geschuetztAusfuehren(this, [&] { ziel_.filterGelaufen(ergebnis); }) && ich)
         cmdAbbruch_Click();
+}
+
+void Filterdialog::eingabeZeigen(const Eingabefehler &fehler)
+{
+    const Zeile &zeile = zeilen_[size_t(fehler.kriterium - beschreibung_.kriterien.data())];
+    QWidget *feld = (fehler.zweites ? zeile.b : zeile.a).widgets.front();
+    if (fehler.kriterium->reiter >= 0)
+        SSTab1_->setCurrentIndex(fehler.kriterium->reiter);
+    feld->setFocus();
+    if (auto *text = qobject_cast<QLineEdit *>(feld))
+        text->selectAll();
 }
 
 void Filterdialog::cmdAbbruch_Click()

@@ -78,6 +78,8 @@ private:
     /// Sets the controls from a file; false, after its message, when it could not be read to its end.
     bool ladeDatei(const QString &pfad);
     void dateisperreZeigen();
+    /// Brings the box of an error to the front, with the focus and its text selected.
+    void eingabeZeigen(const Eingabefehler &fehler);
 
     Teilzustand lesen(const Teil &teil) const;
     void setzen(const Teil &teil, int element, int wert, const QString &text);

@@ -10,6 +10,17 @@
 
 namespace {
 
+/// The error of a look-up that a box's text led to, with the name of the box.
+template<typename Suche>
+auto fuerFeld(const Kriterium &kriterium, Suche &&suche)
+{
+    try {
+        return suche();
+    } catch (const Fehler &fehler) {
+        throw Eingabefehler(kriterium, false, QStringLiteral("%1 %2").arg(kriterium.titel, fehler.text()));
+    }
+}
+
 const Kriterium *aktivesKriterium(const Filterbeschreibung &beschreibung, const Filterzustand &zustand, Pruefung pruefung, const Teilzustand **teil)
 {
     for (size_t i = 0; i < beschreibung.kriterien.size(); ++i)
@@ -59,10 +70,10 @@ Laufergebnis filterLauf(Datenbank &kopie, Datenbank &arbeit, const Filterbeschre
     const Teilzustand *teil = nullptr;
     if (aktivesKriterium(beschreibung, zustand, Pruefung::Familie, &teil))
         umgebung.familie = familiennummer(arbeit, teil->text);
-    if (aktivesKriterium(beschreibung, zustand, Pruefung::SynonymBotanisch, &teil))
-        umgebung.botanisch = synonyme(arbeit.shared_from_this(), sparte.synonymBotanisch, teil->text);
-    if (aktivesKriterium(beschreibung, zustand, Pruefung::SynonymDeutsch, &teil))
-        umgebung.deutsch = synonyme(arbeit.shared_from_this(), sparte.synonymDeutsch, teil->text);
+    if (const Kriterium *k = aktivesKriterium(beschreibung, zustand, Pruefung::SynonymBotanisch, &teil))
+        umgebung.botanisch = fuerFeld(*k, [&] { return synonyme(arbeit.shared_from_this(), sparte.synonymBotanisch, teil->text); });
+    if (const Kriterium *k = aktivesKriterium(beschreibung, zustand, Pruefung::SynonymDeutsch, &teil))
+        umgebung.deutsch = fuerFeld(*k, [&] { return synonyme(arbeit.shared_from_this(), sparte.synonymDeutsch, teil->text); });
     if (aktivesKriterium(beschreibung, zustand, Pruefung::Bild, &teil))
         umgebung.mitBild = plaetzeMitBild(kopie, arbeit, sparte);
 

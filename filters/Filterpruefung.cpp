@@ -13,20 +13,6 @@ QString textVon(std::string_view wert)
     return QString::fromUtf8(wert.data(), qsizetype(wert.size()));
 }
 
-double zahlAus(const QString &text)
-{
-    const std::optional<double> zahl = zahlLesen(text);
-    if (!zahl)
-        throw Fehler(QStringLiteral("\"%1\" ist keine Zahl.").arg(text));
-    return *zahl;
-}
-
-double zahlAus(std::string_view text)
-{
-    const std::optional<double> zahl = zahlLesen(text);
-    return zahl ? *zahl : zahlAus(textVon(text));
-}
-
 /// How a criterion's field writes its positions; a field without a vocabulary holds flags.
 Kodierung kodierungVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium)
 {
@@ -127,7 +113,7 @@ bool Filterpruefung::probePasst(const Probe &probe, qint64 artnr, std::span<cons
             throw Fehler(QStringLiteral("Das Feld '%1' der Pflanze %2 ist leer.").arg(QLatin1String(probe.kriterium->feld2)).arg(artnr));
         return positionen(probe.kodierung, feld()).schneidet(probe.gewaehlt) || (probe.zweites && wahr(probe.feld2));
     }
-    case Pruefung::Bereich: return bereichPasst(probe, werte);
+    case Pruefung::Bereich: return bereichPasst(probe, artnr, werte);
     case Pruefung::Enthaelt: return grossbuchstaben(textVon(feld())).contains(probe.nadel);
     case Pruefung::SynonymBotanisch: return synonymPasst(probe, artnr, umgebung_.botanisch, {});
     case Pruefung::SynonymDeutsch: return synonymPasst(probe, artnr, umgebung_.deutsch, textVon(feld()));
@@ -150,15 +136,22 @@ bool Filterpruefung::probePasst(const Probe &probe, qint64 artnr, std::span<cons
     return true;
 }
 
-bool Filterpruefung::bereichPasst(const Probe &probe, std::span<const std::string_view> werte) const
+bool Filterpruefung::bereichPasst(const Probe &probe, qint64 artnr, std::span<const std::string_view> werte) const
 {
-    const auto zahl = [&](int stelle) {
+    const auto zahl = [&](int stelle, const char *feld) {
         const std::string_view text = werte[size_t(stelle)];
-        return text.empty() ? 0.0 : zahlAus(text);
+        const std::optional<double> wert = text.empty() ? std::optional(0.0) : zahlLesen(text);
+        if (!wert)
+            throw Fehler(QStringLiteral("Das Feld '%1' der Pflanze %2 enthält keine Zahl: \"%3\".").arg(QLatin1String(feld)).arg(artnr).arg(textVon(text)));
+        return *wert;
     };
-    const double unten = zahl(probe.feld), oben = zahl(probe.feld2);
-    const double min = probe.minZahl ? *probe.minZahl : zahlAus(probe.min);
-    const double max = probe.maxZahl ? *probe.maxZahl : zahlAus(probe.max);
+    const Kriterium &kriterium = *probe.kriterium;
+    const double unten = zahl(probe.feld, kriterium.feld), oben = zahl(probe.feld2, kriterium.feld2);
+    if (!probe.minZahl)
+        keineZahl(kriterium, false, probe.min);
+    if (!probe.maxZahl)
+        keineZahl(kriterium, true, probe.max);
+    const double min = *probe.minZahl, max = *probe.maxZahl;
     return !(max < oben || min > unten || (probe.kriterium->untereGegenMax && max < unten));
 }
 

@@ -54,7 +54,7 @@ private:
 
     int feldstelle(const char *feld);
     bool probePasst(const Probe &probe, qint64 artnr, std::span<const std::string_view> werte) const;
-    bool bereichPasst(const Probe &probe, std::span<const std::string_view> werte) const;
+    bool bereichPasst(const Probe &probe, qint64 artnr, std::span<const std::string_view> werte) const;
     bool synonymPasst(const Probe &probe, qint64 artnr, const Filterumgebung::Synonyme &synonyme, const QString &vorweg) const;
 
     Filterumgebung umgebung_;

@@ -1,7 +1,8 @@
 #include "Filterzustand.h"
 
-#include "store/Fehler.h"
 #include "store/Text.h"
+
+#include <optional>
 
 Teilzustand vorgabe(const Steuerteil &teil)
 {
@@ -62,23 +63,32 @@ int anzahlGewaehlt(const Steuerteil &teil, const Teilzustand &zustand)
     return anzahl;
 }
 
+void keineZahl(const Kriterium &kriterium, bool zweites, const QString &text)
+{
+    const QString gruppe = kriterium.titel.toString().remove(u':').trimmed();
+    throw Eingabefehler(kriterium, zweites, QStringLiteral("%1, %2: \"%3\" ist keine Zahl.")
+                                                .arg(gruppe, zweites ? QStringLiteral("Maximum") : QStringLiteral("Minimum"), text));
+}
+
 namespace {
 
-/// A number of a box in single precision; throws what the user is told.
-float zahlAus(const QString &text)
+/// A number in single precision, as boxes and their defaults are compared.
+std::optional<float> einfach(const QString &text)
 {
     const std::optional<double> zahl = zahlLesen(text);
-    if (!zahl)
-        throw Fehler(QStringLiteral("\"%1\" ist keine Zahl.").arg(text));
-    return float(*zahl);
+    return zahl ? std::optional(float(*zahl)) : std::nullopt;
 }
 
 } // namespace
 
 bool grenzeVorgegeben(const Kriterium &kriterium, const Steuerteil &teil, const Teilzustand &zustand)
 {
-    if (kriterium.regel == Bereichsregel::GleicheZahlen)
-        return zahlAus(zustand.text) == zahlAus(teil.vorgabe.toString());
+    if (kriterium.regel == Bereichsregel::GleicheZahlen) {
+        const std::optional<float> zahl = einfach(zustand.text);
+        if (!zahl)
+            keineZahl(kriterium, &teil == &kriterium.b, zustand.text);
+        return zahl == einfach(teil.vorgabe.toString());
+    }
     return zustand.text == teil.vorgabe;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Kriterien.h"
+#include "store/Fehler.h"
 
 #include <QString>
 
@@ -21,6 +22,19 @@ struct Kriteriumzustand
     Teilzustand a, b;
     bool operator==(const Kriteriumzustand &) const = default;
 };
+
+/// What stands in a box of the dialog cannot be used; the text names the box.
+class Eingabefehler : public Fehler
+{
+public:
+    Eingabefehler(const Kriterium &kriterium, bool zweites, const QString &text) : Fehler(text), kriterium(&kriterium), zweites(zweites) {}
+
+    const Kriterium *kriterium; ///< row of the criteria table
+    bool zweites;               ///< the second box of a pair
+};
+
+/// A box that must hold a number and does not. Throws always.
+[[noreturn]] void keineZahl(const Kriterium &kriterium, bool zweites, const QString &text);
 
 struct Filterzustand
 {

@@ -28,6 +28,9 @@ private slots:
     void zeilenenden_data();
     void zeilenenden();
     void eingefuegtesWirdGefunden();
+    void fehlerZeigtSeinFeld_data();
+    void fehlerZeigtSeinFeld();
+    void fehlerInDerPflanze();
 
 private:
     void starten(Sparte sparte);
@@ -201,6 +204,54 @@ void TestFilterdialogAnsicht::eingefuegtesWirdGefunden()
     QCOMPARE(probe_->pflanzen(), probe_->arbeit(u"BOT_NAME LIKE '*Ficus benjamina*' AND bewertung >= 5"_s));
     QVERIFY(!probe_->pflanzen().isEmpty());
     QCOMPARE(meldungen.texte, QStringList());
+}
+
+void TestFilterdialogAnsicht::fehlerZeigtSeinFeld_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("meldung");
+    for (const auto &[feld, gruppe] : {std::pair("Hoehe", u"Höhe"_s), {"Licht", u"Beleuchtungsstärke"_s}, {"Temp", u"Temperatur"_s}})
+        for (const auto &[stamm, ende] : {std::pair("txtMin", u"Minimum"_s), {"txtMax", u"Maximum"_s}}) {
+            const QByteArray name = QByteArray(stamm) + feld;
+            QTest::newRow(name) << name << u"1,,2"_s << u"%1, %2: \"1,,2\" ist keine Zahl."_s.arg(gruppe, ende);
+        }
+    QTest::newRow("txtSynonym") << QByteArray("txtSynonym") << u"d'Or"_s << u"Botanisches Synonym: "_s;
+    QTest::newRow("txtSynonymDeutsch") << QByteArray("txtSynonymDeutsch") << u"d'Or"_s << u"Deutscher Name: "_s;
+}
+
+void TestFilterdialogAnsicht::fehlerZeigtSeinFeld()
+{
+    QFETCH(const QByteArray, name);
+    QFETCH(const QString, text);
+    QFETCH(const QString, meldung);
+    starten(Sparte::Topf);
+    const QList<qint64> alle = probe_->arbeit(u"1"_s);
+    QLineEdit *feld = probe_->feld(name);
+    feld->setText(text);
+    probe_->finde<QTabWidget>(u"SSTab1"_s)->setCurrentIndex(1);
+    probe_->dialog().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&probe_->dialog()));
+    Meldungsfaenger meldungen;
+    probe_->taste("cmdOK");
+    QCOMPARE(meldungen.texte.size(), 1);
+    QVERIFY2(meldungen.texte[0].startsWith(meldung), qPrintable(meldungen.texte[0]));
+    QVERIFY(feld->isVisible()); // its tab is in front
+    probe_->dialog().activateWindow(); // as a window manager does once the message is gone
+    QTRY_COMPARE(QApplication::focusWidget(), feld);
+    QCOMPARE(feld->selectedText(), text); // typing replaces it
+    QCOMPARE(probe_->pflanzen(), alle);
+}
+
+void TestFilterdialogAnsicht::fehlerInDerPflanze()
+{
+    starten(Sparte::Topf);
+    const qint64 pflanze = probe_->pflanzen()[2];
+    probe_->arbeitAendern(u"UPDATE TOPFPFL SET MAXHOEHE = 'hoch' WHERE ARTNR = ?"_s, {pflanze});
+    probe_->feld("txtMaxHoehe")->setText(u"98"_s);
+    Meldungsfaenger meldungen;
+    probe_->taste("cmdOK");
+    QCOMPARE(meldungen.texte, QStringList{u"Das Feld 'MAXHOEHE' der Pflanze %1 enthält keine Zahl: \"hoch\"."_s.arg(pflanze)});
 }
 
 QTEST_MAIN(TestFilterdialogAnsicht)

@@ -508,10 +508,12 @@ void TestFilterlauf::fehler_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("feld");
     QTest::addColumn<QString>("meldung");
-    const QString keineZahl = u"\"%1\" ist keine Zahl."_s;
-    for (const char *control : {"txtMinHoehe", "txtMaxHoehe", "txtMinLicht", "txtMaxLicht", "txtMinTemp", "txtMaxTemp"})
+    const QString keineZahl = u"%1: \"%2\" ist keine Zahl."_s;
+    for (const auto &[control, name] : {std::pair("txtMinHoehe", u"Höhe, Minimum"_s), {"txtMaxHoehe", u"Höhe, Maximum"_s},
+                                        {"txtMinLicht", u"Beleuchtungsstärke, Minimum"_s}, {"txtMaxLicht", u"Beleuchtungsstärke, Maximum"_s},
+                                        {"txtMinTemp", u"Temperatur, Minimum"_s}, {"txtMaxTemp", u"Temperatur, Maximum"_s}})
         for (const QString &text : {u""_s, u"1,2,3"_s})
-            QTest::addRow("%s <%s>", control, qPrintable(text)) << QByteArray(control) << text << QString() << keineZahl.arg(text);
+            QTest::addRow("%s <%s>", control, qPrintable(text)) << QByteArray(control) << text << QString() << keineZahl.arg(name, text);
     QTest::newRow("Bewertung") << QByteArray() << QString() << u"bewertung"_s << u"Die Pflanze 2 hat keine Bewertung."_s;
     QTest::newRow("Gift") << QByteArray("chkTyp") << QString() << u"giftig"_s << u"Das Feld 'GIFTIG' der Pflanze 2 ist leer."_s;
 }
