@@ -276,6 +276,7 @@ void Filterdialog::Form_Activate()
         if (!programm_.HausModus)
             chkOhneBild->setChecked(false);
     }
+    ansagen();
 }
 
 void Filterdialog::Monatsbeschriftung()

@@ -73,6 +73,10 @@ private:
     QWidget *elementBauen(const Kriterium &kriterium, const Steuerteil &steuerteil, int i, QWidget *eltern);
     void teilAnordnen(const Kriterium &kriterium, const Zeile &zeile, QVBoxLayout &ort, QWidget *rahmen);
     QWidget *tastenBauen();
+    /// Names for a reader who hears one control at a time: each with its group.
+    void ansagen();
+    /// Tab goes as one reads: the panel, the tabs, their pages column by column, the buttons.
+    void tabfolge();
     void familienFuellen(QWidget *liste);
 
     /// Sets the controls from a file; false, after its message, when it could not be read to its end.

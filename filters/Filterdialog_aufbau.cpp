@@ -1,5 +1,6 @@
 #include "Filterdialog.h"
 
+#include "Filtername.h"
 #include "controls/Geschuetzt.h"
 #include "controls/Steuerelemente.h"
 #include "store/Nebentabellen.h"
@@ -168,6 +169,69 @@ void Filterdialog::aufbauen()
     auto *alles = senkrecht(this, abstand);
     alles->addLayout(mitte, 1);
     alles->addWidget(tastenBauen());
+    tabfolge();
+}
+
+void Filterdialog::ansagen()
+{
+    for (size_t k = 0; k < zeilen_.size(); ++k) {
+        const Kriterium &kriterium = beschreibung_.kriterien[k];
+        const QString gruppe = gruppenname(beschreibung_, kriterium);
+        for (const Teil *teil : {&zeilen_[k].a, &zeilen_[k].b})
+            for (int i = 0; i < int(teil->widgets.size()); ++i) {
+                QString name = gruppe;
+                switch (teil->steuerteil->art) {
+                case Steuerung::Kaestchen:
+                case Steuerung::KaestchenWert:
+                case Steuerung::Farben:
+                case Steuerung::Monate:
+                case Steuerung::Bilder:
+                case Steuerung::Option: {
+                    const QString wort = beschriftung(kriterium, *teil->steuerteil, i);
+                    name += QStringLiteral(": ") + (wort.trimmed().isEmpty() ? QStringLiteral("Nr. %1, ohne Namen").arg(i + 1) : wort);
+                    break;
+                }
+                case Steuerung::Zahl:
+                    name += QStringLiteral(", %1 in %2").arg(teil == &zeilen_[k].a ? QStringLiteral("Minimum") : QStringLiteral("Maximum"), kriterium.einheit);
+                    break;
+                case Steuerung::Schieber: name += QStringLiteral(", Stufe von der Rarität bis zum Standardsortiment"); break;
+                case Steuerung::Text:
+                case Steuerung::Liste: break;
+                }
+                QWidget *widget = teil->widgets[size_t(i)];
+                widget->setAccessibleName(name);
+                if (auto *liste = qobject_cast<QComboBox *>(widget)) // which is heard by its text
+                    liste->lineEdit()->setAccessibleName(name);
+            }
+        zeilen_[k].a.widgets.front()->parentWidget()->setAccessibleName(gruppe);
+    }
+}
+
+void Filterdialog::tabfolge()
+{
+    // The tab widget would hand its own turn, before the panel's, to the tabs.
+    SSTab1_->setFocusProxy(nullptr);
+    SSTab1_->setFocusPolicy(Qt::NoFocus);
+    QWidget *vorher = nullptr;
+    const auto weiter = [&vorher](QWidget *widget) {
+        if (vorher)
+            setTabOrder(vorher, widget);
+        vorher = widget;
+    };
+    for (int reiter = -1; reiter < int(beschreibung_.reiter.size()); ++reiter) {
+        if (reiter == 0)
+            weiter(SSTab1_->tabBar());
+        std::vector<size_t> folge;
+        for (size_t k = 0; k < zeilen_.size(); ++k)
+            if (beschreibung_.kriterien[k].reiter == reiter)
+                folge.push_back(k);
+        std::ranges::stable_sort(folge, {}, [this](size_t k) { return beschreibung_.kriterien[k].spalte; });
+        for (const size_t k : folge)
+            for (const Teil *teil : {&zeilen_[k].a, &zeilen_[k].b})
+                std::ranges::for_each(teil->widgets, weiter);
+    }
+    for (const char *taste : {"cmdOK", "cmdRuecksetzen", "cmdAbbruch"})
+        weiter(findChild<QPushButton *>(QLatin1String(taste)));
 }
 
 QWidget *Filterdialog::tastenBauen()
@@ -287,7 +351,6 @@ QWidget *Filterdialog::elementBauen(const Kriterium &kriterium, const Steuerteil
     case Steuerung::Monate: {
         auto *zelle = new Farbzelle(steuerteil.art == Steuerung::Farben && i + 1 == steuerteil.elemente(), eltern);
         zelle->setToolTip(beschriftung(kriterium, steuerteil, i));
-        zelle->setAccessibleName(zelle->toolTip());
         zelle->setBedienbar();
         if (steuerteil.art == Steuerung::Farben)
             zelle->setEigenfarbe(i + 1 < steuerteil.elemente() ? steuerteil.farben->werte[size_t(i)] : 0);
@@ -304,7 +367,6 @@ QWidget *Filterdialog::elementBauen(const Kriterium &kriterium, const Steuerteil
         const Symbolbild &symbol = steuerteil.bilder[size_t(i)];
         bild->setBild(QString::fromLatin1(symbol.bild));
         bild->setToolTip(symbol.name.toString());
-        bild->setAccessibleName(symbol.name.toString());
         bild->setBedienbar();
         connect(bild, &Bildfeld::geklickt, this, [this, teil, i] { umschalten(teil(), i); });
         return bild;
@@ -335,7 +397,6 @@ QWidget *Filterdialog::elementBauen(const Kriterium &kriterium, const Steuerteil
         liste->setValidator(new Einzeiler(liste));
         liste->setInsertPolicy(QComboBox::NoInsert);
         liste->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        liste->setAccessibleName(titelVon(beschreibung_, kriterium).remove(u':').trimmed());
         familienFuellen(liste);
         connect(liste, &QComboBox::currentTextChanged, this, [this] { zaehlen(); });
         return liste;
@@ -345,7 +406,6 @@ QWidget *Filterdialog::elementBauen(const Kriterium &kriterium, const Steuerteil
         schieber->setRange(schieberMin, schieberMax);
         schieber->setPageStep(1);
         schieber->setTickPosition(QSlider::TicksBelow);
-        schieber->setAccessibleName(titelVon(beschreibung_, kriterium));
         connect(schieber, &QSlider::valueChanged, this, [this] { zaehlen(); });
         return schieber;
     }
