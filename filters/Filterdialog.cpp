@@ -302,9 +302,10 @@ bool Filterdialog::ladeDatei(const QString &pfad)
 {
     QFile datei(systemPfad(pfad));
     const bool offen = !programm_.FilterdateiGestoert && datei.open(QIODevice::ReadOnly);
-    const bool ganz = offen && filterLesen(beschreibung_, datei.readAll(), [this](int k, bool zweites, int element, int wert, const QString &text) {
+    const Filterwert wertSetzen = [this](int k, bool zweites, int element, int wert, const QString &text) {
         setzen(zweites ? zeilen_[size_t(k)].b : zeilen_[size_t(k)].a, element, wert, text);
-    });
+    };
+    const bool ganz = offen && filterLesen(beschreibung_, datei.readAll(), wertSetzen);
     zaehlen();
     if (ganz)
         return true;
@@ -328,7 +329,8 @@ void Filterdialog::dateisperreZeigen()
 
 void Filterdialog::DialogLaden()
 {
-    Dateifrage frage(this, QStringLiteral("Filter laden"), beschreibung_.ladeFilter, muster(beschreibung_.speicherFilter), programm_.FilterOrdner);
+    Dateifrage frage(this, QStringLiteral("Filter laden"), beschreibung_.ladeFilter, muster(beschreibung_.speicherFilter),
+                     programm_.FilterOrdner);
     frage.setFileMode(QFileDialog::ExistingFile);
     const QString pfad = frage.fragen();
     if (pfad.isEmpty()) {

@@ -75,7 +75,7 @@ public:
     {
         for (qsizetype i = 0; i < text.size(); ++i) {
             const QChar z = text[i];
-            if (z != u'\n' && z != u'\r' && z != u'\v' && z != u'\f' && z != QChar(0x85) && z != QChar::LineSeparator && z != QChar::ParagraphSeparator)
+            if (!QStringView(u"\n\r\v\f\u0085\u2028\u2029").contains(z))
                 continue;
             text[i] = u' ';
             if (z == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') {
@@ -192,7 +192,8 @@ void Filterdialog::ansagen()
                     break;
                 }
                 case Steuerung::Zahl:
-                    name += QStringLiteral(", %1 in %2").arg(teil == &zeilen_[k].a ? QStringLiteral("Minimum") : QStringLiteral("Maximum"), kriterium.einheit);
+                    name += teil == &zeilen_[k].a ? QStringLiteral(", Minimum in ") : QStringLiteral(", Maximum in ");
+                    name += kriterium.einheit;
                     break;
                 case Steuerung::Schieber: name += QStringLiteral(", Stufe von der Rarität bis zum Standardsortiment"); break;
                 case Steuerung::Text:

@@ -15,7 +15,8 @@ QString ohneDoppelpunkt(const Filterbeschreibung &beschreibung, const Kriterium 
 QString unterscheidung(const Filterbeschreibung &beschreibung, const Kriterium &kriterium)
 {
     const QString titel = ohneDoppelpunkt(beschreibung, kriterium);
-    const bool einzig = std::ranges::count_if(beschreibung.kriterien, [&](const Kriterium &k) { return ohneDoppelpunkt(beschreibung, k) == titel; }) == 1;
+    const auto gleich = [&](const Kriterium &k) { return ohneDoppelpunkt(beschreibung, k) == titel; };
+    const bool einzig = std::ranges::count_if(beschreibung.kriterien, gleich) == 1;
     return einzig || kriterium.reiter < 0 ? QString() : beschreibung.reiter[size_t(kriterium.reiter)].toString();
 }
 
