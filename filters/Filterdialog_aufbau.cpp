@@ -182,7 +182,6 @@ void Filterdialog::ansagen()
                 QString name = gruppe;
                 switch (teil->steuerteil->art) {
                 case Steuerung::Kaestchen:
-                case Steuerung::KaestchenWert:
                 case Steuerung::Farben:
                 case Steuerung::Monate:
                 case Steuerung::Bilder:

@@ -33,10 +33,17 @@ QString worte(const Kriterium &k, const Kriteriumzustand &z, const Elementwort &
 {
     switch (k.pruefung) {
     case Pruefung::Familie:
+    case Pruefung::Gleich:
     case Pruefung::Enthaelt:
     case Pruefung::SynonymBotanisch:
     case Pruefung::SynonymDeutsch: return z.a.text;
+    case Pruefung::WortImText:
+        if (k.a.art == Steuerung::Liste)
+            return z.a.text;
+        [[fallthrough]];
     case Pruefung::Bild:
+    case Pruefung::AlleWahr:
+    case Pruefung::EinsWahr:
     case Pruefung::Flags:
     case Pruefung::FlagsOderWahr: {
         const QStringList alle = gewaehlteWorte(k, k.a, z.a, wort) + gewaehlteWorte(k, k.b, z.b, wort);
@@ -48,6 +55,7 @@ QString worte(const Kriterium &k, const Kriteriumzustand &z, const Elementwort &
         if (z.b.text == k.b.vorgabe)
             return QStringLiteral("ab %1 %2").arg(z.a.text, k.einheit);
         return QStringLiteral("%1-%2 %3").arg(z.a.text, z.b.text, k.einheit);
+    case Pruefung::Keine: break;
     case Pruefung::Bewertung:
         return QStringLiteral("%1 %2").arg(gewaehlt(k.a, z.a, 0) ? QStringLiteral("ab") : QStringLiteral("bis")).arg(z.b.werte.front());
     }

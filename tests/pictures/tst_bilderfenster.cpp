@@ -206,6 +206,7 @@ void tst_bilderfenster::deadZoomButtonIsPale()
 {
     oeffnen({QStringLiteral("klein")});
     const auto dunkelstes = [this](const char *name) {
+        knopf(name)->clearFocus(); // its frame is darker than any picture
         const QImage bild = knopf(name)->grab().toImage();
         int wert = 255;
         for (int y = 0; y < bild.height(); ++y)

@@ -274,7 +274,12 @@ void TestAufbau::langeTexte()
     const QString vorher = probe.text(control);
     QElapsedTimer uhr;
     uhr.start();
-    probe.setzen({{feld, text}});
+    // The user's fields are shown from the working database, all others from the copy.
+    const auto eintragen = [&](const QString &wert) {
+        probe.arbeitSetzen(probe.fenster->satz().artnr(), feld, wert);
+        probe.setzen({{feld, wert}});
+    };
+    eintragen(text);
     probe.fenster->DatenOrdnen();
     probe.finde<QComboBox>(u"cboArten"_s)->showPopup();
     probe.finde<QComboBox>(u"cboArten"_s)->hidePopup();
@@ -288,7 +293,7 @@ void TestAufbau::langeTexte()
     QVERIFY(!ganz->isHidden());
     QVERIFY(ganz->text() == text);
     // The next plant's text stands there alone again.
-    probe.setzen({{feld, vorher}});
+    eintragen(vorher);
     QCOMPARE(probe.text(control), vorher);
     QVERIFY(!schild || ganz->isHidden());
 }
@@ -332,7 +337,8 @@ void TestAufbau::notizMitLangerZeile()
     probe.oeffnen();
     const QString lang = u"Notiz "_s.repeated(5000).trimmed();
     const qint64 artnr = probe.fenster->satz().artnr();
-    probe.setzen({{u"benu_bemerkung"_s, lang}});
+    auto *kasten = probe.finde<Textkasten>(u"txtEigeneBemerkung"_s);
+    kasten->setText(lang);
     probe.fenster->DatenGeaendert = true;
     probe.fenster->BenutzerdatenSpeichern();
     QVERIFY(probe.arbeitLesen(artnr, u"benu_bemerkung"_s) == lang);
