@@ -66,7 +66,7 @@ void Pflanzenfenster::filterZeigen()
 {
     filterInKraft();
     QWidget *fokus = window()->focusWidget();
-    fokusVorher_ = fokus && isAncestorOf(fokus) ? fokus : nullptr;
+    fokusVorher_ = fokus && isAncestorOf(fokus) ? fokus : knopf(Knopf::Filter);
     zentrale_.FensterSperren(sparte());
     mittigZeigen(*filter_, QRect(mapToGlobal(QPoint(0, 0)), size()), rahmenVon(*window()), screen()->availableGeometry());
     filter_->show();
@@ -158,19 +158,19 @@ void Pflanzenfenster::dialogVerlassen()
     if (auto *unterfenster = qobject_cast<QMdiSubWindow *>(parentWidget()); unterfenster && unterfenster->mdiArea())
         unterfenster->mdiArea()->setActiveSubWindow(unterfenster);
     raise();
-    // The main window is not active yet: when it is, the window that has its focus comes to the front.
-    if (!fokusVorher_)
-        fokusVorher_ = knopf(Knopf::Filter);
     fokusZurueck();
-    // A window manager need not find another window to activate.
-    activateWindow();
 }
 
 void Pflanzenfenster::fokusZurueck()
 {
-    // Locking takes the focus away; without one no key would reach the window. The note may belong to another plant by now.
-    if (QWidget *vorher = std::exchange(fokusVorher_, nullptr); vorher && isEnabled()) {
-        vorher->setFocus(Qt::ActiveWindowFocusReason);
-        notizVerlassen();
-    }
+    // A run that nobody saw a dialog for took no focus.
+    QWidget *vorher = std::exchange(fokusVorher_, nullptr);
+    if (!vorher || !isEnabled())
+        return;
+    // Locking took the focus away. The main window is not active yet: when it is, the window that has its focus comes to the front.
+    vorher->setFocus(Qt::ActiveWindowFocusReason);
+    // The note may belong to another plant by now.
+    notizVerlassen();
+    // A window manager need not find another window to activate.
+    activateWindow();
 }

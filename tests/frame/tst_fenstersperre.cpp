@@ -31,6 +31,7 @@ private slots:
     void parkenTrifftDieEigeneDatei();
     void leeresErgebnisTrifftDieEigeneKopie();
     void knoepfeNachDemLauf();
+    void laufOhneDialogLaesstDenFokus();
     void ungeschlossenesFensterRaeumtAuf();
 
 private:
@@ -264,6 +265,20 @@ void TestFenstersperre::knoepfeNachDemLauf()
         QCOMPARE(hand::knopf(fenster(1), "cmdFilterSpeichern")->bild(), u"filters_n"_s);
         QCOMPARE(hand::knopf(fenster(1), "cmdNext")->bild(), u"next_n"_s);
         QCOMPARE(hand::knopf(fenster(1), "cmdBack")->bild(), u"back_ef"_s);
+    }
+}
+
+/// Opening a window and switching its filter run it without a dialog: no button that nobody touched gets the focus.
+void TestFenstersperre::laufOhneDialogLaesstDenFokus()
+{
+    probe_->waehlen("mnudbtopfpflanzen");
+    QVERIFY(!hand::knopf(fenster(3), "cmdFilter")->hasFocus());
+    QWidget *schalter = hand::knopf(fenster(3), "cmdFilterEin");
+    schalter->setFocus(Qt::TabFocusReason);
+    for (const bool ein : {false, true}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+        QCOMPARE(fenster(3)->FilterEin, ein);
+        QVERIFY(schalter->hasFocus());
     }
 }
 
