@@ -216,6 +216,8 @@ void Filterdialog::tabfolge()
     const auto weiter = [&vorher](QWidget *widget) {
         if (vorher)
             setTabOrder(vorher, widget);
+        else
+            widget->setFocus(); // where the dialog begins when it is shown
         vorher = widget;
     };
     for (int reiter = -1; reiter < int(beschreibung_.reiter.size()); ++reiter) {

@@ -21,6 +21,8 @@ private slots:
     void eigenschaftOhneNamen();
     void tabFolgtDemLesen_data() { jedesHatSeinenNamen_data(); }
     void tabFolgtDemLesen();
+    void beginntOben_data() { jedesHatSeinenNamen_data(); }
+    void beginntOben();
 
 private:
     void starten(Sparte sparte);
@@ -101,6 +103,19 @@ void TestFilterdialogZugang::eigenschaftOhneNamen()
     probe_->dialogZeigen();
     QTRY_COMPARE(ansage(probe_->box(u"sschkBenutzer"_s, 2)), u"Eigene Eigenschaften: Nr. 3, ohne Namen"_s);
     QCOMPARE(ansage(probe_->box(u"sschkBenutzer"_s, 3)), u"Eigene Eigenschaften: Schaufenster"_s);
+}
+
+/// A dialog that is shown for the first time has its focus where one reads first.
+void TestFilterdialogZugang::beginntOben()
+{
+    QFETCH(const Sparte, sparte);
+    starten(sparte);
+    QVERIFY(QTest::qWaitForWindowActive(&probe_->dialog()));
+    QCOMPARE(QApplication::focusWidget(), probe_->finde(sparte == Sparte::Topf ? u"cmbFamilie"_s : u"chkBild"_s));
+    // And again, so that keys reach it.
+    probe_->taste("cmdAbbruch");
+    probe_->dialogZeigen();
+    QTRY_VERIFY(QApplication::focusWidget() && QApplication::focusWidget()->window() == &probe_->dialog());
 }
 
 void TestFilterdialogZugang::tabFolgtDemLesen()
