@@ -7,7 +7,7 @@
 
 class QSocketNotifier;
 
-/* The system asks the program to end: SIGTERM, SIGHUP and SIGINT where there are signals, the log-out of the session everywhere.
+/* The system asks the program to end: SIGTERM, SIGHUP and SIGINT where there are signals, the log-out of the desktop everywhere.
    The request is handled in the event loop, whatever dialog is open; a second signal ends the process at once. */
 class Beendigung : public QObject
 {
