@@ -19,6 +19,7 @@
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QSignalBlocker>
 
 namespace {
 
@@ -131,6 +132,8 @@ void Pflanzenfenster::Sortieren()
 
 void Pflanzenfenster::DatenOrdnen()
 {
+    // A list that is filled anew chooses its first line by itself: with the focus in the selector that would be taken for the user's choice.
+    const QSignalBlocker ruhe(cboArten_);
     const QString gemerkt = Auslesen(QStringLiteral("BOT_NAME"));
     const qint64 nummer = satz_.artnr();
     programm_.SortierFeld = Botanisch ? QStringLiteral("BOT_NAME") : QStringLiteral("DTNAM");

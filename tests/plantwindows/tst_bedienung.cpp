@@ -24,6 +24,7 @@ class TestBedienung : public QObject
     Q_OBJECT
 
 private slots:
+    void ordnungMitFokusInDerAuswahl();
     void init();
     void abrutschenBeendetDieSanduhr_data();
     void abrutschenBeendetDieSanduhr();
@@ -368,6 +369,29 @@ void TestBedienung::fokusIstZuSehen()
         for (int x = 0; x < ohne.width(); ++x)
             anders += std::abs(qGray(ohne.pixel(x, y)) - qGray(mit.pixel(x, y))) > 80;
     QVERIFY2(anders >= 100, qPrintable(QString::number(anders)));
+}
+
+/// The other order keeps the plant, wherever the focus is.
+void TestBedienung::ordnungMitFokusInDerAuswahl()
+{
+    Fensterprobe probe;
+    probe.oeffnen();
+    for (int i = 0; i < 4; ++i)
+        QTest::mouseClick(probe.finde<QWidget>(u"cmdNext"_s), Qt::LeftButton);
+    const qint64 artnr = probe.fenster->satz().artnr();
+    int gezeigt = 0;
+    probe.zentrale.beimWechsel = [&] { ++gezeigt; };
+    QCOMPARE(probe.fenster->satz().haupt().AbsolutePosition(), 4);
+    for (const bool mitFokus : {true, false}) {
+        probe.finde<QWidget>(mitFokus ? u"cboArten"_s : u"cmdBotDeu"_s)->setFocus(Qt::TabFocusReason);
+        QCOMPARE(probe.fenster->ArtenHatFokus, mitFokus);
+        for (int mal = 0; mal < 2; ++mal) {
+            QTest::mouseClick(probe.finde<QWidget>(u"cmdBotDeu"_s), Qt::LeftButton);
+            QCOMPARE(probe.fenster->satz().artnr(), artnr);
+            QCOMPARE(probe.finde<QComboBox>(u"cboArten"_s)->currentIndex(), int(probe.fenster->satz().haupt().AbsolutePosition()));
+        }
+    }
+    QCOMPARE(gezeigt, 0); // no other plant in between
 }
 
 QTEST_MAIN(TestBedienung)
