@@ -4,23 +4,127 @@
 
 namespace {
 
+constexpr Herkunft herkuenfteFriedhof[] = {{u"100", Sparte::Stauden}, {u"010", Sparte::Gehoelze}};
+
 constexpr std::array<SpartenEintrag, anzahlSparten> tabelle{{
-    {Sparte::Topf, u"Topf", u"Topfpflanzen", "frmAnzeigeTopfpflanzen", "frmFilterTo", u"TOPFPFL", u"Topfpfl_Bilder",
-     u"Topfpfl_Synonyme_Botanisch", u"Topfpfl_Synonyme_Deutsch", u"\\db_to", u"\\TempFilterTo", u".fft", "Topfpflanzen",
-     u"topfpflanzen", u"2-topf.htm", "mnudbtopfpflanzen", u"Topfpflanzen", "cmdTopfpflanzen", "topfpflanzen", u"zsnc", true},
-    {Sparte::Stauden, u"Stauden", u"Stauden", "frmAnzeigeStauden", "frmFilterSt", u"STAUDEN", u"Stauden_Bilder",
-     u"Stauden_Synonyme_Botanisch", u"Stauden_Synonyme_Deutsch", u"\\db_st", u"\\TempFilterSt", u".ffs", "Stauden",
-     u"stauden", u"2-stauden.htm", "mnudbstauden", u"Stauden", "cmdStauden", "stauden", u"zsnc", true},
-    {Sparte::Gehoelze, u"Gehölze", u"Gehölze", "frmAnzeigeGehoelze", "frmFilterGe", u"GEHOELZE", u"Gehoelze_Bilder",
-     u"Gehoelze_Synonyme_Botanisch", u"Gehoelze_Synonyme_Deutsch", u"\\db_ge", u"\\TempFilterGe", u".ffg", "Gehoelze",
-     u"gehoelze", u"2-gehoelze.htm", "mnudbgehoelze", u"Gehölze", "cmdGehoelze", "gehoelze", u"zsncg", true},
-    {Sparte::Apfel, u"Apfel", u"Apfelsorten", "frmAnzeigeApfel", "frmFilterAp", u"Apfel", u"Apfel_Bilder", u"", u"",
-     u"\\db_ap", u"\\TempFilterAp", u".ffa", "Apfel", u"apfel", u"2-apfel.htm", "mnudbapfel", u"Apfelsorten", "cmdApfel", "apfel", u"", false},
-    {Sparte::Obst, u"Obst", u"Obstsorten", "frmAnzeigeObst", "frmFilterOb", u"Obst", u"Obst_Bilder", u"", u"",
-     u"\\db_ob", u"\\TempFilterOb", u".ffo", "Obst", u"obst", u"2-obst.htm", "mnudbobst", u"Obst", "cmdObst", "obst", u"", false},
-    {Sparte::Friedhof, u"Friedhof", u"Friedhofspflanzen", "frmAnzeigeFriedhof", "frmFilterFh", u"Abfrage_Friedhof",
-     u"Friedhof_Bilder", u"", u"", u"\\db_fh", u"\\TempFilterFh", u".fff", "Friedhof", u"", u"2-friedhof.htm", "mnudbfriedhof",
-     u"Friedhof", "cmdFriedhof", "friedhof", u"zsncg", true},
+    {.sparte = Sparte::Topf,
+     .wort = u"Topf",
+     .titel = u"Topfpflanzen",
+     .fenster = "frmAnzeigeTopfpflanzen",
+     .filter = "frmFilterTo",
+     .haupttabelle = u"TOPFPFL",
+     .bildtabelle = u"Topfpfl_Bilder",
+     .synonymBotanisch = u"Topfpfl_Synonyme_Botanisch",
+     .synonymDeutsch = u"Topfpfl_Synonyme_Deutsch",
+     .tempDatenbank = u"\\db_to",
+     .tempFilter = u"\\TempFilterTo",
+     .filterEndung = u".fft",
+     .namenSpalte = "Topfpflanzen",
+     .bildordner = u"topfpflanzen",
+     .hilfethema = u"2-topf.htm",
+     .menue = "mnudbtopfpflanzen",
+     .menuetext = u"Topfpflanzen",
+     .wahlknopf = "cmdTopfpflanzen",
+     .wahlbild = "topfpflanzen",
+     .quellenBuchstaben = u"zsnc",
+     .hatDeutscheOrdnung = true},
+    {.sparte = Sparte::Stauden,
+     .wort = u"Stauden",
+     .titel = u"Stauden",
+     .fenster = "frmAnzeigeStauden",
+     .filter = "frmFilterSt",
+     .haupttabelle = u"STAUDEN",
+     .bildtabelle = u"Stauden_Bilder",
+     .synonymBotanisch = u"Stauden_Synonyme_Botanisch",
+     .synonymDeutsch = u"Stauden_Synonyme_Deutsch",
+     .tempDatenbank = u"\\db_st",
+     .tempFilter = u"\\TempFilterSt",
+     .filterEndung = u".ffs",
+     .namenSpalte = "Stauden",
+     .bildordner = u"stauden",
+     .hilfethema = u"2-stauden.htm",
+     .menue = "mnudbstauden",
+     .menuetext = u"Stauden",
+     .wahlknopf = "cmdStauden",
+     .wahlbild = "stauden",
+     .quellenBuchstaben = u"zsnc",
+     .hatDeutscheOrdnung = true},
+    {.sparte = Sparte::Gehoelze,
+     .wort = u"Gehölze",
+     .titel = u"Gehölze",
+     .fenster = "frmAnzeigeGehoelze",
+     .filter = "frmFilterGe",
+     .haupttabelle = u"GEHOELZE",
+     .bildtabelle = u"Gehoelze_Bilder",
+     .synonymBotanisch = u"Gehoelze_Synonyme_Botanisch",
+     .synonymDeutsch = u"Gehoelze_Synonyme_Deutsch",
+     .tempDatenbank = u"\\db_ge",
+     .tempFilter = u"\\TempFilterGe",
+     .filterEndung = u".ffg",
+     .namenSpalte = "Gehoelze",
+     .bildordner = u"gehoelze",
+     .hilfethema = u"2-gehoelze.htm",
+     .menue = "mnudbgehoelze",
+     .menuetext = u"Gehölze",
+     .wahlknopf = "cmdGehoelze",
+     .wahlbild = "gehoelze",
+     .quellenBuchstaben = u"zsngc",
+     .hatDeutscheOrdnung = true},
+    {.sparte = Sparte::Apfel,
+     .wort = u"Apfel",
+     .titel = u"Apfelsorten",
+     .fenster = "frmAnzeigeApfel",
+     .filter = "frmFilterAp",
+     .haupttabelle = u"Apfel",
+     .bildtabelle = u"Apfel_Bilder",
+     .tempDatenbank = u"\\db_ap",
+     .tempFilter = u"\\TempFilterAp",
+     .filterEndung = u".ffa",
+     .namenSpalte = "Apfel",
+     .bildordner = u"apfel",
+     .hilfethema = u"2-apfel.htm",
+     .menue = "mnudbapfel",
+     .menuetext = u"Apfelsorten",
+     .wahlknopf = "cmdApfel",
+     .wahlbild = "apfel"},
+    {.sparte = Sparte::Obst,
+     .wort = u"Obst",
+     .titel = u"Obstsorten",
+     .fenster = "frmAnzeigeObst",
+     .filter = "frmFilterOb",
+     .haupttabelle = u"Obst",
+     .bildtabelle = u"Obst_Bilder",
+     .tempDatenbank = u"\\db_ob",
+     .tempFilter = u"\\TempFilterOb",
+     .filterEndung = u".ffo",
+     .namenSpalte = "Obst",
+     .bildordner = u"obst",
+     .hilfethema = u"2-obst.htm",
+     .menue = "mnudbobst",
+     .menuetext = u"Obst",
+     .wahlknopf = "cmdObst",
+     .wahlbild = "obst"},
+    {.sparte = Sparte::Friedhof,
+     .wort = u"Friedhof",
+     .titel = u"Friedhofspflanzen",
+     .fenster = "frmAnzeigeFriedhof",
+     .filter = "frmFilterFh",
+     .haupttabelle = u"Abfrage_Friedhof",
+     .bildtabelle = u"Friedhof_Bilder",
+     .tempDatenbank = u"\\db_fh",
+     .tempFilter = u"\\TempFilterFh",
+     .filterEndung = u".fff",
+     .parkFilter = u"\\TempFilterSt",
+     .parkEndung = u".ffs",
+     .namenSpalte = "Friedhof",
+     .hilfethema = u"2-friedhof.htm",
+     .menue = "mnudbfriedhof",
+     .menuetext = u"Friedhof",
+     .wahlknopf = "cmdFriedhof",
+     .wahlbild = "friedhof",
+     .hatDeutscheOrdnung = true,
+     .herkunftsfeld = "DB",
+     .herkuenfte = herkuenfteFriedhof},
 }};
 
 static_assert(std::ranges::all_of(tabelle, [](const SpartenEintrag &e) { return &e == &tabelle[size_t(e.sparte)]; }));
@@ -35,6 +139,26 @@ const std::array<SpartenEintrag, anzahlSparten> &alleSparten()
 const SpartenEintrag &eintrag(Sparte sparte)
 {
     return tabelle[size_t(sparte)];
+}
+
+std::optional<Sparte> herkunft(const SpartenEintrag &sparte, QStringView wert)
+{
+    if (!sparte.herkunftsfeld)
+        return sparte.sparte;
+    for (const Herkunft &zeile : sparte.herkuenfte)
+        if (zeile.wert == wert)
+            return zeile.sparte;
+    return std::nullopt;
+}
+
+QList<Sparte> herkuenfte(const SpartenEintrag &sparte)
+{
+    if (!sparte.herkunftsfeld)
+        return {sparte.sparte};
+    QList<Sparte> alle;
+    for (const Herkunft &zeile : sparte.herkuenfte)
+        alle += zeile.sparte;
+    return alle;
 }
 
 std::optional<Sparte> sparteVonWort(QStringView wort)
