@@ -20,10 +20,10 @@ QString wort(const char *name)
 }
 
 /// What keeps a pattern from showing its columns; empty when they fit.
-QString unpassend(const Element &element, const Tabelle &tabelle)
+QString unpassend(const Element &element, Sparte sparte)
 {
     const auto verlangt = [&](const char *feld, std::initializer_list<Art> arten) {
-        const Spalte *spalte = feld ? tabelle.spalte(wort(feld)) : nullptr;
+        const Spalte *spalte = spalteVon(sparte, feld);
         if (!spalte)
             return QStringLiteral("%1: kein Feld %2").arg(wort(element.control), wort(feld));
         if (std::ranges::find(arten, spalte->art) == arten.end())
@@ -39,17 +39,21 @@ QString unpassend(const Element &element, const Tabelle &tabelle)
     case Muster::Synonyme:
     case Muster::BotName: return verlangt(element.feld, {Art::Name, Art::Text, Art::Memo, Art::Code, Art::Zahl});
     case Muster::Benutzertext: return verlangt(element.feld, {Art::Memo});
-    case Muster::Liste:
+    case Muster::Liste: {
+        const QString fehler = verlangt(element.feld, {Art::Flags, Art::Code});
+        const Werteliste *liste = fehler.isEmpty() ? spalteVon(sparte, element.feld)->liste : nullptr;
+        return mit(liste && (element.worte.empty() || int(element.worte.size()) == liste->anzahl()), fehler);
+    }
     case Muster::Ausbildung: return verlangt(element.feld, {Art::Flags});
     case Muster::Symbolfluss:
         if (const QString fehler = element.feld2 ? verlangt(element.feld2, {Art::Wahrheit}) : QString(); !fehler.isEmpty())
             return fehler;
         [[fallthrough]];
-    case Muster::Symbole: return mit(!element.symbole.empty(), verlangt(element.feld, {Art::Flags}));
+    case Muster::Symbole: return mit(!element.symbole.empty(), verlangt(element.feld, {Art::Flags, Art::Code}));
     case Muster::Farbfeld: {
-        const QString fehler = verlangt(element.feld, {Art::Flags});
-        return mit(element.farben && fehler.isEmpty()
-                       && int(element.farben->werte.size()) + 1 == tabelle.spalte(wort(element.feld))->liste->anzahl(), fehler);
+        const QString fehler = verlangt(element.feld, {Art::Flags, Art::Code});
+        const Werteliste *liste = fehler.isEmpty() ? spalteVon(sparte, element.feld)->liste : nullptr;
+        return mit(liste && element.farben && int(element.farben->werte.size()) + 1 == liste->anzahl(), fehler);
     }
     case Muster::Monate: return verlangt(element.feld, {Art::Monate});
     case Muster::VonBisMeter:
@@ -61,13 +65,18 @@ QString unpassend(const Element &element, const Tabelle &tabelle)
     case Muster::Familie: return verlangt(element.feld, {Art::Familie});
     case Muster::Bewertung: return verlangt(element.feld, {Art::Bewertung});
     case Muster::Herkunftsmarke: return verlangt(element.feld, {Art::Ganzzahl});
-    case Muster::Kaestchen: return mit(!element.worte.empty(), verlangt(element.feld, {Art::Literatur, Art::Flags}));
+    case Muster::Kaestchen: return mit(!element.worte.empty(), verlangt(element.feld, {Art::Literatur, Art::Flags, Art::Code}));
     case Muster::Benutzereigen: return verlangt(element.feld, {Art::Eigen});
     }
     return {};
 }
 
 } // namespace
+
+const Spalte *spalteVon(Sparte sparte, const char *feld)
+{
+    return schema::spalteVon(eintrag(sparte).haupttabelle, feld);
+}
 
 const Fensterbeschreibung *fensterbeschreibung(Sparte sparte)
 {
@@ -76,9 +85,6 @@ const Fensterbeschreibung *fensterbeschreibung(Sparte sparte)
 
 QString beschreibungsfehler(const Fensterbeschreibung &beschreibung)
 {
-    const Tabelle *tabelle = schema::haupttabelle(eintrag(beschreibung.sparte).haupttabelle);
-    if (!tabelle)
-        return QStringLiteral("keine Tabelle");
     QSet<QString> controls, rahmen;
     QList<const char *> genannt; // controls that must be there
     QString fehler;
@@ -93,7 +99,7 @@ QString beschreibungsfehler(const Fensterbeschreibung &beschreibung)
     };
     const auto alle = [&](std::span<const Element> elemente) {
         for (const Element &element : elemente) {
-            melden(unpassend(element, *tabelle));
+            melden(unpassend(element, beschreibung.sparte));
             eintragen(controls, element.control);
             if (element.buntZiel)
                 genannt += element.buntZiel;
@@ -105,7 +111,7 @@ QString beschreibungsfehler(const Fensterbeschreibung &beschreibung)
         for (const Gruppe &gruppe : reiter.gruppen) {
             alle(gruppe.elemente);
             eintragen(rahmen, gruppe.name);
-            if (gruppe.regel == Gruppenregel::Feld && !(gruppe.regelfeld && tabelle->spalte(wort(gruppe.regelfeld))))
+            if (gruppe.regel == Gruppenregel::Feld && !spalteVon(beschreibung.sparte, gruppe.regelfeld))
                 melden(QStringLiteral("%1: kein Feld %2").arg(wort(gruppe.name), wort(gruppe.regelfeld)));
             genannt.append(QList<const char *>(gruppe.regelcontrols.begin(), gruppe.regelcontrols.end()));
         }

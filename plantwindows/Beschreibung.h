@@ -13,7 +13,7 @@
 /// The way a field becomes visible. Each has one display class; no field has code of its own.
 enum class Muster {
     Text,          ///< the field's text; see `leer`, `umformung`
-    Liste,         ///< the words of a flag string
+    Liste,         ///< the words of a coded field, `worte` in place of the vocabulary's
     VonBisMeter,   ///< "0,2 bis 0,5 m", "max. 0,5 m", "min. 0,2 m"
     VonBisMindest, ///< "500 bis 800 Lux", "mind. 500 Lux"
     Monate,        ///< row of 12 month labels
@@ -26,7 +26,7 @@ enum class Muster {
     Familie,       ///< family name of a family number
     Synonyme,      ///< botanical synonyms
     Bewertung,     ///< indicator on a scale of nine steps
-    Kaestchen,     ///< check boxes of a flag string, with `worte` as captions
+    Kaestchen,     ///< check boxes of a coded field, with `worte` as captions
     Benutzertext,  ///< the user's own remark
     Benutzereigen, ///< the user's own properties
     Ausbildung,    ///< sentence of the trades for whose examination the plant matters
@@ -95,6 +95,8 @@ struct Fensterbeschreibung
     std::span<const Reiter> reiter;
 };
 
+/// Column of a Sparte's rows; null when there is none.
+const Spalte *spalteVon(Sparte sparte, const char *feld);
 /// Description of a Sparte's window; null while there is none.
 const Fensterbeschreibung *fensterbeschreibung(Sparte sparte);
 

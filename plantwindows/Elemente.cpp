@@ -27,6 +27,30 @@ QString arrayname(const Element &element, int i)
     return QStringLiteral("%1_%2").arg(QLatin1String(element.control)).arg(i);
 }
 
+QString einText(const Element &e, Pflanzensatz &satz)
+{
+    if (e.ausArbeit)
+        return satz.ausArbeit(feldname(e.feld)).value_or(QString());
+    return satz.Auslesen(feldname(e.feld));
+}
+
+/// A coded field, read by the way its column is written.
+class Kodefeld
+{
+public:
+    Kodefeld(const Element &element, Sparte sparte) : element_(element)
+    {
+        if (const Spalte *spalte = spalteVon(sparte, element.feld))
+            kodierung_ = spalte->kodierung();
+    }
+
+    Positionen gesetzt(Pflanzensatz &satz) const { return positionen(kodierung_, einText(element_, satz)); }
+
+private:
+    const Element &element_;
+    Kodierung kodierung_;
+};
+
 /// A label or a scrolling box that shows one text; most patterns differ only in how they make it.
 class Textelement : public Anzeigeelement
 {
@@ -135,7 +159,7 @@ class Zellenreihe : public Anzeigeelement
 {
 public:
     Zellenreihe(const Element &element, const Elementumgebung &umgebung, QWidget *eltern)
-        : Anzeigeelement(element), form_(umgebung.form), reihe_(new QWidget(eltern))
+        : Anzeigeelement(element), feld_(element, umgebung.fenster.sparte), form_(umgebung.form), reihe_(new QWidget(eltern))
     {
         const bool monate = element.muster == Muster::Monate;
         const Werteliste *worte = monate ? &WL_Monate : wertelisteVon(umgebung.fenster.sparte, element.feld);
@@ -159,17 +183,17 @@ public:
 
     void zeigen(Pflanzensatz &satz) override
     {
-        const QString flags = satz.Auslesen(feldname(element_.feld));
+        const Positionen gesetzt = feld_.gesetzt(satz);
         const bool monate = element_.muster == Muster::Monate;
         const int letzte = int(zellen_.size()) - 1;
         for (int i = 0; i < (monate ? letzte + 1 : letzte); ++i)
-            zellen_[size_t(i)]->setBackColor(!flagGesetzt(flags, i + 1) ? farbeKnopf
-                                             : monate                   ? farbeTitel
-                                                                        : element_.farben->werte[size_t(i)]);
-        vorlesen(flags);
+            zellen_[size_t(i)]->setBackColor(!gesetzt.hat(i + 1) ? farbeKnopf
+                                             : monate            ? farbeTitel
+                                                                 : element_.farben->werte[size_t(i)]);
+        vorlesen(gesetzt);
         if (monate)
             return;
-        const bool bunt = flagGesetzt(flags, letzte + 1);
+        const bool bunt = gesetzt.hat(letzte + 1);
         zellen_.back()->setBackStyle(bunt && !element_.buntZiel ? 1 : 0);
         // The mark of another row is only ever set here; that row has painted itself before.
         if (bunt && element_.buntZiel)
@@ -194,28 +218,29 @@ public:
 
 private:
     /// The row as a whole tells what is set in it.
-    void vorlesen(const QString &flags)
+    void vorlesen(Positionen gesetzt)
     {
         QStringList worte;
         for (size_t i = 0; i < zellen_.size(); ++i)
-            if (flagGesetzt(flags, int(i) + 1))
+            if (gesetzt.hat(int(i) + 1))
                 worte += zellen_[i]->toolTip();
         const QString text = worte.isEmpty() ? QStringLiteral("keine Angabe") : worte.join(QStringLiteral(", "));
         if (reihe_->accessibleDescription() != text)
             reihe_->setAccessibleDescription(text);
     }
 
+    Kodefeld feld_;
     QWidget *form_;
     QWidget *reihe_;
     std::vector<Farbzelle *> zellen_;
 };
 
-/// Pictures that stand for positions of a flag string.
+/// Pictures that stand for positions of a coded field.
 class Symbolreihe : public Anzeigeelement
 {
 public:
     Symbolreihe(const Element &element, const Elementumgebung &umgebung, QWidget *eltern)
-        : Anzeigeelement(element), reihe_(new QWidget(eltern))
+        : Anzeigeelement(element), feld_(element, umgebung.fenster.sparte), reihe_(new QWidget(eltern))
     {
         const bool fluss = element.muster == Muster::Symbolfluss;
         reihe_->setMouseTracking(true); // what moves beside the pictures reaches the panels behind
@@ -250,12 +275,12 @@ public:
 
     void zeigen(Pflanzensatz &satz) override
     {
-        const QString flags = satz.Auslesen(feldname(element_.feld));
+        const Positionen positionen = feld_.gesetzt(satz);
         const bool letztes = element_.feld2 && istWahr(satz.Auslesen(feldname(element_.feld2)));
         leer_ = true;
         int x = flussLinks, y = flussZeile1;
         for (size_t i = 0; i < felder_.size(); ++i) {
-            const bool gesetzt = element_.feld2 && i + 1 == felder_.size() ? letztes : flagGesetzt(flags, int(i) + 1);
+            const bool gesetzt = element_.feld2 && i + 1 == felder_.size() ? letztes : positionen.hat(int(i) + 1);
             Bildfeld *feld = felder_[i];
             if (gesetzt && element_.muster == Muster::Symbolfluss) {
                 feld->move(pixel(x), pixel(y));
@@ -277,6 +302,7 @@ private:
     // The flow of the marks, in twips.
     static constexpr int flussLinks = 240, flussZeile1 = 1035, flussZeile2 = 1560, flussSchritt = 550, flussRand = 1400;
 
+    Kodefeld feld_;
     QWidget *reihe_;
     std::vector<Bildfeld *> felder_;
     bool leer_ = true;
@@ -383,31 +409,31 @@ private:
     bool zeigt_ = false, betreten_ = false;
 };
 
-/// Check boxes that show a flag string: fixed ones in two columns, or the user's own, whose presses are reported.
+/// Check boxes that show a coded field: fixed ones in two columns, or the user's own, whose presses are reported.
 class Kaestchenreihe : public Anzeigeelement
 {
 public:
-    Kaestchenreihe(const Element &element, const QStringList &worte, const QString &gruppe, const std::function<void()> &geaendert,
-                   QWidget *eltern)
-        : Anzeigeelement(element), feld_(new QWidget(eltern))
+    Kaestchenreihe(const Element &element, const QStringList &worte, const Elementumgebung &umgebung, QWidget *eltern)
+        : Anzeigeelement(element), kodefeld_(element, umgebung.fenster.sparte), feld_(new QWidget(eltern))
     {
+        const bool eigene = element.muster == Muster::Benutzereigen;
         auto *anordnung = new QGridLayout(feld_);
         anordnung->setContentsMargins(0, 0, 0, 0);
         anordnung->setVerticalSpacing(3);
-        const int zeilen = geaendert ? int(worte.size()) : (int(worte.size()) + 1) / 2;
+        const int zeilen = eigene ? int(worte.size()) : (int(worte.size()) + 1) / 2;
         for (int i = 0; i < int(worte.size()); ++i) {
             QCheckBox *kaestchen = nullptr;
-            if (geaendert) {
+            if (eigene) {
                 auto *eigenes = new Namenskaestchen(worte[i], feld_);
                 eigenschaftBenennen(*eigenes, i, worte[i]);
                 kaestchen = eigenes;
             } else {
                 kaestchen = new QCheckBox(QString(worte[i]).replace(u'&', QStringLiteral("&&")), feld_);
-                kaestchen->setAccessibleName(vorlesename(gruppe, {}, worte[i]));
+                kaestchen->setAccessibleName(vorlesename(umgebung.gruppe, {}, worte[i]));
             }
             kaestchen->setObjectName(arrayname(element, i));
-            if (geaendert) {
-                kaestchen->installEventFilter(new Eingabewaechter(kaestchen, geaendert));
+            if (eigene) {
+                kaestchen->installEventFilter(new Eingabewaechter(kaestchen, umgebung.geaendert));
             } else {
                 kaestchen->setAttribute(Qt::WA_TransparentForMouseEvents);
                 kaestchen->setFocusPolicy(Qt::NoFocus);
@@ -424,10 +450,10 @@ public:
 
     void zeigen(Pflanzensatz &satz) override
     {
-        const QString feld = feldname(element_.feld);
-        const QString flags = element_.muster == Muster::Benutzereigen ? satz.benutzerfeld(feld) : satz.Auslesen(feld);
+        const bool eigene = element_.muster == Muster::Benutzereigen;
+        const Positionen angekreuzt = eigene ? positionen(Kodierung(), satz.benutzerfeld(feldname(element_.feld))) : kodefeld_.gesetzt(satz);
         for (size_t i = 0; i < kaestchen_.size(); ++i)
-            kaestchen_[i]->setChecked(flagGesetzt(flags, int(i) + 1));
+            kaestchen_[i]->setChecked(angekreuzt.hat(int(i) + 1));
         uebernehmen();
     }
 
@@ -440,6 +466,7 @@ private:
         return alle;
     }
 
+    Kodefeld kodefeld_;
     QWidget *feld_;
     std::vector<bool> gezeigt_;
     std::vector<QCheckBox *> kaestchen_;
@@ -473,13 +500,6 @@ private:
     Bildfeld *bild_;
 };
 
-QString einText(const Element &e, Pflanzensatz &satz)
-{
-    if (e.ausArbeit)
-        return satz.ausArbeit(feldname(e.feld)).value_or(QString());
-    return satz.Auslesen(feldname(e.feld));
-}
-
 /// German name and all German synonyms, or the botanical synonyms alone, joined by commas.
 QString namenMitSynonymen(const Element &e, Pflanzensatz &satz)
 {
@@ -495,9 +515,8 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
     switch (element.muster) {
     case Muster::Text: return text(einText);
     case Muster::Liste:
-        return text([spalte = schema::spalteVon(eintrag(umgebung.fenster.sparte).haupttabelle, element.feld)](const Element &e, Pflanzensatz &satz) {
-            return spalte && spalte->liste ? worteVon(positionen(*spalte, einText(e, satz)), *spalte->liste, e.trenner) : QString();
-        });
+        return text([feld = Kodefeld(element, umgebung.fenster.sparte), worte = worteFuer(umgebung.fenster.sparte, element)]
+                    (const Element &e, Pflanzensatz &satz) { return worteVon(feld.gesetzt(satz), worte, e.trenner); });
     case Muster::VonBisMeter:
         return text([](const Element &e, Pflanzensatz &satz) {
             return vonBisMeter(satz.Auslesen(feldname(e.feld)), satz.Auslesen(feldname(e.feld2)), e.einheit);
@@ -526,13 +545,12 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
         QStringList worte;
         for (const QStringView wort : element.worte)
             worte += wort.toString();
-        return std::make_unique<Kaestchenreihe>(element, worte, umgebung.gruppe, nullptr, eltern);
+        return std::make_unique<Kaestchenreihe>(element, worte, umgebung, eltern);
     }
     case Muster::Benutzertext: return std::make_unique<Benutzertext>(element, umgebung, eltern);
     case Muster::Benutzereigen: {
         const auto &namen = umgebung.programm.BenutzerNamen[size_t(umgebung.fenster.sparte)];
-        return std::make_unique<Kaestchenreihe>(element, QStringList(namen.begin(), namen.end()), umgebung.gruppe,
-                                                umgebung.geaendert, eltern);
+        return std::make_unique<Kaestchenreihe>(element, QStringList(namen.begin(), namen.end()), umgebung, eltern);
     }
     case Muster::Herkunftsmarke: return std::make_unique<Herkunftsmarke>(element, eltern);
     }
@@ -541,15 +559,23 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
 
 const Werteliste *wertelisteVon(Sparte sparte, const char *feld)
 {
-    const Spalte *spalte = schema::spalteVon(eintrag(sparte).haupttabelle, feld);
+    const Spalte *spalte = spalteVon(sparte, feld);
     return spalte ? spalte->liste : nullptr;
+}
+
+Werteliste worteFuer(Sparte sparte, const Element &element)
+{
+    if (!element.worte.empty())
+        return {element.worte};
+    const Werteliste *liste = wertelisteVon(sparte, element.feld);
+    return liste ? *liste : Werteliste();
 }
 
 QString titelVon(Sparte sparte, const Element &element)
 {
     if (!element.titeltext.isEmpty() || !element.titel)
         return element.titeltext.toString();
-    const Spalte *spalte = schema::spalteVon(eintrag(sparte).haupttabelle, element.feld);
+    const Spalte *spalte = spalteVon(sparte, element.feld);
     return spalte ? spalte->druckname.toString() + u':' : QString();
 }
 

@@ -27,9 +27,10 @@ std::vector<const Element *> alleElemente(const Fensterbeschreibung &beschreibun
     return alle;
 }
 
-Fensterprobe::Fensterprobe(Sparte sparte, int nummer)
-    : programm(ordner.programm()),
-      fenster(std::make_unique<Pflanzenfenster>(programm, zentrale, *fensterbeschreibung(sparte), nummer))
+Fensterprobe::Fensterprobe(Sparte sparte, int nummer) : Fensterprobe(*fensterbeschreibung(sparte), nummer) {}
+
+Fensterprobe::Fensterprobe(const Fensterbeschreibung &beschreibung, int nummer)
+    : programm(ordner.programm()), fenster(std::make_unique<Pflanzenfenster>(programm, zentrale, beschreibung, nummer))
 {
 }
 

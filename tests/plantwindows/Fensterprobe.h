@@ -21,6 +21,8 @@ class Fensterprobe
 {
 public:
     explicit Fensterprobe(Sparte sparte = Sparte::Topf, int nummer = 1);
+    /// A window of the test's own description, which must live as long.
+    explicit Fensterprobe(const Fensterbeschreibung &beschreibung, int nummer = 1);
 
     /// Before the window is opened: the working database keeps only the first records of the Sparte, all of them rated high
     /// enough to be shown.

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-
+constexpr QStringView zweiWorte[] = {u"eins", u"zwei"};
 constexpr Element richtig[] = {
     {.muster = Muster::BotName, .control = "lblBotName", .feld = "BOT_NAME"},
     {.muster = Muster::Text, .control = "lblHerkunft", .feld = "HK"},
@@ -149,6 +149,8 @@ void TestElemente::falscheBeschreibungen_data()
     zeile("range with a text", {.muster = Muster::VonBisMeter, .control = "lblX", .feld = "BLMINH", .feld2 = "HK"}, "HK");
     zeile("text as list", {.muster = Muster::Liste, .control = "lblX", .feld = "HK"}, "HK");
     zeile("list as text", {.muster = Muster::Text, .control = "lblX", .feld = "BLATTFARB"}, "BLATTFARB");
+    zeile("own words", {.muster = Muster::Liste, .control = "lblX", .feld = "H_PH", .worte = zweiWorte}, "");
+    zeile("own words of another number", {.muster = Muster::Liste, .control = "lblX", .feld = "BLATTFARB", .worte = zweiWorte}, "lblX");
     zeile("list as months", {.muster = Muster::Monate, .control = "lblX", .feld = "BLATTFARB"}, "BLATTFARB");
     zeile("text as range", {.muster = Muster::VonBisMindest, .control = "lblX", .feld = "HK", .feld2 = "TEMPMAX"}, "HK");
     zeile("number as sentence", {.muster = Muster::Satz, .control = "lblX", .feld = "BLMINH"}, "BLMINH");

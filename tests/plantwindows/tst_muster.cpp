@@ -1,0 +1,161 @@
+#include "Fensterprobe.h"
+
+#include "plantwindows/Elemente.h"
+
+#include <QCheckBox>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+/* The patterns over tables that are coded in every way, shown by small descriptions of the test. */
+
+namespace {
+
+constexpr Element kopf[] = {
+    {.muster = Muster::BotName, .control = "lblBotName", .feld = "BOT_NAME"},
+    {.muster = Muster::DtName, .control = "lblDtName", .feld = "DTNAM", .titeltext = u"Deutscher Name:"},
+};
+
+/// A window with one tab.
+class Kleinfenster
+{
+public:
+    Kleinfenster(Sparte sparte, std::span<const Gruppe> gruppen, std::span<const Element> tafel = {})
+        : reiter_{u"Test", gruppen}, beschreibung_{.sparte = sparte, .kopf = kopf, .tafel = tafel, .reiter = {&reiter_, 1}}
+    {
+        if (const QString fehler = beschreibungsfehler(beschreibung_); !fehler.isEmpty())
+            qFatal("%s", qPrintable(fehler));
+        probe = std::make_unique<Fensterprobe>(beschreibung_);
+        const QString tabelle = eintrag(sparte).haupttabelle.toString();
+        // One record is enough, and a table without records gets it.
+        probe->ordner.db()->Execute(u"DELETE FROM %1"_s.arg(tabelle));
+        probe->ordner.db()->Execute(u"INSERT INTO %1 (ARTNR, BOT_NAME, DTNAM) VALUES (7, 'Planta prima', 'Erste')"_s.arg(tabelle));
+        probe->oeffnen();
+    }
+
+    std::unique_ptr<Fensterprobe> probe;
+
+private:
+    Reiter reiter_;
+    Fensterbeschreibung beschreibung_;
+};
+
+QList<int> gefaerbt(Fensterprobe &probe, const QString &stamm)
+{
+    return probe.stellen(stamm, [](QWidget *zelle) { return zelle->property("BackColor").toInt() != farbeKnopf; });
+}
+
+} // namespace
+
+class TestMuster : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void jedeSchreibweise_data();
+    void jedeSchreibweise();
+    void eigeneWorte_data();
+    void eigeneWorte();
+    void farbenAlsZahlUndFlags();
+};
+
+namespace {
+
+constexpr Element stauden[] = {
+    {.muster = Muster::Liste, .control = "lblPflanzart", .feld = "pflanzart", .titel = "Label36"},
+    {.muster = Muster::Liste, .control = "lblUrteil", .feld = "urteil", .titel = "labelUt"},
+    {.muster = Muster::Liste, .control = "lblGeselligkeit", .feld = "geselligkt"},
+};
+constexpr Gruppe staudenGruppen[] = {{.name = "fraTest", .titel = u"Test", .elemente = stauden}};
+
+} // namespace
+
+void TestMuster::jedeSchreibweise_data()
+{
+    QTest::addColumn<QString>("feld");
+    QTest::addColumn<QString>("wert");
+    QTest::addColumn<QString>("control");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("beginning, the longer mark") << "pflanzart" << "Str" << "lblPflanzart" << "Strauch";
+    QTest::newRow("beginning, the shorter mark") << "pflanzart" << "S" << "lblPflanzart" << "Staude";
+    QTest::newRow("beginning, no mark") << "pflanzart" << "?" << "lblPflanzart" << "";
+    QTest::newRow("marks") << "urteil" << "***L" << "lblUrteil" << "vorzügliche Sorte, Staude für den Pflanzenliebhaber";
+    QTest::newRow("marks that exclude each other") << "urteil" << "**" << "lblUrteil" << "sehr wertvolle Sorte";
+    QTest::newRow("number") << "geselligkt" << "3" << "lblGeselligkeit" << "größere Gruppen von über 10-20 Pflanzen";
+    QTest::newRow("number beyond the list") << "geselligkt" << "6" << "lblGeselligkeit" << "";
+}
+
+void TestMuster::jedeSchreibweise()
+{
+    QFETCH(QString, feld);
+    QFETCH(QString, wert);
+    QFETCH(QString, control);
+    const Kleinfenster klein(Sparte::Stauden, staudenGruppen);
+    klein.probe->setzen({{feld, wert}});
+    QTEST(klein.probe->text(control), "text");
+    if (feld == u"pflanzart")
+        QCOMPARE(klein.probe->gezeigt(u"Label36"_s), wert != u"?");
+}
+
+namespace {
+
+constexpr QStringView genussworte[] = {u"eßbar", u"ungenießbar", u"giftig", u"stark giftig !!!"};
+constexpr Element gehoelze[] = {
+    {.muster = Muster::Liste, .control = "lblGenuss", .feld = "genuss", .titeltext = u"Genießbarkeit:", .titel = "Label3", .worte = genussworte},
+    {.muster = Muster::Kaestchen, .control = "chkGenuss", .feld = "genuss", .worte = genussworte},
+    {.muster = Muster::Farbfeld, .control = "lblBlFarbe", .feld = "bluehfarb", .titeltext = u"Farben:", .farben = &WL_BluetenfarbeRGB},
+};
+constexpr Gruppe gehoelzGruppen[] = {{.name = "fraTest", .titel = u"Test", .elemente = gehoelze}};
+
+} // namespace
+
+void TestMuster::eigeneWorte_data()
+{
+    QTest::addColumn<QString>("wert");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("kaestchen");
+    QTest::newRow("number") << "4" << "stark giftig !!!" << 3;
+    QTest::newRow("flags") << "0100" << "ungenießbar" << 1;
+    QTest::newRow("first") << "1" << "eßbar" << 0;
+    QTest::newRow("none") << "5" << "" << -1;
+    QTest::newRow("empty") << "" << "" << -1;
+}
+
+void TestMuster::eigeneWorte()
+{
+    QFETCH(QString, wert);
+    QFETCH(QString, text);
+    QFETCH(int, kaestchen);
+    const Kleinfenster klein(Sparte::Gehoelze, gehoelzGruppen);
+    klein.probe->setzen({{u"genuss"_s, wert}});
+    QCOMPARE(klein.probe->text(u"lblGenuss"_s), text);
+    QCOMPARE(klein.probe->gezeigt(u"Label3"_s), !text.isEmpty());
+    const QList<int> erwartet = kaestchen < 0 ? QList<int>() : QList<int>{kaestchen};
+    QCOMPARE(klein.probe->stellen(u"chkGenuss"_s, [](QWidget *k) { return qobject_cast<QCheckBox *>(k)->isChecked(); }), erwartet);
+}
+
+void TestMuster::farbenAlsZahlUndFlags()
+{
+    static constexpr Element farben[] = {
+        {.muster = Muster::Farbfeld, .control = "lblBlFarbe", .feld = "farben", .titeltext = u"Farben:", .farben = &WL_BluetenfarbeRGB},
+        {.muster = Muster::Farbfeld, .control = "lblFrFarbe", .feld = "fruchtfarb", .titeltext = u"Farben:", .farben = &WL_FruchtfarbeRGB},
+    };
+    static constexpr Gruppe gruppen[] = {{.name = "fraTest", .titel = u"Test", .elemente = farben}};
+    const Kleinfenster klein(Sparte::Stauden, gruppen);
+    Fensterprobe &probe = *klein.probe;
+    // A number is a position.
+    probe.setzen({{u"fruchtfarb"_s, u"13"_s}});
+    QCOMPARE(gefaerbt(probe, u"lblFrFarbe"_s), QList<int>{12});
+    QCOMPARE(probe.zelle(u"lblFrFarbe"_s, 12)->backColor(), 0x000000);
+    // Position 13 is a colour, the fourteenth is "bunt", and neither marks the flower.
+    probe.setzen({{u"fruchtfarb"_s, u"10000000000011"_s}});
+    QCOMPARE(gefaerbt(probe, u"lblFrFarbe"_s), (QList<int>{0, 12}));
+    QCOMPARE(probe.zelle(u"lblFrFarbe"_s, 13)->backStyle(), 1);
+    QCOMPARE(probe.zelle(u"lblBlFarbe"_s, 12)->backStyle(), 0);
+    probe.setzen({{u"fruchtfarb"_s, u"0"_s}});
+    QCOMPARE(gefaerbt(probe, u"lblFrFarbe"_s), QList<int>());
+    QCOMPARE(probe.zelle(u"lblFrFarbe"_s, 13)->backStyle(), 0);
+}
+
+QTEST_MAIN(TestMuster)
+#include "tst_muster.moc"
