@@ -45,11 +45,17 @@ QString unpassend(const Element &element, Sparte sparte)
         return mit(liste && (element.worte.empty() || int(element.worte.size()) == liste->anzahl()), fehler);
     }
     case Muster::Ausbildung: return verlangt(element.feld, {Art::Flags});
-    case Muster::Symbolfluss:
-        if (const QString fehler = element.feld2 ? verlangt(element.feld2, {Art::Wahrheit}) : QString(); !fehler.isEmpty())
-            return fehler;
-        [[fallthrough]];
-    case Muster::Symbole: return mit(!element.symbole.empty(), verlangt(element.feld, {Art::Flags, Art::Code}));
+    case Muster::Symbole:
+    case Muster::Symbolfluss: {
+        bool stellen = false;
+        for (const Symbol &symbol : element.symbole) {
+            if (const QString fehler = symbol.feld ? verlangt(symbol.feld, {Art::Wahrheit}) : QString(); !fehler.isEmpty())
+                return fehler;
+            stellen = stellen || !symbol.feld;
+        }
+        return mit(!element.symbole.empty(), stellen || element.feld ? verlangt(element.feld, {Art::Flags, Art::Code}) : QString());
+    }
+    case Muster::Bildwahl: return mit(!element.symbole.empty(), verlangt(element.feld, {Art::Flags, Art::Code}));
     case Muster::Farbfeld: {
         const QString fehler = verlangt(element.feld, {Art::Flags, Art::Code});
         const Werteliste *liste = fehler.isEmpty() ? spalteVon(sparte, element.feld)->liste : nullptr;

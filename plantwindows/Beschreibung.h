@@ -18,8 +18,9 @@ enum class Muster {
     VonBisMindest, ///< "500 bis 800 Lux", "mind. 500 Lux"
     Monate,        ///< row of 12 month labels
     Farbfeld,      ///< row of swatches, the last one for "bunt"
-    Symbole,       ///< pictures, each visible exactly when its position is set
-    Symbolfluss,   ///< the same, set ones placed side by side; `feld2` is a boolean for the last picture
+    Symbole,       ///< pictures, each visible exactly when its position or its own field is set
+    Symbolfluss,   ///< the same, set ones placed side by side
+    Bildwahl,      ///< one picture: that of the first position set
     Satz,          ///< boolean: the sentence `leer` shows while it is true
     BotName,       ///< name with the nomenclature as tool tip
     DtName,        ///< German name followed by the German synonyms
@@ -37,14 +38,16 @@ struct Symbol
 {
     const char *bild; ///< "list/key"
     QStringView hinweis;
-    QStringView name; ///< accessible name
+    QStringView name;           ///< accessible name
+    const char *feld = nullptr; ///< boolean that sets it; null: its position of the element's field
+    const char *aus = nullptr;  ///< "list/key" of the picture that stands there while it is not set; null: none does
 };
 
 struct Element
 {
     Muster muster;
     const char *control; ///< objectName, or its stem for an array
-    const char *feld;
+    const char *feld = nullptr;
     const char *feld2 = nullptr;
     QStringView titeltext = {};      ///< caption; it vanishes with an empty control
     const char *titel = nullptr;     ///< objectName of the caption label; without a text the field's print label is the caption

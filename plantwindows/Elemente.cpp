@@ -44,7 +44,11 @@ public:
             kodierung_ = spalte->kodierung();
     }
 
-    Positionen gesetzt(Pflanzensatz &satz) const { return positionen(kodierung_, einText(element_, satz)); }
+    /// Positions that the current record means; none without a field.
+    Positionen gesetzt(Pflanzensatz &satz) const
+    {
+        return element_.feld ? positionen(kodierung_, einText(element_, satz)) : Positionen();
+    }
 
 private:
     const Element &element_;
@@ -235,7 +239,21 @@ private:
     std::vector<Farbzelle *> zellen_;
 };
 
-/// Pictures that stand for positions of a coded field.
+constexpr int symbolgroesse = 34; // pixels
+
+/// While the mouse is over a picture the hint panel explains it.
+void hinweisGeben(Bildfeld *feld, const Elementumgebung &umgebung, std::function<QString()> text)
+{
+    QObject::connect(feld, &Bildfeld::mausDarueber, feld, [hinweis = umgebung.hinweis, text = std::move(text)] { hinweis(text()); });
+    QObject::connect(feld, &Bildfeld::mausVerlassen, feld, [hinweis = umgebung.hinweis] { hinweis(QString()); });
+}
+
+QString symbolname(const Symbol &symbol, const Element &element, const Elementumgebung &umgebung)
+{
+    return vorlesename(umgebung.gruppe, element.titeltext.toString(), symbol.name.toString());
+}
+
+/// Pictures that stand for positions of a coded field or for booleans.
 class Symbolreihe : public Anzeigeelement
 {
 public:
@@ -256,12 +274,12 @@ public:
             auto *feld = new Bildfeld({symbolgroesse, symbolgroesse}, reihe_);
             feld->setObjectName(arrayname(element, int(i)));
             feld->setBild(QString::fromLatin1(symbol.bild));
-            feld->setAccessibleName(vorlesename(umgebung.gruppe, element.titeltext.toString(), symbol.name.toString()));
+            feld->setAccessibleName(symbolname(symbol, element, umgebung));
             feld->setToolTip(symbol.name.toString());
             feld->hide();
-            QObject::connect(feld, &Bildfeld::mausDarueber, feld,
-                             [hinweis = umgebung.hinweis, text = symbol.hinweis.toString()] { hinweis(text); });
-            QObject::connect(feld, &Bildfeld::mausVerlassen, feld, [hinweis = umgebung.hinweis] { hinweis(QString()); });
+            hinweisGeben(feld, umgebung, [feld, &symbol] {
+                return feld->bild() == QLatin1String(symbol.bild) ? symbol.hinweis.toString() : QString();
+            });
             if (anordnung)
                 anordnung->addWidget(feld);
             felder_.push_back(feld);
@@ -276,13 +294,14 @@ public:
     void zeigen(Pflanzensatz &satz) override
     {
         const Positionen positionen = feld_.gesetzt(satz);
-        const bool letztes = element_.feld2 && istWahr(satz.Auslesen(feldname(element_.feld2)));
         leer_ = true;
         int x = flussLinks, y = flussZeile1;
         for (size_t i = 0; i < felder_.size(); ++i) {
-            const bool gesetzt = element_.feld2 && i + 1 == felder_.size() ? letztes : positionen.hat(int(i) + 1);
+            const Symbol &symbol = element_.symbole[i];
+            const bool gesetzt = symbol.feld ? istWahr(satz.Auslesen(feldname(symbol.feld))) : positionen.hat(int(i) + 1);
+            const bool sichtbar = gesetzt || symbol.aus;
             Bildfeld *feld = felder_[i];
-            if (gesetzt && element_.muster == Muster::Symbolfluss) {
+            if (sichtbar && element_.muster == Muster::Symbolfluss) {
                 feld->move(pixel(x), pixel(y));
                 feld->setProperty("Left", x);
                 feld->setProperty("Top", y);
@@ -292,20 +311,66 @@ public:
                     y = flussZeile2;
                 }
             }
-            feld->setVisible(gesetzt);
-            leer_ = leer_ && !gesetzt;
+            if (symbol.aus)
+                umschalten(*feld, symbol, gesetzt);
+            feld->setVisible(sichtbar);
+            leer_ = leer_ && !sichtbar;
         }
     }
 
 private:
-    static constexpr int symbolgroesse = 34; // pixels
     // The flow of the marks, in twips.
     static constexpr int flussLinks = 240, flussZeile1 = 1035, flussZeile2 = 1560, flussSchritt = 550, flussRand = 1400;
+
+    /// What a picture shows by its colour alone is said as well.
+    static void umschalten(Bildfeld &feld, const Symbol &symbol, bool gesetzt)
+    {
+        feld.setBild(QString::fromLatin1(gesetzt ? symbol.bild : symbol.aus));
+        feld.setToolTip(QStringLiteral("%1: %2").arg(symbol.name, gesetzt ? u"ja" : u"nein"));
+        feld.setAccessibleDescription(gesetzt ? QStringLiteral("ja") : QStringLiteral("nein"));
+    }
 
     Kodefeld feld_;
     QWidget *reihe_;
     std::vector<Bildfeld *> felder_;
     bool leer_ = true;
+};
+
+/// One control with the picture of the position that is set.
+class Bildwahl : public Anzeigeelement
+{
+public:
+    Bildwahl(const Element &element, const Elementumgebung &umgebung, QWidget *eltern)
+        : Anzeigeelement(element), umgebung_(umgebung), feld_(element, umgebung.fenster.sparte),
+          bild_(new Bildfeld({symbolgroesse, symbolgroesse}, eltern))
+    {
+        bild_->setObjectName(QString::fromLatin1(element.control));
+        hinweisGeben(bild_, umgebung, [this] { return gezeigt_ ? gezeigt_->hinweis.toString() : QString(); });
+    }
+
+    QWidget *widget() const override { return bild_; }
+    bool leer() const override { return !gezeigt_; }
+
+    void zeigen(Pflanzensatz &satz) override
+    {
+        const Positionen positionen = feld_.gesetzt(satz);
+        gezeigt_ = nullptr;
+        for (size_t i = 0; i < element_.symbole.size() && !gezeigt_; ++i)
+            if (positionen.hat(int(i) + 1))
+                gezeigt_ = &element_.symbole[i];
+        bild_->setVisible(gezeigt_);
+        if (!gezeigt_)
+            return;
+        bild_->setBild(QString::fromLatin1(gezeigt_->bild));
+        bild_->setToolTip(gezeigt_->name.toString());
+        bild_->setAccessibleName(symbolname(*gezeigt_, element_, umgebung_));
+    }
+
+private:
+    const Elementumgebung umgebung_;
+    Kodefeld feld_;
+    Bildfeld *bild_;
+    const Symbol *gezeigt_ = nullptr;
 };
 
 class Bewertungselement : public Anzeigeelement
@@ -540,6 +605,7 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
     case Muster::Farbfeld: return std::make_unique<Zellenreihe>(element, umgebung, eltern);
     case Muster::Symbole:
     case Muster::Symbolfluss: return std::make_unique<Symbolreihe>(element, umgebung, eltern);
+    case Muster::Bildwahl: return std::make_unique<Bildwahl>(element, umgebung, eltern);
     case Muster::Bewertung: return std::make_unique<Bewertungselement>(element, eltern);
     case Muster::Kaestchen: {
         QStringList worte;

@@ -21,13 +21,13 @@ constexpr Symbol eigenschaften[] = {
     {"bilder/frucht", u"Diese Pflanze ist eine Fruchtpflanze", u"Fruchtpflanze"},
     {"bilder/sukkulente", u"Diese Pflanze ist eine Sukkulente", u"Sukkulente"},
     {"bilder/carnivore", u"Diese Pflanze ist eine Carnivore", u"Carnivore"},
-    {"iliEigenschaften/gift", u"Diese Pflanze ist giftig!", u"Giftpflanze"},
+    {"iliEigenschaften/gift", u"Diese Pflanze ist giftig!", u"Giftpflanze", "GIFTIG"},
 };
 
 constexpr Element tafel[] = {
     gemeinsam::herkunftsmarke,
     {.muster = Muster::Bewertung, .control = "picBewertung", .feld = "bewertung", .titeltext = u"Bewertung"},
-    {.muster = Muster::Symbolfluss, .control = "imgEigen", .feld = "PFLANZTYP", .feld2 = "GIFTIG", .symbole = eigenschaften},
+    {.muster = Muster::Symbolfluss, .control = "imgEigen", .feld = "PFLANZTYP", .symbole = eigenschaften},
 };
 
 constexpr Element bluete[] = {

@@ -243,15 +243,32 @@ void elementPruefen(Fensterprobe &probe, const Element &e)
     case Muster::Symbole:
     case Muster::Symbolfluss: {
         const int anzahl = int(e.symbole.size());
-        const int letztes = e.feld2 ? anzahl - 1 : anzahl; // positions of the flag string
-        probe.setzen(e.feld2 ? Fensterprobe::Werte{{feld, {}}, {feld2, {}}} : Fensterprobe::Werte{{feld, {}}});
-        QCOMPARE(sichtbare(probe, control), QList<int>());
-        probe.setzen({{feld, flags(letztes, {1, letztes})}});
-        QCOMPARE(sichtbare(probe, control), (QList<int>{0, letztes - 1}));
-        if (e.feld2) {
-            probe.setzen({{feld, {}}, {feld2, u"True"_s}});
-            QCOMPARE(sichtbare(probe, control), QList<int>{anzahl - 1});
+        Fensterprobe::Werte nichts{{feld, {}}};
+        QList<int> stellen, wahre; // pictures set by their position and by a field of their own
+        for (int i = 0; i < anzahl; ++i) {
+            const Symbol &symbol = e.symbole[size_t(i)];
+            (symbol.feld ? wahre : stellen) += i;
+            if (symbol.feld)
+                nichts.insert(QString::fromLatin1(symbol.feld), {});
         }
+        probe.setzen(nichts);
+        QCOMPARE(sichtbare(probe, control), QList<int>());
+        probe.setzen({{feld, flags(int(stellen.size()), {1, int(stellen.size())})}});
+        QCOMPARE(sichtbare(probe, control), (QList<int>{0, int(stellen.size()) - 1}));
+        for (const int i : std::as_const(wahre)) {
+            probe.setzen(nichts);
+            probe.setzen({{QString::fromLatin1(e.symbole[size_t(i)].feld), u"True"_s}});
+            QCOMPARE(sichtbare(probe, control), QList<int>{i});
+        }
+        return;
+    }
+    case Muster::Bildwahl: {
+        auto *bild = probe.finde<Bildfeld>(control);
+        zeigen({}, {});
+        QVERIFY(bild->isHidden());
+        const QString wert = flags(int(e.symbole.size()), {int(e.symbole.size())});
+        zeigen(wert, wert);
+        QCOMPARE(bild->bild(), QString::fromLatin1(e.symbole.back().bild));
         return;
     }
     case Muster::DtName:

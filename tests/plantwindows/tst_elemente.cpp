@@ -12,6 +12,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QStringView zweiWorte[] = {u"eins", u"zwei"};
+constexpr Symbol eineWahrheit[] = {{"bilder/gruen", u"", u"", "GIFTIG"}}, keineWahrheit[] = {{"bilder/gruen", u"", u"", "HK"}},
+                 eineStelle[] = {{"bilder/gruen", u"", u""}};
 constexpr Element richtig[] = {
     {.muster = Muster::BotName, .control = "lblBotName", .feld = "BOT_NAME"},
     {.muster = Muster::Text, .control = "lblHerkunft", .feld = "HK"},
@@ -163,6 +165,9 @@ void TestElemente::falscheBeschreibungen_data()
     zeile("mark on a missing row", {.muster = Muster::Farbfeld, .control = "lblX", .feld = "FARBEN", .farben = &WL_BluetenfarbeRGB, .buntZiel = "lblY"},
           "lblY");
     zeile("pictures without pictures", {.muster = Muster::Symbole, .control = "lblX", .feld = "SONNE"}, "lblX");
+    zeile("pictures of booleans", {.muster = Muster::Symbole, .control = "lblX", .symbole = eineWahrheit}, "");
+    zeile("picture of a missing boolean", {.muster = Muster::Symbole, .control = "lblX", .symbole = keineWahrheit}, "HK");
+    zeile("picture of a position of no field", {.muster = Muster::Symbole, .control = "lblX", .symbole = eineStelle}, "lblX");
     zeile("boxes without words", {.muster = Muster::Kaestchen, .control = "lblX", .feld = "SONNE"}, "lblX");
     zeile("name of the head again", {.muster = Muster::Text, .control = "lblHerkunft", .feld = "DUENG_FS"}, "lblHerkunft");
     QTest::newRow("name twice") << QList<Element>{{.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS"},

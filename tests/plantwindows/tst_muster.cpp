@@ -57,6 +57,8 @@ private slots:
     void eigeneWorte_data();
     void eigeneWorte();
     void farbenAlsZahlUndFlags();
+    void bilderMitEigenemFeld();
+    void einBildNachStelle();
 };
 
 namespace {
@@ -155,6 +157,61 @@ void TestMuster::farbenAlsZahlUndFlags()
     probe.setzen({{u"fruchtfarb"_s, u"0"_s}});
     QCOMPARE(gefaerbt(probe, u"lblFrFarbe"_s), QList<int>());
     QCOMPARE(probe.zelle(u"lblFrFarbe"_s, 13)->backStyle(), 0);
+}
+
+namespace {
+
+constexpr Symbol marken[] = {
+    {"iliEigenschaften/gift", u"Diese Pflanze ist giftig!", u"Giftpflanze", "giftig", "iliEigenschaften/gift_n"},
+    {"iliEigenschaften/schere", u"Diese Pflanze ist eine Schnittpflanze", u"Schnittpflanze", "schnitt", "iliEigenschaften/schere_n"},
+    {"iliEigenschaften/heim", u"Diese Pflanze ist heimisch", u"heimisch", "heimisch"},
+};
+constexpr Element markentafel[] = {{.muster = Muster::Symbole, .control = "imgEigen", .symbole = marken}};
+
+} // namespace
+
+void TestMuster::bilderMitEigenemFeld()
+{
+    const Kleinfenster klein(Sparte::Stauden, staudenGruppen, markentafel);
+    Fensterprobe &probe = *klein.probe;
+    const auto bilder = [&] {
+        QStringList namen;
+        for (int i = 0; i < 3; ++i)
+            if (auto *feld = probe.finde<Bildfeld>(u"imgEigen_%1"_s.arg(i)); !feld->isHidden())
+                namen += feld->bild().section(u'/', 1);
+        return namen;
+    };
+    QCOMPARE(bilder(), (QStringList{u"gift_n"_s, u"schere_n"_s}));
+    probe.setzen({{u"schnitt"_s, u"True"_s}, {u"heimisch"_s, u"True"_s}});
+    QCOMPARE(bilder(), (QStringList{u"gift_n"_s, u"schere"_s, u"heim"_s}));
+    // Colour is not the only sign.
+    QCOMPARE(probe.finde<Bildfeld>(u"imgEigen_0"_s)->toolTip(), u"Giftpflanze: nein"_s);
+    QCOMPARE(probe.finde<Bildfeld>(u"imgEigen_1"_s)->accessibleDescription(), u"ja"_s);
+    // A sentence that is true of a set picture is not said of the other.
+    Fensterprobe::mausBewegen(probe.finde(u"imgEigen_0"_s));
+    QCOMPARE(probe.panel(2), QString());
+    Fensterprobe::mausBewegen(probe.finde(u"imgEigen_1"_s));
+    QCOMPARE(probe.panel(2), u"Diese Pflanze ist eine Schnittpflanze"_s);
+    probe.setzen({{u"schnitt"_s, {}}, {u"heimisch"_s, {}}});
+    QCOMPARE(bilder(), (QStringList{u"gift_n"_s, u"schere_n"_s}));
+}
+
+void TestMuster::einBildNachStelle()
+{
+    static constexpr Symbol teile[] = {{"iliEigenschaften/laub", u"Diese Pflanze ist ein Laubgehölz", u"Laubgehölz"},
+                                       {"iliEigenschaften/nadel", u"Diese Pflanze ist ein Nadelgehölz", u"Nadelgehölz"}};
+    static constexpr Element tafel[] = {{.muster = Muster::Bildwahl, .control = "imgEigen_0", .feld = "grobeint", .symbole = teile}};
+    const Kleinfenster klein(Sparte::Gehoelze, gehoelzGruppen, tafel);
+    Fensterprobe &probe = *klein.probe;
+    QVERIFY(!probe.gezeigt(u"imgEigen_0"_s));
+    for (const auto &[wert, bild, name] : {std::tuple(u"1"_s, u"iliEigenschaften/laub"_s, u"Laubgehölz"_s), {u"2"_s, u"iliEigenschaften/nadel"_s, u"Nadelgehölz"_s}}) {
+        probe.setzen({{u"grobeint"_s, wert}});
+        QVERIFY(probe.gezeigt(u"imgEigen_0"_s));
+        QCOMPARE(probe.finde<Bildfeld>(u"imgEigen_0"_s)->bild(), bild);
+        QCOMPARE(probe.finde(u"imgEigen_0"_s)->accessibleName(), name);
+    }
+    probe.setzen({{u"grobeint"_s, u"3"_s}});
+    QVERIFY(!probe.gezeigt(u"imgEigen_0"_s));
 }
 
 QTEST_MAIN(TestMuster)

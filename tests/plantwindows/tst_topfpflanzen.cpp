@@ -155,8 +155,12 @@ void TestTopfpflanzen::beschreibungHatAlleFelder()
     };
     for (const Zeile &z : zeilen)
         verlangt += zeile(z.feld, z.feld2, z.control, z.titel);
-    for (const Element *e : alleElemente(*fensterbeschreibung(Sparte::Topf)))
-        beschrieben += zeile(e->feld, e->feld2, e->control, e->titel);
+    for (const Element *e : alleElemente(*fensterbeschreibung(Sparte::Topf))) {
+        const char *zweites = e->feld2;
+        for (const Symbol &symbol : e->symbole)
+            zweites = symbol.feld ? symbol.feld : zweites;
+        beschrieben += zeile(e->feld, zweites, e->control, e->titel);
+    }
     verlangt.sort();
     beschrieben.sort();
     QCOMPARE(beschrieben.join(u'\n'), verlangt.join(u'\n'));
