@@ -1,5 +1,6 @@
 #include "Beschreibung.h"
 
+#include "Elemente.h"
 #include "frmAnzeigeApfel.h"
 #include "frmAnzeigeTopfpflanzen.h"
 
@@ -35,6 +36,7 @@ QString unpassend(const Element &element, Sparte sparte)
     };
     switch (element.muster) {
     case Muster::Text:
+        return verlangt(element.feld, {Art::Name, Art::Text, Art::Memo, Art::Code, Art::Zahl, Art::Bewertung});
     case Muster::DtName:
     case Muster::Synonyme:
     case Muster::BotName: return verlangt(element.feld, {Art::Name, Art::Text, Art::Memo, Art::Code, Art::Zahl});
@@ -107,6 +109,11 @@ QString beschreibungsfehler(const Fensterbeschreibung &beschreibung)
         for (const Element &element : elemente) {
             melden(unpassend(element, beschreibung.sparte));
             eintragen(controls, element.control);
+            if (element.titel && element.titeltext.isEmpty() && titelVon(beschreibung.sparte, element).size() < 2)
+                melden(QStringLiteral("%1: kein Text für %2").arg(wort(element.control), wort(element.titel)));
+            for (const Anhang &anhang : element.anhang)
+                if (const Spalte *spalte = spalteVon(beschreibung.sparte, anhang.feld); !spalte || spalte->art != Art::Wahrheit)
+                    melden(QStringLiteral("%1: %2 hängt nichts an").arg(wort(element.control), wort(anhang.feld)));
             if (element.buntZiel)
                 genannt += element.buntZiel;
         }

@@ -12,7 +12,7 @@
 
 /// The way a field becomes visible. Each has one display class; no field has code of its own.
 enum class Muster {
-    Text,          ///< the field's text; see `leer`, `umformung`
+    Text,          ///< the field's text, a number as it is shown; see `umformung`, `einheit`, `anhang`, `leer`
     Liste,         ///< the words of a coded field, `worte` in place of the vocabulary's
     VonBisMeter,   ///< "0,2 bis 0,5 m", "max. 0,5 m", "min. 0,2 m"
     VonBisMindest, ///< "500 bis 800 Lux", "mind. 500 Lux"
@@ -43,6 +43,14 @@ struct Symbol
     const char *aus = nullptr;  ///< "list/key" of the picture that stands there while it is not set; null: none does
 };
 
+/// Words behind a text while a boolean is true.
+struct Anhang
+{
+    const char *feld;
+    QStringView text;
+    QStringView trenner = u", "; ///< before it, where something stands there
+};
+
 struct Element
 {
     Muster muster;
@@ -53,8 +61,9 @@ struct Element
     const char *titel = nullptr;     ///< objectName of the caption label; without a text the field's print label is the caption
     QStringView trenner = u", ";
     QStringView leer = {};           ///< text of an empty field
-    QStringView einheit = {};        ///< behind a range, with its leading blank
+    QStringView einheit = {};        ///< behind a range or a text that is not empty, with its leading blank
     QString (*umformung)(const QString &) = nullptr; ///< last step before the text is shown
+    std::span<const Anhang> anhang = {};             ///< behind the text, `leer` excepted
     std::span<const Symbol> symbole = {};
     std::span<const QStringView> worte = {};
     const Farbliste *farben = nullptr;

@@ -86,6 +86,11 @@ public:
         text_ = macher_(element_, satz);
         if (element_.umformung)
             text_ = element_.umformung(text_);
+        if (element_.muster == Muster::Text && !text_.isEmpty())
+            text_ += element_.einheit;
+        for (const Anhang &anhang : element_.anhang)
+            if (istWahr(satz.Auslesen(feldname(anhang.feld))))
+                text_ = text_.isEmpty() ? anhang.text.toString() : QStringLiteral("%1%2%3").arg(text_, anhang.trenner, anhang.text);
         if (text_.isEmpty() && element_.muster != Muster::Satz && (!element_.leerNurBeiNull || satz.istNull(feldname(element_.feld))))
             text_ = element_.leer.toString();
         if (kasten_)
@@ -578,7 +583,11 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
 {
     const auto text = [&](Textelement::Macher macher) { return std::make_unique<Textelement>(element, eltern, std::move(macher)); };
     switch (element.muster) {
-    case Muster::Text: return text(einText);
+    case Muster::Text: {
+        const Spalte *spalte = spalteVon(umgebung.fenster.sparte, element.feld);
+        const bool zahl = spalte && spalte->art == Art::Zahl;
+        return text([zahl](const Element &e, Pflanzensatz &satz) { return zahl ? zahlZeigen(einText(e, satz)) : einText(e, satz); });
+    }
     case Muster::Liste:
         return text([feld = Kodefeld(element, umgebung.fenster.sparte), worte = worteFuer(umgebung.fenster.sparte, element)]
                     (const Element &e, Pflanzensatz &satz) { return worteVon(feld.gesetzt(satz), worte, e.trenner); });

@@ -2,8 +2,19 @@
 
 #include "Beschreibung.h"
 
-/* Parts of a description that every Sparte's window has. */
+/* Parts of a description that every Sparte's window has, and last steps that several of them take. */
 namespace gemeinsam {
+
+/// A "0" is no value.
+inline QString ohneNull(const QString &text)
+{
+    return text == u"0" ? QString() : text;
+}
+/// Square metres, typed as "m2".
+inline QString quadratmeter(const QString &text)
+{
+    return QString(text).replace(QStringLiteral("m2"), QStringLiteral("m²"));
+}
 
 inline constexpr Element eigeneBemerkung[] = {
     {.muster = Muster::Benutzertext, .control = "txtEigeneBemerkung", .feld = "benu_bemerkung"},

@@ -14,6 +14,7 @@ namespace {
 constexpr QStringView zweiWorte[] = {u"eins", u"zwei"};
 constexpr Symbol eineWahrheit[] = {{"bilder/gruen", u"", u"", "GIFTIG"}}, keineWahrheit[] = {{"bilder/gruen", u"", u"", "HK"}},
                  eineStelle[] = {{"bilder/gruen", u"", u""}};
+constexpr Anhang vonGiftig[] = {{"GIFTIG", u"giftig"}}, vonHk[] = {{"HK", u"giftig"}};
 constexpr Element richtig[] = {
     {.muster = Muster::BotName, .control = "lblBotName", .feld = "BOT_NAME"},
     {.muster = Muster::Text, .control = "lblHerkunft", .feld = "HK"},
@@ -168,6 +169,9 @@ void TestElemente::falscheBeschreibungen_data()
     zeile("pictures of booleans", {.muster = Muster::Symbole, .control = "lblX", .symbole = eineWahrheit}, "");
     zeile("picture of a missing boolean", {.muster = Muster::Symbole, .control = "lblX", .symbole = keineWahrheit}, "HK");
     zeile("picture of a position of no field", {.muster = Muster::Symbole, .control = "lblX", .symbole = eineStelle}, "lblX");
+    zeile("words behind a text", {.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS", .anhang = vonGiftig}, "");
+    zeile("words of a text behind a text", {.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS", .anhang = vonHk}, "HK");
+    zeile("caption without a text", {.muster = Muster::Herkunftsmarke, .control = "lblX", .feld = "Benu_Aenderung", .titel = "Label1"}, "Label1");
     zeile("boxes without words", {.muster = Muster::Kaestchen, .control = "lblX", .feld = "SONNE"}, "lblX");
     zeile("name of the head again", {.muster = Muster::Text, .control = "lblHerkunft", .feld = "DUENG_FS"}, "lblHerkunft");
     QTest::newRow("name twice") << QList<Element>{{.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS"},

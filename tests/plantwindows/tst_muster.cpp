@@ -1,6 +1,7 @@
 #include "Fensterprobe.h"
 
 #include "plantwindows/Elemente.h"
+#include "plantwindows/Gemeinsam.h"
 
 #include <QCheckBox>
 #include <QTest>
@@ -59,6 +60,10 @@ private slots:
     void farbenAlsZahlUndFlags();
     void bilderMitEigenemFeld();
     void einBildNachStelle();
+    void anhaenge_data();
+    void anhaenge();
+    void einheiten_data();
+    void einheiten();
 };
 
 namespace {
@@ -212,6 +217,71 @@ void TestMuster::einBildNachStelle()
     }
     probe.setzen({{u"grobeint"_s, u"3"_s}});
     QVERIFY(!probe.gezeigt(u"imgEigen_0"_s));
+}
+
+namespace {
+
+constexpr Anhang anPflanzart[] = {{"immergruen", u"immergrün"}, {"giftig", u"giftig!"}};
+constexpr Anhang anHoehe[] = {{"UNSCHEINBA", u"(unscheinbar)", u" "}};
+constexpr Element mitAnhang[] = {
+    {.muster = Muster::Liste, .control = "lblPflanzart", .feld = "pflanzart", .titel = "Label36", .anhang = anPflanzart},
+    {.muster = Muster::VonBisMeter, .control = "lblBluetHoehe", .feld = "BLMINH", .feld2 = "BLMAXH", .titeltext = u"Höhe:", .titel = "labelBl",
+     .einheit = u" m", .anhang = anHoehe},
+};
+constexpr Gruppe anhangGruppen[] = {{.name = "fraTest", .titel = u"Test", .elemente = mitAnhang}};
+
+} // namespace
+
+void TestMuster::anhaenge_data()
+{
+    QTest::addColumn<Fensterprobe::Werte>("werte");
+    QTest::addColumn<QString>("art");
+    QTest::addColumn<QString>("hoehe");
+    using Werte = Fensterprobe::Werte;
+    QTest::newRow("nothing") << Werte{} << "" << "";
+    QTest::newRow("text alone") << Werte{{u"pflanzart"_s, u"S"_s}, {u"BLMAXH"_s, u"0.5"_s}} << "Staude" << "max. 0,5 m";
+    QTest::newRow("behind a text") << Werte{{u"pflanzart"_s, u"S"_s}, {u"BLMAXH"_s, u"0.5"_s}, {u"immergruen"_s, u"True"_s}, {u"UNSCHEINBA"_s, u"True"_s}}
+                                   << "Staude, immergrün" << "max. 0,5 m (unscheinbar)";
+    QTest::newRow("two") << Werte{{u"pflanzart"_s, u"G"_s}, {u"immergruen"_s, u"True"_s}, {u"giftig"_s, u"True"_s}} << "Gras, immergrün, giftig!" << "";
+    QTest::newRow("behind nothing") << Werte{{u"giftig"_s, u"True"_s}, {u"UNSCHEINBA"_s, u"True"_s}} << "giftig!" << "(unscheinbar)";
+}
+
+void TestMuster::anhaenge()
+{
+    QFETCH(Fensterprobe::Werte, werte);
+    QFETCH(QString, art);
+    QFETCH(QString, hoehe);
+    const Kleinfenster klein(Sparte::Stauden, anhangGruppen);
+    klein.probe->setzen(werte);
+    QCOMPARE(klein.probe->text(u"lblPflanzart"_s), art);
+    QCOMPARE(klein.probe->text(u"lblBluetHoehe"_s), hoehe);
+    QCOMPARE(klein.probe->gezeigt(u"labelBl"_s), !hoehe.isEmpty());
+}
+
+void TestMuster::einheiten_data()
+{
+    QTest::addColumn<QString>("wert");
+    QTest::addColumn<QString>("durchmesser");
+    QTest::addColumn<QString>("kennzahl");
+    QTest::newRow("number") << "1.50" << "1,5 m" << "1.50/m²";
+    QTest::newRow("none") << "" << "" << "Keine Angaben";
+    QTest::newRow("zero") << "0" << "" << "0/m²";
+    QTest::newRow("square metres") << "3 m2" << "3 m2 m" << "3 m²/m²";
+}
+
+void TestMuster::einheiten()
+{
+    static constexpr Element elemente[] = {
+        {.muster = Muster::Text, .control = "lblmaxD", .feld = "maxdurchm", .einheit = u" m", .umformung = gemeinsam::ohneNull},
+        {.muster = Muster::Text, .control = "lblKennzahl", .feld = "kennzahl", .leer = u"Keine Angaben", .einheit = u"/m²",
+         .umformung = gemeinsam::quadratmeter},
+    };
+    static constexpr Gruppe gruppen[] = {{.name = "fraTest", .titel = u"Test", .elemente = elemente}};
+    QFETCH(QString, wert);
+    const Kleinfenster klein(Sparte::Gehoelze, gruppen);
+    klein.probe->setzen({{u"maxdurchm"_s, wert}, {u"kennzahl"_s, wert}});
+    QTEST(klein.probe->text(u"lblmaxD"_s), "durchmesser");
+    QTEST(klein.probe->text(u"lblKennzahl"_s), "kennzahl");
 }
 
 QTEST_MAIN(TestMuster)
