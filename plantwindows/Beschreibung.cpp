@@ -93,7 +93,7 @@ const Fensterbeschreibung *fensterbeschreibung(Sparte sparte)
 
 QString beschreibungsfehler(const Fensterbeschreibung &beschreibung)
 {
-    QSet<QString> controls, rahmen;
+    QSet<QString> controls, rahmen, titel;
     QList<const char *> genannt; // controls that must be there
     QString fehler;
     const auto melden = [&](const QString &neuer) {
@@ -106,7 +106,10 @@ QString beschreibungsfehler(const Fensterbeschreibung &beschreibung)
         namen.insert(wort(name));
     };
     const auto alle = [&](std::span<const Element> elemente) {
+        QSet<QString> eigeneTitel;
         for (const Element &element : elemente) {
+            if (element.titel)
+                eigeneTitel.insert(wort(element.titel));
             melden(unpassend(element, beschreibung.sparte));
             eintragen(controls, element.control);
             if (element.titel && element.titeltext.isEmpty() && titelVon(beschreibung.sparte, element).size() < 2)
@@ -116,18 +119,33 @@ QString beschreibungsfehler(const Fensterbeschreibung &beschreibung)
                     melden(QStringLiteral("%1: %2 hängt nichts an").arg(wort(element.control), wort(anhang.feld)));
             if (element.buntZiel)
                 genannt += element.buntZiel;
+            if (element.panel)
+                eintragen(rahmen, element.panel);
         }
+        if (eigeneTitel.intersects(titel))
+            melden(QStringLiteral("%1 steht in zwei Gruppen").arg(*eigeneTitel.intersect(titel).begin()));
+        titel.unite(eigeneTitel);
     };
     alle(beschreibung.kopf);
     alle(beschreibung.tafel);
-    for (const Reiter &reiter : beschreibung.reiter)
+    for (const Reiter &reiter : beschreibung.reiter) {
+        const Ueberschrift *vorige = nullptr;
         for (const Gruppe &gruppe : reiter.gruppen) {
             alle(gruppe.elemente);
             eintragen(rahmen, gruppe.name);
+            if (gruppe.titelname)
+                eintragen(rahmen, gruppe.titelname);
+            if (gruppe.ueberschrift && gruppe.ueberschrift != vorige)
+                eintragen(rahmen, gruppe.ueberschrift->name);
+            vorige = gruppe.ueberschrift;
             if (gruppe.regel == Gruppenregel::Feld && !spalteVon(beschreibung.sparte, gruppe.regelfeld))
                 melden(QStringLiteral("%1: kein Feld %2").arg(wort(gruppe.name), wort(gruppe.regelfeld)));
             genannt.append(QList<const char *>(gruppe.regelcontrols.begin(), gruppe.regelcontrols.end()));
         }
+    }
+    for (const QString &name : std::as_const(titel))
+        if (controls.contains(name) || rahmen.contains(name))
+            melden(QStringLiteral("%1 steht doppelt").arg(name));
     for (const char *control : std::as_const(genannt))
         if (!controls.contains(wort(control)))
             melden(QStringLiteral("kein Control %1").arg(wort(control)));

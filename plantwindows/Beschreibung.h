@@ -58,7 +58,8 @@ struct Element
     const char *feld = nullptr;
     const char *feld2 = nullptr;
     QStringView titeltext = {};      ///< caption; it vanishes with an empty control
-    const char *titel = nullptr;     ///< objectName of the caption label; without a text the field's print label is the caption
+    const char *titel = nullptr;     ///< objectName of the caption label, which rows of a group may share; without a text the field's
+                                     ///< print label is the caption
     QStringView trenner = u", ";
     QStringView leer = {};           ///< text of an empty field
     QStringView einheit = {};        ///< behind a range or a text that is not empty, with its leading blank
@@ -68,6 +69,7 @@ struct Element
     std::span<const QStringView> worte = {};
     const Farbliste *farben = nullptr;
     const char *buntZiel = nullptr;  ///< row whose last swatch this field's last position marks
+    const char *panel = nullptr;     ///< Farbfeld, Monate: name of the row's own panel, which vanishes with its caption while nothing is set
     bool nullObergrenze = false;     ///< VonBisMindest: an empty upper bound counts as none, not only "0"
     bool leerNurBeiNull = false;     ///< `leer` stands for a null only, an empty text shows as empty
     bool kasten = false;             ///< a scrolling text box in place of a label
@@ -80,10 +82,19 @@ enum class Gruppenregel {
     Controls, ///< hidden while all of `regelcontrols` (all of the group when none are named) are empty
 };
 
+/// A heading over adjoining groups; it vanishes with the last of them.
+struct Ueberschrift
+{
+    const char *name; ///< objectName of its label
+    QStringView text;
+};
+
 struct Gruppe
 {
     const char *name; ///< objectName of the frame
     QStringView titel;
+    const char *titelname = nullptr; ///< objectName of the title's label
+    const Ueberschrift *ueberschrift = nullptr; ///< the groups that name it stand together below it
     std::span<const Element> elemente;
     Gruppenregel regel = Gruppenregel::Immer;
     const char *regelfeld = nullptr;

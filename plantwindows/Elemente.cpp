@@ -185,14 +185,20 @@ public:
             zellen_.push_back(zelle);
         }
         anordnung->addStretch();
+        if (element.panel)
+            reihe_->setObjectName(QString::fromLatin1(element.panel));
         monateBeschriften(umgebung.programm.MonatsDarstellung != 0);
     }
 
     QWidget *widget() const override { return reihe_; }
+    bool leer() const override { return leer_; }
 
     void zeigen(Pflanzensatz &satz) override
     {
         const Positionen gesetzt = feld_.gesetzt(satz);
+        leer_ = element_.panel && gesetzt.leer();
+        if (element_.panel)
+            reihe_->setVisible(!leer_);
         const bool monate = element_.muster == Muster::Monate;
         const int letzte = int(zellen_.size()) - 1;
         for (int i = 0; i < (monate ? letzte + 1 : letzte); ++i)
@@ -242,6 +248,7 @@ private:
     QWidget *form_;
     QWidget *reihe_;
     std::vector<Farbzelle *> zellen_;
+    bool leer_ = false;
 };
 
 constexpr int symbolgroesse = 34; // pixels

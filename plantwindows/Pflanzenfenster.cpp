@@ -166,14 +166,7 @@ void Pflanzenfenster::darstellen()
     for (const auto &element : elemente_)
         if (!desBenutzers(*element))
             element->zeigen(satz_);
-    for (const Titel &titel : titel_) {
-        bool etwas = false;
-        for (const Anzeigeelement *element : titel.elemente) {
-            element->widget()->setVisible(!element->leer());
-            etwas = etwas || !element->leer();
-        }
-        titel.schild->setVisible(etwas);
-    }
+    titelPruefen();
     gruppenPruefen();
     bilderZeigen();
     AnzeigeAnzahl();
@@ -201,6 +194,23 @@ Anzeigeelement *Pflanzenfenster::elementNamens(QStringView control) const
     return nullptr;
 }
 
+void Pflanzenfenster::titelPruefen()
+{
+    for (Titel &titel : titel_) {
+        const Titelzeile *erste = nullptr;
+        for (const Titelzeile &zeile : titel.zeilen) {
+            zeile.element->widget()->setVisible(!zeile.element->leer());
+            if (!erste && !zeile.element->leer())
+                erste = &zeile;
+        }
+        titel.schild->setVisible(erste);
+        if (erste && erste->zeile != titel.zeile) {
+            titel.zeile = erste->zeile;
+            titel.raster->addWidget(titel.schild, titel.zeile, 0, titellage(*erste->element));
+        }
+    }
+}
+
 void Pflanzenfenster::gruppenPruefen()
 {
     const auto leer = [](const Anzeigeelement *element) { return element->leer(); };
@@ -222,9 +232,17 @@ void Pflanzenfenster::gruppenPruefen()
         }
         }
         rahmen.rahmen->setVisible(sichtbar);
+        if (rahmen.titel)
+            rahmen.titel->setVisible(sichtbar);
+    }
+    const auto verborgen = [](const Karte *karte) { return karte->isHidden(); };
+    for (const Sammelrahmen &rahmen : sammelrahmen_) {
+        const bool sichtbar = !std::ranges::all_of(rahmen.gruppen, verborgen);
+        rahmen.rahmen->setVisible(sichtbar);
+        rahmen.ueberschrift->setVisible(sichtbar);
     }
     for (const Seite &seite : seiten_)
-        seite.leer->setVisible(std::ranges::all_of(seite.gruppen, [](const Karte *karte) { return karte->isHidden(); }));
+        seite.leer->setVisible(std::ranges::all_of(seite.gruppen, verborgen));
     for (const GanzerText &text : ganzeTexte_)
         if (QWidget *kasten = text.element->ganzerText(); kasten && text.raster->indexOf(kasten) < 0)
             text.raster->addWidget(kasten, text.zeile, 0, 1, 2);

@@ -104,10 +104,12 @@ private:
     QWidget *kopfBauen();
     QWidget *reiterBauen(const Reiter &reiter);
     Karte *gruppeBauen(const Gruppe &gruppe, QWidget *eltern);
+    Karte *sammelrahmenBauen(const Ueberschrift &ueberschrift, QWidget *eltern);
     QWidget *statusBauen();
     void elementSetzen(const Element &element, QGridLayout &raster, QWidget *eltern, const QString &gruppe = {});
     void groesseAnpassen();
     void knoepfeVerbinden();
+    void titelPruefen();
     void gruppenPruefen();
     void aktivMelden();
     /// The Sparte's current window is this one, for as long as one of its routines runs.
@@ -161,16 +163,31 @@ private:
     Pflanzensatz satz_;
     QPointer<Filterdialog> filter_;
 
+    struct Titelzeile
+    {
+        Anzeigeelement *element;
+        int zeile; ///< of the grid
+    };
     struct Titel
     {
         QLabel *schild;
-        std::vector<Anzeigeelement *> elemente; ///< rows may share a caption: it stays while one of them shows something
+        QGridLayout *raster;
+        std::vector<Titelzeile> zeilen; ///< rows may share a caption: it stands beside the first of them that shows something
+        int zeile;                      ///< where it stands
     };
     struct Rahmen
     {
         const Gruppe *gruppe;
-        QWidget *rahmen;
+        Karte *rahmen;
+        QLabel *titel; ///< null: has none
         std::vector<Anzeigeelement *> elemente;
+    };
+    /// A card that holds the groups of a heading.
+    struct Sammelrahmen
+    {
+        Karte *rahmen;
+        QLabel *ueberschrift;
+        std::vector<Karte *> gruppen;
     };
     struct Seite
     {
@@ -185,10 +202,12 @@ private:
         int zeile; ///< row of the grid for the box
     };
     Anzeigeelement *elementNamens(QStringView control) const;
+    static Qt::Alignment titellage(const Anzeigeelement &element);
 
     std::vector<std::unique_ptr<Anzeigeelement>> elemente_;
     std::vector<Titel> titel_;
     std::vector<Rahmen> rahmen_;
+    std::vector<Sammelrahmen> sammelrahmen_;
     std::vector<Seite> seiten_;
     std::vector<GanzerText> ganzeTexte_;
     std::array<Bildknopf *, anzahlKnoepfe> knoepfe_{};

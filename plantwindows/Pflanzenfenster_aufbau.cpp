@@ -145,7 +145,7 @@ void Pflanzenfenster::groesseAnpassen()
     for (const auto &element : elemente_)
         element->schriftgroesse(punkt);
     for (const Rahmen &rahmen : rahmen_)
-        static_cast<Karte *>(rahmen.rahmen)->setZeilenabstand(int(zeilenluft + (stufe - 1) * 4 * zeilenluft));
+        rahmen.rahmen->setZeilenabstand(int(zeilenluft + (stufe - 1) * 4 * zeilenluft));
     for (const Seite &seite : seiten_)
         seite.spalten->setSpaltenbreite(int(spaltenbreite * stufe));
     const int hoehe = qMax(int(kopfhoehe * stufe), kopfMindesthoehe_);
@@ -323,9 +323,19 @@ QWidget *Pflanzenfenster::reiterBauen(const Reiter &reiter)
     seite.spalten = new Spaltenlayout(blatt);
     seite.spalten->setContentsMargins(2, 8, 2, 2);
     seite.spalten->setSpacing(abstand);
+    const Ueberschrift *vorige = nullptr;
     for (const Gruppe &gruppe : reiter.gruppen) {
-        seite.gruppen.push_back(gruppeBauen(gruppe, blatt));
-        seite.spalten->addWidget(seite.gruppen.back());
+        const bool neu = !gruppe.ueberschrift || gruppe.ueberschrift != std::exchange(vorige, gruppe.ueberschrift);
+        Karte *karte = !gruppe.ueberschrift ? gruppeBauen(gruppe, blatt) : neu ? sammelrahmenBauen(*gruppe.ueberschrift, blatt) : nullptr;
+        if (gruppe.ueberschrift) {
+            Sammelrahmen &sammel = sammelrahmen_.back();
+            sammel.gruppen.push_back(gruppeBauen(gruppe, sammel.rahmen));
+            sammel.rahmen->layout()->addWidget(sammel.gruppen.back());
+        }
+        if (!karte)
+            continue;
+        seite.gruppen.push_back(karte);
+        seite.spalten->addWidget(karte);
     }
     seite.leer = new Karte(blatt);
     seite.leer->setObjectName(QStringLiteral("fraKeineAngaben_%1").arg(seiten_.size()));
@@ -345,6 +355,21 @@ QWidget *Pflanzenfenster::reiterBauen(const Reiter &reiter)
     return rolle;
 }
 
+Karte *Pflanzenfenster::sammelrahmenBauen(const Ueberschrift &ueberschrift, QWidget *eltern)
+{
+    auto *rahmen = new Karte(eltern);
+    rahmen->setObjectName(QString::fromLatin1(ueberschrift.name) + QStringLiteral("_Rahmen"));
+    auto *aussen = new QVBoxLayout(rahmen);
+    aussen->setContentsMargins(12, 8, 12, 10);
+    aussen->setSpacing(10);
+    auto *schild = new QLabel(ueberschrift.text.toString(), rahmen);
+    schild->setObjectName(QString::fromLatin1(ueberschrift.name));
+    schild->setProperty("gruppentitel", true);
+    aussen->addWidget(schild);
+    sammelrahmen_.push_back({rahmen, schild, {}});
+    return rahmen;
+}
+
 Karte *Pflanzenfenster::gruppeBauen(const Gruppe &gruppe, QWidget *eltern)
 {
     auto *rahmen = new Karte(eltern);
@@ -358,10 +383,17 @@ Karte *Pflanzenfenster::gruppeBauen(const Gruppe &gruppe, QWidget *eltern)
     auto *aussen = new QVBoxLayout(rahmen);
     aussen->setContentsMargins(12, 8, 12, 10);
     aussen->setSpacing(6);
+    QLabel *titel = nullptr;
     if (!gruppe.titel.isEmpty()) {
-        auto *titel = new QLabel(gruppe.titel.toString(), rahmen);
+        titel = new QLabel(gruppe.titel.toString(), rahmen);
+        titel->setObjectName(QString::fromLatin1(gruppe.titelname));
         titel->setProperty("gruppentitel", true);
         aussen->addWidget(titel);
+    }
+    // Below a heading it is a part of the heading's card.
+    if (gruppe.ueberschrift) {
+        rahmen->setProperty("karte", false);
+        aussen->setContentsMargins(0, 0, 0, 0);
     }
     auto *raster = new QGridLayout;
     raster->setVerticalSpacing(zeilenluft);
@@ -375,7 +407,7 @@ Karte *Pflanzenfenster::gruppeBauen(const Gruppe &gruppe, QWidget *eltern)
             rahmen->setKasten(kasten);
     aussen->addLayout(raster, rahmen->hatKasten() ? 1 : 0);
     rahmen->setRaster(raster);
-    Rahmen eintrag{&gruppe, rahmen, {}};
+    Rahmen eintrag{&gruppe, rahmen, titel, {}};
     for (size_t i = erstes; i < elemente_.size(); ++i)
         eintrag.elemente.push_back(elemente_[i].get());
     rahmen_.push_back(std::move(eintrag));
@@ -418,15 +450,20 @@ void Pflanzenfenster::elementSetzen(const Element &element, QGridLayout &raster,
     const QString name = element.titel ? QString::fromLatin1(element.titel) : QString::fromLatin1(element.control) + QStringLiteral("_Titel");
     const auto schon = std::ranges::find_if(titel_, [&](const Titel &t) { return t.schild->objectName() == name; });
     if (schon != titel_.end()) {
-        schon->elemente.push_back(anzeige);
+        schon->zeilen.push_back({anzeige, zeile});
     } else {
         auto *schild = new QLabel(titeltext, eltern);
         schild->setObjectName(name);
         schild->setProperty("feldtitel", true);
-        raster.addWidget(schild, zeile, 0, qobject_cast<QLabel *>(anzeige->widget()) ? Qt::AlignTop : Qt::AlignVCenter);
-        titel_.push_back({schild, {anzeige}});
+        raster.addWidget(schild, zeile, 0, titellage(*anzeige));
+        titel_.push_back({schild, &raster, {{anzeige, zeile}}, zeile});
     }
     raster.addWidget(anzeige->widget(), zeile, 1);
+}
+
+Qt::Alignment Pflanzenfenster::titellage(const Anzeigeelement &element)
+{
+    return qobject_cast<QLabel *>(element.widget()) ? Qt::AlignTop : Qt::AlignVCenter;
 }
 
 QWidget *Pflanzenfenster::statusBauen()

@@ -17,7 +17,7 @@ constexpr Symbol eineWahrheit[] = {{"bilder/gruen", u"", u"", "GIFTIG"}}, keineW
 constexpr Anhang vonGiftig[] = {{"GIFTIG", u"giftig"}}, vonHk[] = {{"HK", u"giftig"}};
 constexpr Element richtig[] = {
     {.muster = Muster::BotName, .control = "lblBotName", .feld = "BOT_NAME"},
-    {.muster = Muster::Text, .control = "lblHerkunft", .feld = "HK"},
+    {.muster = Muster::Text, .control = "lblHerkunft", .feld = "HK", .titel = "Label16"},
 };
 
 } // namespace
@@ -179,6 +179,8 @@ void TestElemente::falscheBeschreibungen_data()
                                 << "fraTest" << "lblX";
     QTest::newRow("frame like a control") << QList<Element>{{.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS"}} << "lblX" << "lblX";
     QTest::newRow("frame twice") << QList<Element>{} << "fraDoppelt" << "fraDoppelt";
+    zeile("caption named like a frame", {.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS", .titel = "fraDoppelt"}, "fraDoppelt");
+    zeile("caption of another group", {.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS", .titel = "Label16"}, "Label16");
     QTest::newRow("unknown rule field") << QList<Element>{} << "fraRegelfeld" << "GIBTSNICHT";
     QTest::newRow("unknown rule control") << QList<Element>{} << "fraRegelcontrol" << "lblGibtsnicht";
 }

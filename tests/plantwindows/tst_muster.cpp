@@ -64,6 +64,10 @@ private slots:
     void anhaenge();
     void einheiten_data();
     void einheiten();
+    void ueberschriften_data();
+    void ueberschriften();
+    void gemeinsamerTitel();
+    void eigenesPanel();
 };
 
 namespace {
@@ -282,6 +286,109 @@ void TestMuster::einheiten()
     klein.probe->setzen({{u"maxdurchm"_s, wert}, {u"kennzahl"_s, wert}});
     QTEST(klein.probe->text(u"lblmaxD"_s), "durchmesser");
     QTEST(klein.probe->text(u"lblKennzahl"_s), "kennzahl");
+}
+
+namespace {
+
+constexpr Ueberschrift standortUndPflege{"Label42", u"Standort und Pflege"};
+constexpr Element standort[] = {
+    {.muster = Muster::Liste, .control = "lblObBoden", .feld = "BODEN", .titel = "Label39"},
+    {.muster = Muster::Liste, .control = "lblObKlima", .feld = "KLIMA", .titel = "Label33"},
+};
+constexpr Element pflege[] = {{.muster = Muster::Liste, .control = "lblObSchnitt", .feld = "SHNITT", .titel = "Label47"}};
+constexpr Element frucht[] = {
+    {.muster = Muster::Liste, .control = "lblObFruchtfleisch", .feld = "FRUFLEI", .titeltext = u"Fruchtfleisch, Form:", .titel = "Label23"},
+    {.muster = Muster::Liste, .control = "lblObFruchtform", .feld = "FRUFOR", .titeltext = u"Fruchtfleisch, Form:", .titel = "Label23"},
+};
+constexpr Gruppe obstGruppen[] = {
+    {.name = "SSFrame4", .titel = u"Standort", .ueberschrift = &standortUndPflege, .elemente = standort, .regel = Gruppenregel::Controls},
+    {.name = "SSFrame6", .titel = u"Pflege", .ueberschrift = &standortUndPflege, .elemente = pflege, .regel = Gruppenregel::Controls},
+    {.name = "SSFrame7", .titel = u"Frucht", .titelname = "Label51", .elemente = frucht, .regel = Gruppenregel::Controls},
+};
+
+} // namespace
+
+void TestMuster::ueberschriften_data()
+{
+    QTest::addColumn<QString>("klima");
+    QTest::addColumn<QString>("schnitt");
+    QTest::newRow("none") << "" << "";
+    QTest::newRow("first group") << "1" << "";
+    QTest::newRow("second group") << "" << "1";
+    QTest::newRow("both") << "1" << "1";
+}
+
+void TestMuster::ueberschriften()
+{
+    QFETCH(QString, klima);
+    QFETCH(QString, schnitt);
+    const Kleinfenster klein(Sparte::Obst, obstGruppen);
+    Fensterprobe &probe = *klein.probe;
+    // From the opposite state, so that something has to change.
+    probe.setzen({{u"KLIMA"_s, klima.isEmpty() ? u"1"_s : QString()}, {u"SHNITT"_s, schnitt.isEmpty() ? u"1"_s : QString()}, {u"FRUFOR"_s, u"1"_s}});
+    QVERIFY(probe.gezeigt(u"Label51"_s));
+    probe.setzen({{u"KLIMA"_s, klima}, {u"SHNITT"_s, schnitt}, {u"FRUFOR"_s, {}}});
+    QCOMPARE(probe.gezeigt(u"SSFrame4"_s), !klima.isEmpty());
+    QCOMPARE(probe.gezeigt(u"SSFrame6"_s), !schnitt.isEmpty());
+    QCOMPARE(probe.gezeigt(u"Label42"_s), !klima.isEmpty() || !schnitt.isEmpty());
+    QCOMPARE(probe.finde(u"Label42"_s)->isVisible(), probe.gezeigt(u"Label42"_s));
+    QVERIFY(!probe.gezeigt(u"SSFrame7"_s));
+    QVERIFY(!probe.gezeigt(u"Label51"_s));
+    QCOMPARE(probe.gezeigt(u"fraKeineAngaben_0"_s), klima.isEmpty() && schnitt.isEmpty());
+    if (klima.isEmpty() || schnitt.isEmpty())
+        return;
+    // The heading stands above its groups, and nothing is cut off.
+    QCoreApplication::processEvents();
+    const auto unten = [&](const char *name) {
+        const QWidget *w = probe.finde(QString::fromLatin1(name));
+        return w->mapTo(probe.fenster.get(), QPoint(0, w->height())).y();
+    };
+    QVERIFY(unten("Label42") < unten("SSFrame4"));
+    QVERIFY(unten("SSFrame4") < unten("SSFrame6"));
+    QVERIFY(unten("SSFrame6") <= unten("Label42_Rahmen"));
+    QVERIFY(unten("lblObSchnitt") <= unten("SSFrame6"));
+}
+
+void TestMuster::gemeinsamerTitel()
+{
+    const Kleinfenster klein(Sparte::Obst, obstGruppen);
+    Fensterprobe &probe = *klein.probe;
+    const auto hoehe = [&](const char *name) {
+        QCoreApplication::processEvents();
+        const QWidget *w = probe.finde(QString::fromLatin1(name));
+        return w->mapTo(probe.fenster.get(), QPoint()).y();
+    };
+    for (const auto &[fleisch, form, zeile] : {std::tuple(u"1"_s, u"1"_s, "lblObFruchtfleisch"), {u"1"_s, QString(), "lblObFruchtfleisch"},
+                                               {QString(), u"1"_s, "lblObFruchtform"}, {u"1"_s, u"1"_s, "lblObFruchtfleisch"}}) {
+        probe.setzen({{u"FRUFLEI"_s, fleisch}, {u"FRUFOR"_s, form}});
+        QVERIFY(probe.gezeigt(u"Label23"_s));
+        QCOMPARE(hoehe("Label23"), hoehe(zeile));
+    }
+    probe.setzen({{u"FRUFLEI"_s, {}}, {u"FRUFOR"_s, {}}});
+    QVERIFY(!probe.gezeigt(u"Label23"_s));
+}
+
+void TestMuster::eigenesPanel()
+{
+    static constexpr Element blatt[] = {
+        {.muster = Muster::Farbfeld, .control = "lblHfFarbe", .feld = "herbstfarb", .titeltext = u"Herbstfärbung:", .titel = "Label23",
+         .farben = &WL_BluetenfarbeRGB, .panel = "Panel3D6"},
+        {.muster = Muster::Text, .control = "lblBlattform", .feld = "blattform", .titel = "Label21"},
+    };
+    static constexpr Gruppe gruppen[] = {{.name = "Frame3D3", .titel = u"Blatt", .elemente = blatt, .regel = Gruppenregel::Controls}};
+    const Kleinfenster klein(Sparte::Stauden, gruppen);
+    Fensterprobe &probe = *klein.probe;
+    QVERIFY(!probe.gezeigt(u"Frame3D3"_s));
+    probe.setzen({{u"herbstfarb"_s, u"0001"_s}});
+    QVERIFY(probe.gezeigt(u"Frame3D3"_s));
+    QVERIFY(probe.gezeigt(u"Panel3D6"_s));
+    QVERIFY(probe.gezeigt(u"Label23"_s));
+    QVERIFY(!probe.gezeigt(u"Label21"_s));
+    probe.setzen({{u"herbstfarb"_s, u"0"_s}, {u"blattform"_s, u"oval"_s}});
+    QVERIFY(probe.gezeigt(u"Frame3D3"_s));
+    QVERIFY(!probe.gezeigt(u"Panel3D6"_s));
+    QVERIFY(!probe.gezeigt(u"Label23"_s));
+    QCOMPARE(gefaerbt(probe, u"lblHfFarbe"_s), QList<int>());
 }
 
 QTEST_MAIN(TestMuster)
