@@ -6,15 +6,12 @@
 #include "Filterziel.h"
 #include "controls/Geschuetzt.h"
 #include "controls/Sanduhr.h"
-#include "controls/Steuerelemente.h"
 #include "store/Dateien.h"
 #include "store/Pfade.h"
 #include "store/Programm.h"
-#include "store/Text.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -24,14 +21,10 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
-#include <QRadioButton>
-#include <QSlider>
 #include <QTabWidget>
 #include <QUrl>
 
 namespace {
-
-static_assert(nichtGewaehlt == farbeKnopf && monatGewaehlt == farbeTitel);
 
 /// "text (*.x)|*.x|..." as the file dialog wants it; a text that names another pattern than it has stays as it is.
 QString namensfilter(QStringView filter)
@@ -98,88 +91,8 @@ Filterzustand Filterdialog::zustand() const
 {
     Filterzustand zustand;
     for (const Zeile &zeile : zeilen_)
-        zustand.kriterien.push_back({lesen(zeile.a), lesen(zeile.b)});
+        zustand.kriterien.push_back(zeile.zustand());
     return zustand;
-}
-
-Teilzustand Filterdialog::lesen(const Teil &teil) const
-{
-    Teilzustand zustand;
-    for (size_t i = 0; i < teil.widgets.size(); ++i) {
-        QWidget *widget = teil.widgets[i];
-        switch (teil.steuerteil->art) {
-        case Steuerung::Kaestchen:
-        case Steuerung::Option: zustand.werte.push_back(static_cast<QAbstractButton *>(widget)->isChecked() ? 1 : 0); break;
-        case Steuerung::Farben:
-            zustand.werte.push_back(i + 1 == teil.widgets.size() ? static_cast<Farbzelle *>(widget)->backStyle()
-                                                                 : static_cast<Farbzelle *>(widget)->backColor());
-            break;
-        case Steuerung::Monate: zustand.werte.push_back(static_cast<Farbzelle *>(widget)->backColor()); break;
-        case Steuerung::Bilder: zustand.werte.push_back(static_cast<Bildfeld *>(widget)->borderStyle()); break;
-        case Steuerung::Schieber: zustand.werte.push_back(static_cast<QSlider *>(widget)->value()); break;
-        case Steuerung::Text:
-        case Steuerung::Zahl: zustand.text = static_cast<QLineEdit *>(widget)->text(); break;
-        case Steuerung::Liste: zustand.text = static_cast<QComboBox *>(widget)->currentText(); break;
-        }
-    }
-    return zustand;
-}
-
-void Filterdialog::setzen(const Teil &teil, int element, int wert, const QString &text)
-{
-    QWidget *widget = teil.widgets[size_t(element)];
-    switch (teil.steuerteil->art) {
-    case Steuerung::Kaestchen:
-    case Steuerung::Option: {
-        auto *taste = static_cast<QAbstractButton *>(widget);
-        // An option that is to go out needs its group to let it.
-        const bool ausschliessend = taste->autoExclusive();
-        taste->setAutoExclusive(false);
-        taste->setChecked(wert != 0);
-        taste->setAutoExclusive(ausschliessend);
-        break;
-    }
-    case Steuerung::Farben:
-        if (element + 1 == int(teil.widgets.size())) {
-            static_cast<Farbzelle *>(widget)->setBackStyle(wert);
-            break;
-        }
-        [[fallthrough]];
-    case Steuerung::Monate: static_cast<Farbzelle *>(widget)->setBackColor(wert); break;
-    case Steuerung::Bilder: static_cast<Bildfeld *>(widget)->setBorderStyle(wert); break;
-    case Steuerung::Schieber: static_cast<QSlider *>(widget)->setValue(wert); break;
-    case Steuerung::Text:
-    case Steuerung::Zahl: static_cast<QLineEdit *>(widget)->setText(text); break;
-    case Steuerung::Liste: {
-        auto *liste = static_cast<QComboBox *>(widget);
-        liste->setCurrentIndex(liste->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
-        liste->setCurrentText(text);
-        break;
-    }
-    }
-}
-
-void Filterdialog::vorgeben(const Teil &teil)
-{
-    if (!teil.steuerteil || teil.widgets.empty())
-        return;
-    const Teilzustand anfang = vorgabe(*teil.steuerteil);
-    for (int i = 0; i < int(teil.widgets.size()); ++i)
-        setzen(teil, i, anfang.werte.empty() ? 0 : anfang.werte[size_t(i)], anfang.text);
-}
-
-void Filterdialog::umschalten(const Teil &teil, int i)
-{
-    const Teilzustand jetzt = lesen(teil);
-    const bool an = !gewaehlt(*teil.steuerteil, jetzt, i);
-    const bool letzte = i + 1 == int(teil.widgets.size());
-    switch (teil.steuerteil->art) {
-    case Steuerung::Farben: setzen(teil, i, letzte ? int(an) : an ? teil.steuerteil->farben->werte[size_t(i)] : nichtGewaehlt, {}); break;
-    case Steuerung::Monate: setzen(teil, i, an ? monatGewaehlt : nichtGewaehlt, {}); break;
-    case Steuerung::Bilder: setzen(teil, i, int(an), {}); break;
-    default: break;
-    }
-    zaehlen();
 }
 
 void Filterdialog::ruecksetzen(bool auchBewertung)
@@ -188,9 +101,9 @@ void Filterdialog::ruecksetzen(bool auchBewertung)
         const Pruefung pruefung = beschreibung_.kriterien[k].pruefung;
         if (pruefung == Pruefung::Bewertung && !auchBewertung)
             continue;
-        vorgeben(zeilen_[k].a);
-        if (pruefung != Pruefung::Bild)
-            vorgeben(zeilen_[k].b);
+        zeilen_[k].a->vorgeben();
+        if (zeilen_[k].b && pruefung != Pruefung::Bild)
+            zeilen_[k].b->vorgeben();
     }
     zaehlen();
 }
@@ -206,7 +119,7 @@ void Filterdialog::zaehlen()
     std::vector<int> anzahl(beschreibung_.reiter.size());
     for (size_t k = 0; k < zeilen_.size(); ++k)
         if (const Kriterium &kriterium = beschreibung_.kriterien[k]; kriterium.reiter >= 0)
-            anzahl[size_t(kriterium.reiter)] += zeigtAktiv(kriterium, {lesen(zeilen_[k].a), lesen(zeilen_[k].b)});
+            anzahl[size_t(kriterium.reiter)] += zeigtAktiv(kriterium, zeilen_[k].zustand());
     for (int i = 0; i < int(anzahl.size()); ++i) {
         const QString text = reitertext(i, anzahl[size_t(i)]);
         if (SSTab1_->tabText(i) != text)
@@ -250,7 +163,7 @@ void Filterdialog::cmdOK_Click()
 void Filterdialog::eingabeZeigen(const Eingabefehler &fehler)
 {
     const Zeile &zeile = zeilen_[size_t(fehler.kriterium - beschreibung_.kriterien.data())];
-    QWidget *feld = (fehler.zweites ? zeile.b : zeile.a).widgets.front();
+    QWidget *feld = (fehler.zweites ? zeile.b : zeile.a)->widgets().front();
     if (fehler.kriterium->reiter >= 0)
         SSTab1_->setCurrentIndex(fehler.kriterium->reiter);
     feld->setFocus();
@@ -266,9 +179,6 @@ void Filterdialog::cmdAbbruch_Click()
 
 void Filterdialog::Form_Activate()
 {
-    for (int i = 0; i < anzahlEigenschaften; ++i)
-        if (auto *kaestchen = findChild<Namenskaestchen *>(QStringLiteral("sschkBenutzer_%1").arg(i)))
-            kaestchen->setName(programm_.BenutzerNamen[size_t(beschreibung_.sparte)][size_t(i)]);
     Monatsbeschriftung();
     dateisperreZeigen();
     if (auto *chkOhneBild = findChild<QCheckBox *>(QStringLiteral("chkOhneBild"))) {
@@ -282,9 +192,9 @@ void Filterdialog::Form_Activate()
 void Filterdialog::Monatsbeschriftung()
 {
     for (const Zeile &zeile : zeilen_)
-        if (zeile.a.steuerteil->art == Steuerung::Monate)
-            for (size_t i = 0; i < zeile.a.widgets.size(); ++i)
-                static_cast<Farbzelle *>(zeile.a.widgets[i])->setCaption(monatsbeschriftung(int(i), programm_.MonatsDarstellung != 0));
+        for (Filtersteuerung *steuerung : {zeile.a.get(), zeile.b.get()})
+            if (steuerung)
+                steuerung->auffrischen();
 }
 
 void Filterdialog::ausbildungWaehlen(int i)
@@ -303,7 +213,7 @@ bool Filterdialog::ladeDatei(const QString &pfad)
     QFile datei(systemPfad(pfad));
     const bool offen = !programm_.FilterdateiGestoert && datei.open(QIODevice::ReadOnly);
     const Filterwert wertSetzen = [this](int k, bool zweites, int element, int wert, const QString &text) {
-        setzen(zweites ? zeilen_[size_t(k)].b : zeilen_[size_t(k)].a, element, wert, text);
+        (zweites ? zeilen_[size_t(k)].b : zeilen_[size_t(k)].a)->setzen(element, wert, text);
     };
     const bool ganz = offen && filterLesen(beschreibung_, datei.readAll(), wertSetzen);
     zaehlen();
@@ -351,7 +261,7 @@ void Filterdialog::DialogSpeichernunter()
 {
     const QString endung = muster(beschreibung_.speicherFilter);
     const QString name = filtername(beschreibung_, zustand(), [this](const Kriterium &kriterium, const Steuerteil &teil, int i) {
-        return beschriftung(kriterium, teil, i);
+        return beschriftung(umgebung_, kriterium, teil, i);
     });
     Dateifrage frage(this, QStringLiteral("Filter speichern"), beschreibung_.speicherFilter, name.isEmpty() ? endung : name + endung.mid(1),
                      programm_.FilterOrdner);

@@ -1,16 +1,13 @@
 #pragma once
 
-#include "Filterzustand.h"
+#include "Filtersteuerung.h"
 
 #include <QWidget>
 
 #include <vector>
 
 class Filterziel;
-class QGridLayout;
-class QLabel;
 class QTabWidget;
-class QVBoxLayout;
 struct Programm;
 
 /* The filter dialog, one for all Sparten, built from the criteria table. Its controls are the filter's whole definition; it is
@@ -30,6 +27,7 @@ public:
     void RuecksetzenFenster() { ruecksetzen(false); }
     void cmdAbbruch_Click();
     void Form_Activate();
+    /// Captions that change while the program runs: months and the user's names.
     void Monatsbeschriftung();
 
     void DialogLaden();
@@ -51,33 +49,26 @@ protected:
     void closeEvent(QCloseEvent *ereignis) override;
     void keyPressEvent(QKeyEvent *ereignis) override;
     bool event(QEvent *ereignis) override;
-    bool eventFilter(QObject *quelle, QEvent *ereignis) override;
 
 private:
     static constexpr QStringView dateisperre = u"Seit einem Lesefehler sind Filterdateien bis zum Neustart des Programms gesperrt.";
 
-    struct Teil
-    {
-        const Steuerteil *steuerteil;
-        std::vector<QWidget *> widgets;
-    };
+    /// The controls of a criterion.
     struct Zeile
     {
-        Teil a, b;
+        std::unique_ptr<Filtersteuerung> a, b; ///< b: null where there is none
+
+        Kriteriumzustand zustand() const { return {a->zustand(), b ? b->zustand() : Teilzustand()}; }
     };
 
     void aufbauen();
     QWidget *seite(int reiter, QWidget *eltern);
     QWidget *gruppe(int kriterium, QWidget *eltern);
-    Teil teilBauen(const Kriterium &kriterium, const Steuerteil &steuerteil, QWidget *eltern);
-    QWidget *elementBauen(const Kriterium &kriterium, const Steuerteil &steuerteil, int i, QWidget *eltern);
-    void teilAnordnen(const Kriterium &kriterium, const Zeile &zeile, QVBoxLayout &ort, QWidget *rahmen);
     QWidget *tastenBauen();
     /// Names for a reader who hears one control at a time: each with its group.
     void ansagen();
     /// Tab goes as one reads: the panel, the tabs, their pages column by column, the buttons.
     void tabfolge();
-    void familienFuellen(QWidget *liste);
 
     /// Sets the controls from a file; false, after its message, when it could not be read to its end.
     bool ladeDatei(const QString &pfad);
@@ -85,19 +76,15 @@ private:
     /// Brings the box of an error to the front, with the focus and its text selected.
     void eingabeZeigen(const Eingabefehler &fehler);
 
-    Teilzustand lesen(const Teil &teil) const;
-    void setzen(const Teil &teil, int element, int wert, const QString &text);
-    void vorgeben(const Teil &teil);
-    void umschalten(const Teil &teil, int element);
     void ruecksetzen(bool auchBewertung);
     void zaehlen();
     /// Caption of a tab on which `anzahl` criteria restrict.
     QString reitertext(int reiter, int anzahl) const;
-    QString beschriftung(const Kriterium &kriterium, const Steuerteil &teil, int i) const;
 
     Programm &programm_;
     Filterziel &ziel_;
     const Filterbeschreibung &beschreibung_;
+    Steuerungsumgebung umgebung_;
     std::vector<Zeile> zeilen_; ///< in the order of the criteria
     QTabWidget *SSTab1_ = nullptr;
 };

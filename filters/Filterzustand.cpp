@@ -1,31 +1,13 @@
 #include "Filterzustand.h"
 
+#include "Steuerungsarten.h"
 #include "store/Text.h"
 
 #include <optional>
 
 Teilzustand vorgabe(const Steuerteil &teil)
 {
-    Teilzustand zustand;
-    switch (teil.art) {
-    case Steuerung::Farben:
-        zustand.werte.assign(size_t(teil.elemente()), nichtGewaehlt);
-        if (!zustand.werte.empty())
-            zustand.werte.back() = 0;
-        break;
-    case Steuerung::Monate: zustand.werte.assign(size_t(teil.elemente()), nichtGewaehlt); break;
-    case Steuerung::Kaestchen:
-    case Steuerung::Bilder: zustand.werte.assign(size_t(teil.elemente()), 0); break;
-    case Steuerung::Option:
-        zustand.werte.assign(size_t(teil.elemente()), 0);
-        zustand.werte.front() = 1;
-        break;
-    case Steuerung::Schieber: zustand.werte.assign(1, schieberVorgabe); break;
-    case Steuerung::Liste: zustand.text = teil.alle.toString(); break;
-    case Steuerung::Text:
-    case Steuerung::Zahl: zustand.text = teil.vorgabe.toString(); break;
-    }
-    return zustand;
+    return teil.control ? steuerungsart(teil.art).vorgabe(teil) : Teilzustand();
 }
 
 Filterzustand vorgabe(const Filterbeschreibung &beschreibung)
@@ -38,21 +20,7 @@ Filterzustand vorgabe(const Filterbeschreibung &beschreibung)
 
 bool gewaehlt(const Steuerteil &teil, const Teilzustand &zustand, int i)
 {
-    if (i >= teil.waehlbare())
-        return false;
-    const int wert = zustand.werte[size_t(i)];
-    switch (teil.art) {
-    case Steuerung::Farben: return i + 1 == teil.elemente() ? wert == 1 : wert != nichtGewaehlt;
-    case Steuerung::Monate: return wert != nichtGewaehlt;
-    case Steuerung::Bilder: return wert == 1;
-    case Steuerung::Kaestchen:
-    case Steuerung::Option: return wert != 0;
-    case Steuerung::Text:
-    case Steuerung::Zahl:
-    case Steuerung::Liste:
-    case Steuerung::Schieber: break;
-    }
-    return false;
+    return i < teil.waehlbare() && size_t(i) < zustand.werte.size() && steuerungsart(teil.art).gewaehlt(teil, i, zustand.werte[size_t(i)]);
 }
 
 int anzahlGewaehlt(const Steuerteil &teil, const Teilzustand &zustand)

@@ -1,5 +1,6 @@
 #include "Kriterien.h"
 
+#include "Steuerungsarten.h"
 #include "frmFilterAp.h"
 #include "frmFilterTo.h"
 #include "store/Schema.h"
@@ -31,20 +32,7 @@ QStringView wortVon(const Filterbeschreibung &beschreibung, const Kriterium &kri
 
 Dateiform Steuerteil::dateiform(int i) const
 {
-    if (form)
-        return *form;
-    switch (art) {
-    case Steuerung::Kaestchen: return Dateiform::Kennzeichen;
-    case Steuerung::Farben: return i + 1 == elemente() ? Dateiform::Wert : Dateiform::Farbe;
-    case Steuerung::Monate: return Dateiform::Farbe;
-    case Steuerung::Bilder: return Dateiform::Wert;
-    case Steuerung::Zahl: return Dateiform::Zahltext;
-    case Steuerung::Option: return Dateiform::Wahrheit;
-    case Steuerung::Schieber: return Dateiform::Stufe;
-    case Steuerung::Text:
-    case Steuerung::Liste: break;
-    }
-    return Dateiform::Text;
+    return form ? *form : steuerungsart(art).form(*this, i);
 }
 
 const Kriterium *kriteriumNamens(const Filterbeschreibung &beschreibung, const char *control)
@@ -57,6 +45,12 @@ const Werteliste *wertelisteVon(const Filterbeschreibung &beschreibung, const Kr
 {
     const Spalte *spalte = schema::spalteVon(eintrag(beschreibung.sparte).haupttabelle, kriterium.feld);
     return spalte ? spalte->art == Art::Monate ? &WL_Monate : spalte->liste : nullptr;
+}
+
+bool benutzernamen(const Filterbeschreibung &beschreibung, const Kriterium &kriterium)
+{
+    const Spalte *spalte = schema::spalteVon(eintrag(beschreibung.sparte).haupttabelle, kriterium.feld);
+    return spalte && spalte->art == Art::Eigen;
 }
 
 QString titelVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium)

@@ -135,6 +135,8 @@ QString filterfehler(const Filterbeschreibung &beschreibung);
 const Kriterium *kriteriumNamens(const Filterbeschreibung &beschreibung, const char *control);
 /// Caption of item `i`, counted from 0: its own, or the word of the field's vocabulary; empty beyond both.
 QStringView wortVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium, const Steuerteil &teil, int i);
+/// Whether the captions are the names that the user gave his properties.
+bool benutzernamen(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);
 /// Label of a criterion: its own, or the print label of its field.
 QString titelVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);
 /// Vocabulary of a criterion's field; null when it has none.

@@ -1,0 +1,534 @@
+#include "Filtersteuerung.h"
+
+#include "Steuerungsarten.h"
+#include "controls/Steuerelemente.h"
+#include "store/Datenbank.h"
+#include "store/Nebentabellen.h"
+#include "store/Programm.h"
+#include "store/Text.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSlider>
+#include <QValidator>
+#include <QVBoxLayout>
+
+namespace {
+
+static_assert(nichtGewaehlt == farbeKnopf && monatGewaehlt == farbeTitel);
+
+constexpr int einspaltigBis = 7;    // boxes that stand in one column
+constexpr int symbolgroesse = 44;   // pixels
+constexpr int kastenabstand = 10, zellenabstand = 2, wortabstand = 6;
+
+/// Number box: a key that no number can hold beeps and is gone.
+class Zahlfeld : public QLineEdit
+{
+public:
+    Zahlfeld(bool minus, QWidget *eltern) : QLineEdit(eltern), minus_(minus)
+    {
+        setFixedWidth(70);
+        setAlignment(Qt::AlignRight);
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent *ereignis) override
+    {
+        const QString text = ereignis->text();
+        // Ctrl alone makes commands; with Alt it is the third level of the keyboard and makes characters.
+        const Qt::KeyboardModifiers umschalter = ereignis->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+        const bool zeichen = !text.isEmpty() && text[0].isPrint() && umschalter != Qt::ControlModifier;
+        const bool ziffer = zeichen && text[0] >= u'0' && text[0] <= u'9';
+        if (zeichen && !ziffer && text != DezimalZeichen() && !(minus_ && text == u"-")) {
+            QApplication::beep();
+            ereignis->accept();
+            return;
+        }
+        QLineEdit::keyPressEvent(ereignis);
+    }
+
+private:
+    bool minus_;
+};
+
+/// What comes into a text box is one line: each line end becomes a blank, however it came in.
+class Einzeiler : public QValidator
+{
+public:
+    using QValidator::QValidator;
+    State validate(QString &text, int &stelle) const override
+    {
+        for (qsizetype i = 0; i < text.size(); ++i) {
+            const QChar z = text[i];
+            if (!QStringView(u"\n\r\v\f\u0085\u2028\u2029").contains(z))
+                continue;
+            text[i] = u' ';
+            if (z == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') {
+                text.remove(i + 1, 1);
+                stelle -= stelle > i + 1;
+            }
+        }
+        return Acceptable;
+    }
+};
+
+/// Empties the sentence about a picture when the mouse is over the frame alone.
+class Satzleerer : public QObject
+{
+public:
+    Satzleerer(QLabel *satz, QWidget *rahmen) : QObject(rahmen), satz_(satz)
+    {
+        rahmen->setMouseTracking(true);
+        rahmen->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *quelle, QEvent *ereignis) override
+    {
+        if (ereignis->type() == QEvent::MouseMove)
+            satz_->clear();
+        return QObject::eventFilter(quelle, ereignis);
+    }
+
+private:
+    QLabel *satz_;
+};
+
+void nebeneinander(const std::vector<QWidget *> &widgets, QVBoxLayout &ort)
+{
+    auto *reihe = new QHBoxLayout;
+    reihe->setSpacing(wortabstand);
+    for (QWidget *widget : widgets)
+        reihe->addWidget(widget);
+    reihe->addStretch();
+    ort.addLayout(reihe);
+}
+
+QGridLayout *raster(int abstand, QVBoxLayout &ort)
+{
+    auto *neu = new QGridLayout;
+    neu->setHorizontalSpacing(abstand);
+    neu->setVerticalSpacing(zellenabstand);
+    ort.addLayout(neu);
+    return neu;
+}
+
+/// Few stand in one column, many in two.
+void inSpalten(const std::vector<QWidget *> &widgets, QVBoxLayout &ort)
+{
+    QGridLayout *ziel = raster(kastenabstand, ort);
+    const int anzahl = int(widgets.size());
+    const int zeilen = anzahl <= einspaltigBis ? anzahl : (anzahl + 1) / 2;
+    for (int i = 0; i < anzahl; ++i)
+        ziel->addWidget(widgets[size_t(i)], i % zeilen, i / zeilen);
+}
+
+void inReihe(const std::vector<QWidget *> &widgets, int abstand, QVBoxLayout &ort)
+{
+    QGridLayout *ziel = raster(abstand, ort);
+    for (size_t i = 0; i < widgets.size(); ++i)
+        ziel->addWidget(widgets[i], 0, int(i));
+    ziel->setColumnStretch(int(widgets.size()), 1);
+}
+
+/// Check boxes and option buttons.
+class Knoepfe : public Filtersteuerung
+{
+public:
+    using Filtersteuerung::Filtersteuerung;
+
+    void setzen(int i, int wert, const QString &) override
+    {
+        auto *knopf = element<QAbstractButton>(i);
+        // An option that is to go out needs its group to let it.
+        const bool ausschliessend = knopf->autoExclusive();
+        knopf->setAutoExclusive(false);
+        knopf->setChecked(wert != 0);
+        knopf->setAutoExclusive(ausschliessend);
+    }
+
+    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, ort); }
+
+protected:
+    int wert(int i) const override { return element<QAbstractButton>(i)->isChecked() ? 1 : 0; }
+    QAbstractButton *anschliessen(QAbstractButton *knopf)
+    {
+        connect(knopf, &QAbstractButton::toggled, this, [this] { umgebung_.geaendert(); });
+        return knopf;
+    }
+};
+
+class Kaestchen : public Knoepfe
+{
+public:
+    using Knoepfe::Knoepfe;
+
+    void auffrischen() override
+    {
+        for (int i = 0; benutzer() && i < teil_.elemente(); ++i)
+            element<Namenskaestchen>(i)->setName(beschriftung(i));
+    }
+
+protected:
+    QWidget *bauen(int i, QWidget *eltern) override
+    {
+        const QString text = beschriftung(i);
+        // A name of the user's may hold anything and be of any length.
+        return anschliessen(benutzer() ? new Namenskaestchen(text, eltern) : new QCheckBox(text, eltern));
+    }
+
+private:
+    bool benutzer() const { return benutzernamen(umgebung_.beschreibung, kriterium_); }
+};
+
+class Option : public Knoepfe
+{
+public:
+    using Knoepfe::Knoepfe;
+
+    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *) override
+    {
+        constexpr size_t paar = 2;
+        widgets.size() <= paar ? nebeneinander(widgets, ort) : inSpalten(widgets, ort);
+    }
+
+protected:
+    QWidget *bauen(int i, QWidget *eltern) override { return anschliessen(new QRadioButton(beschriftung(i), eltern)); }
+};
+
+/// A row of cells: swatches or months.
+class Zellen : public Filtersteuerung
+{
+public:
+    using Filtersteuerung::Filtersteuerung;
+
+    void setzen(int i, int wert, const QString &) override { element<Farbzelle>(i)->setBackColor(wert); }
+    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *) override { inReihe(widgets, zellenabstand, ort); }
+
+protected:
+    int wert(int i) const override { return element<Farbzelle>(i)->backColor(); }
+    Farbzelle *zelle(int i, bool bunt, QWidget *eltern)
+    {
+        auto *neu = new Farbzelle(bunt, eltern);
+        neu->setToolTip(beschriftung(i));
+        neu->setBedienbar();
+        connect(neu, &Farbzelle::geklickt, this, [this, i] { umschalten(i); });
+        return neu;
+    }
+};
+
+/// The last one has many colours and shows them by its style.
+class Farben : public Zellen
+{
+public:
+    using Zellen::Zellen;
+
+    void setzen(int i, int wert, const QString &text) override
+    {
+        if (istBunt(i))
+            element<Farbzelle>(i)->setBackStyle(wert);
+        else
+            Zellen::setzen(i, wert, text);
+    }
+
+protected:
+    QWidget *bauen(int i, QWidget *eltern) override
+    {
+        Farbzelle *neu = zelle(i, istBunt(i), eltern);
+        neu->setEigenfarbe(istBunt(i) ? 0 : teil_.farben->werte[size_t(i)]);
+        return neu;
+    }
+    int wert(int i) const override { return istBunt(i) ? element<Farbzelle>(i)->backStyle() : Zellen::wert(i); }
+
+private:
+    bool istBunt(int i) const { return i + 1 == teil_.elemente(); }
+};
+
+class Monate : public Zellen
+{
+public:
+    using Zellen::Zellen;
+
+    void auffrischen() override
+    {
+        for (int i = 0; i < teil_.elemente(); ++i)
+            element<Farbzelle>(i)->setCaption(monatsbeschriftung(i, umgebung_.programm.MonatsDarstellung != 0));
+    }
+
+protected:
+    QWidget *bauen(int i, QWidget *eltern) override
+    {
+        Farbzelle *neu = zelle(i, false, eltern);
+        connect(neu, &Farbzelle::doppelgeklickt, this, [this] {
+            vorgeben();
+            umgebung_.geaendert();
+        });
+        return neu;
+    }
+};
+
+class Bilder : public Filtersteuerung
+{
+public:
+    using Filtersteuerung::Filtersteuerung;
+
+    void setzen(int i, int wert, const QString &) override { element<Bildfeld>(i)->setBorderStyle(wert); }
+
+    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *rahmen) override
+    {
+        inReihe(widgets, kastenabstand, ort);
+        if (!teil_.bilder.front().satz.isEmpty())
+            satzBauen(ort, rahmen);
+    }
+
+protected:
+    QWidget *bauen(int i, QWidget *eltern) override
+    {
+        auto *bild = new Bildfeld({symbolgroesse, symbolgroesse}, eltern);
+        bild->setBild(QString::fromLatin1(teil_.bilder[size_t(i)].bild));
+        bild->setToolTip(beschriftung(i));
+        bild->setBedienbar();
+        connect(bild, &Bildfeld::geklickt, this, [this, i] { umschalten(i); });
+        return bild;
+    }
+    int wert(int i) const override { return element<Bildfeld>(i)->borderStyle(); }
+
+private:
+    void satzBauen(QVBoxLayout &ort, QWidget *rahmen)
+    {
+        auto *satz = new QLabel(rahmen);
+        satz->setObjectName(QStringLiteral("lbl") + QString::fromLatin1(teil_.control).mid(3));
+        satz->setMinimumHeight(20);
+        ort.addWidget(satz);
+        for (int i = 0; i < teil_.elemente(); ++i) {
+            auto *bild = element<Bildfeld>(i);
+            connect(bild, &Bildfeld::mausDarueber, satz, [satz, bild, text = teil_.bilder[size_t(i)].satz.toString()] {
+                satz->setText(text);
+                satz->setStyleSheet(bild->borderStyle() == 1 ? QStringLiteral("color: #808080") : QStringLiteral("color: black"));
+            });
+        }
+        new Satzleerer(satz, rahmen);
+    }
+};
+
+class Text : public Filtersteuerung
+{
+public:
+    using Filtersteuerung::Filtersteuerung;
+
+    Teilzustand zustand() const override { return {{}, element<QLineEdit>(0)->text()}; }
+    void setzen(int i, int, const QString &text) override { element<QLineEdit>(i)->setText(text); }
+    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, ort); }
+
+protected:
+    QWidget *bauen(int, QWidget *eltern) override { return anschliessen(new QLineEdit(eltern)); }
+    QString ansage(int) const override { return {}; }
+    QLineEdit *anschliessen(QLineEdit *feld)
+    {
+        feld->setValidator(new Einzeiler(feld));
+        connect(feld, &QLineEdit::textChanged, this, [this] { umgebung_.geaendert(); });
+        return feld;
+    }
+};
+
+class Zahl : public Text
+{
+public:
+    using Text::Text;
+
+    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *rahmen) override
+    {
+        std::vector<QWidget *> reihe;
+        for (const QStringView wort : {kriterium_.anfang, kriterium_.mitte, kriterium_.einheit}) {
+            reihe.push_back(new QLabel(wort.toString(), rahmen));
+            if (const size_t feld = reihe.size() / 2; feld < widgets.size())
+                reihe.push_back(widgets[feld]);
+        }
+        nebeneinander(reihe, ort);
+    }
+
+protected:
+    QWidget *bauen(int, QWidget *eltern) override
+    {
+        const bool minus = kriterium_.a.vorgabe.startsWith(u'-');
+        auto *feld = new Zahlfeld(minus, eltern);
+        // The lower temperature is brought into shape when it is left; what is no number stays.
+        if (minus && istUntere())
+            connect(feld, &QLineEdit::editingFinished, this, [feld] {
+                if (const std::optional<double> zahl = zahlLesen(feld->text()))
+                    feld->setText(einfachGenau(*zahl));
+            });
+        return anschliessen(feld);
+    }
+    QString ansage(int) const override
+    {
+        return QStringLiteral(", %1 in %2").arg(istUntere() ? QStringLiteral("Minimum") : QStringLiteral("Maximum"), kriterium_.einheit);
+    }
+
+private:
+    bool istUntere() const { return &teil_ == &kriterium_.a; }
+};
+
+class Liste : public Filtersteuerung
+{
+public:
+    using Filtersteuerung::Filtersteuerung;
+
+    Teilzustand zustand() const override { return {{}, liste()->currentText()}; }
+    void setzen(int, int, const QString &text) override
+    {
+        liste()->setCurrentIndex(liste()->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
+        liste()->setCurrentText(text);
+    }
+    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, ort); }
+    void benennen(const QString &gruppe) override
+    {
+        Filtersteuerung::benennen(gruppe);
+        liste()->lineEdit()->setAccessibleName(gruppe); // it is heard by its text
+    }
+
+protected:
+    QWidget *bauen(int, QWidget *eltern) override
+    {
+        auto *neu = new QComboBox(eltern);
+        // Any text may stand here: a filter file can name a family that is not in the list.
+        neu->setEditable(true);
+        neu->setValidator(new Einzeiler(neu));
+        neu->setInsertPolicy(QComboBox::NoInsert);
+        neu->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        neu->addItem(teil_.alle.toString());
+        neu->addItems(familiennamen(*Datenbank::OpenDatabase(umgebung_.programm.arbeitsdatenbank())));
+        neu->setCurrentIndex(0);
+        connect(neu, &QComboBox::currentTextChanged, this, [this] { umgebung_.geaendert(); });
+        return neu;
+    }
+    QString ansage(int) const override { return {}; }
+
+private:
+    QComboBox *liste() const { return element<QComboBox>(0); }
+};
+
+class Schieber : public Filtersteuerung
+{
+public:
+    using Filtersteuerung::Filtersteuerung;
+
+    void setzen(int i, int wert, const QString &) override { element<QSlider>(i)->setValue(wert); }
+
+    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *rahmen) override
+    {
+        ort.addWidget(widgets.front());
+        auto *enden = new QHBoxLayout;
+        auto *selten = new QLabel(QStringLiteral("Rarität"), rahmen);
+        auto *ueblich = new QLabel(QStringLiteral("Standard- sortiment"), rahmen);
+        // Broken at its blank, as the word is meant.
+        ueblich->setWordWrap(true);
+        ueblich->setAlignment(Qt::AlignRight);
+        ueblich->setFixedWidth(ueblich->fontMetrics().horizontalAdvance(QStringLiteral("sortiment ")) + 2);
+        enden->addWidget(selten, 0, Qt::AlignTop);
+        enden->addStretch();
+        enden->addWidget(ueblich);
+        ort.addLayout(enden);
+    }
+
+protected:
+    QWidget *bauen(int, QWidget *eltern) override
+    {
+        auto *schieber = new QSlider(Qt::Horizontal, eltern);
+        schieber->setRange(schieberMin, schieberMax);
+        schieber->setPageStep(1);
+        schieber->setTickPosition(QSlider::TicksBelow);
+        connect(schieber, &QSlider::valueChanged, this, [this] { umgebung_.geaendert(); });
+        return schieber;
+    }
+    int wert(int i) const override { return element<QSlider>(i)->value(); }
+    QString ansage(int) const override { return QStringLiteral(", Stufe von der Rarität bis zum Standardsortiment"); }
+};
+
+template<typename T>
+std::unique_ptr<Filtersteuerung> neue(const Kriterium &kriterium, const Steuerteil &teil, const Steuerungsumgebung &umgebung)
+{
+    return std::make_unique<T>(kriterium, teil, umgebung);
+}
+
+std::unique_ptr<Filtersteuerung> nachArt(const Kriterium &kriterium, const Steuerteil &teil, const Steuerungsumgebung &umgebung)
+{
+    switch (teil.art) {
+    case Steuerung::Kaestchen: return neue<Kaestchen>(kriterium, teil, umgebung);
+    case Steuerung::Farben: return neue<Farben>(kriterium, teil, umgebung);
+    case Steuerung::Monate: return neue<Monate>(kriterium, teil, umgebung);
+    case Steuerung::Bilder: return neue<Bilder>(kriterium, teil, umgebung);
+    case Steuerung::Text: return neue<Text>(kriterium, teil, umgebung);
+    case Steuerung::Zahl: return neue<Zahl>(kriterium, teil, umgebung);
+    case Steuerung::Liste: return neue<Liste>(kriterium, teil, umgebung);
+    case Steuerung::Option: return neue<Option>(kriterium, teil, umgebung);
+    case Steuerung::Schieber: return neue<Schieber>(kriterium, teil, umgebung);
+    }
+    return nullptr;
+}
+
+} // namespace
+
+QString beschriftung(const Steuerungsumgebung &umgebung, const Kriterium &kriterium, const Steuerteil &teil, int i)
+{
+    if (!teil.bilder.empty())
+        return teil.bilder[size_t(i)].name.toString();
+    if (benutzernamen(umgebung.beschreibung, kriterium))
+        return umgebung.programm.BenutzerNamen[size_t(umgebung.beschreibung.sparte)][size_t(i)];
+    return wortVon(umgebung.beschreibung, kriterium, teil, i).trimmed().toString();
+}
+
+std::unique_ptr<Filtersteuerung> Filtersteuerung::erzeugen(const Kriterium &kriterium, const Steuerteil &teil, const Steuerungsumgebung &umgebung,
+                                                           QWidget *eltern)
+{
+    if (!teil.control)
+        return nullptr;
+    std::unique_ptr<Filtersteuerung> neu = nachArt(kriterium, teil, umgebung);
+    const QString name = QString::fromLatin1(teil.control);
+    for (int i = 0; i < teil.elemente(); ++i) {
+        QWidget *widget = neu->bauen(i, eltern);
+        widget->setObjectName(teil.anzahl ? QStringLiteral("%1_%2").arg(name).arg(i) : name);
+        neu->widgets_.push_back(widget);
+    }
+    return neu;
+}
+
+Teilzustand Filtersteuerung::zustand() const
+{
+    Teilzustand zustand;
+    for (int i = 0; i < teil_.elemente(); ++i)
+        zustand.werte.push_back(wert(i));
+    return zustand;
+}
+
+void Filtersteuerung::vorgeben()
+{
+    const Teilzustand anfang = vorgabe(teil_);
+    for (int i = 0; i < teil_.elemente(); ++i)
+        setzen(i, anfang.werte.empty() ? 0 : anfang.werte[size_t(i)], anfang.text);
+}
+
+void Filtersteuerung::umschalten(int i)
+{
+    const bool an = !gewaehlt(teil_, zustand(), i);
+    setzen(i, steuerungsart(teil_.art).wert(teil_, i, an), {});
+    umgebung_.geaendert();
+}
+
+QString Filtersteuerung::ansage(int i) const
+{
+    const QString wort = beschriftung(i);
+    return QStringLiteral(": ") + (wort.trimmed().isEmpty() ? QStringLiteral("Nr. %1, ohne Namen").arg(i + 1) : wort);
+}
+
+void Filtersteuerung::benennen(const QString &gruppe)
+{
+    for (int i = 0; i < teil_.elemente(); ++i)
+        widgets_[size_t(i)]->setAccessibleName(gruppe + ansage(i));
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "Filterzustand.h"
+
+#include <QObject>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QVBoxLayout;
+class QWidget;
+struct Programm;
+
+/* The controls of the filter dialog: one class for each kind, all with the same few words. */
+
+/// What controls need of their dialog.
+struct Steuerungsumgebung
+{
+    Programm &programm;
+    const Filterbeschreibung &beschreibung;
+    std::function<void()> geaendert; ///< after a change of any element
+};
+
+/// Caption of element `i`, counted from 0; empty where it has none.
+QString beschriftung(const Steuerungsumgebung &umgebung, const Kriterium &kriterium, const Steuerteil &teil, int i);
+
+/// A QObject for the sake of its connections: what a widget says while the dialog goes reaches nobody.
+class Filtersteuerung : public QObject
+{
+public:
+    /// With its widgets, named and owned by `eltern`; null for a part without a control.
+    static std::unique_ptr<Filtersteuerung> erzeugen(const Kriterium &kriterium, const Steuerteil &teil, const Steuerungsumgebung &umgebung, QWidget *eltern);
+
+    Filtersteuerung(const Kriterium &kriterium, const Steuerteil &teil, const Steuerungsumgebung &umgebung)
+        : kriterium_(kriterium), teil_(teil), umgebung_(umgebung) {}
+
+    const std::vector<QWidget *> &widgets() const { return widgets_; }
+    virtual Teilzustand zustand() const;
+    /// Sets an element from a number or, where it holds one, from a text.
+    virtual void setzen(int i, int wert, const QString &text) = 0;
+    void vorgeben();
+    /// Places elements, its own and those of a second part of its kind, below what stands in `ort`.
+    virtual void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *rahmen) = 0;
+    /// Names the elements for a reader who hears one at a time.
+    virtual void benennen(const QString &gruppe);
+    /// Captions that change while the program runs.
+    virtual void auffrischen() {}
+
+protected:
+    virtual QWidget *bauen(int i, QWidget *eltern) = 0;
+    virtual int wert(int) const { return 0; }
+    /// What a reader hears behind the group's name.
+    virtual QString ansage(int i) const;
+    void umschalten(int i);
+    QString beschriftung(int i) const { return ::beschriftung(umgebung_, kriterium_, teil_, i); }
+    template<typename T>
+    T *element(int i) const { return static_cast<T *>(widgets_[size_t(i)]); }
+
+    const Kriterium &kriterium_;
+    const Steuerteil &teil_;
+    const Steuerungsumgebung &umgebung_;
+
+private:
+    std::vector<QWidget *> widgets_;
+};
