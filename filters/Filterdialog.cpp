@@ -21,6 +21,8 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <QTabWidget>
 #include <QUrl>
 
@@ -95,7 +97,24 @@ Filterzustand Filterdialog::zustand() const
     return zustand;
 }
 
+template<typename F>
+void Filterdialog::gesammelt(F &&aendern)
+{
+    {
+        const QScopedValueRollback sammelt(gesammelt_, true);
+        setUpdatesEnabled(false);
+        const auto malen = qScopeGuard([this] { setUpdatesEnabled(true); });
+        aendern();
+    }
+    zaehlen();
+}
+
 void Filterdialog::ruecksetzen(bool auchBewertung)
+{
+    gesammelt([&] { vorgeben(auchBewertung); });
+}
+
+void Filterdialog::vorgeben(bool auchBewertung)
 {
     for (size_t k = 0; k < zeilen_.size(); ++k) {
         const Pruefung pruefung = beschreibung_.kriterien[k].pruefung;
@@ -105,7 +124,6 @@ void Filterdialog::ruecksetzen(bool auchBewertung)
         if (zeilen_[k].b && pruefung != Pruefung::Bild)
             zeilen_[k].b->vorgeben();
     }
-    zaehlen();
 }
 
 QString Filterdialog::reitertext(int reiter, int anzahl) const
@@ -116,6 +134,8 @@ QString Filterdialog::reitertext(int reiter, int anzahl) const
 
 void Filterdialog::zaehlen()
 {
+    if (gesammelt_)
+        return;
     std::vector<int> anzahl(beschreibung_.reiter.size());
     for (size_t k = 0; k < zeilen_.size(); ++k)
         if (const Kriterium &kriterium = beschreibung_.kriterien[k]; kriterium.reiter >= 0)
@@ -215,8 +235,8 @@ bool Filterdialog::ladeDatei(const QString &pfad)
     const Filterwert wertSetzen = [this](int k, bool zweites, int element, int wert, const QString &text) {
         (zweites ? zeilen_[size_t(k)].b : zeilen_[size_t(k)].a)->setzen(element, wert, text);
     };
-    const bool ganz = offen && filterLesen(beschreibung_, datei.readAll(), wertSetzen);
-    zaehlen();
+    bool ganz = false;
+    gesammelt([&] { ganz = offen && filterLesen(beschreibung_, datei.readAll(), wertSetzen); });
     if (ganz)
         return true;
     programm_.FilterdateiGestoert = programm_.FilterdateiGestoert || offen;

@@ -77,6 +77,11 @@ private:
     void eingabeZeigen(const Eingabefehler &fehler);
 
     void ruecksetzen(bool auchBewertung);
+    void vorgeben(bool auchBewertung);
+    /// Makes many changes of the controls one: what they alter is counted and painted once, at the end.
+    template<typename F>
+    void gesammelt(F &&aendern);
+    /// Writes on the tabs how many criteria restrict there.
     void zaehlen();
     /// Caption of a tab on which `anzahl` criteria restrict.
     QString reitertext(int reiter, int anzahl) const;
@@ -87,4 +92,5 @@ private:
     Steuerungsumgebung umgebung_;
     std::vector<Zeile> zeilen_; ///< in the order of the criteria
     QTabWidget *SSTab1_ = nullptr;
+    bool gesammelt_ = false; ///< many changes are on their way
 };
