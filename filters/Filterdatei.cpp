@@ -94,11 +94,6 @@ int bildGesetzt(const QString &text)
     return !name.isEmpty() && name != u"0" && !name.endsWith(u"_n");
 }
 
-QString bildname(const char *bild)
-{
-    return QString::fromLatin1(bild).section(u'/', 1);
-}
-
 /// What a line sets: a number, a text or, for a list by place, the entry there. Nothing for a read error.
 struct Inhalt
 {
@@ -140,10 +135,7 @@ QString zeileFuer(const Dateistelle &stelle, const Teilzustand &zustand)
     case Dateiform::Wahrheit: return wert() ? QStringLiteral("True") : QStringLiteral("False");
     case Dateiform::Zahltext: return ErsetzeAlle(zustand.text, QStringLiteral(","), QStringLiteral("."));
     case Dateiform::Text: return zustand.text;
-    case Dateiform::Bildname: {
-        const Symbolbild &bild = stelle.teil->bilder[size_t(stelle.element)];
-        return bildname(wert() || !bild.aus ? bild.bild : bild.aus);
-    }
+    case Dateiform::Bildname: return bildschluessel(stelle.teil->bilder[size_t(stelle.element)].gezeigt(wert() == 1));
     case Dateiform::Index: {
         const auto wort = std::ranges::find(stelle.teil->worte, QStringView(zustand.text));
         return zahlzeile(wort == stelle.teil->worte.end() ? 0 : int(wort - stelle.teil->worte.begin()) + 1);

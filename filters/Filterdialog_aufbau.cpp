@@ -212,7 +212,7 @@ QWidget *Filterdialog::gruppe(int k, QWidget *eltern)
     Zeile &zeile = zeilen_[size_t(k)];
     zeile.a = Filtersteuerung::erzeugen(kriterium, kriterium.a, umgebung_, rahmen);
     zeile.b = Filtersteuerung::erzeugen(kriterium, kriterium.b, umgebung_, rahmen);
-    std::vector<QWidget *> widgets = zeile.a->widgets();
+    std::vector<QWidget *> widgets(zeile.a->widgets().begin(), zeile.a->widgets().end());
     const bool gleichartig = zeile.b && kriterium.a.art == kriterium.b.art;
     if (gleichartig)
         widgets.insert(widgets.end(), zeile.b->widgets().begin(), zeile.b->widgets().end());

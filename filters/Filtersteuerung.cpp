@@ -3,6 +3,7 @@
 #include "Steuerungsarten.h"
 #include "controls/Steuerelemente.h"
 #include "store/Datenbank.h"
+#include "store/Kollation.h"
 #include "store/Nebentabellen.h"
 #include "store/Programm.h"
 #include "store/Text.h"
@@ -20,12 +21,15 @@
 #include <QValidator>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 static_assert(nichtGewaehlt == farbeKnopf && monatGewaehlt == farbeTitel);
 
 constexpr int einspaltigBis = 7;    // boxes that stand in one column
 constexpr int symbolgroesse = 44;   // pixels
+constexpr int zellenJeReihe = 14, bilderJeReihe = 12;
 constexpr int kastenabstand = 10, zellenabstand = 2, wortabstand = 6;
 
 /// Number box: a key that no number can hold beeps and is gone.
@@ -100,7 +104,21 @@ private:
     QLabel *satz_;
 };
 
-void nebeneinander(const std::vector<QWidget *> &widgets, QVBoxLayout &ort)
+/// What stands in a field, each text once, in the order of names.
+QStringList feldwerte(Datenbank &arbeit, QStringView tabelle, const char *feld)
+{
+    std::vector<std::pair<std::string, QString>> werte;
+    Anweisung &anweisung = arbeit.vorbereitet(QStringLiteral("SELECT DISTINCT \"%1\" FROM \"%2\" WHERE \"%1\" <> ''").arg(QLatin1String(feld), tabelle));
+    while (anweisung.schritt())
+        werte.emplace_back(sortierschluessel(anweisung.text(0)), anweisung.text(0));
+    std::ranges::sort(werte);
+    QStringList texte;
+    for (const auto &[schluessel, text] : werte)
+        texte += text;
+    return texte;
+}
+
+void nebeneinander(std::span<QWidget *const> widgets, QVBoxLayout &ort)
 {
     auto *reihe = new QHBoxLayout;
     reihe->setSpacing(wortabstand);
@@ -120,7 +138,7 @@ QGridLayout *raster(int abstand, QVBoxLayout &ort)
 }
 
 /// Few stand in one column, many in two.
-void inSpalten(const std::vector<QWidget *> &widgets, QVBoxLayout &ort)
+void inSpalten(std::span<QWidget *const> widgets, QVBoxLayout &ort)
 {
     QGridLayout *ziel = raster(kastenabstand, ort);
     const int anzahl = int(widgets.size());
@@ -129,12 +147,13 @@ void inSpalten(const std::vector<QWidget *> &widgets, QVBoxLayout &ort)
         ziel->addWidget(widgets[size_t(i)], i % zeilen, i / zeilen);
 }
 
-void inReihe(const std::vector<QWidget *> &widgets, int abstand, QVBoxLayout &ort)
+void inReihen(std::span<QWidget *const> widgets, int laenge, int abstand, QVBoxLayout &ort)
 {
     QGridLayout *ziel = raster(abstand, ort);
-    for (size_t i = 0; i < widgets.size(); ++i)
-        ziel->addWidget(widgets[i], 0, int(i));
-    ziel->setColumnStretch(int(widgets.size()), 1);
+    const int anzahl = int(widgets.size()), spalten = std::min(anzahl, laenge);
+    for (int i = 0; i < anzahl; ++i)
+        ziel->addWidget(widgets[size_t(i)], i / spalten, i % spalten);
+    ziel->setColumnStretch(spalten, 1);
 }
 
 /// Check boxes and option buttons.
@@ -153,7 +172,7 @@ public:
         knopf->setAutoExclusive(ausschliessend);
     }
 
-    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, ort); }
+    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, ort); }
 
 protected:
     int wert(int i) const override { return element<QAbstractButton>(i)->isChecked() ? 1 : 0; }
@@ -192,7 +211,7 @@ class Option : public Knoepfe
 public:
     using Knoepfe::Knoepfe;
 
-    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *) override
+    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override
     {
         constexpr size_t paar = 2;
         widgets.size() <= paar ? nebeneinander(widgets, ort) : inSpalten(widgets, ort);
@@ -209,7 +228,7 @@ public:
     using Filtersteuerung::Filtersteuerung;
 
     void setzen(int i, int wert, const QString &) override { element<Farbzelle>(i)->setBackColor(wert); }
-    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *) override { inReihe(widgets, zellenabstand, ort); }
+    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override { inReihen(widgets, zellenJeReihe, zellenabstand, ort); }
 
 protected:
     int wert(int i) const override { return element<Farbzelle>(i)->backColor(); }
@@ -278,11 +297,18 @@ class Bilder : public Filtersteuerung
 public:
     using Filtersteuerung::Filtersteuerung;
 
-    void setzen(int i, int wert, const QString &) override { element<Bildfeld>(i)->setBorderStyle(wert); }
-
-    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *rahmen) override
+    void setzen(int i, int wert, const QString &) override
     {
-        inReihe(widgets, kastenabstand, ort);
+        auto *bild = element<Bildfeld>(i);
+        const char *name = teil_.bilder[size_t(i)].gezeigt(wert == 1);
+        bild->setBorderStyle(wert);
+        bild->setBild(QString::fromLatin1(name));
+        bild->setTag(bildschluessel(name));
+    }
+
+    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *rahmen) override
+    {
+        inReihen(widgets, bilderJeReihe, kastenabstand, ort);
         if (!teil_.bilder.front().satz.isEmpty())
             satzBauen(ort, rahmen);
     }
@@ -291,7 +317,6 @@ protected:
     QWidget *bauen(int i, QWidget *eltern) override
     {
         auto *bild = new Bildfeld({symbolgroesse, symbolgroesse}, eltern);
-        bild->setBild(QString::fromLatin1(teil_.bilder[size_t(i)].bild));
         bild->setToolTip(beschriftung(i));
         bild->setBedienbar();
         connect(bild, &Bildfeld::geklickt, this, [this, i] { umschalten(i); });
@@ -324,7 +349,7 @@ public:
 
     Teilzustand zustand() const override { return {{}, element<QLineEdit>(0)->text()}; }
     void setzen(int i, int, const QString &text) override { element<QLineEdit>(i)->setText(text); }
-    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, ort); }
+    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, ort); }
 
 protected:
     QWidget *bauen(int, QWidget *eltern) override { return anschliessen(new QLineEdit(eltern)); }
@@ -342,7 +367,7 @@ class Zahl : public Text
 public:
     using Text::Text;
 
-    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *rahmen) override
+    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *rahmen) override
     {
         std::vector<QWidget *> reihe;
         for (const QStringView wort : {kriterium_.anfang, kriterium_.mitte, kriterium_.einheit}) {
@@ -386,7 +411,7 @@ public:
         liste()->setCurrentIndex(liste()->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
         liste()->setCurrentText(text);
     }
-    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, ort); }
+    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, ort); }
     void benennen(const QString &gruppe) override
     {
         Filtersteuerung::benennen(gruppe);
@@ -403,7 +428,7 @@ protected:
         neu->setInsertPolicy(QComboBox::NoInsert);
         neu->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         neu->addItem(teil_.alle.toString());
-        neu->addItems(familiennamen(*Datenbank::OpenDatabase(umgebung_.programm.arbeitsdatenbank())));
+        neu->addItems(eintraege());
         neu->setCurrentIndex(0);
         connect(neu, &QComboBox::currentTextChanged, this, [this] { umgebung_.geaendert(); });
         return neu;
@@ -412,6 +437,19 @@ protected:
 
 private:
     QComboBox *liste() const { return element<QComboBox>(0); }
+    QStringList eintraege() const
+    {
+        const auto arbeit = [this] { return Datenbank::OpenDatabase(umgebung_.programm.arbeitsdatenbank()); };
+        switch (teil_.eintraege) {
+        case Eintraege::Familien: return familiennamen(*arbeit());
+        case Eintraege::Feldwerte: return feldwerte(*arbeit(), eintrag(umgebung_.beschreibung.sparte).haupttabelle, kriterium_.feld);
+        case Eintraege::Worte: break;
+        }
+        QStringList worte;
+        for (const QStringView wort : teil_.worte)
+            worte += wort.toString();
+        return worte;
+    }
 };
 
 class Schieber : public Filtersteuerung
@@ -421,7 +459,7 @@ public:
 
     void setzen(int i, int wert, const QString &) override { element<QSlider>(i)->setValue(wert); }
 
-    void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *rahmen) override
+    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *rahmen) override
     {
         ort.addWidget(widgets.front());
         auto *enden = new QHBoxLayout;
@@ -494,6 +532,10 @@ std::unique_ptr<Filtersteuerung> Filtersteuerung::erzeugen(const Kriterium &krit
     for (int i = 0; i < teil.elemente(); ++i) {
         QWidget *widget = neu->bauen(i, eltern);
         widget->setObjectName(teil.anzahl ? QStringLiteral("%1_%2").arg(name).arg(i) : name);
+        if (i >= teil.waehlbare()) {
+            widget->hide();
+            widget->setFocusPolicy(Qt::NoFocus);
+        }
         neu->widgets_.push_back(widget);
     }
     return neu;

@@ -35,13 +35,14 @@ public:
     Filtersteuerung(const Kriterium &kriterium, const Steuerteil &teil, const Steuerungsumgebung &umgebung)
         : kriterium_(kriterium), teil_(teil), umgebung_(umgebung) {}
 
-    const std::vector<QWidget *> &widgets() const { return widgets_; }
+    /// Those that the dialog shows, in order.
+    std::span<QWidget *const> widgets() const { return std::span(widgets_).first(size_t(teil_.waehlbare())); }
     virtual Teilzustand zustand() const;
     /// Sets an element from a number or, where it holds one, from a text.
     virtual void setzen(int i, int wert, const QString &text) = 0;
     void vorgeben();
     /// Places elements, its own and those of a second part of its kind, below what stands in `ort`.
-    virtual void anordnen(const std::vector<QWidget *> &widgets, QVBoxLayout &ort, QWidget *rahmen) = 0;
+    virtual void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *rahmen) = 0;
     /// Names the elements for a reader who hears one at a time.
     virtual void benennen(const QString &gruppe);
     /// Captions that change while the program runs.
@@ -62,5 +63,5 @@ protected:
     const Steuerungsumgebung &umgebung_;
 
 private:
-    std::vector<QWidget *> widgets_;
+    std::vector<QWidget *> widgets_; ///< one for each element, the surplus hidden
 };

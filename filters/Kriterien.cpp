@@ -59,6 +59,11 @@ QString titelVon(const Filterbeschreibung &beschreibung, const Kriterium &kriter
     return !kriterium.titel.isEmpty() || !spalte ? kriterium.titel.toString() : spalte->druckname.toString() + u':';
 }
 
+QString bildschluessel(const char *bild)
+{
+    return QString::fromLatin1(bild).section(u'/', 1);
+}
+
 QString filterfehler(const Filterbeschreibung &beschreibung)
 {
     QSet<QString> namen;

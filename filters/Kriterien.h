@@ -44,6 +44,8 @@ struct Symbolbild
     QStringView name; ///< accessible name and tool tip
     QStringView satz; ///< sentence under the pictures while the mouse is over one
     const char *aus = nullptr; ///< "list/key" while it is not selected; null: the same picture
+
+    const char *gezeigt(bool gewaehlt) const { return gewaehlt || !aus ? bild : aus; }
 };
 
 inline constexpr QStringView alleEintrag = u"- Alle -";
@@ -62,6 +64,7 @@ struct Steuerteil
     const Farbliste *farben = nullptr;
     std::optional<Dateiform> form = {};   ///< where the file has another form than the kind of control asks for
     int ueberzaehlig = 0;                 ///< boxes at the end of an array that stand in the file only
+    bool ohneWahl = false;                ///< Option: none is chosen at first; else the first one
 
     int elemente() const { return control ? (anzahl ? anzahl : 1) : 0; }
     /// Elements that can be selected.
@@ -128,6 +131,8 @@ inline constexpr int schieberMin = 1, schieberMax = 5, schieberVorgabe = 3;
 /// Numbers of BackColor that swatches and months have while they are not selected, and a selected month's.
 inline constexpr int nichtGewaehlt = int(0x8000000Fu), monatGewaehlt = int(0x80000003u);
 
+/// Key of a picture "list/key".
+QString bildschluessel(const char *bild);
 /// Linear check of a table: fields exist and fit, no control or file line stands twice, none is missing. Returns what
 /// is wrong, empty when nothing is.
 QString filterfehler(const Filterbeschreibung &beschreibung);

@@ -32,7 +32,7 @@ public:
     Teilzustand vorgabe(const Steuerteil &teil) const override
     {
         Teilzustand zustand = Steuerungsart::vorgabe(teil);
-        zustand.werte.front() = 1;
+        zustand.werte.front() = teil.ohneWahl ? 0 : 1;
         return zustand;
     }
     Dateiform form(const Steuerteil &, int) const override { return Dateiform::Wahrheit; }
