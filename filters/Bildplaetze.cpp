@@ -1,8 +1,8 @@
 #include "Bildplaetze.h"
 
+#include "store/Bildzeile.h"
 #include "store/Datenbank.h"
 #include "store/Kollation.h"
-#include "store/Schema.h"
 
 #include <QStringList>
 
@@ -56,14 +56,15 @@ Tabellenzeilen lesen(Datenbank &db, const QString &tabelle, const QString &namen
     return ergebnis;
 }
 
-/// Not null where any of the ten columns is neither null nor "fehlt". As a condition it is worked out faster than as a value.
-QString nenntBild()
+/// A table with one row a picture has none for a plant without: there the number tells whose it is.
+QSet<qint64> nummernMitBild(Datenbank &arbeit, const QString &tabelle)
 {
-    QStringList vergleiche;
-    for (const char *haelfte : {"-G", "-D"})
-        for (int i = 1; i <= schema::anzahlBilder; ++i)
-            vergleiche += QStringLiteral("[BILD%1%2] <> 'fehlt'").arg(i).arg(QLatin1String(haelfte));
-    return QStringLiteral("CASE WHEN %1 THEN '1' END").arg(vergleiche.join(QStringLiteral(" OR ")));
+    QSet<qint64> mit;
+    arbeit.durchlaufen(tabelle, {nenntBild(true)}, [&](qint64 nummer, std::span<const std::string_view> werte) {
+        if (werte[0].data())
+            mit.insert(nummer);
+    });
+    return mit;
 }
 
 Rang rang(const Tabellenzeilen &tabelle, size_t i)
@@ -77,8 +78,11 @@ Rang rang(const Tabellenzeilen &tabelle, size_t i)
 
 QSet<qint64> plaetzeMitBild(Datenbank &kopie, Datenbank &arbeit, const SpartenEintrag &sparte)
 {
+    const QString tabelle = sparte.bildtabelle.toString();
+    if (einBildJeZeile(arbeit, tabelle))
+        return nummernMitBild(arbeit, tabelle);
     const Tabellenzeilen pflanzen = lesen(kopie, sparte.haupttabelle.toString(), QStringLiteral("Bot_Name"), QStringLiteral("NULL"));
-    const Tabellenzeilen bilder = lesen(arbeit, sparte.bildtabelle.toString(), QStringLiteral("BotName"), nenntBild());
+    const Tabellenzeilen bilder = lesen(arbeit, tabelle, QStringLiteral("BotName"), nenntBild(false));
     const auto gleich = [&](const Zeile &pflanze, const Zeile &bild) {
         return pflanze.nummer == bild.nummer && pflanze.ohneNamen == bild.ohneNamen && pflanzen.name(pflanze) == bilder.name(bild);
     };

@@ -2,11 +2,8 @@
 
 #include "Bildlader.h"
 #include "store/Pfade.h"
-#include "store/Recordset.h"
 
 namespace {
-
-constexpr QStringView fehlt = u"fehlt";
 
 QString bilddatei(const QString &wurzel, const QString &ordner, const QString &stamm)
 {
@@ -30,41 +27,7 @@ QString vorschauwurzel(const Programm &programm)
     return pfadAus(programm.ProgrammPfad, QStringLiteral("vorschau"));
 }
 
-std::optional<QString> textOderNull(Recordset &satz, const QString &feld)
-{
-    const Feld wert = satz.Fields(feld);
-    return wert.IsNull() ? std::nullopt : std::optional(wert.Text());
-}
-
-Bildzeile breiteZeile(Recordset &satz)
-{
-    Bildzeile zeile;
-    for (auto [haelfte, bilder] : {std::pair("G", &zeile.g), std::pair("D", &zeile.d)})
-        for (int i = 1; i <= bilderJeHaelfte; ++i) {
-            const QString ende = QStringLiteral("%1-%2").arg(i).arg(QLatin1String(haelfte));
-            (*bilder)[size_t(i - 1)] = {textOderNull(satz, QStringLiteral("BILD") + ende),
-                                        textOderNull(satz, QStringLiteral("BEMERKUNG") + ende).value_or(QString())};
-        }
-    return zeile;
-}
-
 } // namespace
-
-std::optional<Bildzeile> bildzeile(Recordset &satz, qint64 artnr)
-{
-    if (satz.hatFeld(u"BILD1-G"))
-        return satz.Eof() || satz.Fields(u"ARTNR").Ganzzahl() != artnr ? std::nullopt : std::optional(breiteZeile(satz));
-    Bildzeile zeile;
-    size_t platz = 0;
-    for (; !satz.Eof() && platz < groessteBilderzahl; satz.MoveNext()) {
-        if (satz.Fields(u"ARTNR").Ganzzahl() != artnr)
-            continue;
-        Bildzeile::Bild &bild = platz < zeile.g.size() ? zeile.g[platz] : zeile.d[platz - zeile.g.size()];
-        bild = {textOderNull(satz, QStringLiteral("BILD")), textOderNull(satz, QStringLiteral("BEMERKUNG")).value_or(QString())};
-        ++platz;
-    }
-    return platz ? std::optional(zeile) : std::nullopt;
-}
 
 QString bildordner(Sparte sparte, qint64 artnr)
 {
@@ -90,7 +53,7 @@ std::vector<Bildeintrag> streifenbilder(const Programm &programm, const Bildzeil
             if (!bild.stamm)
                 continue;
             const QString pfad = bilddatei(wurzel, ordner, *bild.stamm);
-            const QString ersatz = *bild.stamm == fehlt ? QString() : ersatzbild(programm);
+            const QString ersatz = *bild.stamm == bildFehlt ? QString() : ersatzbild(programm);
             if (bildVorhanden(pfad))
                 bilder.push_back({pfad, bild.bemerkung, true, ersatz});
             else if (!ersatz.isEmpty())
@@ -108,7 +71,7 @@ std::vector<Bildeintrag> fensterbilder(const Programm &programm, const Bildzeile
         for (int i = 0; i < bisBild && (*haelfte)[size_t(i)].stamm; ++i) {
             const Bildzeile::Bild &bild = (*haelfte)[size_t(i)];
             const QString pfad = bilddatei(programm.BilderPfad, ordner, *bild.stamm);
-            const QString ersatz = *bild.stamm == fehlt ? QString() : ersatzbild(programm);
+            const QString ersatz = *bild.stamm == bildFehlt ? QString() : ersatzbild(programm);
             if (bildVorhanden(pfad))
                 bilder.push_back({pfad, bild.bemerkung, true, ersatz});
             else if (!ersatz.isEmpty())

@@ -1,32 +1,13 @@
 #pragma once
 
+#include "store/Bildzeile.h"
 #include "store/Programm.h"
 
 #include <array>
 #include <optional>
 #include <vector>
 
-class Recordset;
-
 /* Which pictures a plant has: pure rules over its picture row, no window. */
-
-inline constexpr int bilderJeHaelfte = 5;
-inline constexpr int groessteBilderzahl = 10;
-
-/// The picture row of a plant; index 0 is picture 1 of a half.
-struct Bildzeile
-{
-    struct Bild
-    {
-        std::optional<QString> stamm; ///< file name without ".jpg"; nothing for a null
-        QString bemerkung;
-    };
-    std::array<Bild, bilderJeHaelfte> g, d;
-};
-
-/// The row of a plant out of the picture rows; nothing when there is none. Tables with one row a picture are read as well: the
-/// k-th row of a plant is its slot k.
-std::optional<Bildzeile> bildzeile(Recordset &satz, qint64 artnr);
 
 /// A picture to show: a file that exists and begins like a picture, or the substitute for one that does not.
 struct Bildeintrag

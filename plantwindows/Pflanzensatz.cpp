@@ -140,13 +140,7 @@ QStringList Pflanzensatz::synonyme(bool deutsch)
 
 std::optional<Bildzeile> Pflanzensatz::bilder()
 {
-    if (!arbeit_ || !arbeit_->hatTabelle(sparte_.bildtabelle.toString()))
-        return std::nullopt;
-    DatenControl datBilder;
-    datBilder.setDatabaseName(programm_.arbeitsdatenbank());
-    datBilder.setRecordSource(QStringLiteral("SELECT * From %1 WHERE ARTNR LIKE ?").arg(sparte_.bildtabelle), {artnr()});
-    datBilder.Refresh();
-    return bildzeile(datBilder.recordset(), artnr());
+    return arbeit_ ? bildzeile(arbeit_, sparte_, artnr()) : std::nullopt;
 }
 
 QString Pflanzensatz::familie(const QString &nummer)

@@ -1,5 +1,7 @@
 #include "Schema.h"
 
+#include "Bildzeile.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -531,10 +533,8 @@ QString hauptAnlegen(const Tabelle &tabelle)
 QString bilderAnlegen(const char *name)
 {
     QStringList spalten{QStringLiteral("ARTNR INTEGER PRIMARY KEY"), QStringLiteral("BotName TEXT")};
-    for (const char *stamm : {"BILD", "BEMERKUNG"})
-        for (const char *haelfte : {"-G", "-D"})
-            for (int i = 1; i <= schema::anzahlBilder; ++i)
-                spalten += QStringLiteral("\"%1%2%3\" TEXT").arg(QLatin1String(stamm)).arg(i).arg(QLatin1String(haelfte));
+    for (const QString &spalte : bilderspalten())
+        spalten += QStringLiteral("\"%1\" TEXT").arg(spalte);
     return QStringLiteral("CREATE TABLE %1 (%2)").arg(QLatin1String(name), spalten.join(QStringLiteral(", ")));
 }
 

@@ -81,8 +81,6 @@ bool istQuelle(QStringView tabelle);
 bool kommtAus(QStringView satz, QStringView spalte, QStringView quelle);
 /// Number of works that a literature flag string can name.
 inline constexpr int anzahlWerke = int(werkeDerLiteratur.size());
-/// Slots a picture row has for each of its two halves, "-G" and "-D".
-inline constexpr int anzahlBilder = 5;
 
 /// Names that a database of the program must hold as tables.
 std::span<const char *const> pflichttabellen();

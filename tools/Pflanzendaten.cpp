@@ -1,6 +1,7 @@
 #include "Pflanzendaten.h"
 
 #include "store/Bildnamen.h"
+#include "store/Bildzeile.h"
 #include "store/Recordset.h"
 #include "store/Sparten.h"
 #include "store/Text.h"
@@ -286,8 +287,8 @@ void Pflanzendaten::bildnamePruefen(const RecSatz &satz, const QString &name)
 void Pflanzendaten::bilderEintragen()
 {
     for (const auto &[tabelle, detail] : tafeln) {
-        const QString befehl = QStringLiteral("UPDATE %1_Bilder SET \"BILD1-G\" = ?, \"BEMERKUNG1-G\" = ?, \"BILD1-D\" = ?, "
-                                              "\"BEMERKUNG1-D\" = ? WHERE ARTNR = ?").arg(tabelle);
+        const QString befehl = QStringLiteral("UPDATE %1_Bilder SET \"%2\" = ?, \"%3\" = ?, \"%4\" = ?, \"%5\" = ? WHERE ARTNR = ?")
+                                   .arg(tabelle, bildspalte('G', 1), bildbemerkungsspalte('G', 1), bildspalte('D', 1), bildbemerkungsspalte('D', 1));
         for (const Datensatz &pflanze : Datensatz::alle(*db_, tabelle)) {
             const QString stamm = bildname(pflanze.name());
             db_->Execute(befehl, {stamm, gesamttitel.toString(), stamm + QStringLiteral("-detail"), detail(pflanze), pflanze.text(u"ARTNR").toLongLong()});

@@ -27,6 +27,7 @@ private slots:
     void vieleZeilen_data();
     void vieleZeilen();
     void leereTabellen();
+    void eineZeileJeBild();
     void fehlendesBrichtAb();
 
 private:
@@ -183,6 +184,23 @@ void TestBildplaetze::leereTabellen()
     QCOMPARE(plaetze(Sparte::Topf), QSet<qint64>());
     pflanze(Sparte::Topf, 9, u"Zamia"_s);
     QCOMPARE(plaetze(Sparte::Topf), QSet<qint64>{9}); // by place, whatever its name
+}
+
+void TestBildplaetze::eineZeileJeBild()
+{
+    leeren(Sparte::Topf);
+    for (const qint64 nummer : {1, 2, 3, 4, 5})
+        pflanze(Sparte::Topf, nummer, u"Pflanze %1"_s.arg(nummer));
+    db_->Execute(u"DROP TABLE Topfpfl_Bilder"_s);
+    db_->Execute(u"CREATE TABLE Topfpfl_Bilder (ARTNR INTEGER, BotName TEXT, BILD TEXT, BEMERKUNG TEXT)"_s);
+    QCOMPARE(plaetze(Sparte::Topf), QSet<qint64>());
+    const std::pair<qint64, QVariant> zeilen[] = {{5, u"fehlt"_s}, {3, QVariant()}, {2, u"fehlt"_s}, {2, u"zwei"_s}, {5, QVariant()}, {4, u"Fehlt"_s}};
+    for (const auto &[nummer, bild] : zeilen)
+        db_->Execute(u"INSERT INTO Topfpfl_Bilder VALUES (?, 'x', ?, NULL)"_s, {nummer, bild});
+    // Plant 1 has no row at all, and pushes nobody on.
+    QCOMPARE(plaetze(Sparte::Topf), (QSet<qint64>{2, 4}));
+    db_->Execute(u"ALTER TABLE Topfpfl_Bilder RENAME COLUMN BILD TO Photo"_s);
+    QVERIFY_THROWS_EXCEPTION(Fehler, plaetze(Sparte::Topf));
 }
 
 void TestBildplaetze::fehlendesBrichtAb()

@@ -1,7 +1,5 @@
 #include "Bildprobe.h"
 
-#include "store/Recordset.h"
-
 #include <QTest>
 
 /* The rules by which a plant's picture row becomes pictures. */
@@ -26,8 +24,6 @@ private slots:
     void unreadableHeadCountsAsMissing_data();
     void unreadableHeadCountsAsMissing();
     void localPreviewsComeFirst();
-    void tableWithOneRowAPicture();
-    void wideTable();
 };
 
 namespace {
@@ -226,38 +222,6 @@ void tst_bilderliste::localPreviewsComeFirst()
     QVERIFY(programm.LokaleVorschauBilder);
     const auto bilder = streifenbilder(programm, zeileAus({QStringLiteral("begonia-rex")}, {}), topf);
     QVERIFY2(bilder.at(0).vorhanden && bilder[0].pfad.contains(u"vorschau"), qPrintable(bilder[0].pfad));
-}
-
-void tst_bilderliste::tableWithOneRowAPicture()
-{
-    const Bilderordner ordner;
-    const auto db = ordner.db();
-    db->Execute(QStringLiteral("CREATE TABLE Einzeln (ARTNR INTEGER, BotName TEXT, BILD TEXT, BEMERKUNG TEXT)"));
-    for (int i = 1; i <= 7; ++i)
-        db->Execute(QStringLiteral("INSERT INTO Einzeln VALUES (9, 'x', ?, ?)"), {QStringLiteral("bild%1").arg(i), i == 3 ? QVariant() : QStringLiteral("Text")});
-    Recordset satz(db, QStringLiteral("SELECT * From Einzeln WHERE ARTNR LIKE 9"));
-    const std::optional<Bildzeile> zeile = bildzeile(satz, 9);
-    QVERIFY(zeile);
-    QCOMPARE(zeile->g[4].stamm.value_or(QString()), QStringLiteral("bild5"));
-    QCOMPARE(zeile->d[1].stamm.value_or(QString()), QStringLiteral("bild7"));
-    QCOMPARE(zeile->g[2].bemerkung, QString());
-    QVERIFY(!zeile->d[2].stamm);
-    Recordset keiner(db, QStringLiteral("SELECT * From Einzeln WHERE ARTNR LIKE 8"));
-    QVERIFY(!bildzeile(keiner, 8));
-}
-
-void tst_bilderliste::wideTable()
-{
-    const Bilderordner ordner;
-    const auto db = ordner.db();
-    db->Execute(QStringLiteral("UPDATE Topfpfl_Bilder SET \"BILD1-G\" = 'eins', \"BEMERKUNG1-G\" = 'Text', \"BILD5-D\" = 'zehn' WHERE ARTNR = 1001"));
-    Recordset satz(db, QStringLiteral("SELECT * From Topfpfl_Bilder WHERE ARTNR LIKE 1001"));
-    const std::optional<Bildzeile> zeile = bildzeile(satz, 1001);
-    QVERIFY(zeile);
-    QCOMPARE(zeile->g[0].stamm.value_or(QString()), QStringLiteral("eins"));
-    QCOMPARE(zeile->g[0].bemerkung, QStringLiteral("Text"));
-    QCOMPARE(zeile->d[4].stamm.value_or(QString()), QStringLiteral("zehn"));
-    QVERIFY(!zeile->g[1].stamm);
 }
 
 QTEST_MAIN(tst_bilderliste)

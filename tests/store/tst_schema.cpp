@@ -1,5 +1,6 @@
 #include "Datenhilfen.h"
 
+#include "store/Bildzeile.h"
 #include "store/Recordset.h"
 #include "store/Schema.h"
 #include "store/Sparten.h"
@@ -158,7 +159,7 @@ private slots:
         QStringList erwartet{u"ARTNR"_s, u"BotName"_s};
         for (const char *stamm : {"BILD", "BEMERKUNG"})
             for (const char *haelfte : {"-G", "-D"})
-                for (int i = 1; i <= schema::anzahlBilder; ++i)
+                for (int i = 1; i <= bilderJeHaelfte; ++i)
                     erwartet += QString::fromLatin1(stamm) + QString::number(i) + QString::fromLatin1(haelfte);
         QCOMPARE(werte(*db_, u"SELECT name FROM pragma_table_info(?) ORDER BY cid"_s, {bildtabelle}), erwartet);
     }
