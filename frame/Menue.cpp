@@ -1,5 +1,8 @@
 #include "Menue.h"
 
+#include "Befehle.h"
+#include "controls/Geschuetzt.h"
+
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
@@ -8,30 +11,22 @@
 
 namespace {
 
-using enum Befehl;
-constexpr Sparte topf[] = {Sparte::Topf}, stauden[] = {Sparte::Stauden}, gehoelze[] = {Sparte::Gehoelze}, friedhof[] = {Sparte::Friedhof},
-                 apfel[] = {Sparte::Apfel}, obst[] = {Sparte::Obst};
-constexpr Sparte zierAlle[] = {Sparte::Topf, Sparte::Stauden, Sparte::Gehoelze};
-constexpr Sparte baumAlle[] = {Sparte::Gehoelze, Sparte::Stauden};
-constexpr Sparte staudenAlle[] = {Sparte::Stauden, Sparte::Gehoelze};
-constexpr int zierpflanzen = 0, baumschule = 1, staudengaertner = 2;
-
 constexpr Menuezeile zeilen[] = {
     {0, "mnuprog", u"Datei", true},
     {1, "mnudb", u"einzelne Pflanzen-Datenbank öffnen", true},
-    {2, "mnudbtopfpflanzen", u"Topfpflanzen", false, Oeffnen, topf},
-    {2, "mnudbstauden", u"Stauden", false, Oeffnen, stauden},
-    {2, "mnudbgehoelze", u"Gehölze", false, Oeffnen, gehoelze},
-    {2, "mnudbfriedhof", u"Friedhof", false, Oeffnen, friedhof},
-    {2, "mnudbapfel", u"Apfelsorten", false, Oeffnen, apfel},
-    {2, "mnudbobst", u"Obst", false, Oeffnen, obst},
+    {2, "mnudbtopfpflanzen", u"Topfpflanzen", false},
+    {2, "mnudbstauden", u"Stauden", false},
+    {2, "mnudbgehoelze", u"Gehölze", false},
+    {2, "mnudbfriedhof", u"Friedhof", false},
+    {2, "mnudbapfel", u"Apfelsorten", false},
+    {2, "mnudbobst", u"Obst", false},
     {1, "mnuTrennstrich1", u"", false},
     {1, "mnuFloxTeilmegeSpeichern", u"Datenbanken speichern unter", false},
     {1, "mnuFloxDBWaehlen", u"Datenbanken laden", true},
     {2, "mnuDateiDBLadenOriginal", u"Original-Datenbanken laden", false},
     {2, "mnuDateiDBLadenBenutzer", u"vom Benutzer geänderte Datenbanken laden", false},
     {1, "mnuTrennstrich2", u"", false},
-    {1, "mnuprogbeenden", u"&Beenden", false, Beenden, {}, -1, "Ctrl+Q"},
+    {1, "mnuprogbeenden", u"&Beenden", false, "Ctrl+Q"},
     {0, "mnuZusatzprogs", u"Zusatzprogramme", true},
     {1, "mnuMulko", u"Mulko", true},
     {2, "mnuMulkoInstall", u"Mulko installieren", false},
@@ -43,29 +38,29 @@ constexpr Menuezeile zeilen[] = {
     {2, "mnuFloxEditorRun", u"Flox-Editor aufrufen", false},
     {0, "mnuAusbildung", u"für Azubis", true},
     {1, "mnuABZierpflanzen", u"Zierpflanzenbau", true},
-    {2, "mnuABZierAlle", u"Alle wichtigen Sparten öffnen", false, Ausbildung, zierAlle, zierpflanzen},
+    {2, "mnuABZierAlle", u"Alle wichtigen Sparten öffnen", false},
     {2, "mnuABZierTrennstrich", u"", false},
-    {2, "mnuABZierTopf", u"Topfpflanzen", false, Ausbildung, topf, zierpflanzen},
-    {2, "mnuABZierStauden", u"Stauden", false, Ausbildung, stauden, zierpflanzen},
-    {2, "mnuABZierGehoelze", u"Gehölze", false, Ausbildung, gehoelze, zierpflanzen},
+    {2, "mnuABZierTopf", u"Topfpflanzen", false},
+    {2, "mnuABZierStauden", u"Stauden", false},
+    {2, "mnuABZierGehoelze", u"Gehölze", false},
     {1, "mnuABBaumschule", u"Baumschule", true},
-    {2, "mnuBaumAlle", u"Alle wichtigen Sparten öffnen", false, Ausbildung, baumAlle, baumschule},
+    {2, "mnuBaumAlle", u"Alle wichtigen Sparten öffnen", false},
     {2, "mnuABBaumTrennstrich", u"", false},
-    {2, "mnuABBaumGehoelze", u"Gehölze", false, Ausbildung, gehoelze, baumschule},
-    {2, "mnuABBaumStauden", u"Stauden", false, Ausbildung, stauden, baumschule},
-    {1, "mnuABST2", u"Stauden", false, Ausbildung, stauden, staudengaertner},
+    {2, "mnuABBaumGehoelze", u"Gehölze", false},
+    {2, "mnuABBaumStauden", u"Stauden", false},
+    {1, "mnuABST2", u"Stauden", false},
     {1, "mnuABStauden", u"Stauden", true},
-    {2, "mnuABStaudenAlle", u"Alle wichtigen Sparten öffnen", false, Ausbildung, staudenAlle, staudengaertner},
+    {2, "mnuABStaudenAlle", u"Alle wichtigen Sparten öffnen", false},
     {2, "mnuABStaudenTrennstrich", u"", false},
-    {2, "mnuABSTStauden", u"Stauden", false, Ausbildung, stauden, staudengaertner},
-    {2, "mnuABSTGehoelze", u"Gehölze", false, Ausbildung, gehoelze, staudengaertner},
+    {2, "mnuABSTStauden", u"Stauden", false},
+    {2, "mnuABSTGehoelze", u"Gehölze", false},
     {0, "mnuEinstellungen", u"Konfiguration", true},
     {1, "mnuOptionen", u"&Optionen", false},
     {1, "mnuFloxBilder", u"&Bilder Assistent", false},
     {0, "mnuFenster", u"Fenster", true},
-    {1, "mnuUeberlappend", u"&Überlappend", false, Ueberlappend},
-    {1, "mnuNebeneinander", u"&Nebeneinander", false, Nebeneinander},
-    {1, "mnuUntereinander", u"&Untereinander", false, Untereinander},
+    {1, "mnuUeberlappend", u"&Überlappend", false},
+    {1, "mnuNebeneinander", u"&Nebeneinander", false},
+    {1, "mnuUntereinander", u"&Untereinander", false},
     {0, "mnuHilfe", u"Hilfe", true},
     {1, "mnuHilfethemen", u"&Hilfethemen", false},
     {1, "mnuInfos", u"&Über Flox", false},
@@ -78,7 +73,7 @@ std::span<const Menuezeile> menuezeilen()
     return zeilen;
 }
 
-void menueBauen(QMenuBar &leiste, QWidget *fenster, std::function<void(const Menuezeile &)> ausfuehren)
+void menueBauen(QMenuBar &leiste, QWidget *fenster, Befehle &befehle)
 {
     std::vector<QMenu *> offen;
     for (const Menuezeile &zeile : zeilen) {
@@ -98,8 +93,10 @@ void menueBauen(QMenuBar &leiste, QWidget *fenster, std::function<void(const Men
         if (zeile.taste)
             eintrag->setShortcut(QKeySequence(QString::fromLatin1(zeile.taste)));
         eintrag->setSeparator(zeile.text.isEmpty());
-        eintrag->setEnabled(zeile.text.isEmpty() || zeile.befehl != Befehl::Keiner);
+        eintrag->setEnabled(zeile.text.isEmpty() || befehle.moeglich(zeile.name));
         offen.back()->addAction(eintrag);
-        QObject::connect(eintrag, &QAction::triggered, fenster, [&zeile, ausfuehren] { ausfuehren(zeile); });
+        QObject::connect(eintrag, &QAction::triggered, fenster, [&zeile, &befehle, fenster] {
+            geschuetztAusfuehren(fenster, [&] { befehle.ausfuehren(zeile.name); });
+        });
     }
 }

@@ -1,30 +1,14 @@
 #pragma once
 
-#include "store/Sparten.h"
+#include <QStringView>
 
-#include <QHash>
-#include <QString>
-
-#include <functional>
-#include <optional>
 #include <span>
 
-class QAction;
-class QMenu;
+class Befehle;
 class QMenuBar;
 class QWidget;
 
-/* The menu bar as a table: every entry once, with its name, its text and what it does. */
-
-enum class Befehl {
-    Keiner,       ///< a menu, a separator, or an entry whose room is not built yet
-    Oeffnen,      ///< a window of `sparten[0]`
-    Ausbildung,   ///< windows of `sparten`, restricted to the trade `beruf`
-    Ueberlappend,
-    Nebeneinander,
-    Untereinander,
-    Beenden
-};
+/* The menu bar as a table: every entry once, with its name and its text. What it does is the command of its name. */
 
 struct Menuezeile
 {
@@ -32,12 +16,9 @@ struct Menuezeile
     const char *name; ///< objectName; of separators too
     QStringView text; ///< empty: a separator
     bool menue;
-    Befehl befehl = Befehl::Keiner;
-    std::span<const Sparte> sparten = {};
-    int beruf = -1;   ///< position in AzubiAuswahl
     const char *taste = nullptr; ///< shortcut, shown beside the text
 };
 
 std::span<const Menuezeile> menuezeilen();
-/// Builds the bar; `ausfuehren` is called with the row of the entry chosen.
-void menueBauen(QMenuBar &leiste, QWidget *fenster, std::function<void(const Menuezeile &)> ausfuehren);
+/// Builds the bar; an entry that has no command now is disabled. `fenster` shows what a command fails by.
+void menueBauen(QMenuBar &leiste, QWidget *fenster, Befehle &befehle);

@@ -70,18 +70,14 @@ QString fenstermasstext(const Fenstermass &mass)
 
 } // namespace
 
-mdiZentral::mdiZentral(Programm &programm) : programm_(programm), flaeche_(new Flaeche(this))
+mdiZentral::mdiZentral(Programm &programm) : programm_(programm), befehle_(programm, *this), flaeche_(new Flaeche(this))
 {
     setObjectName(QStringLiteral("mdiZentral"));
     setWindowTitle(programmtitel.toString());
     setMinimumSize(800, 560);
     setCentralWidget(flaeche_);
     flaeche_->viewport()->installEventFilter(this);
-    menueBauen(*menuBar(), this, [this](const Menuezeile &zeile) { geschuetztAusfuehren(this, [&] { befehl(zeile); }); });
-    for (const SpartenEintrag &sparte : alleSparten())
-        for (const Menuezeile &zeile : menuezeilen())
-            if (zeile.sparten.size() == 1 && zeile.sparten[0] == sparte.sparte && !fensterbeschreibung(sparte.sparte))
-                findChild<QAction *>(QString::fromLatin1(zeile.name))->setEnabled(false);
+    menueBauen(*menuBar(), this, befehle_);
     statusleisteBauen();
     connect(flaeche_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *unterfenster) {
         if (auto *form = unterfenster ? qobject_cast<Pflanzenfenster *>(unterfenster->widget()) : nullptr)
@@ -124,7 +120,7 @@ void mdiZentral::statusleisteBauen()
     satz->setContentsMargins(8, 0, 0, 0);
     if (!programm_.OriginalDatenbank)
         satz->setText(QStringLiteral("Sie arbeiten mit Datenbanken die vom Benutzer geändert wurden!"));
-    findChild<QAction *>(QStringLiteral("mnuDateiDBLadenOriginal"))->setEnabled(!programm_.OriginalDatenbank);
+    erlauben("mnuDateiDBLadenOriginal", !programm_.OriginalDatenbank);
     leiste->addWidget(satz, 1);
     uhrzeit_ = new QLabel(leiste);
     uhrzeit_->setObjectName(QStringLiteral("stbAnzeigeZentral_2"));
@@ -374,12 +370,12 @@ void mdiZentral::sichern()
 
 void mdiZentral::mulkoSpeichernErlauben(bool erlaubt)
 {
-    findChild<QAction *>(QStringLiteral("mnuMulkoSpeichern"))->setEnabled(erlaubt);
+    erlauben("mnuMulkoSpeichern", erlaubt);
 }
 
 void mdiZentral::fensterGeschlossen(Sparte sparte, int nummer)
 {
-    findChild<QMenu *>(QStringLiteral("mnudb"))->setEnabled(true);
+    erlauben("mnudb", true);
     if (FensterZahlPruefen(tabellen_))
         mulkoSpeichernErlauben(false);
     Fenstertabelle::Platz &platz = tabelle(sparte).platz(nummer);
@@ -454,31 +450,23 @@ void mdiZentral::hilfeZeigen(const QString &)
 {
 }
 
-void mdiZentral::befehl(const Menuezeile &zeile)
+void mdiZentral::erlauben(const char *eintrag, bool erlaubt)
 {
-    switch (zeile.befehl) {
-    case Befehl::Keiner: break;
-    case Befehl::Oeffnen: FensterOeffnen(zeile.sparten[0]); break;
-    case Befehl::Ausbildung: ausbildung(zeile); break;
-    case Befehl::Ueberlappend: flaeche_->ueberlappen(); break;
-    case Befehl::Nebeneinander: flaeche_->anordnen(Qt::Horizontal); break;
-    case Befehl::Untereinander: flaeche_->anordnen(Qt::Vertical); break;
-    case Befehl::Beenden: close(); break;
-    }
+    const QString name = QString::fromLatin1(eintrag);
+    // Deeper down a window that is just going must not be looked into.
+    if (auto *menue = findChild<QMenu *>(name, Qt::FindDirectChildrenOnly))
+        menue->setEnabled(erlaubt);
+    else
+        findChild<QAction *>(name, Qt::FindDirectChildrenOnly)->setEnabled(erlaubt);
 }
 
-void mdiZentral::ausbildung(const Menuezeile &zeile)
+void mdiZentral::anordnen(Anordnung anordnung)
 {
-    struct Auswahl
-    {
-        Programm &programm;
-        decltype(Programm::AzubiAuswahl) gemerkt = programm.AzubiAuswahl;
-        ~Auswahl() { programm.AzubiAuswahl = gemerkt; }
-    } auswahl{programm_};
-    programm_.AzubiAuswahl = {};
-    programm_.AzubiAuswahl[size_t(zeile.beruf)] = true;
-    for (const Sparte sparte : zeile.sparten)
-        FensterOeffnen(sparte);
+    switch (anordnung) {
+    case Anordnung::Ueberlappend: flaeche_->ueberlappen(); break;
+    case Anordnung::Nebeneinander: flaeche_->anordnen(Qt::Horizontal); break;
+    case Anordnung::Untereinander: flaeche_->anordnen(Qt::Vertical); break;
+    }
 }
 
 bool mdiZentral::eventFilter(QObject *quelle, QEvent *ereignis)

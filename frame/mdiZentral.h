@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Befehle.h"
 #include "Fenstertabelle.h"
 #include "plantwindows/Zentrale.h"
 #include "store/Programm.h"
@@ -13,10 +14,9 @@
 class Flaeche;
 class QLabel;
 class frmBilder;
-struct Menuezeile;
 
 /* The main window: hosts the plant windows and owns their tables. */
-class mdiZentral : public QMainWindow, public Zentrale
+class mdiZentral : public QMainWindow, public Zentrale, public Befehlsumgebung
 {
     Q_OBJECT
 
@@ -24,21 +24,22 @@ public:
     explicit mdiZentral(Programm &programm);
     ~mdiZentral() override;
 
-    /// Opens a window of a Sparte and shows its first record. Throws, with no window left, when the data cannot be read.
-    void FensterOeffnen(Sparte sparte);
+    void FensterOeffnen(Sparte sparte) override;
     void FensterSperren(Sparte sparte) override { fensterBedienbar(sparte, false); }
     void FensterFreigeben(Sparte sparte) override { fensterBedienbar(sparte, !dialogOffen(sparte)); }
     void notizGespeichert(Sparte sparte, int nummer, const Notiz &notiz) override;
-    /// After a change of options or names: every open window shows them.
-    void FormenAktualisieren();
+    void FormenAktualisieren() override;
     /// Before the windows go: stores what has been noted, and asks where that fails. False: the user wants them to stay.
     [[nodiscard]] bool NotizenSichern();
-    /// Asks nothing: a note that cannot be stored is kept in a file.
-    void AlleFensterSchliessen();
+    void AlleFensterSchliessen() override;
     /// Stores notes, names and settings and shows nothing: the program may be at its end at any moment. Windows stay as they are.
     void sichern();
-    Fenstertabelle &tabelle(Sparte sparte) { return tabellen_[size_t(sparte)]; }
+    Fenstertabelle &tabelle(Sparte sparte) override { return tabellen_[size_t(sparte)]; }
     Pflanzenfenster *fenster(Sparte sparte, int nummer);
+    Pflanzenfenster *aktivesFenster() override;
+    void erlauben(const char *eintrag, bool erlaubt) override;
+    void anordnen(Anordnung anordnung) override;
+    void beenden() override { close(); }
 
     void mulkoSpeichernErlauben(bool erlaubt) override;
     void fensterGeschlossen(Sparte sparte, int nummer) override;
@@ -60,12 +61,8 @@ protected:
     bool eventFilter(QObject *quelle, QEvent *ereignis) override;
 
 private:
-    void befehl(const Menuezeile &zeile);
-    void ausbildung(const Menuezeile &zeile);
-    void anordnen(bool nebeneinander);
     void fensterBedienbar(Sparte sparte, bool bedienbar);
     bool dialogOffen(Sparte sparte);
-    Pflanzenfenster *aktivesFenster();
     Pflanzenfenster *fensterAnlegen(Sparte sparte, int nummer);
     void statusleisteBauen();
     void geometrieAnwenden();
@@ -75,6 +72,7 @@ private:
     void hintergrundVerarbeiten();
 
     Programm &programm_;
+    Befehle befehle_;
     std::array<Fenstertabelle, anzahlSparten> tabellen_;
     QPointer<frmBilder> bilder_;
     Flaeche *flaeche_;

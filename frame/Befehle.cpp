@@ -1,0 +1,88 @@
+#include "Befehle.h"
+
+#include "plantwindows/Beschreibung.h"
+#include "store/Programm.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr Sparte topf[] = {Sparte::Topf}, stauden[] = {Sparte::Stauden}, gehoelze[] = {Sparte::Gehoelze};
+constexpr Sparte zierAlle[] = {Sparte::Topf, Sparte::Stauden, Sparte::Gehoelze};
+constexpr Sparte baumAlle[] = {Sparte::Gehoelze, Sparte::Stauden};
+constexpr Sparte staudenAlle[] = {Sparte::Stauden, Sparte::Gehoelze};
+constexpr int zierpflanzen = 0, baumschule = 1, staudengaertner = 2;
+
+} // namespace
+
+Befehle::Befehle(Programm &programm, Befehlsumgebung &umgebung) : programm_(programm), umgebung_(umgebung)
+{
+    for (const SpartenEintrag &sparte : alleSparten())
+        befehle_.push_back({sparte.menue, &Befehle::oeffnen, std::span(&sparte.sparte, 1)});
+    static constexpr Befehl uebrige[] = {
+        {"mnuprogbeenden", &Befehle::beenden},
+        {"mnuABZierAlle", &Befehle::ausbildung, zierAlle, zierpflanzen},
+        {"mnuABZierTopf", &Befehle::ausbildung, topf, zierpflanzen},
+        {"mnuABZierStauden", &Befehle::ausbildung, stauden, zierpflanzen},
+        {"mnuABZierGehoelze", &Befehle::ausbildung, gehoelze, zierpflanzen},
+        {"mnuBaumAlle", &Befehle::ausbildung, baumAlle, baumschule},
+        {"mnuABBaumGehoelze", &Befehle::ausbildung, gehoelze, baumschule},
+        {"mnuABBaumStauden", &Befehle::ausbildung, stauden, baumschule},
+        {"mnuABST2", &Befehle::ausbildung, stauden, staudengaertner},
+        {"mnuABStaudenAlle", &Befehle::ausbildung, staudenAlle, staudengaertner},
+        {"mnuABSTStauden", &Befehle::ausbildung, stauden, staudengaertner},
+        {"mnuABSTGehoelze", &Befehle::ausbildung, gehoelze, staudengaertner},
+        {"mnuUeberlappend", &Befehle::anordnen<Anordnung::Ueberlappend>},
+        {"mnuNebeneinander", &Befehle::anordnen<Anordnung::Nebeneinander>},
+        {"mnuUntereinander", &Befehle::anordnen<Anordnung::Untereinander>},
+    };
+    befehle_.insert(befehle_.end(), std::begin(uebrige), std::end(uebrige));
+}
+
+const Befehl *Befehle::befehl(const char *name) const
+{
+    const auto gefunden = std::ranges::find_if(befehle_, [&](const Befehl &befehl) { return qstrcmp(befehl.name, name) == 0; });
+    return gefunden == befehle_.end() ? nullptr : &*gefunden;
+}
+
+bool Befehle::moeglich(const char *name) const
+{
+    const Befehl *gesucht = befehl(name);
+    return gesucht && (gesucht->sparten.size() != 1 || fensterbeschreibung(gesucht->sparten[0]));
+}
+
+void Befehle::ausfuehren(const char *name)
+{
+    if (const Befehl *gesucht = befehl(name))
+        (this->*gesucht->tat)(*gesucht);
+}
+
+void Befehle::oeffnen(const Befehl &befehl)
+{
+    umgebung_.FensterOeffnen(befehl.sparten[0]);
+}
+
+void Befehle::ausbildung(const Befehl &befehl)
+{
+    struct Auswahl
+    {
+        Programm &programm;
+        decltype(Programm::AzubiAuswahl) gemerkt = programm.AzubiAuswahl;
+        ~Auswahl() { programm.AzubiAuswahl = gemerkt; }
+    } auswahl{programm_};
+    programm_.AzubiAuswahl = {};
+    programm_.AzubiAuswahl[size_t(befehl.beruf)] = true;
+    for (const Sparte sparte : befehl.sparten)
+        umgebung_.FensterOeffnen(sparte);
+}
+
+template<Anordnung anordnung>
+void Befehle::anordnen(const Befehl &)
+{
+    umgebung_.anordnen(anordnung);
+}
+
+void Befehle::beenden(const Befehl &)
+{
+    umgebung_.beenden();
+}

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "store/Sparten.h"
+
+#include <span>
+#include <vector>
+
+class Fenstertabelle;
+class Pflanzenfenster;
+struct Programm;
+
+enum class Anordnung { Ueberlappend, Nebeneinander, Untereinander };
+
+/* What commands need of the window they work in. The main window is one; tests bring their own. */
+class Befehlsumgebung
+{
+public:
+    virtual ~Befehlsumgebung() = default;
+
+    /// Throws, with no window left, when the data cannot be read.
+    virtual void FensterOeffnen(Sparte sparte) = 0;
+    /// Asks nothing: a note that cannot be stored is kept in a file.
+    virtual void AlleFensterSchliessen() = 0;
+    /// After a change of options or names: every open window shows them.
+    virtual void FormenAktualisieren() = 0;
+    /// Null while there is none.
+    virtual Pflanzenfenster *aktivesFenster() = 0;
+    /// The slots of a Sparte, which tell what is open.
+    virtual Fenstertabelle &tabelle(Sparte sparte) = 0;
+    /// Enables an entry of the menu, or a menu in it.
+    virtual void erlauben(const char *eintrag, bool erlaubt) = 0;
+    virtual void anordnen(Anordnung anordnung) = 0;
+    virtual void beenden() = 0;
+};
+
+class Befehle;
+
+/// What an entry of the menu does.
+struct Befehl
+{
+    const char *name; ///< of the entry
+    void (Befehle::*tat)(const Befehl &befehl);
+    std::span<const Sparte> sparten = {};
+    int beruf = -1; ///< position in AzubiAuswahl
+};
+
+/* The commands of the menu, by the names of its entries. */
+class Befehle
+{
+public:
+    Befehle(Programm &programm, Befehlsumgebung &umgebung);
+
+    std::span<const Befehl> alle() const { return befehle_; }
+    /// Null for an entry whose room is not built yet.
+    const Befehl *befehl(const char *name) const;
+    /// Whether there is such a command and, where it opens one Sparte alone, that Sparte has a window.
+    bool moeglich(const char *name) const;
+    /// Throws what the command throws; does nothing where there is none.
+    void ausfuehren(const char *name);
+
+private:
+    void oeffnen(const Befehl &befehl);
+    /// Windows restricted to a trade.
+    void ausbildung(const Befehl &befehl);
+    template<Anordnung anordnung>
+    void anordnen(const Befehl &befehl);
+    void beenden(const Befehl &befehl);
+
+    Programm &programm_;
+    Befehlsumgebung &umgebung_;
+    std::vector<Befehl> befehle_;
+};
