@@ -54,7 +54,7 @@ void Pflanzensatz::oeffnen(int nummer)
 {
     // Held for as long as the window is open, so that look-ups find a connection.
     arbeit_ = Datenbank::OpenDatabase(programm_.arbeitsdatenbank());
-    datHaupt_.setDatabaseName(tempPfad(nummer));
+    datHaupt_.setDatabaseName(tempPfad(nummer), Datenbank::Zugriff::Privat);
     datHaupt_.setRecordSource(sparte_.haupttabelle.toString());
     datHaupt_.Refresh(std::vector<qint64>());
 }
@@ -63,7 +63,7 @@ void Pflanzensatz::ohneKopie()
 {
     schliessen();
     frisch_ = false;
-    // Opened first: the main recordset shares this connection, which refuses to be thinned.
+    // The main recordset shares this connection, which refuses to be thinned.
     arbeit_ = Datenbank::OpenDatabase(programm_.arbeitsdatenbank());
     datHaupt_.setDatabaseName(programm_.arbeitsdatenbank());
     datHaupt_.setRecordSource(sparte_.haupttabelle.toString());

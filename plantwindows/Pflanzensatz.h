@@ -73,8 +73,7 @@ private:
 
     Programm &programm_;
     const SpartenEintrag &sparte_;
-    DatenControl datHaupt_{Datenbank::Zugriff::Privat};
-    DatenControl datArbeit_;
+    DatenControl datHaupt_, datArbeit_;
     std::shared_ptr<Datenbank> arbeit_;
     bool frisch_ = false;
     QByteArray stand_; ///< change counter of the working file when the copy was last made

@@ -8,10 +8,12 @@
 class DatenControl
 {
 public:
-    explicit DatenControl(Datenbank::Zugriff zugriff = Datenbank::Zugriff::Arbeit) : zugriff_(zugriff) {}
-
     /// Takes hold at the next Refresh.
-    void setDatabaseName(const QString &pfad) { datenbankname_ = pfad; }
+    void setDatabaseName(const QString &pfad, Datenbank::Zugriff zugriff = Datenbank::Zugriff::Arbeit)
+    {
+        datenbankname_ = pfad;
+        zugriff_ = zugriff;
+    }
     QString DatabaseName() const { return datenbankname_; }
     /// A table's name or a SELECT statement, with values for its "?" marks. Takes hold at the next Refresh.
     void setRecordSource(const QString &quelle, const QVariantList &werte = {})
@@ -46,14 +48,15 @@ private:
     void oeffnen()
     {
         satz_.reset();
-        if (db_ && name_ == datenbankname_)
+        if (db_ && name_ == datenbankname_ && geoeffnetZu_ == zugriff_ && !db_->ersetzt())
             return;
         db_.reset();
         db_ = Datenbank::OpenDatabase(datenbankname_, zugriff_);
         name_ = datenbankname_;
+        geoeffnetZu_ = zugriff_;
     }
 
-    Datenbank::Zugriff zugriff_;
+    Datenbank::Zugriff zugriff_ = Datenbank::Zugriff::Arbeit, geoeffnetZu_ = zugriff_;
     QString datenbankname_, name_, quelle_;
     QVariantList werte_;
     std::shared_ptr<Datenbank> db_;

@@ -84,6 +84,13 @@ QHash<QString, std::weak_ptr<Datenbank>> &offene()
     return tabelle;
 }
 
+/// The same for all spellings of a path, whether a file is there or not.
+QString schluessel(const QString &echt)
+{
+    const QFileInfo datei(echt);
+    return datei.exists() ? datei.canonicalFilePath() : QDir(QFileInfo(datei.path()).canonicalFilePath()).filePath(datei.fileName());
+}
+
 constexpr int meisteAnweisungen = 100;
 
 } // namespace
@@ -194,13 +201,16 @@ std::shared_ptr<Datenbank> Datenbank::OpenDatabase(const QString &pfad, Zugriff 
     const QString echt = systemPfad(pfad);
     if (!QFileInfo(echt).isFile())
         throw Fehler(QStringLiteral("Die Datenbank '%1' wurde nicht gefunden.").arg(QDir::toNativeSeparators(echt)));
-    const QString schluessel = QFileInfo(echt).canonicalFilePath();
-    if (std::shared_ptr<Datenbank> schon = offene().value(schluessel).lock())
+    const QString name = schluessel(echt);
+    if (std::shared_ptr<Datenbank> schon = offene().value(name).lock(); schon && !schon->ersetzt()) {
+        if (schon->zugriff_ != zugriff)
+            throw Fehler(QStringLiteral("Die Datenbank '%1' ist schon auf andere Weise geöffnet.").arg(QFileInfo(echt).fileName()));
         return schon;
+    }
     std::shared_ptr<Datenbank> neu(new Datenbank(echt, SQLITE_OPEN_READWRITE));
     neu->einstellen(zugriff);
     neu->pruefen();
-    offene().insert(schluessel, neu);
+    offene().insert(name, neu);
     return neu;
 }
 
@@ -215,8 +225,13 @@ std::shared_ptr<Datenbank> Datenbank::CreateDatabase(const QString &pfad)
     neu->roh(QStringLiteral("PRAGMA page_size = 16384"));
     neu->roh(QStringLiteral("PRAGMA application_id = %1").arg(schema::anwendungsnummer));
     neu->roh(QStringLiteral("PRAGMA user_version = %1").arg(schema::version));
-    offene().insert(QFileInfo(echt).canonicalFilePath(), neu);
+    offene().insert(schluessel(echt), neu);
     return neu;
+}
+
+bool Datenbank::offen(const QString &pfad)
+{
+    return !offene().value(schluessel(systemPfad(pfad))).expired();
 }
 
 void Datenbank::einstellen(Zugriff zugriff)
@@ -494,6 +509,13 @@ bool Datenbank::istGanzzahl(const QString &tabelle, const QString &spalte)
 bool Datenbank::schreibgeschuetzt() const
 {
     return sqlite3_db_readonly(db_, "main") == 1;
+}
+
+bool Datenbank::ersetzt() const
+{
+    // Where the system does not let an open file go, the engine has no answer, and none is needed.
+    int fort = 0;
+    return sqlite3_file_control(db_, "main", SQLITE_FCNTL_HAS_MOVED, &fort) == SQLITE_OK && fort;
 }
 
 int Datenbank::geaendert() const

@@ -52,11 +52,14 @@ public:
         Privat, ///< a window's scratch copy: no journal on the disk, exclusive, lost with a crash
     };
 
-    /// Opens an existing file; all controls that work on the same file share one connection. Throws when the file is missing,
-    /// no database, damaged, of a newer version or not one of this program.
+    /// Opens an existing file; all controls that work on the same file share one connection, which has the access asked for. A file that
+    /// has come in the place of another gets a connection of its own. Throws when the file is missing, no database, damaged, of a newer
+    /// version, not one of this program or open with the other access.
     static std::shared_ptr<Datenbank> OpenDatabase(const QString &pfad, Zugriff zugriff = Zugriff::Arbeit);
     /// Creates an empty database in place of any file there.
     static std::shared_ptr<Datenbank> CreateDatabase(const QString &pfad);
+    /// Whether somebody holds a connection to this path, be it to a file that is gone by now.
+    static bool offen(const QString &pfad);
     ~Datenbank();
     Datenbank(const Datenbank &) = delete;
     Datenbank &operator=(const Datenbank &) = delete;
@@ -83,6 +86,8 @@ public:
     /// Whether a column of a table is declared INTEGER; false for queries and unknown names.
     bool istGanzzahl(const QString &tabelle, const QString &spalte);
     bool schreibgeschuetzt() const;
+    /// Whether another file, or none, stands at the path by now: what is written here is lost.
+    bool ersetzt() const;
     int geaendert() const; ///< rows that the last statement changed
 
     /// A statement in SQLite's dialect, prepared once and kept; it comes reset.

@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <cstdio>
+
 using namespace Qt::StringLiterals;
 
 /* Databases: opening, tables, transactions, and tables copied into other files. */
@@ -34,6 +36,75 @@ private slots:
         QVERIFY(!QFile::exists(ordner_->pfad(u"fehlt.mdb"_s)));
         QVERIFY(fehlerVon([&] { Datenbank::OpenDatabase(ordner_->pfad()); }).contains(u"wurde nicht gefunden"_s));
         QVERIFY(!fehlerVon([] { Datenbank::OpenDatabase(QString()); }).isEmpty());
+    }
+
+    /// Whoever asks for the durable connection must not get a scratch one, nor the other way round.
+    void zugriffWieVerlangt_data()
+    {
+        QTest::addColumn<Datenbank::Zugriff>("erster");
+        QTest::addColumn<Datenbank::Zugriff>("zweiter");
+        QTest::newRow("privat gehalten") << Datenbank::Zugriff::Privat << Datenbank::Zugriff::Arbeit;
+        QTest::newRow("zur Arbeit gehalten") << Datenbank::Zugriff::Arbeit << Datenbank::Zugriff::Privat;
+    }
+    void zugriffWieVerlangt()
+    {
+        QFETCH(const Datenbank::Zugriff, erster);
+        QFETCH(const Datenbank::Zugriff, zweiter);
+        const QString pfad = kopie(u"kopie.mdb"_s);
+        std::shared_ptr<Datenbank> gehalten = Datenbank::OpenDatabase(pfad, erster);
+        QCOMPARE(Datenbank::OpenDatabase(pfad, erster), gehalten);
+        const QString text = fehlerVon([&] { Datenbank::OpenDatabase(pfad, zweiter); });
+        QVERIFY2(text.contains(u"'kopie.mdb'"_s) && text.contains(u"schon"_s), qPrintable(text));
+        gehalten.reset();
+        const std::shared_ptr<Datenbank> danach = Datenbank::OpenDatabase(pfad, zweiter);
+        QCOMPARE(zahl(*danach, u"PRAGMA synchronous"_s), zweiter == Datenbank::Zugriff::Arbeit ? 3 : 0);
+    }
+
+    void ersetzteDatei_data()
+    {
+        QTest::addColumn<bool>("umbenannt");
+        QTest::newRow("gelöscht und neu angelegt") << false;
+        QTest::newRow("darüber umbenannt") << true;
+    }
+    void ersetzteDatei()
+    {
+        QFETCH(const bool, umbenannt);
+        const QString pfad = kopie(u"kopie.mdb"_s), neue = kopie(u"neue.mdb"_s);
+        Datenbank::OpenDatabase(neue)->Execute(u"INSERT INTO Daten VALUES ('neu')"_s);
+        const std::shared_ptr<Datenbank> alte = Datenbank::OpenDatabase(pfad);
+        QVERIFY(!alte->ersetzt());
+        const QString lesen = u"SELECT DATUM FROM Daten"_s;
+        QCOMPARE(werte(*alte, lesen), QStringList());
+        if (umbenannt) {
+            QCOMPARE(std::rename(qPrintable(neue), qPrintable(pfad)), 0);
+        } else {
+            QVERIFY(QFile::remove(pfad));
+            QVERIFY(alte->ersetzt());
+            QVERIFY(fehlerVon([&] { Datenbank::OpenDatabase(pfad); }).contains(u"wurde nicht gefunden"_s));
+            QVERIFY(Datenbank::offen(pfad)); // by the file that is gone
+            QVERIFY(QFile::rename(neue, pfad));
+        }
+        QVERIFY(alte->ersetzt());
+        const std::shared_ptr<Datenbank> andere = Datenbank::OpenDatabase(pfad);
+        QVERIFY(andere != alte);
+        QVERIFY(!andere->ersetzt());
+        QCOMPARE(werte(*andere, lesen), QStringList{u"neu"_s});
+        QCOMPARE(Datenbank::OpenDatabase(pfad), andere);
+    }
+
+    void offen()
+    {
+        const QString pfad = kopie(u"kopie.mdb"_s);
+        QVERIFY(!Datenbank::offen(pfad));
+        QVERIFY(!Datenbank::offen(ordner_->pfad(u"fehlt.mdb"_s)));
+        std::shared_ptr<Datenbank> gehalten = Datenbank::OpenDatabase(pfad, Datenbank::Zugriff::Privat);
+        QVERIFY(Datenbank::offen(pfad));
+        QVERIFY(Datenbank::offen(ordner_->pfad() + u"\\Kopie.MDB"_s));
+        QVERIFY(!Datenbank::offen(ordner_->pfad(u"fehlt.mdb"_s)));
+        gehalten.reset();
+        QVERIFY(!Datenbank::offen(pfad));
+        gehalten = Datenbank::CreateDatabase(ordner_->pfad(u"neu.mdb"_s));
+        QVERIFY(Datenbank::offen(ordner_->pfad(u"neu.mdb"_s)));
     }
 
     void anlegen()
@@ -234,6 +305,13 @@ private slots:
     }
 
 private:
+    QString kopie(const QString &name) const
+    {
+        const QString pfad = ordner_->pfad(name);
+        if (!QFile::copy(ordner_->datenbank(), pfad))
+            qFatal("The database cannot be copied.");
+        return pfad;
+    }
     /// All rows with all values, in the order of the first column.
     static QStringList zeilen(Datenbank &db, const QString &tabelle)
     {
