@@ -57,6 +57,7 @@ QString unpassend(const Element &element, Sparte sparte)
         }
         return mit(!element.symbole.empty(), stellen || element.feld ? verlangt(element.feld, {Art::Flags, Art::Code}) : QString());
     }
+    case Muster::Bildoeffner: return mit(element.formular, {});
     case Muster::Bildwahl: return mit(!element.symbole.empty(), verlangt(element.feld, {Art::Flags, Art::Code}));
     case Muster::Farbfeld: {
         const QString fehler = verlangt(element.feld, {Art::Flags, Art::Code});

@@ -7,6 +7,8 @@
 
 #include <span>
 
+struct Bildformular;
+
 /* What a plant window is: tables that the one window frame reads. A Sparte's source holds its tables and nothing else. Field
    kinds, vocabularies and units come from the schema; here stands only where and how a field is shown. */
 
@@ -21,6 +23,7 @@ enum class Muster {
     Symbole,       ///< pictures, each visible exactly when its position or its own field is set
     Symbolfluss,   ///< the same, set ones placed side by side
     Bildwahl,      ///< one picture: that of the first position set
+    Bildoeffner,   ///< a small picture that opens the form of the same picture, see `formular`
     Satz,          ///< boolean: the sentence `leer` shows while it is true
     BotName,       ///< name with the nomenclature as tool tip
     DtName,        ///< German name followed by the German synonyms
@@ -68,6 +71,7 @@ struct Element
     std::span<const Symbol> symbole = {};
     std::span<const QStringView> worte = {};
     const Farbliste *farben = nullptr;
+    const Bildformular *formular = nullptr;
     const char *buntZiel = nullptr;  ///< row whose last swatch this field's last position marks
     const char *panel = nullptr;     ///< Farbfeld, Monate: name of the row's own panel, which vanishes with its caption while nothing is set
     bool nullObergrenze = false;     ///< VonBisMindest: an empty upper bound counts as none, not only "0"

@@ -3,6 +3,7 @@
 #include "Pflanzensatz.h"
 #include "controls/Steuerelemente.h"
 #include "controls/Textkasten.h"
+#include "pictures/Bildform.h"
 #include "store/Nebentabellen.h"
 #include "store/Text.h"
 
@@ -385,6 +386,30 @@ private:
     const Symbol *gezeigt_ = nullptr;
 };
 
+/// A picture that is the same for all records and can be looked at in a form of its own.
+class Bildoeffner : public Anzeigeelement
+{
+public:
+    Bildoeffner(const Element &element, QWidget *eltern) : Anzeigeelement(element), bild_(new Bildfeld(groesse, eltern))
+    {
+        bild_->setObjectName(QString::fromLatin1(element.control));
+        bild_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        bild_->setBild(QString::fromLatin1(element.formular->bild));
+        bild_->setBedienbar();
+        bild_->setToolTip(QStringLiteral("Anklicken um das Bild zu vergrößern"));
+        bild_->setAccessibleName(element.formular->titel.toString());
+        bild_->setAccessibleDescription(bild_->toolTip());
+        QObject::connect(bild_, &Bildfeld::geklickt, bild_, [this] { Bildform::zeigen(*element_.formular, bild_); });
+    }
+
+    QWidget *widget() const override { return bild_; }
+    void zeigen(Pflanzensatz &) override {}
+
+private:
+    static constexpr QSize groesse{132, 96}; // pixels
+    Bildfeld *bild_;
+};
+
 class Bewertungselement : public Anzeigeelement
 {
 public:
@@ -622,6 +647,7 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
     case Muster::Symbole:
     case Muster::Symbolfluss: return std::make_unique<Symbolreihe>(element, umgebung, eltern);
     case Muster::Bildwahl: return std::make_unique<Bildwahl>(element, umgebung, eltern);
+    case Muster::Bildoeffner: return std::make_unique<Bildoeffner>(element, eltern);
     case Muster::Bewertung: return std::make_unique<Bewertungselement>(element, eltern);
     case Muster::Kaestchen: {
         QStringList worte;

@@ -1,5 +1,6 @@
 #include "Fensterprobe.h"
 
+#include "pictures/Bildform.h"
 #include "plantwindows/Elemente.h"
 
 #include <QCheckBox>
@@ -260,6 +261,14 @@ void elementPruefen(Fensterprobe &probe, const Element &e)
             probe.setzen({{QString::fromLatin1(e.symbole[size_t(i)].feld), u"True"_s}});
             QCOMPARE(sichtbare(probe, control), QList<int>{i});
         }
+        return;
+    }
+    case Muster::Bildoeffner: {
+        const QString form = QString::fromLatin1(e.formular->form);
+        QVERIFY(!probe.fenster->findChild<QWidget *>(form));
+        QTest::mouseClick(probe.finde(control), Qt::LeftButton);
+        QVERIFY(probe.finde(form)->isVisible());
+        probe.finde(form)->close();
         return;
     }
     case Muster::Bildwahl: {

@@ -172,6 +172,7 @@ void TestElemente::falscheBeschreibungen_data()
     zeile("words behind a text", {.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS", .anhang = vonGiftig}, "");
     zeile("words of a text behind a text", {.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS", .anhang = vonHk}, "HK");
     zeile("caption without a text", {.muster = Muster::Herkunftsmarke, .control = "lblX", .feld = "Benu_Aenderung", .titel = "Label1"}, "Label1");
+    zeile("picture without a form", {.muster = Muster::Bildoeffner, .control = "lblX"}, "lblX");
     zeile("boxes without words", {.muster = Muster::Kaestchen, .control = "lblX", .feld = "SONNE"}, "lblX");
     zeile("name of the head again", {.muster = Muster::Text, .control = "lblHerkunft", .feld = "DUENG_FS"}, "lblHerkunft");
     QTest::newRow("name twice") << QList<Element>{{.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS"},

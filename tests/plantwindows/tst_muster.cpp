@@ -1,9 +1,14 @@
 #include "Fensterprobe.h"
 
+#include "pictures/Bildform.h"
 #include "plantwindows/Elemente.h"
 #include "plantwindows/Gemeinsam.h"
 
+#include "controls/Bilder.h"
+
 #include <QCheckBox>
+#include <QPointer>
+#include <QScopeGuard>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -21,12 +26,14 @@ constexpr Element kopf[] = {
 class Kleinfenster
 {
 public:
-    Kleinfenster(Sparte sparte, std::span<const Gruppe> gruppen, std::span<const Element> tafel = {})
+    Kleinfenster(Sparte sparte, std::span<const Gruppe> gruppen, std::span<const Element> tafel = {}, const QString &bilderordner = {})
         : reiter_{u"Test", gruppen}, beschreibung_{.sparte = sparte, .kopf = kopf, .tafel = tafel, .reiter = {&reiter_, 1}}
     {
         if (const QString fehler = beschreibungsfehler(beschreibung_); !fehler.isEmpty())
             qFatal("%s", qPrintable(fehler));
         probe = std::make_unique<Fensterprobe>(beschreibung_);
+        if (!bilderordner.isEmpty())
+            bilder::setOrdner(bilderordner);
         const QString tabelle = eintrag(sparte).haupttabelle.toString();
         // One record is enough, and a table without records gets it.
         probe->ordner.db()->Execute(u"DELETE FROM %1"_s.arg(tabelle));
@@ -68,6 +75,7 @@ private slots:
     void ueberschriften();
     void gemeinsamerTitel();
     void eigenesPanel();
+    void bildMitEigenerForm();
 };
 
 namespace {
@@ -389,6 +397,50 @@ void TestMuster::eigenesPanel()
     QVERIFY(!probe.gezeigt(u"Panel3D6"_s));
     QVERIFY(!probe.gezeigt(u"Label23"_s));
     QCOMPARE(gefaerbt(probe, u"lblHfFarbe"_s), QList<int>());
+}
+
+void TestMuster::bildMitEigenerForm()
+{
+    // A drawing of the test's own, twice as wide as high.
+    QTemporaryDir ordner;
+    QVERIFY(QDir(ordner.path()).mkpath(u"bilder"_s));
+    QFile zeichnung(ordner.filePath(u"bilder/probe.svg"_s));
+    QVERIFY(zeichnung.open(QIODevice::WriteOnly));
+    zeichnung.write("<svg xmlns='http://www.w3.org/2000/svg' width='400' height='200'><rect width='400' height='200' fill='#00ff00'/></svg>");
+    zeichnung.close();
+    const QScopeGuard zurueck([vorher = bilder::ordner()] { bilder::setOrdner(vorher); });
+
+    static constexpr Bildformular formular{.form = "frmLebensbereiche", .titel = u"Lebensbereiche Stauden", .control = "picLebensberiche", .bild = "bilder/probe"};
+    static constexpr Element elemente[] = {{.muster = Muster::Bildoeffner, .control = "picLebensraum", .formular = &formular}};
+    static constexpr Gruppe gruppen[] = {{.name = "fraTest", .titel = u"Test", .elemente = elemente}};
+    const Kleinfenster klein(Sparte::Stauden, gruppen, {}, ordner.path());
+    Fensterprobe &probe = *klein.probe;
+    const auto form = [&] { return probe.fenster->findChild<QWidget *>(u"frmLebensbereiche"_s); };
+
+    // By mouse, by key, and both ways out.
+    for (const bool maus : {true, false}) {
+        QVERIFY(!form());
+        if (maus)
+            QTest::mouseClick(probe.finde(u"picLebensraum"_s), Qt::LeftButton);
+        else
+            QTest::keyClick(probe.finde(u"picLebensraum"_s), Qt::Key_Space);
+        const QPointer<QWidget> offen = form();
+        QVERIFY(offen && offen->isVisible() && offen->isWindow());
+        QCOMPARE(offen->windowTitle(), u"Lebensbereiche Stauden"_s);
+        QWidget *bild = offen->findChild<QWidget *>(u"picLebensberiche"_s);
+        QVERIFY(bild);
+        QVERIFY(offen->width() > probe.fenster->width() / 2 && offen->width() <= probe.fenster->width());
+        QVERIFY(qAbs(bild->width() - 2 * bild->height()) <= 2);
+        QCOMPARE(bild->grab().toImage().pixelColor(bild->width() / 2, bild->height() / 2), QColor(0, 255, 0));
+        // Asked for again, there is still one.
+        QTest::mouseClick(probe.finde(u"picLebensraum"_s), Qt::LeftButton);
+        QCOMPARE(form(), offen.data());
+        if (maus)
+            QTest::mouseClick(bild, Qt::LeftButton);
+        else
+            QTest::keyClick(offen, Qt::Key_Escape);
+        QTRY_VERIFY(!offen);
+    }
 }
 
 QTEST_MAIN(TestMuster)
