@@ -20,15 +20,34 @@ QString wort(const char *name)
     return QString::fromLatin1(name);
 }
 
+constexpr const char *derHerkunft = "*.";
+
+/// Column of a Sparte's rows that are taken from `herkunft`.
+const Spalte *spalteVon(Sparte sparte, const char *feld, Sparte herkunft)
+{
+    const QStringView satz = eintrag(sparte).haupttabelle;
+    if (!feld || qstrncmp(feld, derHerkunft, qstrlen(derHerkunft)) != 0)
+        return schema::spalteVon(satz, feld);
+    const QByteArray name(feld + qstrlen(derHerkunft));
+    const QStringView quelle = eintrag(herkunft).haupttabelle;
+    // A query puts the table before a name that both of its sides have.
+    for (const QByteArray &versuch : {quelle.toLatin1() + '_' + name, name})
+        if (const Spalte *spalte = schema::spalteVon(satz, versuch.constData()); spalte && schema::kommtAus(satz, QString::fromLatin1(versuch), quelle))
+            return spalte;
+    return nullptr;
+}
+
 /// What keeps a pattern from showing its columns; empty when they fit.
 QString unpassend(const Element &element, Sparte sparte)
 {
     const auto verlangt = [&](const char *feld, std::initializer_list<Art> arten) {
-        const Spalte *spalte = spalteVon(sparte, feld);
-        if (!spalte)
-            return QStringLiteral("%1: kein Feld %2").arg(wort(element.control), wort(feld));
-        if (std::ranges::find(arten, spalte->art) == arten.end())
-            return QStringLiteral("%1 kann %2 nicht zeigen").arg(wort(element.control), wort(feld));
+        for (const Sparte herkunft : herkuenfte(eintrag(sparte))) {
+            const Spalte *spalte = spalteVon(sparte, feld, herkunft);
+            if (!spalte)
+                return QStringLiteral("%1: kein Feld %2").arg(wort(element.control), wort(feld));
+            if (std::ranges::find(arten, spalte->art) == arten.end())
+                return QStringLiteral("%1 kann %2 nicht zeigen").arg(wort(element.control), wort(feld));
+        }
         return QString();
     };
     const auto mit = [&](bool vorhanden, const QString &fehler) {
@@ -37,9 +56,12 @@ QString unpassend(const Element &element, Sparte sparte)
     switch (element.muster) {
     case Muster::Text:
         return verlangt(element.feld, {Art::Name, Art::Text, Art::Memo, Art::Code, Art::Zahl, Art::Bewertung});
+    case Muster::BotName:
+        if (const QString fehler = element.feld2 ? verlangt(element.feld2, {Art::Quelle}) : QString(); !fehler.isEmpty())
+            return fehler;
+        [[fallthrough]];
     case Muster::DtName:
-    case Muster::Synonyme:
-    case Muster::BotName: return verlangt(element.feld, {Art::Name, Art::Text, Art::Memo, Art::Code, Art::Zahl});
+    case Muster::Synonyme: return verlangt(element.feld, {Art::Name, Art::Text, Art::Memo, Art::Code, Art::Zahl});
     case Muster::Benutzertext: return verlangt(element.feld, {Art::Memo});
     case Muster::Liste: {
         const QString fehler = verlangt(element.feld, {Art::Flags, Art::Code});
@@ -84,7 +106,7 @@ QString unpassend(const Element &element, Sparte sparte)
 
 const Spalte *spalteVon(Sparte sparte, const char *feld)
 {
-    return schema::spalteVon(eintrag(sparte).haupttabelle, feld);
+    return spalteVon(sparte, feld, herkuenfte(eintrag(sparte)).first());
 }
 
 const Fensterbeschreibung *fensterbeschreibung(Sparte sparte)
@@ -134,6 +156,8 @@ QString beschreibungsfehler(const Fensterbeschreibung &beschreibung)
         for (const Gruppe &gruppe : reiter.gruppen) {
             alle(gruppe.elemente);
             eintragen(rahmen, gruppe.name);
+            if (gruppe.herkunft && !herkuenfte(eintrag(beschreibung.sparte)).contains(*gruppe.herkunft))
+                melden(QStringLiteral("%1: keine Zeile kommt von dort").arg(wort(gruppe.name)));
             if (gruppe.titelname)
                 eintragen(rahmen, gruppe.titelname);
             if (gruppe.ueberschrift && gruppe.ueberschrift != vorige)

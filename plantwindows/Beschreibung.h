@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <span>
 
 struct Bildformular;
@@ -25,7 +26,7 @@ enum class Muster {
     Bildwahl,      ///< one picture: that of the first position set
     Bildoeffner,   ///< a small picture that opens the form of the same picture, see `formular`
     Satz,          ///< boolean: the sentence `leer` shows while it is true
-    BotName,       ///< name with the nomenclature as tool tip
+    BotName,       ///< name; botanical with a `feld2`, the letter of its source, and the nomenclature as tool tip
     DtName,        ///< German name followed by the German synonyms
     Familie,       ///< family name of a family number
     Synonyme,      ///< botanical synonyms
@@ -58,7 +59,7 @@ struct Element
 {
     Muster muster;
     const char *control; ///< objectName, or its stem for an array
-    const char *feld = nullptr;
+    const char *feld = nullptr;      ///< "*.NAME" is the column NAME of the Sparte that the row is taken from
     const char *feld2 = nullptr;
     QStringView titeltext = {};      ///< caption; it vanishes with an empty control
     const char *titel = nullptr;     ///< objectName of the caption label, which rows of a group may share; without a text the field's
@@ -103,6 +104,7 @@ struct Gruppe
     Gruppenregel regel = Gruppenregel::Immer;
     const char *regelfeld = nullptr;
     std::span<const char *const> regelcontrols = {};
+    std::optional<Sparte> herkunft = {}; ///< shown only for rows taken from this Sparte; while the origin is unknown it stays as it is
     bool wachsend = false; ///< takes the height that is left on the page
     bool loeschtHinweis = false; ///< the mouse over it empties the hint in the status bar
 };
@@ -122,7 +124,7 @@ struct Fensterbeschreibung
     std::span<const Reiter> reiter;
 };
 
-/// Column of a Sparte's rows; null when there is none.
+/// Column of a Sparte's rows, of "*.NAME" that of the first origin; null when there is none.
 const Spalte *spalteVon(Sparte sparte, const char *feld);
 /// Description of a Sparte's window; null while there is none.
 const Fensterbeschreibung *fensterbeschreibung(Sparte sparte);

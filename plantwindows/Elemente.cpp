@@ -136,13 +136,12 @@ private:
 class Namenselement : public Textelement
 {
 public:
-    Namenselement(const Element &element, QWidget *eltern, QStringView buchstaben, Macher macher)
-        : Textelement(element, eltern, std::move(macher)), buchstaben_(buchstaben)
+    Namenselement(const Element &element, QWidget *eltern, Macher macher) : Textelement(element, eltern, std::move(macher))
     {
         Namenselement::schriftgroesse(schild()->font().pointSizeF());
         QFont schrift = schild()->font();
         // Botanical names stand in italics, names of varieties do not.
-        schrift.setItalic(!buchstaben.isEmpty());
+        schrift.setItalic(element.feld2);
         schrift.setBold(true);
         schild()->setFont(schrift);
     }
@@ -150,7 +149,9 @@ public:
     void zeigen(Pflanzensatz &satz) override
     {
         Textelement::zeigen(satz);
-        schild()->setToolTip(buchstaben_.isEmpty() ? QString() : nomenklatur(satz.Auslesen(QStringLiteral("Quelle")), buchstaben_));
+        const std::optional<Sparte> herkunft = satz.herkunft();
+        schild()->setToolTip(element_.feld2 && herkunft
+                                 ? nomenklatur(satz.Auslesen(feldname(element_.feld2)), eintrag(*herkunft).quellenBuchstaben) : QString());
     }
 
     void schriftgroesse(double punkt) override
@@ -159,9 +160,6 @@ public:
         schrift.setPointSizeF(punkt * 1.7);
         schild()->setFont(schrift);
     }
-
-private:
-    QStringView buchstaben_;
 };
 
 /// Row of colour cells: months or swatches.
@@ -635,7 +633,7 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
         return text([](const Element &e, Pflanzensatz &satz) {
             return istWahr(satz.Auslesen(feldname(e.feld))) ? e.leer.toString() : QString();
         });
-    case Muster::BotName: return std::make_unique<Namenselement>(element, eltern, eintrag(umgebung.fenster.sparte).quellenBuchstaben, einText);
+    case Muster::BotName: return std::make_unique<Namenselement>(element, eltern, einText);
     case Muster::DtName:
     case Muster::Synonyme: return text(namenMitSynonymen);
     case Muster::Familie:

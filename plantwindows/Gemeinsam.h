@@ -23,7 +23,7 @@ inline constexpr Element eigenschaften[] = {
     {.muster = Muster::Benutzereigen, .control = "sschkBenutzer", .feld = "benu_eigen"},
 };
 inline constexpr Element ausbildung[] = {
-    {.muster = Muster::Ausbildung, .control = "lblAusbildung", .feld = "Ausbildung"},
+    {.muster = Muster::Ausbildung, .control = "lblAusbildung", .feld = "*.Ausbildung"},
 };
 /// The tab "Benutzer / Ausbildung".
 inline constexpr Gruppe benutzer[] = {

@@ -171,6 +171,21 @@ void Pflanzenfenster::darstellen()
     bilderZeigen();
     AnzeigeAnzahl();
     zentrale_.pflanzeGewechselt(sparte(), Fensternummer);
+    if (satz_.artnr() && !satz_.herkunft())
+        herkunftMelden();
+}
+
+void Pflanzenfenster::herkunftMelden()
+{
+    if (std::exchange(meldet_, true))
+        return;
+    // A box runs events, and whoever shows a record has more to do.
+    QMetaObject::invokeMethod(this, [this] {
+        const QPointer<Pflanzenfenster> ich(this);
+        QMessageBox::warning(this, programmtitel.toString(), QStringLiteral("Unbekannte Datenbank!"));
+        if (ich)
+            meldet_ = false;
+    }, Qt::QueuedConnection);
 }
 
 void Pflanzenfenster::benutzerfelderZeigen()
@@ -214,7 +229,10 @@ void Pflanzenfenster::titelPruefen()
 void Pflanzenfenster::gruppenPruefen()
 {
     const auto leer = [](const Anzeigeelement *element) { return element->leer(); };
+    const std::optional<Sparte> herkunft = satz_.herkunft();
     for (const Rahmen &rahmen : rahmen_) {
+        if (rahmen.gruppe->herkunft && !herkunft)
+            continue;
         bool sichtbar = true;
         switch (rahmen.gruppe->regel) {
         case Gruppenregel::Immer: break;
@@ -231,6 +249,7 @@ void Pflanzenfenster::gruppenPruefen()
             break;
         }
         }
+        sichtbar = sichtbar && (!rahmen.gruppe->herkunft || rahmen.gruppe->herkunft == herkunft);
         rahmen.rahmen->setVisible(sichtbar);
         if (rahmen.titel)
             rahmen.titel->setVisible(sichtbar);
@@ -527,6 +546,7 @@ void Pflanzenfenster::aufraeumen()
 {
     geschlossen_ = true;
     eigeneNummer();
+    const SpartenEintrag &zeile = eintrag(sparte());
     const bool dialogOffen = filter_ && !filter_->isHidden();
     if (filter_)
         filter_->cmdRuecksetzen_Click();
@@ -540,5 +560,5 @@ void Pflanzenfenster::aufraeumen()
     if (hatKopie_)
         QFile::remove(systemPfad(satz_.tempPfad(Fensternummer)));
     if (!FilterEin)
-        QFile::remove(systemPfad(parkdatei()));
+        QFile::remove(systemPfad(laufdatei(zeile.tempFilter, zeile.filterEndung)));
 }

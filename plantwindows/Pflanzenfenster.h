@@ -109,6 +109,8 @@ private:
     void elementSetzen(const Element &element, QGridLayout &raster, QWidget *eltern, const QString &gruppe = {});
     void groesseAnpassen();
     void knoepfeVerbinden();
+    /// Says once, when the events in hand are done, that the record's origin is none that is known.
+    void herkunftMelden();
     void titelPruefen();
     void gruppenPruefen();
     void aktivMelden();
@@ -138,7 +140,10 @@ private:
     void drucken();
     void bilderZeigen();
     void bildAngeklickt(int index);
+    /// Where the filter is kept while it is switched off.
     QString parkdatei() const;
+    /// A file of this window in the run's folder.
+    QString laufdatei(QStringView anfang, QStringView endung) const;
 
     /// Opens a new copy of the working database or, where none can be made, that one itself; then the failure comes back. No plant
     /// is in the set yet. Throws when neither can be opened: the window has no data.
@@ -224,5 +229,6 @@ private:
     qint64 gezeigt_ = 0; ///< number of the record last shown: the user's fields belong to it
     QString gezeigterName_;
     bool hatKopie_ = false, geschlossen_ = false;
+    bool meldet_ = false; ///< a box tells of an unknown origin
     QPointer<QWidget> fokusVorher_; ///< had the focus when the filter dialog opened
 };

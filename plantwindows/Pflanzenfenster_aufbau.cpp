@@ -421,6 +421,7 @@ Karte *Pflanzenfenster::gruppeBauen(const Gruppe &gruppe, QWidget *eltern)
         }));
         aussen->addWidget(cmdNamen, 0, Qt::AlignLeft);
     }
+    rahmen->setHidden(gruppe.herkunft.has_value()); // until a record of it is shown
     // A card that is higher than its content keeps it at the top.
     if (!rahmen->hatKasten())
         aussen->addStretch(1);

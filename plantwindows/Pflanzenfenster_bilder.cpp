@@ -15,8 +15,9 @@ void Pflanzenfenster::bilderZeigen()
         stbAnzeige_[2]->setText(medium.hinweis);
     lblArtNr_->setForegroundRole(medium.unbekannt ? QPalette::Link : QPalette::WindowText);
     std::vector<Bildeintrag> bilder;
-    if (const std::optional<Bildzeile> zeile = satz_.artnr() ? satz_.bilder() : std::nullopt)
-        bilder = streifenbilder(programm_, *zeile, bildordner(sparte(), satz_.artnr()));
+    const std::optional<Sparte> herkunft = satz_.herkunft();
+    if (const std::optional<Bildzeile> zeile = herkunft ? satz_.bilder() : std::nullopt)
+        bilder = streifenbilder(programm_, *zeile, eintrag(*herkunft).bildordner.toString());
     fraBilder_->zeigen(bilder, programm_.ProgrammPfad + QStringLiteral("\\icons\\keinbild.gif"));
     BilderAnzahl = fraBilder_->anzahl();
 }

@@ -53,7 +53,12 @@ Filterdialog *Pflanzenfenster::filterdialog()
 QString Pflanzenfenster::parkdatei() const
 {
     const SpartenEintrag &zeile = eintrag(sparte());
-    return QStringLiteral("%1%2%3%4").arg(programm_.laufordner(), zeile.tempFilter).arg(Fensternummer).arg(zeile.filterEndung);
+    return zeile.parkFilter.isEmpty() ? laufdatei(zeile.tempFilter, zeile.filterEndung) : laufdatei(zeile.parkFilter, zeile.parkEndung);
+}
+
+QString Pflanzenfenster::laufdatei(QStringView anfang, QStringView endung) const
+{
+    return QStringLiteral("%1%2%3%4").arg(programm_.laufordner(), anfang).arg(Fensternummer).arg(endung);
 }
 
 void Pflanzenfenster::filterInKraft()

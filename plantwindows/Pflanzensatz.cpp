@@ -107,14 +107,36 @@ qint64 Pflanzensatz::artnr()
     return offen() && haupt().AbsolutePosition() >= 0 ? haupt().Schluessel() : 0;
 }
 
+std::optional<Sparte> Pflanzensatz::herkunft()
+{
+    if (!offen() || haupt().AbsolutePosition() < 0)
+        return std::nullopt;
+    return ::herkunft(sparte_, sparte_.herkunftsfeld ? haupt().Fields(QString::fromLatin1(sparte_.herkunftsfeld)).Text() : QString());
+}
+
+QString Pflanzensatz::spaltenname(const QString &feld)
+{
+    constexpr QStringView derHerkunft = u"*";
+    if (!feld.startsWith(derHerkunft))
+        return feld;
+    const std::optional<Sparte> quelle = herkunft();
+    return quelle ? QStringLiteral("%1%2").arg(eintrag(*quelle).haupttabelle, feld.mid(derHerkunft.size())) : QString();
+}
+
 QString Pflanzensatz::Auslesen(const QString &feld)
 {
-    return offen() && haupt().AbsolutePosition() >= 0 ? haupt().Fields(feld).Text() : QString();
+    if (!offen() || haupt().AbsolutePosition() < 0)
+        return {};
+    const QString name = spaltenname(feld);
+    return name.isEmpty() ? QString() : haupt().Fields(name).Text();
 }
 
 bool Pflanzensatz::istNull(const QString &feld)
 {
-    return !offen() || haupt().AbsolutePosition() < 0 || haupt().Fields(feld).IsNull();
+    if (!offen() || haupt().AbsolutePosition() < 0)
+        return true;
+    const QString name = spaltenname(feld);
+    return name.isEmpty() || haupt().Fields(name).IsNull();
 }
 
 Recordset &Pflanzensatz::arbeitssatz(qint64 artnr)
@@ -127,15 +149,17 @@ Recordset &Pflanzensatz::arbeitssatz(qint64 artnr)
 
 std::optional<QString> Pflanzensatz::ausArbeit(const QString &feld)
 {
+    const QString name = spaltenname(feld);
     Recordset &satz = arbeitssatz(artnr());
-    if (satz.Eof() || satz.Fields(feld).IsNull())
+    if (name.isEmpty() || satz.Eof() || satz.Fields(name).IsNull())
         return std::nullopt;
-    return satz.Fields(feld).Text();
+    return satz.Fields(name).Text();
 }
 
 QStringList Pflanzensatz::synonyme(bool deutsch)
 {
-    return arbeit_ ? ::synonyme(arbeit_, sparte_, artnr(), deutsch) : QStringList();
+    const std::optional<Sparte> quelle = herkunft();
+    return arbeit_ && quelle ? ::synonyme(arbeit_, eintrag(*quelle), artnr(), deutsch) : QStringList();
 }
 
 std::optional<Bildzeile> Pflanzensatz::bilder()

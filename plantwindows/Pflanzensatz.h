@@ -37,7 +37,12 @@ public:
     void sortieren(const QString &feld);
 
     Recordset &haupt() { return datHaupt_.recordset(); }
-    /// Text of a field of the current record; empty for a null and while there is no record. Throws for an unknown field.
+    /// The Sparte that the current record is taken from; nothing for an unknown one and while there is no record.
+    std::optional<Sparte> herkunft();
+    /// Name of a field; "*.NAME" is the column NAME of the current record's origin, without a name where that is unknown.
+    QString spaltenname(const QString &feld);
+    /// Text of a field of the current record; empty for a null and while there is no record or the field has no name. Throws for an
+    /// unknown field.
     QString Auslesen(const QString &feld);
     /// The same from the working database, asked again by ARTNR; nothing for a null or a record that is not there.
     std::optional<QString> ausArbeit(const QString &feld);

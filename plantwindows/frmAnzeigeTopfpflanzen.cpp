@@ -7,7 +7,7 @@
 namespace {
 
 constexpr Element kopf[] = {
-    {.muster = Muster::BotName, .control = "lblBotName", .feld = "BOT_NAME"},
+    {.muster = Muster::BotName, .control = "lblBotName", .feld = "BOT_NAME", .feld2 = "*.Quelle"},
     {.muster = Muster::DtName, .control = "lblDtName", .feld = "DTNAM", .titeltext = u"Deutscher Name:"},
     {.muster = Muster::Familie, .control = "lblFamilie", .feld = "FAMILIE", .titeltext = u"Familie:", .titel = "Label2"},
     {.muster = Muster::Synonyme, .control = "lblSynonyme", .feld = "BOT_NAME", .titeltext = u"Synonyme:", .titel = "LabelSyn"},

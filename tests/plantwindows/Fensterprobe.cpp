@@ -65,7 +65,7 @@ void Fensterprobe::setzen(const Werte &werte)
     Recordset &satz = fenster->satz().haupt();
     satz.Edit();
     for (auto i = werte.cbegin(); i != werte.cend(); ++i)
-        satz.Fields(i.key()).setValue(i.value());
+        satz.Fields(fenster->satz().spaltenname(i.key())).setValue(i.value());
     satz.Update();
     fenster->darstellen();
 }

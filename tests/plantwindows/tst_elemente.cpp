@@ -173,6 +173,10 @@ void TestElemente::falscheBeschreibungen_data()
     zeile("words of a text behind a text", {.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS", .anhang = vonHk}, "HK");
     zeile("caption without a text", {.muster = Muster::Herkunftsmarke, .control = "lblX", .feld = "Benu_Aenderung", .titel = "Label1"}, "Label1");
     zeile("picture without a form", {.muster = Muster::Bildoeffner, .control = "lblX"}, "lblX");
+    zeile("name with a source", {.muster = Muster::BotName, .control = "lblX", .feld = "BOT_NAME", .feld2 = "*.Quelle"}, "");
+    zeile("name with a source that is none", {.muster = Muster::BotName, .control = "lblX", .feld = "BOT_NAME", .feld2 = "HK"}, "HK");
+    zeile("field of the origin that is not there", {.muster = Muster::Text, .control = "lblX", .feld = "*.DUENG"}, "*.DUENG");
+    QTest::newRow("group of an origin that no row has") << QList<Element>{} << "fraHerkunft" << "fraHerkunft";
     zeile("boxes without words", {.muster = Muster::Kaestchen, .control = "lblX", .feld = "SONNE"}, "lblX");
     zeile("name of the head again", {.muster = Muster::Text, .control = "lblHerkunft", .feld = "DUENG_FS"}, "lblHerkunft");
     QTest::newRow("name twice") << QList<Element>{{.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS"},
@@ -203,6 +207,8 @@ void TestElemente::falscheBeschreibungen()
         gruppen[0].regel = Gruppenregel::Controls;
         gruppen[0].regelcontrols = regelcontrols;
     }
+    if (rahmen == u"fraHerkunft")
+        gruppen[0].herkunft = Sparte::Stauden;
     const Reiter reiter[] = {{u"Test", gruppen}};
     const QString fehler = beschreibungsfehler({.sparte = Sparte::Topf, .kopf = richtig, .tafel = {}, .reiter = reiter});
     QVERIFY2(teil.isEmpty() ? fehler.isEmpty() : fehler.contains(teil), qPrintable(u"'%1' should name '%2'"_s.arg(fehler, teil)));

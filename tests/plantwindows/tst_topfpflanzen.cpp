@@ -21,7 +21,7 @@ struct Zeile
 
 /// Fields, controls and named caption labels that this window must have.
 constexpr Zeile zeilen[] = {
-    {"BOT_NAME", nullptr, "lblBotName", nullptr},
+    {"BOT_NAME", "*.Quelle", "lblBotName", nullptr},
     {"DTNAM", nullptr, "lblDtName", nullptr},
     {"FAMILIE", nullptr, "lblFamilie", "Label2"},
     {"BOT_NAME", nullptr, "lblSynonyme", "LabelSyn"},
@@ -56,7 +56,7 @@ constexpr Zeile zeilen[] = {
     {"bewertung", nullptr, "picBewertung", nullptr},
     {"benu_bemerkung", nullptr, "txtEigeneBemerkung", nullptr},
     {"benu_eigen", nullptr, "sschkBenutzer", nullptr},
-    {"Ausbildung", nullptr, "lblAusbildung", nullptr},
+    {"*.Ausbildung", nullptr, "lblAusbildung", nullptr},
     {"Benu_Aenderung", nullptr, "imgBenuAenderung", nullptr},
 };
 
