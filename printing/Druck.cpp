@@ -220,6 +220,8 @@ bool Druck::DruckAktuellePflanze()
     const std::vector<Spalte> &spalten = schema::spaltenVon(sparte_.haupttabelle);
     if (auftrag_.pflanzen && auftrag_.pflanzen->AbsolutePosition() >= 0) {
         fussname_ = wert("BOT_NAME");
+        herkunft_ = herkunft(sparte_, sparte_.herkunftsfeld ? wert(sparte_.herkunftsfeld) : QString());
+        worte_.herkunft = herkunft_ ? &eintrag(*herkunft_) : nullptr;
         for (const short code : beschreibung_->liste->folge) {
             if (drucker_.genug())
                 break;
@@ -244,21 +246,24 @@ const Druckausnahme *Druck::ausnahme(const Spalte &spalte) const
     return nullptr;
 }
 
+QStringList Druck::synonymeDerPflanze(bool deutsch)
+{
+    return herkunft_ ? synonyme(auftrag_.arbeit, eintrag(*herkunft_), auftrag_.pflanzen->Schluessel(), deutsch) : QStringList();
+}
+
 void Druck::feld(const Spalte &spalte)
 {
     const QString roh = wert(spalte.name);
-    if (roh.isEmpty())
+    if (roh.isEmpty() || !giltFuer(sparte_, spalte, herkunft_))
         return;
     const QString text = DruckFeld(worte_, spalte, roh), label = spalte.druckname.toString();
     if (const Druckausnahme *besonders = ausnahme(spalte)) {
         switch (besonders->art) {
         case Druckart::Titel: titel(text); return;
-        case Druckart::MitSynonymen: {
-            const qint64 artnr = auftrag_.pflanzen->Schluessel();
-            blatteintrag(label, mitSynonymen(text, synonyme(auftrag_.arbeit, sparte_, artnr, true)));
-            blatteintrag(besonders->label.toString(), mitSynonymen({}, synonyme(auftrag_.arbeit, sparte_, artnr, false)));
+        case Druckart::MitSynonymen:
+            blatteintrag(label, mitSynonymen(text, synonymeDerPflanze(true)));
+            blatteintrag(besonders->label.toString(), mitSynonymen({}, synonymeDerPflanze(false)));
             return;
-        }
         case Druckart::Bereich: {
             const bool obere = qstricmp(besonders->feld2, spalte.name) == 0;
             const QString andere = wert(obere ? besonders->feld : besonders->feld2);

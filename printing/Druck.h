@@ -71,6 +71,7 @@ private:
     void blatteintrag(const QString &label, const QString &text);
     const Druckausnahme *ausnahme(const Spalte &spalte) const;
     QString wert(const char *spalte);
+    QStringList synonymeDerPflanze(bool deutsch);
 
     void listenzeile(const QString &text, bool fett);
     void kriterium(const QString &label, const QString &worte);
@@ -82,6 +83,7 @@ private:
     const SpartenEintrag &sparte_;
     const Druckbeschreibung *beschreibung_;
     Wortquelle worte_;
+    std::optional<Sparte> herkunft_; ///< of the plant on the sheet; nothing: unknown
     QStringList gekuerzt_;
     QString fussname_;           ///< plant that the foot names
     int listenZaehler_ = 0;      ///< lines of plants on the page; the criteria above them do not count

@@ -3,6 +3,15 @@
 #include "store/Nebentabellen.h"
 #include "store/Text.h"
 
+#include <algorithm>
+
+bool giltFuer(const SpartenEintrag &sparte, const Spalte &spalte, std::optional<Sparte> herkunft)
+{
+    return std::ranges::none_of(herkuenfte(sparte), [&](Sparte andere) {
+        return andere != herkunft && schema::kommtAus(sparte.haupttabelle, QString::fromLatin1(spalte.name), eintrag(andere).haupttabelle);
+    });
+}
+
 QString DruckFeld(const Wortquelle &quelle, const Spalte &spalte, const QString &wert)
 {
     switch (spalte.art) {
@@ -25,7 +34,7 @@ QString DruckFeld(const Wortquelle &quelle, const Spalte &spalte, const QString 
     case Art::Wahrheit: return istWahr(wert) ? spalte.satz.toString() : QString();
     case Art::Familie: return quelle.arbeit ? familienname(quelle.arbeit, wert) : QString();
     case Art::Quelle: {
-        const QStringView werk = nomenklaturwerk(wert, quelle.sparte.quellenBuchstaben);
+        const QStringView werk = nomenklaturwerk(wert, (quelle.herkunft ? *quelle.herkunft : quelle.sparte).quellenBuchstaben);
         return werk.isEmpty() ? QString() : QStringLiteral("Botanischer Name laut '%1'").arg(werk);
     }
     case Art::Bewertung:

@@ -150,6 +150,37 @@ private slots:
         QCOMPARE(DruckFeld({programm_, eintrag(Sparte::Topf)}, *familie, u"1"_s), QString());
     }
 
+    /// A sheet has the columns of its plant's origin and those of the collection itself, and letters mean what they mean there.
+    void herkunftDerZeile()
+    {
+        const SpartenEintrag &friedhof = eintrag(Sparte::Friedhof), &gehoelze = eintrag(Sparte::Gehoelze), &stauden = eintrag(Sparte::Stauden);
+        int eigene = 0, vonStauden = 0, vonGehoelzen = 0;
+        for (const Spalte &spalte : schema::spaltenVon(friedhof.haupttabelle)) {
+            const bool unbekannt = giltFuer(friedhof, spalte, {});
+            eigene += unbekannt;
+            vonStauden += giltFuer(friedhof, spalte, Sparte::Stauden) && !unbekannt;
+            vonGehoelzen += giltFuer(friedhof, spalte, Sparte::Gehoelze) && !unbekannt;
+            if (QLatin1String(spalte.name) == u"stauden_Quelle") {
+                QVERIFY(giltFuer(friedhof, spalte, Sparte::Stauden) && !giltFuer(friedhof, spalte, Sparte::Gehoelze));
+                QCOMPARE(DruckFeld({programm_, friedhof, arbeit_, &stauden}, spalte, u"g"_s), QString());
+                QCOMPARE(DruckFeld({programm_, friedhof, arbeit_, &gehoelze}, spalte, u"g"_s), u"Botanischer Name laut 'Namenliste Gehölze'"_s);
+                QCOMPARE(DruckFeld({programm_, friedhof, arbeit_}, spalte, u"z"_s), QString());
+            }
+        }
+        int gesamt = 0, ausStauden = 0, ausGehoelzen = 0;
+        for (const Abfragespalte &spalte : schema::abfrageFriedhof()) {
+            ++gesamt;
+            ausStauden += spalte.quelle == QByteArray("Stauden");
+            ausGehoelzen += spalte.quelle == QByteArray("Gehoelze");
+        }
+        QVERIFY(ausStauden > 0 && ausGehoelzen > 0);
+        QCOMPARE(vonStauden, ausStauden);
+        QCOMPARE(vonGehoelzen, ausGehoelzen);
+        QCOMPARE(eigene, gesamt - ausStauden - ausGehoelzen);
+        for (const Spalte &spalte : schema::spaltenVon(eintrag(Sparte::Topf).haupttabelle))
+            QVERIFY(giltFuer(eintrag(Sparte::Topf), spalte, Sparte::Topf));
+    }
+
     void leereNamen_data()
     {
         QTest::addColumn<QString>("wert");
