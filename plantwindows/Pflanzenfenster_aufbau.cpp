@@ -387,13 +387,17 @@ Karte *Pflanzenfenster::gruppeBauen(const Gruppe &gruppe, QWidget *eltern)
     if (!gruppe.titel.isEmpty()) {
         titel = new QLabel(gruppe.titel.toString(), rahmen);
         titel->setObjectName(QString::fromLatin1(gruppe.titelname));
-        titel->setProperty("gruppentitel", true);
+        titel->setProperty("gruppentitel", !gruppe.ueberschrift);
         aussen->addWidget(titel);
     }
-    // Below a heading it is a part of the heading's card.
+    // Below a heading it is a part of the heading's card, and its title is less than the heading.
     if (gruppe.ueberschrift) {
         rahmen->setProperty("karte", false);
         aussen->setContentsMargins(0, 0, 0, 0);
+        QFont schrift = font();
+        schrift.setBold(true);
+        if (titel)
+            titel->setFont(schrift);
     }
     auto *raster = new QGridLayout;
     raster->setVerticalSpacing(zeilenluft);
