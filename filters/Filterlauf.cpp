@@ -70,22 +70,32 @@ Laufergebnis filterLauf(Datenbank &kopie, Datenbank &arbeit, const Filterbeschre
     const Teilzustand *teil = nullptr;
     if (aktivesKriterium(beschreibung, zustand, Pruefung::Familie, &teil))
         umgebung.familie = familiennummer(arbeit, teil->text);
-    if (const Kriterium *k = aktivesKriterium(beschreibung, zustand, Pruefung::SynonymBotanisch, &teil))
-        umgebung.botanisch = fuerFeld(*k, [&] { return synonyme(arbeit.shared_from_this(), sparte.synonymBotanisch, teil->text); });
-    if (const Kriterium *k = aktivesKriterium(beschreibung, zustand, Pruefung::SynonymDeutsch, &teil))
-        umgebung.deutsch = fuerFeld(*k, [&] { return synonyme(arbeit.shared_from_this(), sparte.synonymDeutsch, teil->text); });
+    for (const bool andere : {false, true}) {
+        if (andere && !beschreibung.herkunftsfeld)
+            break;
+        const SpartenEintrag &quelle = beschreibung.herkunftsfeld ? eintrag(beschreibung.quellen[andere]) : sparte;
+        if (const Kriterium *k = aktivesKriterium(beschreibung, zustand, Pruefung::SynonymBotanisch, &teil))
+            (andere ? umgebung.andereBotanisch : umgebung.botanisch) =
+                fuerFeld(*k, [&] { return synonyme(arbeit.shared_from_this(), quelle.synonymBotanisch, teil->text); });
+        if (const Kriterium *k = aktivesKriterium(beschreibung, zustand, Pruefung::SynonymDeutsch, &teil))
+            (andere ? umgebung.andereDeutsch : umgebung.deutsch) =
+                fuerFeld(*k, [&] { return synonyme(arbeit.shared_from_this(), quelle.synonymDeutsch, teil->text); });
+    }
     if (aktivesKriterium(beschreibung, zustand, Pruefung::Bild, &teil))
         umgebung.mitBild = plaetzeMitBild(kopie, arbeit, sparte);
 
     const Filterpruefung pruefung(beschreibung, zustand, std::move(umgebung));
     Laufergebnis ergebnis;
+    std::vector<qint64> weg;
     kopie.loescheAusser(sparte.haupttabelle.toString(), pruefung.felder(), [&](qint64 nummer, std::span<const std::string_view> werte) {
-        ++ergebnis.gesamt;
-        if (!pruefung.passt(nummer, werte))
-            return false;
-        ergebnis.uebrig.push_back(nummer);
-        return true;
+        const bool bleibt = pruefung.passt(nummer, werte);
+        (bleibt ? ergebnis.uebrig : weg).push_back(nummer);
+        return bleibt;
     });
     std::ranges::sort(ergebnis.uebrig);
+    // A query asks once more about each row that it is about to delete.
+    std::ranges::sort(weg);
+    weg.erase(std::ranges::unique(weg).begin(), weg.end());
+    ergebnis.gesamt = qsizetype(ergebnis.uebrig.size() + weg.size());
     return ergebnis;
 }

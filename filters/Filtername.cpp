@@ -45,6 +45,7 @@ QString worte(const Kriterium &k, const Kriteriumzustand &z, const Elementwort &
     case Pruefung::AlleWahr:
     case Pruefung::EinsWahr:
     case Pruefung::Flags:
+    case Pruefung::FlagsNachWort:
     case Pruefung::FlagsOderWahr: {
         const QStringList alle = gewaehlteWorte(k, k.a, z.a, wort) + gewaehlteWorte(k, k.b, z.b, wort);
         return alle.join(u'+');

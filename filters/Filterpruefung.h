@@ -2,9 +2,11 @@
 
 #include "Filterzustand.h"
 
+#include <QByteArray>
 #include <QHash>
 #include <QSet>
 
+#include <array>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -21,6 +23,7 @@ struct Filterumgebung
     QString familie;            ///< number of the chosen family; empty for an unknown name
     QSet<qint64> mitBild;       ///< record numbers whose picture row names a picture
     Synonyme botanisch, deutsch;
+    Synonyme andereBotanisch = {}, andereDeutsch = {}; ///< of the other origin
 };
 
 class Filterpruefung
@@ -28,6 +31,7 @@ class Filterpruefung
 public:
     /// Decides which criteria are active; throws where a height box is no number.
     Filterpruefung(const Filterbeschreibung &beschreibung, const Filterzustand &zustand, Filterumgebung umgebung);
+    Filterpruefung(const Filterpruefung &) = delete;
 
     /// Names of the fields that the active criteria need, in the order in which `passt` takes them.
     const QStringList &felder() const { return felder_; }
@@ -39,6 +43,7 @@ private:
     struct Probe
     {
         const Kriterium *kriterium = nullptr;
+        Frage frage;
         int feld = -1, feld2 = -1;      ///< places in `werte`
         Positionen gewaehlt;            ///< positions of the selected items
         Kodierung kodierung;            ///< how the field writes its positions
@@ -50,14 +55,18 @@ private:
         std::vector<int> wahre;         ///< AlleWahr, EinsWahr: places of the selected booleans
         QStringList nadeln;             ///< WortImText: upper case
         int schwelle = 0;
+        const Filterumgebung::Synonyme *synonyme = nullptr;
     };
 
-    int feldstelle(const char *feld);
+    Probe probeFuer(const Filterbeschreibung &beschreibung, const Kriterium &kriterium, const Kriteriumzustand &zustand, const Frage &frage, bool andere);
+    int feldstelle(const Filterbeschreibung &beschreibung, const char *feld);
     bool probePasst(const Probe &probe, qint64 artnr, std::span<const std::string_view> werte) const;
     bool bereichPasst(const Probe &probe, qint64 artnr, std::span<const std::string_view> werte) const;
-    bool synonymPasst(const Probe &probe, qint64 artnr, const Filterumgebung::Synonyme &synonyme, const QString &vorweg) const;
+    bool synonymPasst(const Probe &probe, qint64 artnr, const QString &vorweg) const;
 
     Filterumgebung umgebung_;
     QStringList felder_;
-    std::vector<Probe> proben_;
+    int herkunft_ = -1;          ///< place in `werte`; -1: all records are of the first origin
+    QByteArray andereHerkunft_;
+    std::array<std::vector<Probe>, 2> proben_; ///< of the first origin and of the other
 };

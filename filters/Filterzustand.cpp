@@ -72,6 +72,7 @@ bool aktiv(const Kriterium &k, const Kriteriumzustand &z)
         [[fallthrough]];
     case Pruefung::EinsWahr:
     case Pruefung::Flags:
+    case Pruefung::FlagsNachWort:
     case Pruefung::FlagsOderWahr: {
         const int n = anzahlGewaehlt(k.a, z.a) + (k.b.control ? anzahlGewaehlt(k.b, z.b) : 0);
         return n != 0 && n != k.a.waehlbare() + k.b.waehlbare();

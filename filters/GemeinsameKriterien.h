@@ -17,11 +17,11 @@ constexpr Kriterium bild(int zeile)
             .b = {.art = Steuerung::Kaestchen, .control = "chkOhneBild", .worte = ohneBild}};
 }
 
-constexpr Kriterium bewertung(int zeile)
+constexpr Kriterium bewertung(int zeile, const char *feld = "bewertung")
 {
     return {.pruefung = Pruefung::Bewertung, .titel = u"Bewertung",
             .a = {.art = Steuerung::Option, .control = "optBewertung", .anzahl = 2, .zeile = zeile, .worte = bewertungsarten},
-            .b = {.art = Steuerung::Schieber, .control = "sldBewertung", .zeile = zeile + 2}, .feld = "bewertung"};
+            .b = {.art = Steuerung::Schieber, .control = "sldBewertung", .zeile = zeile + 2}, .feld = feld};
 }
 
 constexpr Kriterium text(const char *control, QStringView titel, const char *feld, int zeile, int reiter, int spalte = 0)

@@ -3,8 +3,11 @@
 #include "store/Sparten.h"
 #include "store/Positionen.h"
 
+#include <array>
 #include <optional>
 #include <span>
+
+struct Spalte;
 
 /* A Sparte's filter as one table: each criterion once, in the order of the row tests, with its controls, its field, its kind
    of test, its place in the dialog and its lines in the filter file. Dialog, test, reset, saving and loading loop over it. */
@@ -77,7 +80,8 @@ struct Steuerteil
 enum class Pruefung {
     Familie,          ///< number of the chosen family equals the field
     Bild,             ///< a: with pictures, b: without
-    Flags,            ///< "1" at the position of a selected item
+    Flags,            ///< the position of a selected item; those of b follow those of a
+    FlagsNachWort,    ///< every position whose word in the field's vocabulary is the caption of a selected item
     FlagsOderWahr,    ///< the same, or b is set and the boolean `feld2` is true
     Bereich,          ///< fields `feld` and `feld2` lie inside the boxes a and b
     Enthaelt,         ///< case-blind substring
@@ -85,7 +89,7 @@ enum class Pruefung {
     SynonymDeutsch,   ///< the text occurs in the German name and synonyms
     Bewertung,        ///< rating against the step of b; never off
     AlleWahr,         ///< item i stands for the boolean `felder[i]`: each selected one must be true; all selected is no exception
-    EinsWahr,         ///< the same, but one selected one that is true is enough
+    EinsWahr,         ///< the same, but one selected one that is true is enough; an item without a field is never true
     Gleich,           ///< the chosen entry equals the field
     WortImText,       ///< the chosen entry, or the caption of a selected item, occurs in the field, case-blind
     Keine,            ///< stands in the file only
@@ -93,6 +97,20 @@ enum class Pruefung {
 
 /// What switches a pair of number boxes off.
 enum class Bereichsregel { Keine, GleicheZahlen, GleicherText };
+
+/// Where a Sparte joins records of two origins: what a criterion asks of one of them.
+struct Frage
+{
+    Pruefung pruefung = Pruefung::Flags;
+    const char *feld = nullptr;
+    const char *feld2 = nullptr;
+    std::span<const char *const> felder = {};
+    std::optional<Schreibweise> liest = {};
+    std::span<const QStringView> worte = {}; ///< words of the items that are looked for in the field, where they are not the captions
+};
+
+/// Records of which origin; the others pass.
+enum class Seite { Beide, Erste, Andere };
 
 struct Kriterium
 {
@@ -112,6 +130,8 @@ struct Kriterium
     QStringView mitte = {};   ///< Bereich: word between the boxes
     QStringView einheit = {}; ///< Bereich: behind the boxes
     const char *rahmen = nullptr; ///< objectName of the group's frame, where it has one of its own
+    Seite gilt = Seite::Beide;
+    std::optional<Frage> anders = {}; ///< what records of the other origin are asked; without a value the same as all
 };
 
 struct Filterbeschreibung
@@ -122,6 +142,9 @@ struct Filterbeschreibung
     int zeilen;                ///< lines of a filter file
     QStringView ladeFilter;    ///< file dialog, as "text (*.x)|*.x|..."
     QStringView speicherFilter;
+    const char *herkunftsfeld = nullptr;   ///< column that tells a record's origin; null: all have one
+    QStringView andereHerkunft = {};       ///< its text for the other origin; with any other a record is of the first
+    std::array<Sparte, 2> quellen = {};    ///< Sparten of the two origins: theirs are the synonyms
 };
 
 /// Description of a Sparte's filter; null while there is none.
@@ -138,11 +161,17 @@ QString bildschluessel(const char *bild);
 QString filterfehler(const Filterbeschreibung &beschreibung);
 /// The criterion whose first control has this name (or stem); null when there is none.
 const Kriterium *kriteriumNamens(const Filterbeschreibung &beschreibung, const char *control);
+/// Column of a criterion's field: its name, or in a query "table.name"; null when there is none.
+const Spalte *spalteVon(const Filterbeschreibung &beschreibung, const char *feld);
+/// What a criterion asks of records of the first or the other origin; nothing: they pass.
+std::optional<Frage> frageAn(const Kriterium &kriterium, bool andere);
 /// Caption of item `i`, counted from 0: its own, or the word of the field's vocabulary; empty beyond both.
 QStringView wortVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium, const Steuerteil &teil, int i);
 /// Whether the captions are the names that the user gave his properties.
 bool benutzernamen(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);
 /// Label of a criterion: its own, or the print label of its field.
 QString titelVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);
-/// Vocabulary of a criterion's field; null when it has none.
+/// Vocabulary of a column; null when it has none.
+const Werteliste *wertelisteVon(const Spalte *spalte);
+/// Vocabulary of a criterion's field, or of the one that the other origin has; null when neither has one.
 const Werteliste *wertelisteVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);

@@ -5,24 +5,35 @@
 
 namespace {
 
-QString gruppenworte(const Kriterium &k, const Teilzustand &zustand, const Wortquelle &quelle)
+QString gruppenworte(const Filterbeschreibung &beschreibung, const Kriterium &k, const Kriteriumzustand &z, const Wortquelle &quelle)
 {
-    const Steuerteil &teil = k.a;
-    QString flags(teil.elemente(), u' ');
-    for (int i = 0; i < teil.elemente(); ++i)
-        if (gewaehlt(teil, zustand, i))
-            flags[i] = u'1';
-    const Spalte *spalte = schema::spalteVon(quelle.sparte.haupttabelle, k.feld);
-    return spalte ? DruckFeld(quelle, *spalte, flags) : QString();
+    QString flags;
+    QStringList beschriftungen;
+    for (const auto &[teil, zustand] : {std::pair(&k.a, &z.a), std::pair(&k.b, &z.b)})
+        for (int i = 0; i < teil->elemente(); ++i) {
+            flags += gewaehlt(*teil, *zustand, i) ? u'1' : u' ';
+            if (flags.back() == u'1')
+                beschriftungen += wortVon(beschreibung, k, *teil, i).toString();
+        }
+    if (benutzernamen(beschreibung, k))
+        return DruckFeld(quelle, *spalteVon(beschreibung, k.feld), flags);
+    // The items are positions of the vocabulary, whatever way the column writes them.
+    const Werteliste *liste = wertelisteVon(beschreibung, k);
+    const bool stellen = k.pruefung == Pruefung::Flags || k.pruefung == Pruefung::FlagsOderWahr;
+    return stellen && liste ? worteVon(positionen(Kodierung(), flags), *liste) : beschriftungen.join(QStringLiteral(", "));
 }
 
-/// What print says of the booleans that are selected.
-QString wahreWorte(const Kriterium &k, const Teilzustand &zustand, const Wortquelle &quelle)
+/// What print says of the booleans that are selected; the caption where it says nothing.
+QString wahreWorte(const Filterbeschreibung &beschreibung, const Kriterium &k, const Teilzustand &zustand)
 {
     QStringList saetze;
-    for (int i = 0; i < k.a.elemente(); ++i)
-        if (const Spalte *spalte = schema::spalteVon(quelle.sparte.haupttabelle, k.felder[size_t(i)]); spalte && gewaehlt(k.a, zustand, i))
-            saetze += spalte->satz.toString();
+    for (int i = 0; i < k.a.elemente(); ++i) {
+        if (!gewaehlt(k.a, zustand, i))
+            continue;
+        const Spalte *spalte = spalteVon(beschreibung, k.felder[size_t(i)]);
+        const QStringView satz = spalte ? spalte->satz : QStringView();
+        saetze += (satz.isEmpty() ? wortVon(beschreibung, k, k.a, i) : satz).toString();
+    }
     return saetze.join(QStringLiteral(", "));
 }
 
@@ -46,7 +57,8 @@ QString bereichsworte(const Kriterium &k, const Kriteriumzustand &z)
 /// Whether a criterion stands otherwise than the dialog opens; a group with all items, too, which does not restrict.
 bool gesetzt(const Kriterium &k, const Kriteriumzustand &z)
 {
-    const bool gruppe = k.pruefung == Pruefung::Flags || k.pruefung == Pruefung::FlagsOderWahr || k.pruefung == Pruefung::EinsWahr;
+    const bool gruppe = k.pruefung == Pruefung::Flags || k.pruefung == Pruefung::FlagsNachWort || k.pruefung == Pruefung::FlagsOderWahr
+        || k.pruefung == Pruefung::EinsWahr;
     return gruppe ? anzahlGewaehlt(k.a, z.a) + anzahlGewaehlt(k.b, z.b) > 0 : zeigtAktiv(k, z);
 }
 
@@ -61,17 +73,18 @@ Kriteriumzustand ausschnitt(const Kriterium &k, const Kriteriumzustand &ganz, co
     return z;
 }
 
-QString worte(const Kriterium &k, const Kriteriumzustand &z, const Wortquelle &quelle)
+QString worte(const Filterbeschreibung &beschreibung, const Kriterium &k, const Kriteriumzustand &z, const Wortquelle &quelle)
 {
     switch (k.pruefung) {
     case Pruefung::Familie:
     case Pruefung::Enthaelt:
     case Pruefung::SynonymBotanisch:
     case Pruefung::SynonymDeutsch: return z.a.text;
-    case Pruefung::Flags: return gruppenworte(k, z.a, quelle);
+    case Pruefung::Flags:
+    case Pruefung::FlagsNachWort: return gruppenworte(beschreibung, k, z, quelle);
     case Pruefung::FlagsOderWahr: {
-        const QString text = gruppenworte(k, z.a, quelle);
-        const Spalte *wahr = anzahlGewaehlt(k.b, z.b) > 0 ? schema::spalteVon(quelle.sparte.haupttabelle, k.feld2) : nullptr;
+        const QString text = gruppenworte(beschreibung, k, {z.a, vorgabe(k.b)}, quelle);
+        const Spalte *wahr = anzahlGewaehlt(k.b, z.b) > 0 ? spalteVon(beschreibung, k.feld2) : nullptr;
         return !wahr ? text : text.isEmpty() ? wahr->satz.toString() : QStringLiteral("%1, %2").arg(text, wahr->satz);
     }
     case Pruefung::Bereich: return bereichsworte(k, z);
@@ -79,9 +92,9 @@ QString worte(const Kriterium &k, const Kriteriumzustand &z, const Wortquelle &q
         return QStringLiteral("%1 %2    (Stufe 1: Rarität / Stufe 5:  Standardsortiment)")
             .arg(gewaehlt(k.a, z.a, 0) ? QStringLiteral("ab Stufe") : QStringLiteral("bis Stufe")).arg(z.b.werte[0]);
     case Pruefung::AlleWahr:
-    case Pruefung::EinsWahr: return wahreWorte(k, z.a, quelle);
+    case Pruefung::EinsWahr: return wahreWorte(beschreibung, k, z.a);
     case Pruefung::Gleich: return z.a.text;
-    case Pruefung::WortImText: return k.a.art == Steuerung::Liste ? z.a.text : gruppenworte(k, z.a, quelle);
+    case Pruefung::WortImText: return k.a.art == Steuerung::Liste ? z.a.text : gruppenworte(beschreibung, k, z, quelle);
     case Pruefung::Keine:
     case Pruefung::Bild: break; // says nothing about a plant
     }
@@ -104,7 +117,7 @@ std::vector<Kriteriumzeile> kriterienzeilen(std::span<const Druckzeile> druckzei
             continue;
         }
         davor = true;
-        const QString text = worte(*k, ausschnitt(*k, zustand.kriterien[stelle], zeile), quelle);
+        const QString text = worte(beschreibung, *k, ausschnitt(*k, zustand.kriterien[stelle], zeile), quelle);
         if (schliesstAn)
             zeilen.back().worte += zeile.anschluss.toString() + text;
         else

@@ -129,6 +129,26 @@ QStringList alsText(const std::vector<Kriteriumzeile> &zeilen)
 
 } // namespace
 
+constexpr QStringView laub[] = {u"grau", u"orange"};
+constexpr QStringView zeiten[] = {u"sommergrün", u"immergrün"};
+constexpr const char *immergruen[] = {nullptr, "immergruen"};
+constexpr Kriterium kodierte[] = {
+    {.pruefung = Pruefung::Flags, .titel = {}, .a = {.art = Steuerung::Option, .control = "optTyp", .anzahl = 10, .ohneWahl = true}, .feld = "pflanzart",
+     .gilt = Seite::Erste},
+    {.pruefung = Pruefung::Flags, .titel = {}, .a = {.art = Steuerung::Kaestchen, .control = "chkFarbe", .anzahl = 14}, .feld = "Stauden.fruchtfarb",
+     .liest = Schreibweise::Zahl},
+    {.pruefung = Pruefung::Flags, .titel = {}, .a = {.art = Steuerung::Kaestchen, .control = "chkGhLaub"}, .b = {.art = Steuerung::Kaestchen, .control = "chkGhNadel"},
+     .feld = "grobeint", .gilt = Seite::Andere},
+    {.pruefung = Pruefung::FlagsNachWort, .titel = {}, .a = {.art = Steuerung::Kaestchen, .control = "chkLaub", .anzahl = 2, .worte = laub}, .feld = "blattfarbe",
+     .anders = Frage{.pruefung = Pruefung::FlagsNachWort, .feld = "laubfarb"}},
+    {.pruefung = Pruefung::EinsWahr, .titel = {}, .a = {.art = Steuerung::Kaestchen, .control = "chkZeit", .anzahl = 2, .worte = zeiten}, .felder = immergruen,
+     .anders = Frage{.feld = "laubzeit"}},
+    {.pruefung = Pruefung::WortImText, .titel = {}, .a = {.art = Steuerung::Kaestchen, .control = "chkHabitus", .anzahl = 16}, .feld = "Stauden.wuchsform",
+     .anders = Frage{.feld = "habitus"}},
+};
+constexpr Filterbeschreibung mitKodierten{.sparte = Sparte::Friedhof, .reiter = {}, .kriterien = kodierte, .zeilen = 0, .ladeFilter = {}, .speicherFilter = {},
+                                          .herkunftsfeld = "DB", .andereHerkunft = u"010", .quellen = {Sparte::Stauden, Sparte::Gehoelze}};
+
 /// What print tells of a filter, criterion by criterion.
 class TestKriteriendruck : public QObject
 {
@@ -416,6 +436,21 @@ private slots:
             QCOMPARE(gedruckt(Zustand(sparte).waehlen("chkBild")), QStringList());
             QCOMPARE(gedruckt(Zustand(sparte).waehlen("chkBild").waehlen("chkOhneBild")), QStringList());
         }
+    }
+
+    /// The words are those of the items, however their fields are written and wherever they come from.
+    void kodierteFelder()
+    {
+        QCOMPARE(filterfehler(mitKodierten), QString());
+        std::vector<Druckzeile> tabelle;
+        for (const Kriterium &k : kodierte)
+            tabelle.push_back({u"", k.a.control});
+        Filterzustand z = ::vorgabe(mitKodierten);
+        for (const auto &[kriterium, i] : {std::pair(0, 4), {1, 13}, {3, 0}, {3, 1}, {4, 0}, {4, 1}, {5, 6}})
+            z.kriterien[size_t(kriterium)].a.werte[size_t(i)] = 1;
+        z.kriterien[2].b.werte[0] = 1;
+        QCOMPARE(alsText(kriterienzeilen(tabelle, mitKodierten, z, quelle(Sparte::Friedhof))),
+                 (QStringList{u"|Staude"_s, u"|bunt"_s, u"|Nadelgehölz"_s, u"|grau, orange"_s, u"|sommergrün, immergrüne Pflanze"_s, u"|überhängend"_s}));
     }
 
     /// Any state of a dialog prints what is set, in the order of print, and nothing else.
