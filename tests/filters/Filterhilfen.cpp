@@ -2,8 +2,30 @@
 
 #include <QFile>
 #include <QMap>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
+
+QList<Sparte> spartenMitFilter()
+{
+    QList<Sparte> sparten;
+    for (const SpartenEintrag &zeile : alleSparten())
+        if (filterbeschreibung(zeile.sparte))
+            sparten += zeile.sparte;
+    return sparten;
+}
+
+QByteArray kuerzel(Sparte sparte)
+{
+    return QByteArray(eintrag(sparte).filter).last(2).toLower();
+}
+
+void jedeSparteMitFilter()
+{
+    QTest::addColumn<Sparte>("sparte");
+    for (const Sparte sparte : spartenMitFilter())
+        QTest::newRow(kuerzel(sparte)) << sparte;
+}
 
 const std::vector<Dateizeile> &dateizeilen(Sparte sparte)
 {
@@ -11,7 +33,7 @@ const std::vector<Dateizeile> &dateizeilen(Sparte sparte)
     std::vector<Dateizeile> &zeilen = bekannt[sparte];
     if (!zeilen.empty())
         return zeilen;
-    const QString name = u"%1/zeilen_%2.tsv"_s.arg(QStringLiteral(FLOX_FILTERZEILEN), sparte == Sparte::Topf ? u"to"_s : u"ap"_s);
+    const QString name = u"%1/zeilen_%2.tsv"_s.arg(QStringLiteral(FLOX_FILTERZEILEN), QLatin1String(kuerzel(sparte)));
     QFile datei(name);
     if (!datei.open(QIODevice::ReadOnly | QIODevice::Text))
         qFatal("'%s' cannot be read.", qPrintable(name));
@@ -27,7 +49,62 @@ const std::vector<Dateizeile> &dateizeilen(Sparte sparte)
     return zeilen;
 }
 
-QByteArray vorgabezeile(const Dateizeile &zeile)
+namespace {
+
+/// Kind of a control as a line of a file names it.
+QString zeilenart(const Dateistelle &stelle)
+{
+    switch (stelle.form()) {
+    case Dateiform::Kennzeichen: return u"flag"_s;
+    case Dateiform::Wert:
+        return stelle.teil->art == Steuerung::Kaestchen ? u"value CheckBoxValue"_s
+             : stelle.teil->art == Steuerung::Bilder    ? u"value BorderStyle"_s
+                                                        : u"value BackStyle"_s;
+    case Dateiform::Farbe: return u"colour"_s;
+    case Dateiform::Wahrheit: return u"boolean"_s;
+    case Dateiform::Text: return u"text"_s;
+    case Dateiform::Zahltext: return u"number text"_s;
+    case Dateiform::Stufe: return u"step"_s;
+    case Dateiform::Index: return u"value ListIndex"_s;
+    case Dateiform::Bildname: return u"text Tag"_s;
+    }
+    return {};
+}
+
+/// Keys of the pictures that a line can name: not selected, selected.
+std::pair<QByteArray, QByteArray> bildnamen(Sparte sparte, int element)
+{
+    using Namen = QList<std::pair<QByteArray, QByteArray>>;
+    static const QMap<Sparte, Namen> bekannt{
+        {Sparte::Stauden, {{"schere_n", "schere"}, {"heim_n", "heim"}, {"schmuc_n", "schmuck"}, {"immerg_n", "immerg"}, {"gift_n", "gift"}}},
+        {Sparte::Gehoelze, {{"laub_n", "laub"}, {"nadel_n", "nadel"}}}};
+    return bekannt.value(sparte).value(element);
+}
+
+} // namespace
+
+QString zeilenfehler(const Filterbeschreibung &beschreibung, const std::vector<Dateizeile> &zeilen)
+{
+    const std::vector<Dateistelle> stellen = dateistellen(beschreibung);
+    for (size_t i = 0; i < std::max(stellen.size(), zeilen.size()); ++i) {
+        if (i >= stellen.size() || i >= zeilen.size())
+            return u"%1 lines, %2 in the table"_s.arg(zeilen.size()).arg(stellen.size());
+        const Dateistelle &ist = stellen[i];
+        const Dateizeile &soll = zeilen[i];
+        const QString element = soll.element < 0 ? soll.control : u"%1(%2)"_s.arg(soll.control).arg(soll.element);
+        const QString control = QLatin1String(ist.teil->control);
+        const QString da = ist.teil->anzahl == 0 ? control : u"%1(%2)"_s.arg(control).arg(ist.element);
+        const QString art = (soll.art + u' ' + soll.eigenschaft).trimmed();
+        if (soll.nummer != int(i) + 1 || da != element || zeilenart(ist) != art)
+            return u"line %1: %2, %3; in the table: %4, %5"_s.arg(soll.nummer).arg(element, art, da, zeilenart(ist));
+        const Kriterium &k = beschreibung.kriterien[size_t(ist.kriterium)];
+        if (ist.teil != (ist.zweites ? &k.b : &k.a))
+            return u"line %1: another part"_s.arg(soll.nummer);
+    }
+    return {};
+}
+
+QByteArray vorgabezeile(Sparte sparte, const Dateizeile &zeile)
 {
     if (zeile.art == u"flag" || zeile.art == u"value")
         return " 0 ";
@@ -36,20 +113,23 @@ QByteArray vorgabezeile(const Dateizeile &zeile)
     if (zeile.art == u"step")
         return " 3 ";
     if (zeile.art == u"boolean")
-        return zeile.element == 0 ? "True" : "False";
+        return zeile.control == u"optBewertung" && zeile.element == 0 ? "True" : "False";
     if (zeile.art == u"number text") {
         const QMap<QString, QByteArray> zahlen{{u"txtMinHoehe"_s, "0.00"}, {u"txtMaxHoehe"_s, "99.00"}, {u"txtMinLicht"_s, "0"},
-                                               {u"txtMaxLicht"_s, "3000"}, {u"txtMinTemp"_s, "-20"}, {u"txtMaxTemp"_s, "50"}};
+                                               {u"txtMaxLicht"_s, "3000"}, {u"txtMinTemp"_s, "-20"}, {u"txtMaxTemp"_s, "50"},
+                                               {u"txtBlattMinHoehe"_s, "0.00"}, {u"txtBlattMaxHoehe"_s, "99.00"}};
         return zahlen.value(zeile.control, "(?)");
     }
-    return zeile.control == u"cmbFamilie" ? "- Alle -" : "";
+    if (zeile.eigenschaft == u"Tag")
+        return bildnamen(sparte, zeile.element).first;
+    return zeile.control == u"cmbFamilie" ? "- Alle -" : zeile.control == u"cboObstart" ? "-- Alle --" : "";
 }
 
 QByteArray vorgabedatei(Sparte sparte)
 {
     QByteArray datei;
     for (const Dateizeile &zeile : dateizeilen(sparte))
-        datei += vorgabezeile(zeile) + "\r\n";
+        datei += vorgabezeile(sparte, zeile) + "\r\n";
     return datei;
 }
 
@@ -164,7 +244,7 @@ Zustand &Zustand::waehlen(const char *control, int element)
 {
     const Steuerteil &teil = steuerteil(control);
     int wert = 1;
-    if (teil.art == Steuerung::Farben && element < 12)
+    if (teil.art == Steuerung::Farben && element + 1 < teil.anzahl)
         wert = 0x00AFFF;
     else if (teil.art == Steuerung::Monate)
         wert = int(0x80000003u);
@@ -177,6 +257,37 @@ Zustand &Zustand::alle(const char *control)
     for (int i = 0; i < int((*this)[control].werte.size()); ++i)
         waehlen(control, i);
     return *this;
+}
+
+QByteArray Zustand::verstellen(const Dateizeile &zeile)
+{
+    const QByteArray control = zeile.control.toLatin1();
+    const int element = std::max(zeile.element, 0);
+    if (zeile.eigenschaft == u"ListIndex") {
+        text(control, steuerteil(control).worte.front().toString());
+        return " 1 ";
+    }
+    if (zeile.art == u"number text") {
+        text(control, u"-1,25"_s);
+        return "-1.25";
+    }
+    if (zeile.art == u"boolean") {
+        int &wert = (*this)[control].werte[size_t(element)];
+        wert ^= 1;
+        return wert ? "True" : "False";
+    }
+    if (zeile.art == u"step") {
+        (*this)[control].werte = {5};
+        return " 5 ";
+    }
+    if (zeile.art == u"text" && zeile.eigenschaft.isEmpty()) {
+        text(control, u"Öl-Baum \"alt\""_s);
+        return "\xd6l-Baum \"alt\"";
+    }
+    waehlen(control, element);
+    if (zeile.eigenschaft == u"Tag")
+        return bildnamen(beschreibung.sparte, element).second;
+    return zeile.art == u"flag" ? "-1 " : zeile.art == u"value" ? " 1 " : zeile.control.endsWith(u"Monat") ? "-2147483645 " : " 45055 ";
 }
 
 Zustand &Zustand::text(const char *control, const QString &text)
@@ -196,7 +307,7 @@ bool Zustand::hat(const char *control, int element) const
 {
     const Steuerteil &teil = steuerteil(control);
     const int wert = (*this)[control].werte[size_t(element)];
-    const bool alsFarbe = teil.art == Steuerung::Monate || (teil.art == Steuerung::Farben && element < 12);
+    const bool alsFarbe = teil.art == Steuerung::Monate || (teil.art == Steuerung::Farben && element + 1 < teil.anzahl);
     return alsFarbe ? wert != int(0x8000000Fu) : wert != 0;
 }
 

@@ -10,6 +10,13 @@
 
 /* What the tests of filters share. The rules and the lines stand here once more, written down by hand. */
 
+/// Sparten that have a filter, in their order.
+QList<Sparte> spartenMitFilter();
+/// Adds a column "sparte" with a row for each of them, named as `kuerzel`.
+void jedeSparteMitFilter();
+/// The two letters that tell the filter of a Sparte: "to".
+QByteArray kuerzel(Sparte sparte);
+
 /// A line of a filter file.
 struct Dateizeile
 {
@@ -20,8 +27,10 @@ struct Dateizeile
     QString eigenschaft;
 };
 const std::vector<Dateizeile> &dateizeilen(Sparte sparte);
+/// Where a table first departs from the lines of a file; empty: nowhere.
+QString zeilenfehler(const Filterbeschreibung &beschreibung, const std::vector<Dateizeile> &zeilen);
 /// A line as a dialog in its default state writes it, without the line end.
-QByteArray vorgabezeile(const Dateizeile &zeile);
+QByteArray vorgabezeile(Sparte sparte, const Dateizeile &zeile);
 /// The whole file of such a dialog.
 QByteArray vorgabedatei(Sparte sparte);
 
@@ -51,6 +60,8 @@ public:
     /// Selects an element as a click would.
     Zustand &waehlen(const char *control, int element = 0);
     Zustand &alle(const char *control);
+    /// Changes what a line of a file stands for; returns the line that is written for it.
+    QByteArray verstellen(const Dateizeile &zeile);
     Zustand &text(const char *control, const QString &text);
     /// Slider and option: "Minimum" or "Maximum".
     Zustand &bewertung(int stufe, bool minimum);
