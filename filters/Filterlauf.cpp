@@ -3,6 +3,7 @@
 #include "Bildplaetze.h"
 #include "Filterpruefung.h"
 #include "store/Fehler.h"
+#include "store/Nebentabellen.h"
 #include "store/Recordset.h"
 
 #include <algorithm>
@@ -29,15 +30,6 @@ const Kriterium *aktivesKriterium(const Filterbeschreibung &beschreibung, const 
             return &beschreibung.kriterien[i];
         }
     return nullptr;
-}
-
-QString familiennummer(Datenbank &arbeit, const QString &name)
-{
-    Anweisung &anweisung = arbeit.vorbereitet(QStringLiteral("SELECT FAMILIE FROM Familien WHERE FAMNAME = ?"));
-    anweisung.binden(0, name);
-    const QString nummer = anweisung.schritt() ? anweisung.text(0) : QString();
-    anweisung.zuruecksetzen();
-    return nummer;
 }
 
 /// The text is a pattern that is bound, so that nothing in it can become a part of the statement. An apostrophe cannot be

@@ -9,18 +9,6 @@
 
 #include <algorithm>
 
-namespace {
-
-/// The counter in a database file's head that every change moves on.
-QByteArray aenderungsstand(const QString &pfad)
-{
-    constexpr qint64 ort = 24, bytes = 4;
-    QFile datei(pfad);
-    return datei.open(QIODevice::ReadOnly) && datei.seek(ort) ? datei.read(bytes) : QByteArray();
-}
-
-} // namespace
-
 Pflanzensatz::Pflanzensatz(Programm &programm, const SpartenEintrag &sparte) : programm_(programm), sparte_(sparte) {}
 
 QString Pflanzensatz::tempPfad(int nummer) const

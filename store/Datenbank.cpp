@@ -523,6 +523,13 @@ int Datenbank::geaendert() const
     return sqlite3_changes(db_);
 }
 
+QByteArray aenderungsstand(const QString &pfad)
+{
+    constexpr qint64 ort = 24, bytes = 4;
+    QFile datei(systemPfad(pfad));
+    return datei.open(QIODevice::ReadOnly) && datei.seek(ort) ? datei.read(bytes) : QByteArray();
+}
+
 Transaktion::~Transaktion()
 {
     if (fertig_)

@@ -112,6 +112,9 @@ private:
     QHash<QString, Sorte> sorten_; ///< tables and queries asked for so far
 };
 
+/// The counter in a database file's head that every change moves on, read without opening a connection; empty where there is no such file.
+QByteArray aenderungsstand(const QString &pfad);
+
 /// Pair of BEGIN and COMMIT; rolls back unless `festschreiben` was reached.
 class Transaktion
 {

@@ -46,6 +46,15 @@ QString familienname(const std::shared_ptr<Datenbank> &arbeit, const QString &nu
     return satz.Eof() ? QString() : satz.Fields(u"FAMNAME").Text();
 }
 
+QString familiennummer(Datenbank &arbeit, const QString &name)
+{
+    Anweisung &anweisung = arbeit.vorbereitet(QStringLiteral("SELECT FAMILIE FROM Familien WHERE FAMNAME = ?"));
+    anweisung.binden(0, name);
+    const QString nummer = anweisung.schritt() ? anweisung.text(0) : QString();
+    anweisung.zuruecksetzen();
+    return nummer;
+}
+
 QString fehlendeNebentabellen(Datenbank &arbeit, const SpartenEintrag &sparte)
 {
     const std::pair<QString, QString> tabellen[] = {{familien, QStringLiteral("Familien")},

@@ -16,5 +16,7 @@ QString mitSynonymen(const QString &name, const QStringList &synonyme);
 QStringList familiennamen(Datenbank &arbeit);
 /// Family name for a number; empty for an unknown one.
 QString familienname(const std::shared_ptr<Datenbank> &arbeit, const QString &nummer);
+/// Number of the family with exactly this name, as text; empty for an unknown one. Throws, too, where the table is missing.
+QString familiennummer(Datenbank &arbeit, const QString &name);
 /// Sentence for the user that names the side tables of a Sparte that the database lacks; empty: none is missing.
 [[nodiscard]] QString fehlendeNebentabellen(Datenbank &arbeit, const SpartenEintrag &sparte);
