@@ -43,7 +43,7 @@ std::vector<QStringView> gewaehlteWorte(const Filterbeschreibung &beschreibung, 
 Positionen positionenDerWorte(const Filterbeschreibung &beschreibung, const Frage &frage, const std::vector<QStringView> &worte)
 {
     Positionen menge;
-    const Werteliste *liste = wertelisteVon(spalteVon(beschreibung, frage.feld));
+    const Werteliste *liste = schema::wertelisteVon(spalteVon(beschreibung, frage.feld));
     for (int p = 1; liste && p <= liste->anzahl(); ++p)
         if (std::ranges::find(worte, liste->wort(p)) != worte.end())
             menge.setzen(p);

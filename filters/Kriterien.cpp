@@ -65,15 +65,10 @@ const Kriterium *kriteriumNamens(const Filterbeschreibung &beschreibung, const c
     return gefunden == beschreibung.kriterien.end() ? nullptr : &*gefunden;
 }
 
-const Werteliste *wertelisteVon(const Spalte *spalte)
-{
-    return !spalte ? nullptr : spalte->art == Art::Monate ? &WL_Monate : spalte->liste;
-}
-
 const Werteliste *wertelisteVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium)
 {
-    const Werteliste *liste = wertelisteVon(spalteVon(beschreibung, kriterium.feld));
-    return liste || !kriterium.anders ? liste : wertelisteVon(spalteVon(beschreibung, kriterium.anders->feld));
+    const Werteliste *liste = schema::wertelisteVon(spalteVon(beschreibung, kriterium.feld));
+    return liste || !kriterium.anders ? liste : schema::wertelisteVon(spalteVon(beschreibung, kriterium.anders->feld));
 }
 
 bool benutzernamen(const Filterbeschreibung &beschreibung, const Kriterium &kriterium)
@@ -84,8 +79,7 @@ bool benutzernamen(const Filterbeschreibung &beschreibung, const Kriterium &krit
 
 QString titelVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium)
 {
-    const Spalte *spalte = spalteVon(beschreibung, kriterium.feld);
-    return !kriterium.titel.isEmpty() || !spalte ? kriterium.titel.toString() : spalte->druckname.toString() + u':';
+    return !kriterium.titel.isEmpty() ? kriterium.titel.toString() : schema::titelVon(spalteVon(beschreibung, kriterium.feld));
 }
 
 QString bildschluessel(const char *bild)
@@ -127,7 +121,7 @@ QString fragefehler(const Filterbeschreibung &b, const Kriterium &k)
             continue;
         if (const QString fehler = feldfehler(b, k, *frage); !fehler.isEmpty())
             return fehler;
-        const Werteliste *liste = wertelisteVon(spalteVon(b, frage->feld));
+        const Werteliste *liste = schema::wertelisteVon(spalteVon(b, frage->feld));
         for (int i = 0; liste && i < k.a.waehlbare(); ++i) {
             const QStringView wort = frage->worte.empty() ? wortVon(b, k, k.a, i) : frage->worte[size_t(i)];
             bekannt[size_t(i)] = bekannt[size_t(i)] || std::ranges::find(liste->zeilen, wort) != liste->zeilen.end();
@@ -145,7 +139,7 @@ int positionenFuer(const Filterbeschreibung &b, const Kriterium &k)
     int anzahl = 0;
     for (const bool andere : {false, true})
         if (const std::optional<Frage> frage = frageAn(k, andere); frage && frage->pruefung == Pruefung::Flags)
-            if (const Werteliste *liste = wertelisteVon(spalteVon(b, frage->feld)))
+            if (const Werteliste *liste = schema::wertelisteVon(spalteVon(b, frage->feld)))
                 anzahl = std::max(anzahl, liste->anzahl());
     return anzahl;
 }

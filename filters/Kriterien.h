@@ -171,7 +171,5 @@ QStringView wortVon(const Filterbeschreibung &beschreibung, const Kriterium &kri
 bool benutzernamen(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);
 /// Label of a criterion: its own, or the print label of its field.
 QString titelVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);
-/// Vocabulary of a column; null when it has none.
-const Werteliste *wertelisteVon(const Spalte *spalte);
 /// Vocabulary of a criterion's field, or of the one that the other origin has; null when neither has one.
 const Werteliste *wertelisteVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);

@@ -47,9 +47,7 @@ struct Fenstermass
     bool maximiert = false;
 };
 
-constexpr int twips = 15; // to the pixel
 constexpr int zustandMaximiert = 2;
-constexpr int groesstesMass = 16384; // pixels: more than any screen shows
 
 /// Width, height and state as they are stored: twips and the number of the state, parted by blanks. What is no such text is no size.
 Fenstermass fenstermassVon(const QString &text)
@@ -58,14 +56,15 @@ Fenstermass fenstermassVon(const QString &text)
     if (teile.size() != 3)
         return {};
     const auto zahl = [](const QString &teil) { return zahlLesen(teil).value_or(0); };
-    const auto masse = [&](const QString &teil) { return int(std::clamp(zahl(teil) / twips, 0.0, double(groesstesMass))); };
+    const auto masse = [&](const QString &teil) { return int(std::clamp(zahl(teil) / twipsJePixel, 0.0, double(groesstesFenster))); };
     return {QSize(masse(teile[0]), masse(teile[1])), zahl(teile[2]) == zustandMaximiert};
 }
 
 QString fenstermasstext(const Fenstermass &mass)
 {
     const QSize groesse = mass.groesse.isEmpty() ? QSize(0, 0) : mass.groesse;
-    return QStringLiteral("%1 %2 %3").arg(groesse.width() * twips).arg(groesse.height() * twips).arg(mass.maximiert ? zustandMaximiert : 0);
+    return QStringLiteral("%1 %2 %3")
+        .arg(groesse.width() * twipsJePixel).arg(groesse.height() * twipsJePixel).arg(mass.maximiert ? zustandMaximiert : 0);
 }
 
 } // namespace
@@ -165,7 +164,7 @@ void mdiZentral::geometrieMerken()
     // What nobody changed stays as it was stored, also where the window could not take it.
     const auto merken = [](long &ziel, int neu, int angewandt) {
         if (neu != angewandt)
-            ziel = neu * twips;
+            ziel = neu * twipsJePixel;
     };
     merken(programm_.MdiHoehe, normal.height(), angewandt_.height());
     merken(programm_.MdiBreite, normal.width(), angewandt_.width());
@@ -185,19 +184,18 @@ void mdiZentral::hintergrundVerarbeiten()
     // Made once a run: the picture is stretched when it is painted, so that another window size needs no other file.
     if (flaeche_->hatBild())
         return;
-    const QString ordner = QStringLiteral("\\icons\\");
-    QImage bild(systemPfad(programm_.ProgrammPfad + ordner + HintergrundBild));
+    QImage bild(systemPfad(pfadAus(programm_.symbolordner(), HintergrundBild)));
     if (bild.width() < 1 || bild.height() < 1)
         return;
     const QString zwischen = systemPfad(programm_.ProgrammPfad + QStringLiteral("\\tempbild.bmp"));
-    const QString fertig = systemPfad(programm_.ProgrammPfad + ordner + QStringLiteral("temp-hg.jpg"));
+    const QString fertig = pfadAus(programm_.symbolordner(), QStringLiteral("temp-hg.jpg"));
     // A program folder that cannot be written shows the picture as it was shipped.
     try {
         cDIBSection dib;
         if (bild.save(zwischen, "BMP")) {
             dib.CreateFromPicture(QImage(zwischen));
-            mIntelJPEGLibrary::SaveJPG(dib, programm_.ProgrammPfad + ordner + QStringLiteral("temp-hg.jpg"), jpegGuete);
-            bild = QImage(fertig);
+            mIntelJPEGLibrary::SaveJPG(dib, fertig, jpegGuete);
+            bild = QImage(systemPfad(fertig));
         }
     } catch (const Fehler &) {
     }

@@ -18,13 +18,8 @@ bool bildVorhanden(const QString &pfad)
 
 bool probenVorhanden(const QString &wurzel)
 {
-    const QString ordner = pfadAus(wurzel, QStringLiteral("topfpflanzen"));
+    const QString ordner = pfadAus(wurzel, eintrag(Sparte::Topf).bildordner.toString());
     return dateiVorhanden(pfadAus(ordner, QStringLiteral("beg*"))) && dateiVorhanden(pfadAus(ordner, QStringLiteral("bou*")));
-}
-
-QString vorschauwurzel(const Programm &programm)
-{
-    return pfadAus(programm.ProgrammPfad, QStringLiteral("vorschau"));
 }
 
 } // namespace
@@ -36,18 +31,18 @@ QString bildordner(Sparte sparte, qint64 artnr)
         return fest.toString();
     // Plants taken from two collections: the number tells which.
     constexpr qint64 ersteHolzige = 2000, nachHolzigen = 3000;
-    return artnr >= ersteHolzige && artnr < nachHolzigen ? QStringLiteral("gehoelze") : QStringLiteral("stauden");
+    return eintrag(artnr >= ersteHolzige && artnr < nachHolzigen ? Sparte::Gehoelze : Sparte::Stauden).bildordner.toString();
 }
 
 QString ersatzbild(const Programm &programm)
 {
-    return programm.ProgrammPfad + QStringLiteral("\\icons\\bildfehlt.jpg");
+    return programm.symbolordner() + QStringLiteral("\\bildfehlt.jpg");
 }
 
 std::vector<Bildeintrag> streifenbilder(const Programm &programm, const Bildzeile &zeile, const QString &ordner)
 {
     std::vector<Bildeintrag> bilder;
-    const QString wurzel = programm.LokaleVorschauBilder ? vorschauwurzel(programm) : programm.BilderPfad;
+    const QString wurzel = programm.LokaleVorschauBilder ? programm.vorschauordner() : programm.BilderPfad;
     for (const auto *haelfte : {&zeile.g, &zeile.d})
         for (const Bildzeile::Bild &bild : *haelfte) {
             if (!bild.stamm)
@@ -97,7 +92,7 @@ Medium bildMediumPruefen(Programm &programm)
         }
         medium.hinweis = QStringLiteral("Bitte Flox-CD einlegen!");
     }
-    programm.LokaleVorschauBilder = probenVorhanden(vorschauwurzel(programm));
+    programm.LokaleVorschauBilder = probenVorhanden(programm.vorschauordner());
     if (programm.LokaleVorschauBilder)
         medium.hinweis.clear();
     return medium;

@@ -257,8 +257,7 @@ void Bilderstreifen::platzieren(int i)
     const double versatz = i * schritt - verhaeltnis * anzahl_ * wegJeBild;
     Platz *platz = imgFloxBild_[size_t(i)];
     const QSizeF bild = platz->bild().isNull() ? QSizeF(pixel(kastenBreite), pixel(kastenHoehe)) : platz->bild().deviceIndependentSize();
-    constexpr double twips = 15;
-    const double breite = bild.width() * twips;
+    const double breite = bild.width() * twipsJePixel;
     const double links = (kastenBreite - breite) / 2 + bildrand;
     platz->setGeometry(pixel(links), pixel(ersterOben + versatz), int(bild.width()), int(bild.height()));
     platz->setProperty("Left", links);
@@ -280,7 +279,8 @@ void Bilderstreifen::herholen(int i)
 {
     if (vscBilder_->isHidden())
         return;
-    const double oben = imgFloxBild_[size_t(i)]->property("Top").toDouble(), unten = oben + schritt, hoehe = picBilderLeiste_->height() * 15.0;
+    const double oben = imgFloxBild_[size_t(i)]->property("Top").toDouble(), unten = oben + schritt;
+    const double hoehe = double(picBilderLeiste_->height()) * twipsJePixel;
     const double weg = oben < ersterOben ? oben - ersterOben : unten > hoehe ? std::min(unten - hoehe, oben - ersterOben) : 0;
     const double jeSchritt = anzahl_ * wegJeBild / wegteiler / vscBilder_->maximum();
     vscBilder_->setValue(vscBilder_->value() + int(weg < 0 ? std::floor(weg / jeSchritt) : std::ceil(weg / jeSchritt)));

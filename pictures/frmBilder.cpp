@@ -19,7 +19,7 @@
 namespace {
 
 // Measures in twips.
-constexpr double twips = 15; // to the pixel
+constexpr double twips = twipsJePixel;
 constexpr int leiste = 315, kleinste = 5000;
 constexpr int unterBild = 1800, nebenBild = 325, obenLeiste = 1650, breiteLeiste2 = 1900, nebenText = 3145;
 // Steps of a tenth of the picture's own size.

@@ -170,7 +170,7 @@ public:
         : Anzeigeelement(element), feld_(element, umgebung.fenster.sparte), form_(umgebung.form), reihe_(new QWidget(eltern))
     {
         const bool monate = element.muster == Muster::Monate;
-        const Werteliste *worte = monate ? &WL_Monate : wertelisteVon(umgebung.fenster.sparte, element.feld);
+        const Werteliste *worte = schema::wertelisteVon(spalteVon(umgebung.fenster.sparte, element.feld));
         const int anzahl = monate ? WL_Monate.anzahl() : int(element.farben->werte.size()) + 1;
         auto *anordnung = new QHBoxLayout(reihe_);
         anordnung->setContentsMargins(0, 0, 0, 0);
@@ -663,17 +663,11 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
     return nullptr;
 }
 
-const Werteliste *wertelisteVon(Sparte sparte, const char *feld)
-{
-    const Spalte *spalte = spalteVon(sparte, feld);
-    return spalte ? spalte->liste : nullptr;
-}
-
 Werteliste worteFuer(Sparte sparte, const Element &element)
 {
     if (!element.worte.empty())
         return {element.worte};
-    const Werteliste *liste = wertelisteVon(sparte, element.feld);
+    const Werteliste *liste = schema::wertelisteVon(spalteVon(sparte, element.feld));
     return liste ? *liste : Werteliste();
 }
 
@@ -681,8 +675,7 @@ QString titelVon(Sparte sparte, const Element &element)
 {
     if (!element.titeltext.isEmpty() || !element.titel)
         return element.titeltext.toString();
-    const Spalte *spalte = spalteVon(sparte, element.feld);
-    return spalte ? spalte->druckname.toString() + u':' : QString();
+    return schema::titelVon(spalteVon(sparte, element.feld));
 }
 
 QString vorlesename(const QString &gruppe, const QString &titel, const QString &wort)

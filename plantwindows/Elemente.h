@@ -56,8 +56,6 @@ struct Elementumgebung
 
 std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const Elementumgebung &umgebung, QWidget *eltern);
 
-/// Vocabulary of a field of the Sparte; null when it has none.
-const Werteliste *wertelisteVon(Sparte sparte, const char *feld);
 /// Words that an element has for positions: its own, else the vocabulary's.
 Werteliste worteFuer(Sparte sparte, const Element &element);
 /// Caption of an element: its own, or where only a caption label is named the field's print label; empty: none.

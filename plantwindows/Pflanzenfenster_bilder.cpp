@@ -18,7 +18,7 @@ void Pflanzenfenster::bilderZeigen()
     const std::optional<Sparte> herkunft = satz_.herkunft();
     if (const std::optional<Bildzeile> zeile = herkunft ? satz_.bilder() : std::nullopt)
         bilder = streifenbilder(programm_, *zeile, eintrag(*herkunft).bildordner.toString());
-    fraBilder_->zeigen(bilder, programm_.ProgrammPfad + QStringLiteral("\\icons\\keinbild.gif"));
+    fraBilder_->zeigen(bilder, programm_.symbolordner() + QStringLiteral("\\keinbild.gif"));
     BilderAnzahl = fraBilder_->anzahl();
 }
 

@@ -217,7 +217,7 @@ bool Druck::DruckAktuellePflanze()
     DruckKopf();
     drucker_.ScaleLeft = -wertspalte;
     drucker_.CurrentY = ersteZeile;
-    const std::vector<Spalte> &spalten = schema::spaltenVon(sparte_.haupttabelle);
+    const std::span<const Spalte> spalten = schema::spaltenVon(sparte_.haupttabelle);
     if (auftrag_.pflanzen && auftrag_.pflanzen->AbsolutePosition() >= 0) {
         fussname_ = wert("BOT_NAME");
         herkunft_ = herkunft(sparte_, sparte_.herkunftsfeld ? wert(sparte_.herkunftsfeld) : QString());

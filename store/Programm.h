@@ -52,13 +52,20 @@ struct Programm
     int &aktuellesFenster(Sparte sparte) { return AktuellesFenster[size_t(sparte)]; }
     /// The folder of what does not outlive the run.
     QString laufordner() const { return LaufPfad.isEmpty() ? ProgrammPfad : LaufPfad; }
+    /// The folder of the program's own pictures.
+    QString symbolordner() const { return ProgrammPfad + QStringLiteral("\\icons"); }
+    /// The folder of the previews made here.
+    QString vorschauordner() const { return ProgrammPfad + QStringLiteral("\\vorschau"); }
     QString arbeitsdatenbank() const { return ProgrammPfad + QStringLiteral("\\flox-demo.mdb"); }
 };
 
-/// Screen size of a measure in twips: 15 to the pixel everywhere.
+/// The same on every screen.
+inline constexpr int twipsJePixel = 15;
+
+/// Screen size of a measure in twips.
 constexpr int pixel(double twips)
 {
-    return int(twips / 15 + (twips < 0 ? -0.5 : 0.5));
+    return int(twips / twipsJePixel + (twips < 0 ? -0.5 : 0.5));
 }
 
 /// The most that a window takes of a stored width or height, in pixels: larger ones cost gigabytes or are no sizes at all.
@@ -67,5 +74,5 @@ inline constexpr int groesstesFenster = 16384;
 /// Width or height of a window for a measure in twips.
 constexpr int fensterpixel(double twips)
 {
-    return twips < groesstesFenster * 15.0 ? pixel(twips) : groesstesFenster;
+    return twips < double(groesstesFenster) * twipsJePixel ? pixel(twips) : groesstesFenster;
 }

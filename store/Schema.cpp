@@ -593,9 +593,9 @@ std::span<const Abfragespalte> abfrageFriedhof()
     return spaltenAbfrageFriedhof;
 }
 
-const std::vector<Spalte> &spaltenVon(QStringView satz)
+std::span<const Spalte> spaltenVon(QStringView satz)
 {
-    static const std::vector<Spalte> keine, abfrage = [] {
+    static const std::vector<Spalte> abfrage = [] {
         std::vector<Spalte> spalten;
         for (const Abfragespalte &spalte : spaltenAbfrageFriedhof) {
             const Tabelle *quelle = spalte.quelle ? haupttabelle(QString::fromLatin1(spalte.quelle)) : nullptr;
@@ -607,23 +607,27 @@ const std::vector<Spalte> &spaltenVon(QStringView satz)
         }
         return spalten;
     }();
-    static const auto jeTabelle = [] {
-        std::array<std::vector<Spalte>, std::size(tabellen)> spalten;
-        for (size_t i = 0; i < spalten.size(); ++i)
-            spalten[i].assign(tabellen[i].spalten.begin(), tabellen[i].spalten.end());
-        return spalten;
-    }();
     if (satz.compare(abfrageName, Qt::CaseInsensitive) == 0)
         return abfrage;
     const Tabelle *tabelle = haupttabelle(satz);
-    return tabelle ? jeTabelle[size_t(tabelle - std::begin(tabellen))] : keine;
+    return tabelle ? tabelle->spalten : std::span<const Spalte>();
 }
 
 const Spalte *spalteVon(QStringView satz, const char *feld)
 {
-    const std::vector<Spalte> &spalten = spaltenVon(satz);
+    const std::span<const Spalte> spalten = spaltenVon(satz);
     const auto gefunden = std::ranges::find_if(spalten, [&](const Spalte &spalte) { return feld && qstricmp(spalte.name, feld) == 0; });
     return gefunden == spalten.end() ? nullptr : &*gefunden;
+}
+
+const Werteliste *wertelisteVon(const Spalte *spalte)
+{
+    return spalte ? spalte->art == Art::Monate ? &WL_Monate : spalte->liste : nullptr;
+}
+
+QString titelVon(const Spalte *spalte)
+{
+    return spalte ? spalte->druckname.toString() + u':' : QString();
 }
 
 bool istQuelle(QStringView tabelle)

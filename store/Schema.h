@@ -4,7 +4,6 @@
 
 #include <QString>
 #include <span>
-#include <vector>
 
 /* The tables of the working database: each column once, with its order (ordinal 0 is ARTNR), the kind of its content, its
    vocabulary, and its label and unit in print. The build tool, the record views, the filters and the printouts read it here. */
@@ -72,9 +71,13 @@ const Tabelle *haupttabelle(QStringView name);
 std::span<const Abfragespalte> abfrageFriedhof();
 /// The columns of a main table or of the query, by ordinal; a column of the query has the kind and vocabulary of its source and
 /// its own label and unit. Empty for any other name.
-const std::vector<Spalte> &spaltenVon(QStringView satz);
+std::span<const Spalte> spaltenVon(QStringView satz);
 /// One of them by name, case-blind; null when there is none.
 const Spalte *spalteVon(QStringView satz, const char *feld);
+/// Its vocabulary, for months that of the months; null where it has none.
+const Werteliste *wertelisteVon(const Spalte *spalte);
+/// Its print label as the caption of a control; empty where there is no such column.
+QString titelVon(const Spalte *spalte);
 /// Whether the query's columns can be qualified by this table, case-blind.
 bool istQuelle(QStringView tabelle);
 /// Whether the column `spalte` of a table or of the query comes from the table `quelle`, case-blind.

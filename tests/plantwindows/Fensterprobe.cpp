@@ -168,7 +168,7 @@ void elementPruefen(Fensterprobe &probe, const Element &e)
 {
     const QString control = QString::fromLatin1(e.control), feld = QString::fromLatin1(e.feld);
     const QString feld2 = e.feld2 ? QString::fromLatin1(e.feld2) : feld;
-    const Werteliste *liste = wertelisteVon(probe.fenster->sparte(), e.feld);
+    const Werteliste *liste = schema::wertelisteVon(spalteVon(probe.fenster->sparte(), e.feld));
     const qint64 artnr = probe.fenster->satz().artnr();
     const auto zeigen = [&](const QVariant &wert, const QVariant &wert2) { probe.setzen({{feld, wert}, {feld2, wert2}}); };
 

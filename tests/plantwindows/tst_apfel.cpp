@@ -118,7 +118,7 @@ void TestApfel::jedeListe()
     QFETCH(QString, feld);
     QFETCH(QString, control);
     QFETCH(QString, titel);
-    const Werteliste *liste = wertelisteVon(Sparte::Apfel, feld.toLatin1().constData());
+    const Werteliste *liste = schema::wertelisteVon(spalteVon(Sparte::Apfel, feld.toLatin1().constData()));
     QVERIFY(liste);
     QCOMPARE(probe_->text(control), QString());
     QVERIFY(!probe_->gezeigt(titel) && !probe_->gezeigt(control));

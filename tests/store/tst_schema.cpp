@@ -85,12 +85,12 @@ private slots:
     void spaltenVon()
     {
         for (const Tabelle &tabelle : schema::haupttabellen()) {
-            const std::vector<Spalte> &spalten = schema::spaltenVon(QString::fromLatin1(tabelle.name).toUpper());
+            const std::span<const Spalte> spalten = schema::spaltenVon(QString::fromLatin1(tabelle.name).toUpper());
             QCOMPARE(spalten.size(), tabelle.spalten.size());
             for (size_t i = 0; i < spalten.size(); ++i)
                 QCOMPARE(spalten[i].name, tabelle.spalten[i].name);
         }
-        const std::vector<Spalte> &spalten = schema::spaltenVon(u"abfrage_friedhof");
+        const std::span<const Spalte> spalten = schema::spaltenVon(u"abfrage_friedhof");
         QCOMPARE(spalten.size(), schema::abfrageFriedhof().size());
         for (size_t i = 0; i < spalten.size(); ++i) {
             const Abfragespalte &spalte = schema::abfrageFriedhof()[i];
@@ -216,7 +216,7 @@ private slots:
         }
         QCOMPARE(fehlt, fehlend);
         QCOMPARE(zweimal, doppelt);
-        const std::vector<Spalte> &spalten = schema::spaltenVon(tabelle);
+        const std::span<const Spalte> spalten = schema::spaltenVon(tabelle);
         for (qsizetype i = 0; i < anfang.size(); ++i)
             QCOMPARE(QString::fromLatin1(spalten[size_t(liste->folge[size_t(i)])].name), anfang[i]);
     }
