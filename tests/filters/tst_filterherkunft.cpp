@@ -294,4 +294,4 @@ void TestHerkunft::fehlerFallenAuf()
 }
 
 QTEST_GUILESS_MAIN(TestHerkunft)
-#include "tst_herkunft.moc"
+#include "tst_filterherkunft.moc"
