@@ -1,32 +1,24 @@
 #include "Hilfen.h"
 
 #include "controls/Bilder.h"
-#include "store/Benutzernamen.h"
+#include "plantwindows/Beschreibung.h"
 
 #include <QApplication>
-#include <QFile>
-#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 
 Programmordner::Programmordner()
 {
-    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    if (!QFile::copy(QStringLiteral(FLOX_DB), datenbank()))
-        qFatal("The shipped database cannot be copied.");
-    QFile::setPermissions(datenbank(), QFile::ReadOwner | QFile::WriteOwner);
     bilder::setOrdner(QStringLiteral(FLOX_PROGRAMM) + QStringLiteral("/icons"));
 }
 
-Programm Programmordner::programm() const
+std::vector<Sparte> spartenMitFenster()
 {
-    Programm programm;
-    programm.ProgrammPfad = ordner_.path();
-    programm.BilderPfad = ordner_.path();
-    programm.ProgrammVersion = QStringLiteral("1.2.3");
-    if (const QString satz = benutzernamenLesen(programm); !satz.isEmpty())
-        qFatal("%s", qPrintable(satz));
-    return programm;
+    std::vector<Sparte> sparten;
+    for (const SpartenEintrag &sparte : alleSparten())
+        if (fensterbeschreibung(sparte.sparte))
+            sparten.push_back(sparte.sparte);
+    return sparten;
 }
 
 Meldungsfaenger::Meldungsfaenger()

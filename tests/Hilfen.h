@@ -1,33 +1,25 @@
 #pragma once
 
 #include "plantwindows/Zentrale.h"
-#include "store/Datenbank.h"
-#include "store/Programm.h"
+#include "tests/store/Datenordner.h"
 
 #include <QStringList>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <functional>
+#include <vector>
 
 /* What tests share: a program folder of their own, an answer to message boxes, a program around a window. */
 
 /// A temporary program folder with the shipped database and the program's pictures.
-class Programmordner
+class Programmordner : public Datenordner
 {
 public:
     Programmordner();
-
-    QString pfad(const QString &datei = {}) const { return ordner_.filePath(datei); }
-    QString datenbank() const { return pfad(QStringLiteral("flox-demo.mdb")); }
-    /// State as after the start, with this folder.
-    Programm programm() const;
-    /// The working database, opened for changes by the test.
-    std::shared_ptr<Datenbank> db() const { return Datenbank::OpenDatabase(datenbank()); }
-
-private:
-    QTemporaryDir ordner_;
 };
+
+/// What a test that stands for every Sparte loops over.
+std::vector<Sparte> spartenMitFenster();
 
 /// Answers every message box that opens while it lives with its default button and keeps what it said.
 class Meldungsfaenger : public QObject

@@ -2,7 +2,7 @@
 #include "Filterprobe.h"
 
 #include "store/Laufordner.h"
-#include "tests/Rechte.h"
+#include "tests/store/Rechte.h"
 #include "tests/store/Datenhilfen.h"
 
 using namespace Qt::StringLiterals;

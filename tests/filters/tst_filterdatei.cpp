@@ -1,5 +1,7 @@
 #include "Filterhilfen.h"
 
+#include "tests/Hilfen.h"
+
 #include <QSignalSpy>
 #include <QTest>
 
@@ -162,7 +164,7 @@ void TestFilterdatei::leseregeln_data()
     QTest::addColumn<QVariant>("wert"); // number or text; invalid: a read error
     const auto reihe = [](Sparte sparte, int zeile, std::initializer_list<std::pair<const char *, QVariant>> faelle) {
         for (const auto &[stueck, wert] : faelle)
-            QTest::addRow("%s %d <%s>", sparte == Sparte::Topf ? "to" : "ap", zeile, stueck) << sparte << zeile << QByteArray(stueck) << wert;
+            QTest::addRow("%s %d <%s>", eintrag(sparte).filter, zeile, stueck) << sparte << zeile << QByteArray(stueck) << wert;
     };
     const QVariant fehler;
     // Boxes: any number but 0 sets them.

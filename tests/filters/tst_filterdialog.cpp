@@ -99,7 +99,7 @@ void TestFilterdialog::anfang()
     QFETCH(const Sparte, sparte);
     starten(sparte);
     Filterdialog &dialog = probe_->dialog();
-    QCOMPARE(dialog.objectName(), sparte == Sparte::Topf ? u"frmFilterTo_1"_s : u"frmFilterAp_1"_s);
+    QCOMPARE(dialog.objectName(), u"%1_1"_s.arg(QLatin1String(eintrag(sparte).filter)));
     QVERIFY(dialog.isVisible() && !dialog.isModal());
     QVERIFY(dialog.zustand() == Zustand(sparte).werte);
     QCOMPARE(filterSchreiben(*filterbeschreibung(sparte), dialog.zustand()), vorgabedatei(sparte));

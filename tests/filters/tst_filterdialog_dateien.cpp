@@ -207,7 +207,7 @@ void TestFilterdialogDateien::ladenUeberDenKnopf()
     const QList<qint64> vorher = probe_->pflanzen();
     Zustand z(sparte);
     z.bewertung(4, true);
-    const QString endung = sparte == Sparte::Topf ? u"fft"_s : u"ffa"_s;
+    const QString endung = eintrag(sparte).filterEndung.mid(1).toString();
     Dateiwahl wahl(datei(filterSchreiben(z.beschreibung, z.werte), u"meiner."_s + endung));
     probe_->klick("cmdFilterLaden");
     QCOMPARE(wahl.dialoge, 1);

@@ -394,7 +394,7 @@ Welt TestFilterlauf::kleineWelt(int anzahl, Sparte sparte)
 
 void TestFilterlauf::nichtsUndAllesBleibt()
 {
-    for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel}) {
+    for (const Sparte sparte : spartenMitFenster()) {
         Welt welt = kleineWelt(4, sparte);
         welt.pflanzen[3][u"bewertung"_s] = u"4"_s;
         schreiben(sparte, welt);
@@ -470,7 +470,7 @@ void TestFilterlauf::synonymeVerbunden()
 
 void TestFilterlauf::bilderNachPlatz()
 {
-    for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel}) {
+    for (const Sparte sparte : spartenMitFenster()) {
         Welt welt = kleineWelt(4, sparte);
         welt.bilder[2].felder[0] = u"b.jpg"_s;
         schreiben(sparte, welt);

@@ -1,6 +1,7 @@
 #include "Filterhilfen.h"
 
 #include "store/Fehler.h"
+#include "tests/Hilfen.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -46,7 +47,7 @@ private slots:
 
 static QByteArray reihenname(Sparte sparte, const char *control, int i = -1)
 {
-    return QByteArray(sparte == Sparte::Topf ? "to " : "ap ") + control + (i < 0 ? QByteArray() : "(" + QByteArray::number(i) + ")");
+    return QByteArray(eintrag(sparte).filter) + ' ' + control + (i < 0 ? QByteArray() : "(" + QByteArray::number(i) + ")");
 }
 
 static void flagreihen(bool einzeln)
@@ -54,7 +55,7 @@ static void flagreihen(bool einzeln)
     QTest::addColumn<Sparte>("sparte");
     QTest::addColumn<int>("regel");
     QTest::addColumn<int>("element");
-    for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
+    for (const Sparte sparte : spartenMitFenster())
         for (int r = 0; r < int(regeln(sparte).size()); ++r) {
             const Regel &regel = regeln(sparte)[size_t(r)];
             if (regel.art != Regelart::Flags && regel.art != Regelart::Typen)
@@ -182,7 +183,7 @@ void TestFilterpruefung::texte_data()
 {
     QTest::addColumn<Sparte>("sparte");
     QTest::addColumn<int>("regel");
-    for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
+    for (const Sparte sparte : spartenMitFenster())
         for (int r = 0; r < int(regeln(sparte).size()); ++r)
             if (regeln(sparte)[size_t(r)].art == Regelart::Text)
                 QTest::newRow(reihenname(sparte, regeln(sparte)[size_t(r)].control)) << sparte << r;
@@ -262,7 +263,7 @@ void TestFilterpruefung::familie()
 
 void TestFilterpruefung::bild()
 {
-    for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel}) {
+    for (const Sparte sparte : spartenMitFenster()) {
         Filterumgebung u;
         u.mitBild = {4};
         Zustand keine(sparte), mit(sparte), ohne(sparte), beide(sparte);
@@ -341,7 +342,7 @@ void TestFilterpruefung::bewertung()
     QFETCH(const bool, minimum);
     QFETCH(const int, von);
     QFETCH(const int, bis);
-    for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel}) {
+    for (const Sparte sparte : spartenMitFenster()) {
         Zustand z(sparte);
         if (stufe == 3 && minimum) // the default state does the same
             QCOMPARE(Datensatz().mit("bewertung", u"4"_s).passt(z), false);
@@ -353,7 +354,7 @@ void TestFilterpruefung::bewertung()
 
 void TestFilterpruefung::bewertungFehlt()
 {
-    for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel}) {
+    for (const Sparte sparte : spartenMitFenster()) {
         Zustand z(sparte);
         z.bewertung(1, true);
         for (const QString &wert : {u""_s, u"gut"_s})

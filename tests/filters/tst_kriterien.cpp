@@ -1,5 +1,7 @@
 #include "Filterhilfen.h"
 
+#include "tests/Hilfen.h"
+
 #include <QSignalSpy>
 #include <QTest>
 
@@ -132,7 +134,7 @@ void TestKriterien::fehlerFallenAuf()
 
 void TestKriterien::ohneTabelle()
 {
-    for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
+    for (const Sparte sparte : spartenMitFenster())
         QVERIFY(filterbeschreibung(sparte));
     // What has no table has no dialog either; it must not be somebody else's.
     for (const SpartenEintrag &e : alleSparten())

@@ -189,14 +189,14 @@ void Antworten::antworten(QMessageBox &box)
 
 Schreibverbot::Schreibverbot(const Programmordner &ordner) : db_(ordner.db())
 {
-    for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
+    for (const Sparte sparte : spartenMitFenster())
         db_->Execute(u"CREATE TRIGGER halt_%1 BEFORE UPDATE ON \"%1\" BEGIN SELECT RAISE(ABORT, 'halt'); END"_s
                          .arg(eintrag(sparte).haupttabelle));
 }
 
 Schreibverbot::~Schreibverbot()
 {
-    for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
+    for (const Sparte sparte : spartenMitFenster())
         db_->Execute(u"DROP TRIGGER halt_%1"_s.arg(eintrag(sparte).haupttabelle));
 }
 

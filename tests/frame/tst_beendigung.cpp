@@ -6,7 +6,7 @@
 #include "plantwindows/Pflanzenfenster.h"
 #include "store/Recordset.h"
 #include "store/Schadenspruefung.h"
-#include "tests/Rechte.h"
+#include "tests/store/Rechte.h"
 #include "tests/store/Datenhilfen.h"
 
 #include <QAbstractButton>

@@ -51,7 +51,7 @@ private slots:
 
 private:
     static void sparten();
-    void oeffnen(Sparte sparte) { probe_->waehlen(sparte == Sparte::Topf ? "mnudbtopfpflanzen" : "mnudbapfel"); }
+    void oeffnen(Sparte sparte) { probe_->waehlen(eintrag(sparte).menue); }
     void klick(Pflanzenfenster *fenster, const char *knopf)
     {
         QTest::mouseClick(fenster->findChild<Bildknopf *>(QLatin1String(knopf)), Qt::LeftButton);

@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr Sparte sparten[] = {Sparte::Topf, Sparte::Apfel};
+const std::vector<Sparte> sparten = spartenMitFenster();
 constexpr int meisteFenster = 3; // of one Sparte
 constexpr int pflanzen = 9;      // of one Sparte: windows meet on the same ones
 

@@ -82,7 +82,7 @@ void TestAufbau::keineLeereSpalte_data()
 {
     QTest::addColumn<int>("sparte");
     QTest::addColumn<QSize>("groesse");
-    for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
+    for (const Sparte sparte : spartenMitFenster())
         for (const QSize groesse : {QSize(500, 600), QSize(1010, 600), QSize(1260, 800), QSize(1700, 950)})
             QTest::addRow("%s %dx%d", qPrintable(eintrag(sparte).titel.toString()), groesse.width(), groesse.height()) << int(sparte) << groesse;
 }

@@ -157,7 +157,7 @@ class TestKriteriendruck : public QObject
 private slots:
     void initTestCase()
     {
-        for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
+        for (const Sparte sparte : spartenMitFenster())
             for (size_t i = 0; i < std::size(eigeneWorte); ++i)
                 programm_.BenutzerNamen[size_t(sparte)][i] = eigeneWorte[i].toString();
     }
@@ -165,7 +165,7 @@ private slots:
     /// No criterion is forgotten above, and none of them twice.
     void vollstaendig()
     {
-        for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel}) {
+        for (const Sparte sparte : spartenMitFenster()) {
             QSet<const Steuerteil *> controls;
             for (const Sollzeile &zeile : zeilenVon(sparte))
                 controls += &Zustand(sparte).steuerteil(zeile.control);
@@ -177,7 +177,7 @@ private slots:
 
     void vorgabe()
     {
-        for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
+        for (const Sparte sparte : spartenMitFenster())
             QCOMPARE(gedruckt(Zustand(sparte)), QStringList());
     }
 
@@ -309,7 +309,7 @@ private slots:
         QTest::addColumn<Sparte>("sparte");
         QTest::addColumn<int>("stufe");
         QTest::addColumn<bool>("minimum");
-        for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
+        for (const Sparte sparte : spartenMitFenster())
             for (int stufe = 1; stufe <= 5; ++stufe)
                 for (const bool minimum : {true, false})
                     QTest::addRow("%d, %s %d", int(sparte), minimum ? "Minimum" : "Maximum", stufe) << sparte << stufe << minimum;
@@ -432,7 +432,7 @@ private slots:
     /// Pictures say nothing about a plant.
     void bilder()
     {
-        for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel}) {
+        for (const Sparte sparte : spartenMitFenster()) {
             QCOMPARE(gedruckt(Zustand(sparte).waehlen("chkBild")), QStringList());
             QCOMPARE(gedruckt(Zustand(sparte).waehlen("chkBild").waehlen("chkOhneBild")), QStringList());
         }
@@ -486,10 +486,10 @@ private:
     {
         QTest::addColumn<Sparte>("sparte");
         QTest::addColumn<const Sollzeile *>("zeile");
-        for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel})
+        for (const Sparte sparte : spartenMitFenster())
             for (const Sollzeile &zeile : zeilenVon(sparte))
                 if (zeile.worte || !nurGruppen)
-                    QTest::addRow("%s %s", sparte == Sparte::Topf ? "to" : "ap", zeile.control) << sparte << &zeile;
+                    QTest::addRow("%s %s", eintrag(sparte).filter, zeile.control) << sparte << &zeile;
     }
     Wortquelle quelle(Sparte sparte) const { return {programm_, eintrag(sparte)}; }
     QStringList gedruckt(const Zustand &z) const { return alsText(kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, quelle(z.beschreibung.sparte))); }

@@ -1,4 +1,5 @@
 #include "printing/mdlDruck.h"
+#include "tests/Hilfen.h"
 #include "Seitenpruefung.h"
 
 #include <QSignalSpy>
@@ -351,8 +352,8 @@ void TestListe::ausgelieferteNamen_data()
     QTest::addColumn<Sparte>("sparte");
     QTest::addColumn<QPageLayout>("blatt");
     const QPageSize a4(QPageSize::A4);
-    for (const Sparte sparte : {Sparte::Topf, Sparte::Apfel}) {
-        const char *name = sparte == Sparte::Topf ? "to" : "ap";
+    for (const Sparte sparte : spartenMitFenster()) {
+        const char *name = eintrag(sparte).filter;
         QTest::addRow("%s A4", name) << sparte << blattA4();
         QTest::addRow("%s margins", name) << sparte << QPageLayout(a4, QPageLayout::Portrait, QMarginsF(6, 6, 6, 6), QPageLayout::Millimeter);
         QTest::addRow("%s landscape", name) << sparte << QPageLayout(a4, QPageLayout::Landscape, {}, QPageLayout::Millimeter);

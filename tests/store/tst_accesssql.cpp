@@ -1,8 +1,8 @@
 #include "Datenhilfen.h"
+#include "Datenordner.h"
 
 #include "store/AccessSql.h"
 #include "store/Recordset.h"
-#include "tests/Hilfen.h"
 
 #include <QTest>
 
@@ -278,7 +278,7 @@ private slots:
     }
 
 private:
-    Programmordner ordner_;
+    Datenordner ordner_;
     std::shared_ptr<Datenbank> db_;
 };
 

@@ -1,9 +1,9 @@
 #include "Datenhilfen.h"
+#include "Datenordner.h"
+#include "Rechte.h"
 
 #include "store/Benutzernamen.h"
 #include "store/Sparten.h"
-#include "tests/Hilfen.h"
-#include "tests/Rechte.h"
 
 #include <QFile>
 #include <QTest>
@@ -152,7 +152,7 @@ private:
     void lesen() { QCOMPARE(benutzernamenLesen(programm_), QString()); }
     static QString name(size_t sparte, size_t zeile) { return u"für %1 × O'Neill %2"_s.arg(sparte).arg(zeile); }
 
-    std::optional<Programmordner> ordner_;
+    std::optional<Datenordner> ordner_;
     Programm programm_;
 };
 

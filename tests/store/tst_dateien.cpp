@@ -1,8 +1,8 @@
 #include "Datenhilfen.h"
+#include "Rechte.h"
 
 #include "store/Dateien.h"
 #include "store/Pfade.h"
-#include "tests/Rechte.h"
 
 #include <QDir>
 #include <QFile>

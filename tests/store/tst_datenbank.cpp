@@ -1,8 +1,8 @@
 #include "Datenhilfen.h"
+#include "Datenordner.h"
 
 #include "store/Recordset.h"
 #include "store/Schema.h"
-#include "tests/Hilfen.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -326,7 +326,7 @@ private:
         return alle;
     }
 
-    std::optional<Programmordner> ordner_;
+    std::optional<Datenordner> ordner_;
     std::shared_ptr<Datenbank> db_;
 };
 

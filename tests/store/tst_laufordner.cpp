@@ -1,9 +1,9 @@
 #include "Datenhilfen.h"
+#include "Datenordner.h"
+#include "Rechte.h"
 
 #include "store/Laufordner.h"
 #include "store/Dateien.h"
-#include "tests/Hilfen.h"
-#include "tests/Rechte.h"
 
 #include <QDir>
 #include <QFile>
@@ -158,7 +158,7 @@ private slots:
 private:
     static QStringList dateien(const QString &ordner) { return QDir(ordner).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot); }
 
-    std::optional<Programmordner> ordner_;
+    std::optional<Datenordner> ordner_;
     std::optional<QTemporaryDir> daheim_;
     Programm programm_;
 };

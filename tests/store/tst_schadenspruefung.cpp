@@ -1,10 +1,10 @@
 #include "Datenhilfen.h"
+#include "Datenordner.h"
 
 #include "store/Benutzernamen.h"
 #include "store/Fehler.h"
 #include "store/Recordset.h"
 #include "store/Schadenspruefung.h"
-#include "tests/Hilfen.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -147,7 +147,7 @@ private:
         satz.Update();
     }
 
-    std::optional<Programmordner> ordner_;
+    std::optional<Datenordner> ordner_;
 };
 
 QTEST_GUILESS_MAIN(TestSchadenspruefung)

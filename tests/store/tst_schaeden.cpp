@@ -1,10 +1,10 @@
 #include "Datenhilfen.h"
+#include "Datenordner.h"
 
 #include "store/DatenControl.h"
 #include "store/Fehler.h"
 #include "store/Schema.h"
 #include "store/Sparten.h"
-#include "tests/Hilfen.h"
 
 #include <QFile>
 #include <QTest>
@@ -25,7 +25,7 @@ private slots:
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("meldung");
-        const QByteArray echt = inhalt(Programmordner().datenbank());
+        const QByteArray echt = inhalt(Datenordner().datenbank());
         const auto mit = [&echt](qsizetype stelle, const char *werte, qsizetype anzahl) {
             QByteArray bytes = echt;
             return bytes.replace(stelle, anzahl, werte, anzahl);
@@ -181,7 +181,7 @@ private:
         QCOMPARE(besucht, anzahl);
     }
 
-    std::optional<Programmordner> ordner_;
+    std::optional<Datenordner> ordner_;
     int gelesen_ = 0, verweigert_ = 0;
 };
 

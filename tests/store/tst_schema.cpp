@@ -1,10 +1,10 @@
 #include "Datenhilfen.h"
+#include "Datenordner.h"
 
 #include "store/Bildzeile.h"
 #include "store/Recordset.h"
 #include "store/Schema.h"
 #include "store/Sparten.h"
-#include "tests/Hilfen.h"
 
 #include <QSet>
 #include <QTest>
@@ -258,7 +258,7 @@ private slots:
     }
 
 private:
-    Programmordner ordner_;
+    Datenordner ordner_;
     std::shared_ptr<Datenbank> db_;
 };
 

@@ -2,7 +2,7 @@
 #include "store/Recordset.h"
 #include "store/Schema.h"
 #include "store/Text.h"
-#include "tests/Hilfen.h"
+#include "tests/store/Datenordner.h"
 #include "tests/store/Datenhilfen.h"
 
 #include <QRegularExpression>
@@ -183,7 +183,7 @@ private slots:
     }
 
 private:
-    Programmordner ordner_;
+    Datenordner ordner_;
     std::shared_ptr<Datenbank> db_;
 };
 

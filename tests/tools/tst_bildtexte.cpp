@@ -1,5 +1,5 @@
 #include "store/Recordset.h"
-#include "tests/Hilfen.h"
+#include "tests/store/Datenordner.h"
 
 #include <QTest>
 
@@ -55,7 +55,7 @@ private slots:
     }
 
 private:
-    Programmordner ordner_;
+    Datenordner ordner_;
     std::shared_ptr<Datenbank> db_;
 };
 

@@ -1,4 +1,4 @@
-#include "tests/Hilfen.h"
+#include "tests/store/Datenordner.h"
 
 #include <QDir>
 #include <QImage>
@@ -18,7 +18,7 @@ private slots:
     void ohneDatenbank();
 
 private:
-    QByteArray zeichnen(const Programmordner &ordner, const QString &sammlung, const QString &anfang, int *ende = nullptr)
+    QByteArray zeichnen(const Datenordner &ordner, const QString &sammlung, const QString &anfang, int *ende = nullptr)
     {
         QProcess prozess;
         prozess.start(QStringLiteral(FLOX_TAFELMACHER), {ordner.datenbank(), ordner.pfad(), sammlung, ordner.pfad(QStringLiteral("stand")), anfang});
@@ -37,7 +37,7 @@ private:
 
 void TestTafeln::zweiTafelnJePflanze()
 {
-    const Programmordner ordner;
+    const Datenordner ordner;
     int ende = -1;
     const QByteArray meldung = zeichnen(ordner, QStringLiteral("topfpflanzen"), QStringLiteral("cyclamen"), &ende);
     QVERIFY2(ende == 0, meldung.constData());
@@ -49,7 +49,7 @@ void TestTafeln::zweiTafelnJePflanze()
 
 void TestTafeln::zweimalDasselbe()
 {
-    const Programmordner eins, zwei;
+    const Datenordner eins, zwei;
     zeichnen(eins, QStringLiteral("apfel"), QStringLiteral("boskoop"));
     zeichnen(zwei, QStringLiteral("apfel"), QStringLiteral("boskoop"));
     for (const QString &name : {QStringLiteral("apfel/boskoop.jpg"), QStringLiteral("apfel/boskoop-detail.jpg")}) {
@@ -61,7 +61,7 @@ void TestTafeln::zweimalDasselbe()
 
 void TestTafeln::verschiedenePflanzen()
 {
-    const Programmordner ordner;
+    const Datenordner ordner;
     zeichnen(ordner, QStringLiteral("topfpflanzen"), QStringLiteral("begonia"));
     QSet<QByteArray> tafeln;
     const QFileInfoList dateien = QDir(ordner.pfad(QStringLiteral("topfpflanzen"))).entryInfoList({QStringLiteral("begonia*")}, QDir::Files);
@@ -74,7 +74,7 @@ void TestTafeln::verschiedenePflanzen()
 /// A second run leaves what stands; a changed record draws its own two plates, one that is gone loses them.
 void TestTafeln::nurGeaendertes()
 {
-    const Programmordner ordner;
+    const Datenordner ordner;
     const QString sammlung = QStringLiteral("topfpflanzen"), anfang = QStringLiteral("cycl"), tafel = ordner.pfad(QStringLiteral("topfpflanzen/cyclamen-persicum.jpg"));
     zeichnen(ordner, sammlung, anfang);
     const QByteArray gezeichnet = inhalt(tafel);
@@ -98,7 +98,7 @@ void TestTafeln::nurGeaendertes()
 
 void TestTafeln::ohneDatenbank()
 {
-    const Programmordner ordner;
+    const Datenordner ordner;
     QVERIFY(QFile::remove(ordner.datenbank()));
     int ende = 0;
     const QString meldung = QString::fromUtf8(zeichnen(ordner, QStringLiteral("topfpflanzen"), QStringLiteral("x"), &ende));

@@ -1,6 +1,6 @@
 #include "store/Recordset.h"
 #include "store/Schema.h"
-#include "tests/Hilfen.h"
+#include "tests/store/Datenordner.h"
 #include "tests/store/Datenhilfen.h"
 
 #include <QDir>
@@ -144,7 +144,7 @@ private:
         return alle;
     }
 
-    std::optional<Programmordner> ordner_;
+    std::optional<Datenordner> ordner_;
 };
 
 QTEST_GUILESS_MAIN(TestWerkzeuge)

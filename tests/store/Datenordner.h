@@ -1,0 +1,23 @@
+#pragma once
+
+#include "store/Datenbank.h"
+#include "store/Programm.h"
+
+#include <QTemporaryDir>
+
+/// A temporary program folder with the shipped database.
+class Datenordner
+{
+public:
+    Datenordner();
+
+    QString pfad(const QString &datei = {}) const { return ordner_.filePath(datei); }
+    QString datenbank() const { return pfad(QStringLiteral("flox-demo.mdb")); }
+    /// State as after the start, with this folder.
+    Programm programm() const;
+    /// The working database, opened for changes by the test.
+    std::shared_ptr<Datenbank> db() const { return Datenbank::OpenDatabase(datenbank()); }
+
+private:
+    QTemporaryDir ordner_;
+};
