@@ -48,6 +48,12 @@ bool sperreNehmen(QLockFile &sperre)
     return !sperre.getLockInfo(&prozess, &rechner, &name) && sperre.removeStaleLockFile() && !gesperrt();
 }
 
+void hinweisZeigen(QWidget *fenster, const QString &hinweis)
+{
+    if (!hinweis.isEmpty())
+        QMessageBox::information(fenster, programmtitel.toString(), hinweis);
+}
+
 /// A folder that is the user's own.
 QString eigenerOrdner()
 {
@@ -108,29 +114,31 @@ Ablauf::Ergebnis Ablauf::starten()
     QDir::setCurrent(QCoreApplication::applicationDirPath());
     programm_.IniPfad = pfadAus(programm_.ProgrammPfad, QStringLiteral("\\flox.ini"));
     programm_.BilderPfad = programm_.ProgrammPfad;
-    bilder::setOrdner(systemPfad(programm_.ProgrammPfad + QStringLiteral("\\icons")));
+    bilder::setOrdner(systemPfad(programm_.symbolordner()));
     oberflaecheEinrichten();
     if (const QString fehler = ortsfehler(); !fehler.isEmpty()) {
         fehlerZeigen(nullptr, fehler);
         return Ergebnis::Abgebrochen;
     }
-    QStringList hinweise;
+    QString hinweis;
     if (!geschuetztAusfuehren(nullptr, [&] {
-            hinweise += benutzernamenLesen(programm_);
+            hinweis = benutzernamenLesen(programm_);
             laufordner_.bestimmen(programm_);
-            hinweise += nichtGespeichertes(programm_);
         }))
         return Ergebnis::Abgebrochen;
-    for (const QString &hinweis : std::as_const(hinweise))
-        if (!hinweis.isEmpty())
-            QMessageBox::information(nullptr, programmtitel.toString(), hinweis);
-    schadenSuchen();
+    hinweisZeigen(nullptr, hinweis);
+    // From here on nothing is written into a damaged one, also before the search is done.
+    schaden::suchen(programm_.arbeitsdatenbank());
+    schadenNebenher_ = !schaden::fertig(programm_.arbeitsdatenbank());
     EinstellungenLesen(programm_);
     // A stored picture folder does not survive the start: the folder of a run is the program's until another is chosen.
     programm_.BilderPfad = programm_.ProgrammPfad;
 
     start_ = std::make_unique<frmStart>(programm_.ProgrammVersion);
     QObject::connect(start_.get(), &frmStart::fertig, qApp, [this] { splashBeenden(); });
+    // The window system needs a moment to show what has been painted.
+    constexpr int moment = 50; // milliseconds
+    QObject::connect(start_.get(), &frmStart::gemalt, start_.get(), [this] { QTimer::singleShot(moment, start_.get(), [this] { vorbereiten(); }); });
     const QRect schirm = start_->screen()->availableGeometry();
     start_->move(schirm.center() - start_->rect().center());
     start_->show();
@@ -138,16 +146,27 @@ Ablauf::Ergebnis Ablauf::starten()
     return Ergebnis::Laeuft;
 }
 
-void Ablauf::schadenSuchen()
+bool Ablauf::vorbereiten()
+{
+    if (vorbereitung_ != Vorbereitung::Offen)
+        return vorbereitung_ == Vorbereitung::Fertig;
+    vorbereitung_ = Vorbereitung::Laeuft;
+    laufordner_.fegen(programm_);
+    geschuetztAusfuehren(start_.get(), [this] { hinweisZeigen(start_.get(), nichtGespeichertes(programm_)); });
+    schadenMelden();
+    vorbereitung_ = Vorbereitung::Fertig;
+    return true;
+}
+
+void Ablauf::schadenMelden()
 {
     const QString datenbank = programm_.arbeitsdatenbank();
-    schaden::suchen(datenbank);
     const auto sagen = [datenbank](QWidget *fenster) {
         if (const QString befund = schaden::befund(datenbank); !befund.isEmpty())
             fehlerZeigen(fenster, befund);
     };
-    if (schaden::fertig(datenbank))
-        return sagen(nullptr);
+    if (!schadenNebenher_)
+        return sagen(start_.get());
     // A box would close the chooser, and with it the program: it waits for the main window.
     constexpr int takt = 100; // milliseconds
     QObject::connect(&schadensTakt_, &QTimer::timeout, qApp, [this, datenbank, sagen] {
@@ -167,7 +186,8 @@ void Ablauf::sichern()
 
 void Ablauf::splashBeenden()
 {
-    if (!start_)
+    // A box that is still open keeps the splash; its timer asks again.
+    if (!start_ || !vorbereiten())
         return;
     wahlZeigen();
     start_->close();
@@ -204,6 +224,7 @@ void Ablauf::wahlZeigen()
 mdiZentral &Ablauf::zentrale()
 {
     if (!zentrale_) {
+        vorbereiten();
         zentrale_ = std::make_unique<mdiZentral>(programm_);
         QObject::connect(zentrale_.get(), &mdiZentral::wahlGewuenscht, zentrale_.get(), [this] { wahlZeigen(); });
     }

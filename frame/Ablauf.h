@@ -36,7 +36,9 @@ private:
     /// Why the program's folder cannot be used now; empty where it can.
     QString ortsfehler();
     void splashBeenden();
-    void schadenSuchen();
+    /// What need not hold up the splash, once, before there is any other window; may show boxes. False while it is still under way.
+    bool vorbereiten();
+    void schadenMelden();
     void sichern();
 
     Programm programm_;
@@ -44,7 +46,9 @@ private:
     std::unique_ptr<QLockFile> datenbanksperre_; ///< against other users of the folder
     Laufordner laufordner_;
     std::unique_ptr<Beendigung> beendigung_;
+    bool schadenNebenher_ = false;
     QTimer schadensTakt_; ///< while a large database is searched
+    enum class Vorbereitung { Offen, Laeuft, Fertig } vorbereitung_ = Vorbereitung::Offen;
     std::unique_ptr<frmStart> start_;
     QPointer<frmDBWahl> wahl_;
     std::unique_ptr<mdiZentral> zentrale_;

@@ -44,12 +44,15 @@ protected:
         schrift.setPixelSize(12);
         maler.setFont(schrift);
         maler.drawText(QRect(40, 136, 400, 24), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Version %1").arg(version_));
+        if (!std::exchange(gemalt_, true))
+            emit static_cast<frmStart *>(parentWidget())->gemalt();
     }
 
     void mouseReleaseEvent(QMouseEvent *) override { emit static_cast<frmStart *>(parentWidget())->fertig(); }
 
 private:
     QString version_;
+    bool gemalt_ = false;
 };
 
 } // namespace

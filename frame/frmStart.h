@@ -13,6 +13,8 @@ public:
 
 signals:
     void fertig();
+    /// It has been painted for the first time.
+    void gemalt();
 
 private:
     QTimer Timer1_{this};

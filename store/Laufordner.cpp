@@ -63,10 +63,10 @@ Laufordner::~Laufordner()
 
 void Laufordner::bestimmen(Programm &programm)
 {
-    const auto nehmen = [](const QString &ordner) {
+    const auto nehmen = [this](const QString &ordner) {
         setSchreibmerker(QDir(ordner).filePath(merkdatei));
         schreibresteFegen();
-        laufordnerFegen(ordner);
+        gewaehlt_ = true;
     };
     programm.LaufPfad.clear();
     const QString eigener = systemPfad(programm.ProgrammPfad);
@@ -87,6 +87,12 @@ void Laufordner::bestimmen(Programm &programm)
         programm.LaufPfad = QDir::toNativeSeparators(ordner);
         return nehmen(ordner);
     }
+}
+
+void Laufordner::fegen(const Programm &programm) const
+{
+    if (gewaehlt_)
+        laufordnerFegen(systemPfad(programm.laufordner()));
 }
 
 QString nichtGespeichertes(const Programm &programm)

@@ -17,13 +17,16 @@ public:
     Laufordner(const Laufordner &) = delete;
     Laufordner &operator=(const Laufordner &) = delete;
 
-    /// Chooses the folder for `programm`, which must be the only one running from its folder, and removes what dead runs left in
-    /// it. Where no folder can be written it stays the program's, and each copy fails for itself.
+    /// Chooses the folder for `programm`, which must be the only one running from its folder. Where no folder can be written it stays the
+    /// program's, and each copy fails for itself.
     void bestimmen(Programm &programm);
+    /// Removes what dead runs left in the folder chosen; this run must have made nothing in it yet.
+    void fegen(const Programm &programm) const;
 
 private:
     std::unique_ptr<QLockFile> sperre_; ///< of a folder of the user's
     QString ordner_;
+    bool gewaehlt_ = false;
 };
 
 /// Whether a file can be made in a folder; asked by making one.

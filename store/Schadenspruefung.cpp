@@ -70,8 +70,6 @@ void suchen(const QString &pfad)
     suche->befund = std::async(art, [echt = datei.filePath(), &halt = suche->abgebrochen] {
         return beschaedigt(echt, halt) ? satz(echt) : QString();
     }).share();
-    if (art == std::launch::deferred)
-        suche->befund.wait();
     if (const auto alte = sucheNach(pfad))
         alte->abgebrochen = true;
     alleSuchen().insert(datei.canonicalFilePath(), std::move(suche));
@@ -80,7 +78,7 @@ void suchen(const QString &pfad)
 bool fertig(const QString &pfad)
 {
     const auto suche = sucheNach(pfad);
-    return !suche || suche->befund.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+    return !suche || suche->befund.wait_for(std::chrono::seconds(0)) != std::future_status::timeout;
 }
 
 QString befund(const QString &pfad)

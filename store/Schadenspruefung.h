@@ -2,15 +2,15 @@
 
 #include <QString>
 
-/* The search for damage in a database file. A small file is searched at once, a large one beside the program; into a file that is
-   damaged nothing is written. */
+/* The search for damage in a database file. A small file is searched when somebody first asks, a large one beside the program; into
+   a file that is damaged nothing is written. */
 namespace schaden {
 
 constexpr qint64 grosseDatei = 16 << 20; ///< bytes; from here on the search runs beside the program
 
 /// Begins the search; what an earlier one found in this file is forgotten.
 void suchen(const QString &pfad);
-/// Whether there is a result, or nothing was begun.
+/// Whether `befund` has nothing to wait for but a small file.
 [[nodiscard]] bool fertig(const QString &pfad);
 /// What is wrong with the file, as a sentence for the user; empty where nothing is, or nothing was looked for. Waits for the
 /// search to end.

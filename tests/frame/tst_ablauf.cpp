@@ -30,6 +30,8 @@ private slots:
     void vomStartBisZumFenster();
     void nurDasProgrammfenster();
     void startbildGehtVonSelbst();
+    void resteGehenHinterDemStartbild_data();
+    void resteGehenHinterDemStartbild();
     void gespeicherterBilderpfadUeberlebtNicht();
     void fehlendeDatenbank_data();
     void fehlendeDatenbank();
@@ -153,6 +155,33 @@ void TestAblauf::startbildGehtVonSelbst()
     QTRY_VERIFY(sichtbar<frmDBWahl>());
     QTRY_VERIFY(!sichtbar<frmStart>());
     QCOMPARE(QApplication::topLevelWidgets().count(sichtbar<frmDBWahl>()), 1);
+}
+
+void TestAblauf::resteGehenHinterDemStartbild_data()
+{
+    QTest::addColumn<bool>("sofort");
+    QTest::newRow("gewartet") << false;
+    QTest::newRow("sofort weiter") << true;
+}
+
+/// A dead run's files hold up no splash, and are gone before there is a window that could have made new ones.
+void TestAblauf::resteGehenHinterDemStartbild()
+{
+    QFETCH(const bool, sofort);
+    QFile rest(hier("db_to1.tmp"));
+    QVERIFY(rest.open(QIODevice::WriteOnly));
+    rest.close();
+    Ablauf ablauf;
+    starten(ablauf);
+    QVERIFY(rest.exists());
+    if (sofort) {
+        emit sichtbar<frmStart>()->fertig();
+        QVERIFY(sichtbar<frmDBWahl>());
+    } else {
+        QTRY_VERIFY(!rest.exists());
+        QVERIFY(sichtbar<frmStart>());
+    }
+    QVERIFY(!rest.exists());
 }
 
 void TestAblauf::gespeicherterBilderpfadUeberlebtNicht()

@@ -37,6 +37,7 @@ private slots:
     void signalOhneFenster();
     void resteWerdenGefegt();
     void sechsNamenszeilen();
+    void schadenVorDerWahl();
     void schaden();
     void schadenEinerGrossenDatei();
     void schreibgeschuetzterOrdner();
@@ -54,6 +55,7 @@ private:
     /// From the splash to the first window of the potted plants, as a hand goes.
     Pflanzenfenster *oeffnen(Ablauf &ablauf);
     void notieren(Pflanzenfenster *fenster, const QString &text);
+    static QByteArray beschaedigen(const QString &pfad);
     QStringList notizen();
     QStringList kopien() { return QDir(hier({})).entryList({u"db_*.tmp"_s}, QDir::Files); }
 
@@ -204,7 +206,7 @@ void TestBeendigung::resteWerdenGefegt()
     Ablauf ablauf;
     QVERIFY(ablauf.starten() == Ablauf::Ergebnis::Laeuft);
     for (const QString &name : reste)
-        QVERIFY2(!QFile::exists(hier(name)), qPrintable(name));
+        QTRY_VERIFY2(!QFile::exists(hier(name)), qPrintable(name));
     QVERIFY(QFile::exists(hier(u"Ausdruck.pdf"_s)));
     // Another start from this folder is refused before it can sweep a living one's files.
     schreiben(hier(u"db_to1.tmp"_s), "lebt");
@@ -226,20 +228,53 @@ void TestBeendigung::sechsNamenszeilen()
     QCOMPARE(meldungen.texte.size(), 1);
 }
 
-void TestBeendigung::schaden()
+/// Damages the pages of a table that the start does not read; the file's new content.
+QByteArray TestBeendigung::beschaedigen(const QString &pfad)
 {
-    // The pages of a table that the start does not read.
-    const QString pfad = hier(u"flox-demo.mdb"_s);
     int seite = 0;
     {
         const auto db = Datenbank::OpenDatabase(pfad);
         seite = int(zahl(*db, u"SELECT rootpage FROM sqlite_master WHERE name = 'Gehoelze_Synonyme_Deutsch'"_s));
-        QVERIFY(seite > 1);
+        if (seite < 2)
+            qFatal("The table is not there.");
     }
     QByteArray bytes = inhalt(pfad);
     constexpr int seitengroesse = 16384;
     bytes.replace((seite - 1) * seitengroesse, 2000, QByteArray(2000, '\xff'));
     schreiben(pfad, bytes);
+    return bytes;
+}
+
+/// The box comes over the splash, which stays until it is answered.
+void TestBeendigung::schadenVorDerWahl()
+{
+    beschaedigen(hier(u"flox-demo.mdb"_s));
+    Ablauf ablauf;
+    QVERIFY(ablauf.starten() == Ablauf::Ergebnis::Laeuft);
+    QString text;
+    bool startbild = false, wahl = false;
+    QTimer takt;
+    connect(&takt, &QTimer::timeout, this, [&] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        text = box->text();
+        emit sichtbar<frmStart>()->fertig(); // its time is up
+        startbild = sichtbar<frmStart>();
+        wahl = sichtbar<frmDBWahl>();
+        box->accept();
+    });
+    takt.start(1);
+    QTRY_VERIFY2(text.startsWith(u"Die Datenbank 'flox-demo.mdb' ist beschädigt."_s), qPrintable(text));
+    QVERIFY(startbild && !wahl);
+    emit sichtbar<frmStart>()->fertig();
+    QVERIFY(sichtbar<frmDBWahl>());
+}
+
+void TestBeendigung::schaden()
+{
+    const QString pfad = hier(u"flox-demo.mdb"_s);
+    const QByteArray bytes = beschaedigen(pfad);
     Meldungsfaenger meldungen;
     Ablauf ablauf;
     Pflanzenfenster *fenster = oeffnen(ablauf);

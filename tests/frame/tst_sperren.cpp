@@ -2,6 +2,7 @@
 #include "Rahmenprobe.h"
 
 #include "frame/Ablauf.h"
+#include "frame/frmStart.h"
 
 #include <QApplication>
 #include <QLockFile>
@@ -25,6 +26,10 @@ int startProbe()
     Meldungsfaenger meldungen;
     Ablauf ablauf;
     const Ablauf::Ergebnis ergebnis = ablauf.starten();
+    // All that a start has to say is said before the chooser is there.
+    for (QWidget *fenster : QApplication::topLevelWidgets())
+        if (auto *start = qobject_cast<frmStart *>(fenster))
+            emit start->fertig();
     const QStringList antwort = QStringList{QString::number(int(ergebnis))} + meldungen.texte;
     fputs(qPrintable(antwort.join(u'\v').replace(u'\n', u'\r') + u'\n'), stdout);
     fflush(stdout);

@@ -64,6 +64,8 @@ private slots:
         schreiben(ordner_->pfad(u"unter/db_to1.tmp"_s), "x");
         Laufordner laufordner;
         laufordner.bestimmen(programm_);
+        QVERIFY(QFile::exists(ordner_->pfad(name))); // choosing sweeps nothing yet
+        laufordner.fegen(programm_);
         QCOMPARE(QFile::exists(ordner_->pfad(name)), bleibt);
         QVERIFY(QFile::exists(ordner_->pfad(u"unter/db_to1.tmp"_s))); // only the folder itself
         QVERIFY(QFile::exists(ordner_->pfad(u"db_to9.tmp"_s)));
@@ -109,6 +111,7 @@ private slots:
         Laufordner wieder;
         wieder.bestimmen(programm_);
         QCOMPARE(programm_.laufordner(), erster);
+        wieder.fegen(programm_);
         QVERIFY(!QFile::exists(erster + u"/db_to1.tmp"_s));
     }
 
@@ -143,6 +146,7 @@ private slots:
         Laufordner laufordner;
         laufordner.bestimmen(programm_);
         QCOMPARE(programm_.laufordner(), ordner_->pfad());
+        laufordner.fegen(programm_);
     }
 
     void wasNichtGespeichertWird()
