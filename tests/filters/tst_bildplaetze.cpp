@@ -194,7 +194,8 @@ void TestBildplaetze::eineZeileJeBild()
     db_->Execute(u"DROP TABLE Topfpfl_Bilder"_s);
     db_->Execute(u"CREATE TABLE Topfpfl_Bilder (ARTNR INTEGER, BotName TEXT, BILD TEXT, BEMERKUNG TEXT)"_s);
     QCOMPARE(plaetze(Sparte::Topf), QSet<qint64>());
-    const std::pair<qint64, QVariant> zeilen[] = {{5, u"fehlt"_s}, {3, QVariant()}, {2, u"fehlt"_s}, {2, u"zwei"_s}, {5, QVariant()}, {4, u"Fehlt"_s}};
+    const std::pair<qint64, QVariant> zeilen[] = {{5, u"fehlt"_s}, {3, QVariant()}, {2, u"fehlt"_s},
+                                                  {2, u"zwei"_s}, {5, QVariant()}, {4, u"Fehlt"_s}};
     for (const auto &[nummer, bild] : zeilen)
         db_->Execute(u"INSERT INTO Topfpfl_Bilder VALUES (?, 'x', ?, NULL)"_s, {nummer, bild});
     // Plant 1 has no row at all, and pushes nobody on.
