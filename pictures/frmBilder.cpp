@@ -14,6 +14,7 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -179,7 +180,7 @@ void frmBilder::aufbauen()
         knoepfe_[size_t(i)] = new Blassknopf(knopftexte[i].hinweis.toString(), picLeiste2_);
         knoepfe_[size_t(i)]->setObjectName(QString::fromLatin1(knopftexte[i].name));
         knoepfe_[size_t(i)]->setGeometry(4 + (i % 3) * 40, (i / 3) * 38, 36, 36);
-        knoepfe_[size_t(i)]->setBild(knopfschluessel(Knopf(i), false));
+        reihe_.dazu(*knoepfe_[size_t(i)]);
         knoepfe_[size_t(i)]->installEventFilter(this);
     }
     auto *cmdSchliessen = new QPushButton(QStringLiteral("&Schliessen"), picLeiste2_);
@@ -192,26 +193,6 @@ void frmBilder::aufbauen()
 
 void frmBilder::knoepfeVerbinden()
 {
-    for (int i = 0; i < anzahlKnoepfe; ++i) {
-        Bildknopf *button = knoepfe_[size_t(i)];
-        const QString stamm = QString::fromLatin1(knopftexte[i].stamm);
-        connect(button, &Bildknopf::mausBewegt, this, [this, button, stamm] {
-            ButtonUnterMaus = button->objectName();
-            NormaleButtons();
-            if (!button->isEnabled())
-                return;
-            if (button->tag() != u"benutzt")
-                button->setBild(stamm);
-            button->setTag(QStringLiteral("benutzt"));
-        });
-        connect(button, &Bildknopf::mausVerlassen, this, [this, button] {
-            if (ButtonUnterMaus == button->objectName())
-                ButtonUnterMaus.clear();
-            NormaleButtons();
-        });
-        connect(button, &Bildknopf::mausGedrueckt, this, [button, stamm] { button->setBild(stamm + QStringLiteral("_u")); });
-        connect(button, &Bildknopf::mausLosgelassen, this, [button, stamm] { button->setBild(stamm); });
-    }
     const auto beiKlick = [this](Knopf knopf, auto handlung) {
         connect(knoepfe_[knopf], &Bildknopf::clicked, this, geschuetzt(this, std::move(handlung)));
     };
@@ -480,7 +461,7 @@ void frmBilder::NaviPruefen()
     const std::pair<Knopf, bool> enden[] = {{Next, BildIndex >= BildAnzahl - 1}, {Back, BildIndex <= 0}};
     for (const auto &[knopf, amEnde] : enden) {
         freigeben(knopf, !amEnde);
-        knoepfe_[knopf]->setBild(knopfschluessel(knopf, ButtonUnterMaus == knoepfe_[knopf]->objectName()));
+        reihe_.ruhendMalen(*knoepfe_[knopf]);
     }
 }
 
@@ -490,23 +471,18 @@ void frmBilder::VGNaviPruefen()
     freigeben(Kleiner, ZoomStufe >= kleinsteStufe);
 }
 
-QString frmBilder::knopfschluessel(Knopf knopf, bool unterMaus) const
+QString frmBilder::knopfschluessel(const Bildknopf &button, Knopfzustand zustand) const
 {
-    const QString stamm = QString::fromLatin1(knopftexte[knopf].stamm);
-    if (knopftexte[knopf].kannGrau && !knoepfe_[knopf]->isEnabled())
+    const Knopftext &text = knopftexte[std::ranges::find(knoepfe_, &button) - knoepfe_.begin()];
+    const QString stamm = QString::fromLatin1(text.stamm);
+    if (text.kannGrau && !button.isEnabled())
         return stamm + QStringLiteral("_ef");
-    return unterMaus ? stamm : stamm + QStringLiteral("_n");
-}
-
-void frmBilder::NormaleButtons()
-{
-    for (int i = 0; i < anzahlKnoepfe; ++i) {
-        Bildknopf *button = knoepfe_[size_t(i)];
-        if (button->tag() != u"benutzt" || button->objectName() == ButtonUnterMaus)
-            continue;
-        button->setBild(knopfschluessel(Knopf(i), false));
-        button->setTag(QString());
+    switch (zustand) {
+    case Knopfzustand::Hervorgehoben: return stamm;
+    case Knopfzustand::Normal: return stamm + QStringLiteral("_n");
+    case Knopfzustand::Gedrueckt: return stamm + QStringLiteral("_u");
     }
+    return {};
 }
 
 void frmBilder::resizeEvent(QResizeEvent *ereignis)
@@ -566,9 +542,10 @@ bool frmBilder::eventFilter(QObject *quelle, QEvent *ereignis)
     switch (ereignis->type()) {
     case QEvent::MouseMove: {
         // Over the picture and the closing button the last button stays noted.
-        if (!bild && quelle->objectName() != u"cmdSchliessen")
-            ButtonUnterMaus.clear();
-        NormaleButtons();
+        if (bild || quelle->objectName() == u"cmdSchliessen")
+            reihe_.normalisieren();
+        else
+            reihe_.mausDaneben();
         if (bild && gezogenVon_) {
             const QPoint weg = static_cast<QMouseEvent *>(ereignis)->globalPosition().toPoint() - *gezogenVon_;
             gezogenVon_ = *gezogenVon_ + weg;

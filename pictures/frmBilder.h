@@ -2,6 +2,7 @@
 
 #include "Anzeigebild.h"
 #include "Bilderliste.h"
+#include "controls/Knopfreihe.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -76,12 +77,11 @@ private:
     void freigeben(Knopf knopf, bool frei);
     void NaviPruefen();
     void VGNaviPruefen();
-    void NormaleButtons();
     void NeueGroesse();
     void groesseGeaendert();
     void titelSetzen();
     void positionSetzen();
-    QString knopfschluessel(Knopf knopf, bool unterMaus) const;
+    QString knopfschluessel(const Bildknopf &button, Knopfzustand zustand) const;
 
     Programm &programm_;
     std::function<std::optional<Bilderpflanze>()> pflanze_;
@@ -104,4 +104,5 @@ private:
     QScrollBar *hscBild_, *vscBild_;
     QLabel *lblBotName_, *lblDeuName_, *lblBeschreibung_, *lblPosition_;
     std::array<Bildknopf *, anzahlKnoepfe> knoepfe_{};
+    Knopfreihe reihe_{this, ButtonUnterMaus, [this](const Bildknopf &button, Knopfzustand zustand) { return knopfschluessel(button, zustand); }};
 };

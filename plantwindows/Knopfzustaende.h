@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QString>
+#include "controls/Knopfreihe.h"
+
 #include <QStringView>
 
 #include <span>
@@ -9,8 +10,6 @@
 
 enum class Knopf { First, Back, Next, Last, BotDeu, FilterEin, Filter, FilterLaden, FilterSpeichern, Druck };
 inline constexpr int anzahlKnoepfe = 10;
-
-enum class Knopfzustand { Hervorgehoben, Normal, Gedrueckt };
 
 struct Knopfzeile
 {

@@ -332,7 +332,7 @@ void Pflanzenfenster::botDeu()
     const Sanduhr sanduhr(this);
     datenFordern();
     Botanisch = !Botanisch;
-    knopf(Knopf::BotDeu)->setBild(knopfbild(knopfzeilen()[size_t(Knopf::BotDeu)], Knopfzustand::Hervorgehoben, true, umschaltungen()));
+    reihe_.malen(*knopf(Knopf::BotDeu), Knopfzustand::Hervorgehoben);
     DatenOrdnen();
     NaviPruefung();
     AnzeigeAnzahl();
@@ -355,73 +355,38 @@ void Pflanzenfenster::naviSetzen(Knopf innen, Knopf aussen, bool amEnde)
 {
     for (const Knopf welcher : {innen, aussen}) {
         Bildknopf *button = knopf(welcher);
-        const bool unterMaus = ButtonUnterMaus == button->objectName();
         // Disabled under the focus, Qt would hand it to the next button, and Space pressed once more would press that.
         if (amEnde && button->hasFocus())
             cboArten_->setFocus(Qt::OtherFocusReason);
         button->setEnabled(!amEnde);
-        knopfMalen(welcher, !amEnde && unterMaus ? Knopfzustand::Hervorgehoben : Knopfzustand::Normal);
+        amEnde ? reihe_.malen(*button, Knopfzustand::Normal) : reihe_.ruhendMalen(*button);
     }
     knopf(innen)->setTag(amEnde ? QStringLiteral("gesperrt") : QString());
 }
 
-void Pflanzenfenster::knopfMalen(Knopf welcher, Knopfzustand zustand)
+QString Pflanzenfenster::knopfbildVon(const Bildknopf &button, Knopfzustand zustand) const
 {
-    if (Bildknopf *button = knopf(welcher))
-        // A window that is locked for a while has its buttons as they are: pale is what cannot be used in it at all.
-        button->setBild(knopfbild(knopfzeilen()[size_t(welcher)], zustand, button->isEnabledTo(this), umschaltungen()));
-}
-
-void Pflanzenfenster::NormaleButtons()
-{
-    for (const Knopfzeile &zeile : knopfzeilen()) {
-        Bildknopf *button = knopf(zeile.knopf);
-        if (!button || button->tag() != u"benutzt" || button->objectName() == ButtonUnterMaus)
-            continue;
-        knopfMalen(zeile.knopf, Knopfzustand::Normal);
-        button->setTag(QString());
-    }
+    const auto stelle = std::ranges::find(knoepfe_, &button);
+    // A window that is locked for a while has its buttons as they are: pale is what cannot be used in it at all.
+    return knopfbild(knopfzeilen()[size_t(stelle - knoepfe_.begin())], zustand, button.isEnabledTo(this), umschaltungen());
 }
 
 void Pflanzenfenster::knoepfeVerbinden()
 {
-    for (const Knopfzeile &zeile : knopfzeilen()) {
-        Bildknopf *button = knopf(zeile.knopf);
-        if (!button)
-            continue;
-        connect(button, &Bildknopf::mausBewegt, this, [this, &zeile, button] {
-            ButtonUnterMaus = button->objectName();
-            NormaleButtons();
-            if (!button->isEnabled() || button->tag() == u"gesperrt")
-                return;
-            if (button->tag() != u"benutzt")
-                knopfMalen(zeile.knopf, Knopfzustand::Hervorgehoben);
-            button->setTag(QStringLiteral("benutzt"));
-        });
-        connect(button, &Bildknopf::mausVerlassen, this, [this, &zeile, button] {
-            if (ButtonUnterMaus == button->objectName())
-                ButtonUnterMaus.clear();
-            NormaleButtons();
-            // A step empties the tag of the button under the mouse: it must not stay lit for that.
-            if (button->tag().isEmpty())
-                knopfMalen(zeile.knopf, Knopfzustand::Normal);
-        });
-        connect(button, &Bildknopf::mausGedrueckt, this, [this, &zeile] {
-            knopfMalen(zeile.knopf, Knopfzustand::Gedrueckt);
-            if (zeile.navigation)
-                setCursor(Qt::WaitCursor);
-        });
-        connect(button, &Bildknopf::mausLosgelassen, this, [this, &zeile, button](bool darauf) {
-            // No click follows that would end it.
-            if (zeile.navigation && !darauf)
-                unsetCursor();
-            switch (zeile.knopf) {
-            case Knopf::FilterEin: button->setBild(FilterEin ? QStringLiteral("filter") : QStringLiteral("filter_n")); break;
-            case Knopf::Filter: button->setBild(QStringLiteral("filterb_n")); break;
-            default: knopfMalen(zeile.knopf, Knopfzustand::Hervorgehoben);
-            }
-        });
-    }
+    for (const Knopfzeile &zeile : knopfzeilen())
+        if (Bildknopf *button = knopf(zeile.knopf); button && zeile.navigation) {
+            connect(button, &Bildknopf::mausGedrueckt, this, [this] { setCursor(Qt::WaitCursor); });
+            connect(button, &Bildknopf::mausLosgelassen, this, [this](bool darauf) {
+                // No click follows that would end it.
+                if (!darauf)
+                    unsetCursor();
+            });
+        }
+    // Let go, these two show what their click brings.
+    connect(knopf(Knopf::FilterEin), &Bildknopf::mausLosgelassen, this, [this] {
+        knopf(Knopf::FilterEin)->setBild(FilterEin ? QStringLiteral("filter") : QStringLiteral("filter_n"));
+    });
+    connect(knopf(Knopf::Filter), &Bildknopf::mausLosgelassen, this, [this] { reihe_.malen(*knopf(Knopf::Filter), Knopfzustand::Normal); });
     const auto beiKlick = [this](Knopf welcher, auto handlung) {
         if (Bildknopf *button = knopf(welcher))
             connect(button, &Bildknopf::clicked, this, geschuetzt(this, [this, handlung = std::move(handlung)] {
@@ -451,9 +416,9 @@ void Pflanzenfenster::knoepfeVerbinden()
     // Connected last: what a click by key has painted as highlighted is no more so when it is over.
     for (const Knopfzeile &zeile : knopfzeilen())
         if (Bildknopf *button = knopf(zeile.knopf))
-            connect(button, &Bildknopf::clicked, this, [this, &zeile, button] {
-                if (!button->vonMaus() && ButtonUnterMaus != button->objectName())
-                    knopfMalen(zeile.knopf, Knopfzustand::Normal);
+            connect(button, &Bildknopf::clicked, this, [this, button] {
+                if (!button->vonMaus() && !reihe_.unterMaus(*button))
+                    reihe_.malen(*button, Knopfzustand::Normal);
             });
 }
 
@@ -503,8 +468,7 @@ bool Pflanzenfenster::eventFilter(QObject *quelle, QEvent *ereignis)
         // The mouse is on a panel: no button is under it, and its panel may end a hint.
         if (quelle->property("leertHinweis").toBool())
             hinweis(QString());
-        ButtonUnterMaus.clear();
-        NormaleButtons();
+        reihe_.mausDaneben();
         break;
     case QEvent::FocusIn:
     case QEvent::FocusOut:

@@ -63,7 +63,6 @@ public:
     void Monatsbeschriftung();
     /// Captions of the user-defined properties.
     void eigenschaftenBenennen();
-    void NormaleButtons();
     void AnzeigeAnzahl();
     QString Auslesen(const QString &feld) { return satz_.Auslesen(feld); }
     /// Writes the user's fields of the record shown to the working database, then to the copy. Throws, with DatenGeaendert still
@@ -157,7 +156,7 @@ private:
     void artenGewaehlt(bool vomBenutzer);
     void botDeu();
     void hinweis(const QString &text);
-    void knopfMalen(Knopf knopf, Knopfzustand zustand);
+    QString knopfbildVon(const Bildknopf &button, Knopfzustand zustand) const;
     void naviSetzen(Knopf innen, Knopf aussen, bool amEnde);
     Bildknopf *knopf(Knopf welcher) const { return knoepfe_[size_t(welcher)]; }
     Umschaltungen umschaltungen() const { return {Botanisch, FilterEin}; }
@@ -216,6 +215,7 @@ private:
     std::vector<Seite> seiten_;
     std::vector<GanzerText> ganzeTexte_;
     std::array<Bildknopf *, anzahlKnoepfe> knoepfe_{};
+    Knopfreihe reihe_{this, ButtonUnterMaus, [this](const Bildknopf &button, Knopfzustand zustand) { return knopfbildVon(button, zustand); }};
     QComboBox *cboArten_ = nullptr;
     Artenmodell *arten_ = nullptr;
     QLabel *lblArtNr_ = nullptr;

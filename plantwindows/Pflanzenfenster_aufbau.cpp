@@ -228,14 +228,14 @@ QWidget *Pflanzenfenster::leisteBauen()
         button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed); // a little smaller in the narrowest window
         leiste->addWidget(button);
         knoepfe_[size_t(zeile.knopf)] = button;
-        knopfMalen(zeile.knopf, Knopfzustand::Normal);
+        reihe_.dazu(*button);
     }
     setTabOrder(knopf(Knopf::Back), cboArten_);
     setTabOrder(cboArten_, knopf(Knopf::Next));
     // Until a filter has run there is none to switch or to save.
     for (const Knopf welcher : {Knopf::FilterEin, Knopf::FilterSpeichern}) {
         knopf(welcher)->setEnabled(false);
-        knopfMalen(welcher, Knopfzustand::Normal);
+        reihe_.malen(*knopf(welcher), Knopfzustand::Normal);
     }
     for (const Knopfzeile &zeile : knopfzeilen()) {
         Bildknopf *button = knopf(zeile.knopf);

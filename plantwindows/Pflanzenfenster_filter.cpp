@@ -140,7 +140,7 @@ void Pflanzenfenster::filterGelaufen(const Laufergebnis &ergebnis)
     FilterEin = true;
     FilterGesetzt = true;
     for (const Knopf welcher : {Knopf::FilterSpeichern, Knopf::FilterEin})
-        knopfMalen(welcher, Knopfzustand::Normal);
+        reihe_.malen(*knopf(welcher), Knopfzustand::Normal);
     zentrale_.mulkoSpeichernErlauben(true);
     unsetCursor();
 }
