@@ -32,7 +32,8 @@ std::vector<int> gewaehlte(const Steuerteil &teil, const Teilzustand &zustand)
 }
 
 /// Words that the selected items stand for.
-std::vector<QStringView> gewaehlteWorte(const Filterbeschreibung &beschreibung, const Kriterium &kriterium, const Teilzustand &zustand, const Frage &frage)
+std::vector<QStringView> gewaehlteWorte(const Filterbeschreibung &beschreibung, const Kriterium &kriterium, const Teilzustand &zustand,
+                                        const Frage &frage)
 {
     std::vector<QStringView> worte;
     for (const int i : gewaehlte(kriterium.a, zustand))
@@ -68,8 +69,8 @@ Filterpruefung::Filterpruefung(const Filterbeschreibung &beschreibung, const Fil
         herkunft_ = feldstelle(beschreibung, beschreibung.herkunftsfeld);
 }
 
-Filterpruefung::Probe Filterpruefung::probeFuer(const Filterbeschreibung &beschreibung, const Kriterium &k, const Kriteriumzustand &z, const Frage &frage,
-                                                bool andere)
+Filterpruefung::Probe Filterpruefung::probeFuer(const Filterbeschreibung &beschreibung, const Kriterium &k, const Kriteriumzustand &z,
+                                                const Frage &frage, bool andere)
 {
     Probe probe;
     probe.kriterium = &k;

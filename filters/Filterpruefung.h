@@ -58,7 +58,8 @@ private:
         const Filterumgebung::Synonyme *synonyme = nullptr;
     };
 
-    Probe probeFuer(const Filterbeschreibung &beschreibung, const Kriterium &kriterium, const Kriteriumzustand &zustand, const Frage &frage, bool andere);
+    Probe probeFuer(const Filterbeschreibung &beschreibung, const Kriterium &kriterium, const Kriteriumzustand &zustand, const Frage &frage,
+                    bool andere);
     int feldstelle(const Filterbeschreibung &beschreibung, const char *feld);
     bool probePasst(const Probe &probe, qint64 artnr, std::span<const std::string_view> werte) const;
     bool bereichPasst(const Probe &probe, qint64 artnr, std::span<const std::string_view> werte) const;

@@ -29,7 +29,7 @@ static_assert(nichtGewaehlt == farbeKnopf && monatGewaehlt == farbeTitel);
 
 constexpr int einspaltigBis = 7;    // boxes that stand in one column
 constexpr int symbolgroesse = 44;   // pixels
-constexpr int zellenJeReihe = 14, bilderJeReihe = 12;
+constexpr int zellenJeReihe = 14, bilderJeReihe = 8;
 constexpr int kastenabstand = 10, zellenabstand = 2, wortabstand = 6;
 
 /// Number box: a key that no number can hold beeps and is gone.
@@ -108,7 +108,8 @@ private:
 QStringList feldwerte(Datenbank &arbeit, QStringView tabelle, const char *feld)
 {
     std::vector<std::pair<std::string, QString>> werte;
-    Anweisung &anweisung = arbeit.vorbereitet(QStringLiteral("SELECT DISTINCT \"%1\" FROM \"%2\" WHERE \"%1\" <> ''").arg(QLatin1String(feld), tabelle));
+    const QString sql = QStringLiteral("SELECT DISTINCT \"%1\" FROM \"%2\" WHERE \"%1\" <> ''").arg(QLatin1String(feld), tabelle);
+    Anweisung &anweisung = arbeit.vorbereitet(sql);
     while (anweisung.schritt())
         werte.emplace_back(sortierschluessel(anweisung.text(0)), anweisung.text(0));
     std::ranges::sort(werte);

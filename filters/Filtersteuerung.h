@@ -30,7 +30,8 @@ class Filtersteuerung : public QObject
 {
 public:
     /// With its widgets, named and owned by `eltern`; null for a part without a control.
-    static std::unique_ptr<Filtersteuerung> erzeugen(const Kriterium &kriterium, const Steuerteil &teil, const Steuerungsumgebung &umgebung, QWidget *eltern);
+    static std::unique_ptr<Filtersteuerung> erzeugen(const Kriterium &kriterium, const Steuerteil &teil, const Steuerungsumgebung &umgebung,
+                                                      QWidget *eltern);
 
     Filtersteuerung(const Kriterium &kriterium, const Steuerteil &teil, const Steuerungsumgebung &umgebung)
         : kriterium_(kriterium), teil_(teil), umgebung_(umgebung) {}

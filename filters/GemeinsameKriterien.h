@@ -37,10 +37,11 @@ constexpr Kriterium eigenschaften(int zeile, int reiter, int spalte)
             .reiter = reiter, .spalte = spalte};
 }
 
-constexpr Kriterium ausbildung(int zeile, Dateiform form, int reiter = -1)
+constexpr Kriterium ausbildung(int zeile, Dateiform form, int reiter = -1, const char *feld = "Ausbildung")
 {
     return {.pruefung = Pruefung::Flags, .titel = u"Pflanze soll Bestandteil der Gehilfenprüfung sein",
-            .a = {.art = Steuerung::Kaestchen, .control = "chkAusbildung", .anzahl = 6, .zeile = zeile, .form = form}, .feld = "Ausbildung", .reiter = reiter};
+            .a = {.art = Steuerung::Kaestchen, .control = "chkAusbildung", .anzahl = 6, .zeile = zeile, .form = form}, .feld = feld,
+            .reiter = reiter};
 }
 
 } // namespace gemeinsam

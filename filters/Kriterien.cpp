@@ -129,7 +129,8 @@ QString fragefehler(const Filterbeschreibung &b, const Kriterium &k)
         nachWort = nachWort || frage->pruefung == Pruefung::FlagsNachWort;
     }
     if (const auto fremd = std::ranges::find(bekannt, false); nachWort && fremd != bekannt.end())
-        return QStringLiteral("%1: \"%2\" ist kein Wort des Feldes").arg(QLatin1String(k.a.control), wortVon(b, k, k.a, int(fremd - bekannt.begin())));
+        return QStringLiteral("%1: \"%2\" ist kein Wort des Feldes")
+            .arg(QLatin1String(k.a.control), wortVon(b, k, k.a, int(fremd - bekannt.begin())));
     return {};
 }
 

@@ -37,18 +37,23 @@ constexpr Steuerteil zahl(const char *control, QStringView vorgabe, int zeile)
 }
 
 constexpr Kriterium kriterien[] = {
-    {.pruefung = Pruefung::Familie, .titel = u"Familie", .a = {.art = Steuerung::Liste, .control = "cmbFamilie", .zeile = 1}, .feld = "Stauden.familie",
+    {.pruefung = Pruefung::Familie, .titel = u"Familie", .a = {.art = Steuerung::Liste, .control = "cmbFamilie", .zeile = 1},
+     .feld = "Stauden.familie",
      .anders = Frage{.pruefung = Pruefung::Familie, .feld = "Gehoelze.familie"}},
-    {.pruefung = Pruefung::Flags, .titel = u"Zeit", .a = {.art = Steuerung::Monate, .control = "lblBlMonat", .anzahl = 12, .zeile = 2}, .feld = "Stauden.bluehzeit",
+    {.pruefung = Pruefung::Flags, .titel = u"Zeit", .a = {.art = Steuerung::Monate, .control = "lblBlMonat", .anzahl = 12, .zeile = 2},
+     .feld = "Stauden.bluehzeit",
      .anders = Frage{.feld = "Gehoelze.bluehzeit"}},
-    {.pruefung = Pruefung::Bereich, .titel = u"Höhe", .a = zahl("txtMinHoehe", u"0,00", 14), .b = zahl("txtMaxHoehe", u"99,00", 15), .feld = "blminh", .feld2 = "blmaxh",
-     .regel = Bereichsregel::GleicheZahlen, .anders = Frage{.pruefung = Pruefung::Bereich, .feld = "Friedhof.minhoehe", .feld2 = "Friedhof.maxhoehe"}},
+    {.pruefung = Pruefung::Bereich, .titel = u"Höhe", .a = zahl("txtMinHoehe", u"0,00", 14), .b = zahl("txtMaxHoehe", u"99,00", 15),
+     .feld = "blminh", .feld2 = "blmaxh",
+     .regel = Bereichsregel::GleicheZahlen, .anders = Frage{.pruefung = Pruefung::Bereich, .feld = "Friedhof.minhoehe",
+         .feld2 = "Friedhof.maxhoehe"}},
     {.pruefung = Pruefung::AlleWahr, .titel = u"Blüte", .a = kaestchen("chkBluehSchmuck", 0, 16, bluehschmuck), .felder = schmuckBluete},
     {.pruefung = Pruefung::Flags, .titel = u"Frucht", .a = kaestchen("chkFrFarbe", 14, 17), .feld = "Stauden.fruchtfarb", .liest = Schreibweise::Zahl,
      .anders = Frage{.feld = "Gehoelze.fruchtfarb"}},
     {.pruefung = Pruefung::FlagsNachWort, .titel = u"Laub", .a = kaestchen("chkLaubFarbe", 17, 31, laubfarben), .feld = "blattfarbe",
      .anders = Frage{.pruefung = Pruefung::FlagsNachWort, .feld = "laubfarb"}},
-    {.pruefung = Pruefung::EinsWahr, .titel = u"Laubzeit", .a = kaestchen("chkLaubZeit", 4, 48), .felder = immergruen, .anders = Frage{.feld = "laubzeit"}},
+    {.pruefung = Pruefung::EinsWahr, .titel = u"Laubzeit", .a = kaestchen("chkLaubZeit", 4, 48), .felder = immergruen,
+     .anders = Frage{.feld = "laubzeit"}},
     {.pruefung = Pruefung::Bereich, .titel = u"Blatthöhe", .a = zahl("txtBlattMinHoehe", u"0,00", 52), .b = zahl("txtBlattMaxHoehe", u"99,00", 53),
      .feld = "Stauden.minhoehe", .feld2 = "Stauden.maxhoehe", .regel = Bereichsregel::GleicheZahlen, .gilt = Seite::Erste},
     {.pruefung = Pruefung::AlleWahr, .titel = u"Blatt", .a = kaestchen("chkBlattschmuck", 0, 54, blattschmuck), .felder = schmuckStaude,
@@ -57,10 +62,12 @@ constexpr Kriterium kriterien[] = {
      .anders = Frage{.feld = "Gehoelze.bodenart"}},
     {.pruefung = Pruefung::FlagsNachWort, .titel = u"Kalk", .a = kaestchen("chkKalk", 3, 62, kalkworte), .feld = "kalk",
      .anders = Frage{.pruefung = Pruefung::FlagsNachWort, .feld = "phboden", .worte = phworte}},
-    {.pruefung = Pruefung::Flags, .titel = u"Typ", .a = {.art = Steuerung::Option, .control = "optTyp", .anzahl = 10, .zeile = 65, .ohneWahl = true}, .feld = "pflanzart",
+    {.pruefung = Pruefung::Flags, .titel = u"Typ", .a = {.art = Steuerung::Option, .control = "optTyp", .anzahl = 10, .zeile = 65, .ohneWahl = true},
+     .feld = "pflanzart",
      .gilt = Seite::Erste},
     {.pruefung = Pruefung::Flags, .titel = u"Größe", .a = kaestchen("chkGhTyp", 8, 75), .feld = "groesse", .gilt = Seite::Andere},
-    {.pruefung = Pruefung::Flags, .titel = u"Gehölz", .a = kaestchen("chkGhLaub", 0, 83), .b = kaestchen("chkGhNadel", 0, 84), .feld = "grobeint", .gilt = Seite::Andere},
+    {.pruefung = Pruefung::Flags, .titel = u"Gehölz", .a = kaestchen("chkGhLaub", 0, 83), .b = kaestchen("chkGhNadel", 0, 84), .feld = "grobeint",
+     .gilt = Seite::Andere},
     {.pruefung = Pruefung::WortImText, .titel = u"Habitus", .a = kaestchen("chkHabitus", 16, 85), .feld = "Stauden.wuchsform",
      .anders = Frage{.feld = "habitus"}},
     {.pruefung = Pruefung::SynonymBotanisch, .titel = u"Synonym", .a = {.control = "txtSynonym", .zeile = 101}},
@@ -68,7 +75,8 @@ constexpr Kriterium kriterien[] = {
     {.pruefung = Pruefung::Enthaelt, .titel = u"Sorte", .a = {.control = "txtSorte", .zeile = 103}, .feld = "Stauden.sorten",
      .anders = Frage{.pruefung = Pruefung::Enthaelt, .feld = "Gehoelze.sorten"}},
 };
-constexpr Filterbeschreibung beschreibung{.sparte = Sparte::Friedhof, .reiter = {}, .kriterien = kriterien, .zeilen = 103, .ladeFilter = {}, .speicherFilter = {},
+constexpr Filterbeschreibung beschreibung{.sparte = Sparte::Friedhof, .reiter = {}, .kriterien = kriterien, .zeilen = 103, .ladeFilter = {},
+                                          .speicherFilter = {},
                                           .herkunftsfeld = "DB", .andereHerkunft = u"010", .quellen = {Sparte::Stauden, Sparte::Gehoelze}};
 
 constexpr int aster = 900, funkie = 901, ahorn = 2100, eibe = 2200, verwaist = 3000;
@@ -119,25 +127,33 @@ void TestHerkunft::satz(const QString &tabelle, const std::map<QString, QVariant
 void TestHerkunft::initTestCase()
 {
     const auto db = ordner_.db();
-    for (const char *name : {"Stauden", "Gehoelze", "Friedhof", "Stauden_Synonyme_Botanisch", "Stauden_Synonyme_Deutsch", "Gehoelze_Synonyme_Botanisch",
+    for (const char *name : {"Stauden", "Gehoelze", "Friedhof", "Stauden_Synonyme_Botanisch", "Stauden_Synonyme_Deutsch",
+        "Gehoelze_Synonyme_Botanisch",
                              "Gehoelze_Synonyme_Deutsch", "Familien"})
         db->Execute(u"DELETE FROM %1"_s.arg(QLatin1String(name)));
     db->Execute(u"INSERT INTO Familien (FAMILIE, FAMNAME) VALUES (1, 'Asteraceae')"_s);
     db->Execute(u"INSERT INTO Familien (FAMILIE, FAMNAME) VALUES (2, 'Aceraceae')"_s);
-    satz(u"Stauden"_s, {{u"ARTNR"_s, aster}, {u"BOT_NAME"_s, u"Aster"_s}, {u"FAMILIE"_s, 1}, {u"bluehzeit"_s, flags({5})}, {u"BLMINH"_s, 0.2}, {u"BLMAXH"_s, 0.3},
-                        {u"fruchtfarb"_s, u"5"_s}, {u"blattfarbe"_s, flags({11})}, {u"immergruen"_s, u"True"_s}, {u"MINHOEHE"_s, 0.1}, {u"MAXHOEHE"_s, 0.2},
+    satz(u"Stauden"_s, {{u"ARTNR"_s, aster}, {u"BOT_NAME"_s, u"Aster"_s}, {u"FAMILIE"_s, 1}, {u"bluehzeit"_s, flags({5})}, {u"BLMINH"_s, 0.2},
+        {u"BLMAXH"_s, 0.3},
+                        {u"fruchtfarb"_s, u"5"_s}, {u"blattfarbe"_s, flags({11})}, {u"immergruen"_s, u"True"_s}, {u"MINHOEHE"_s, 0.1},
+                         {u"MAXHOEHE"_s, 0.2},
                         {u"blaschmuck"_s, u"True"_s}, {u"bodenart"_s, flags({6})}, {u"kalk"_s, flags({1})}, {u"pflanzart"_s, u"Str"_s},
                         {u"wuchsform"_s, u"locker, Überhängend"_s}, {u"SORTEN"_s, u"'Alba'"_s}});
-    satz(u"Stauden"_s, {{u"ARTNR"_s, funkie}, {u"BOT_NAME"_s, u"Hosta"_s}, {u"FAMILIE"_s, 2}, {u"bluehzeit"_s, flags({6})}, {u"fruchtfarb"_s, flags({5})},
-                        {u"blattfarbe"_s, flags({14})}, {u"immergruen"_s, u"False"_s}, {u"MINHOEHE"_s, 0.5}, {u"MAXHOEHE"_s, 0.6}, {u"blaschmuck"_s, u"False"_s},
+    satz(u"Stauden"_s, {{u"ARTNR"_s, funkie}, {u"BOT_NAME"_s, u"Hosta"_s}, {u"FAMILIE"_s, 2}, {u"bluehzeit"_s, flags({6})},
+        {u"fruchtfarb"_s, flags({5})},
+                        {u"blattfarbe"_s, flags({14})}, {u"immergruen"_s, u"False"_s}, {u"MINHOEHE"_s, 0.5}, {u"MAXHOEHE"_s, 0.6},
+                         {u"blaschmuck"_s, u"False"_s},
                         {u"pflanzart"_s, u"Std"_s}});
-    satz(u"Gehoelze"_s, {{u"ARTNR"_s, ahorn}, {u"BOT_NAME"_s, u"Acer"_s}, {u"FAMILIE"_s, 2}, {u"bluehzeit"_s, flags({5})}, {u"fruchtfarb"_s, flags({5})},
+    satz(u"Gehoelze"_s, {{u"ARTNR"_s, ahorn}, {u"BOT_NAME"_s, u"Acer"_s}, {u"FAMILIE"_s, 2}, {u"bluehzeit"_s, flags({5})},
+        {u"fruchtfarb"_s, flags({5})},
                          {u"laubfarb"_s, flags({11})}, {u"laubzeit"_s, flags({1, 4})}, {u"bodenart"_s, flags({7})}, {u"phboden"_s, flags({1})},
                          {u"groesse"_s, flags({3})}, {u"grobeint"_s, u"1"_s}, {u"habitus"_s, flags({7})}, {u"SORTEN"_s, u"'Atropurpureum'"_s}});
-    satz(u"Gehoelze"_s, {{u"ARTNR"_s, eibe}, {u"BOT_NAME"_s, u"Taxus"_s}, {u"fruchtfarb"_s, u"5"_s}, {u"laubfarb"_s, flags({8, 7})}, {u"laubzeit"_s, flags({3})},
+    satz(u"Gehoelze"_s, {{u"ARTNR"_s, eibe}, {u"BOT_NAME"_s, u"Taxus"_s}, {u"fruchtfarb"_s, u"5"_s}, {u"laubfarb"_s, flags({8, 7})},
+        {u"laubzeit"_s, flags({3})},
                          {u"grobeint"_s, u"2"_s}});
     const auto friedhof = [this](int nummer, const QString &name, const QString &herkunft, const QString &bluete, const QString &herbst) {
-        satz(u"Friedhof"_s, {{u"ARTNR"_s, nummer}, {u"BOT_NAME"_s, name}, {u"DTNAM"_s, name + u"name"_s}, {u"DB"_s, herkunft}, {u"MINHOEHE"_s, 2}, {u"MAXHOEHE"_s, 3},
+        satz(u"Friedhof"_s, {{u"ARTNR"_s, nummer}, {u"BOT_NAME"_s, name}, {u"DTNAM"_s, name + u"name"_s}, {u"DB"_s, herkunft}, {u"MINHOEHE"_s, 2},
+            {u"MAXHOEHE"_s, 3},
                              {u"BLUEHSCHMU"_s, bluete}, {u"HERBSTFARB"_s, herbst}, {u"blaschmuck"_s, herbst}});
     };
     friedhof(aster, u"Aster"_s, u"100"_s, u"True"_s, u"False"_s);
@@ -146,8 +162,10 @@ void TestHerkunft::initTestCase()
     friedhof(eibe, u"Taxus"_s, u"010"_s, u"False"_s, u"True"_s);
     friedhof(verwaist, u"Niemand"_s, u"001"_s, u"False"_s, u"False"_s);
     // A number of the other table's is not this one's synonym.
-    for (const auto &[tabelle, nummer, name] : {std::tuple(u"Stauden_Synonyme_Botanisch"_s, aster, u"Callistephus"_s), {u"Gehoelze_Synonyme_Botanisch"_s, ahorn, u"Negundo calli"_s},
-                                                {u"Gehoelze_Synonyme_Botanisch"_s, funkie, u"Calli falsch"_s}, {u"Gehoelze_Synonyme_Deutsch"_s, eibe, u"Ifenbaum"_s}})
+    for (const auto &[tabelle, nummer, name] : {std::tuple(u"Stauden_Synonyme_Botanisch"_s, aster, u"Callistephus"_s),
+                                                {u"Gehoelze_Synonyme_Botanisch"_s, ahorn, u"Negundo calli"_s},
+                                                {u"Gehoelze_Synonyme_Botanisch"_s, funkie, u"Calli falsch"_s},
+                                                {u"Gehoelze_Synonyme_Deutsch"_s, eibe, u"Ifenbaum"_s}})
         satz(tabelle, {{u"ARTNR"_s, nummer}, {u"SYN"_s, name}});
 }
 
@@ -276,7 +294,8 @@ void TestHerkunft::fehlerFallenAuf_data()
     zeile("zweites Feld der anderen", [](K &k, B &) { k[2].anders->feld2 = "maxhoehe"; }, u"kein Feld maxhoehe"_s);
     zeile("Wahrheit der anderen", [](K &k, B &) { k[8].anders->felder = {}; }, u"chkBlattschmuck: 0 Felder für 1 Kästchen"_s);
     zeile("alle wahr braucht jedes Feld", [](K &k, B &) { k[6].pruefung = Pruefung::AlleWahr; }, u" ist kein Wahrheitswert"_s);
-    zeile("fremdes Wort", [](K &k, B &) { k[5].a.worte = std::span(laubfarben).first(16); k[5].a.anzahl = 16; k[5].a.zeile = 0; k[5].feld = "laubfarb"; },
+    zeile("fremdes Wort",
+          [](K &k, B &) { k[5].a.worte = std::span(laubfarben).first(16); k[5].a.anzahl = 16; k[5].a.zeile = 0; k[5].feld = "laubfarb"; },
           u"chkLaubFarbe: \"rotbraun\" ist kein Wort des Feldes"_s);
     zeile("Wörter der anderen", [](K &k, B &) { k[10].anders->worte = std::span(phworte).first(2); }, u"chkKalk: 2 Wörter für 3 Kästchen"_s);
     zeile("zu viele für beide", [](K &k, B &) { k[4].a.anzahl = 15; }, u"chkFrFarbe: mehr Kästchen als Wörter"_s);

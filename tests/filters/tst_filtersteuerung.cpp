@@ -33,25 +33,34 @@ constexpr const char *schmuckfeld[] = {"blaschmuck"};
 
 constexpr Kriterium listen[] = {
     {.pruefung = Pruefung::Gleich, .titel = u"Obstart",
-     .a = {.art = Steuerung::Liste, .control = "cboObstart", .zeile = 1, .eintraege = Eintraege::Feldwerte, .alle = u"-- Alle --"}, .feld = "DTNAM", .reiter = 0},
+     .a = {.art = Steuerung::Liste, .control = "cboObstart", .zeile = 1, .eintraege = Eintraege::Feldwerte, .alle = u"-- Alle --"}, .feld = "DTNAM",
+         .reiter = 0},
     {.pruefung = Pruefung::WortImText, .titel = u"Lager",
-     .a = {.art = Steuerung::Liste, .control = "cboLager", .zeile = 2, .worte = dauer, .eintraege = Eintraege::Worte, .alle = u"-- Alle --", .form = Dateiform::Index},
+     .a = {.art = Steuerung::Liste, .control = "cboLager", .zeile = 2, .worte = dauer, .eintraege = Eintraege::Worte, .alle = u"-- Alle --",
+         .form = Dateiform::Index},
      .feld = "KUEHLLAG", .reiter = 0},
-    {.pruefung = Pruefung::Familie, .titel = u"Familie", .a = {.art = Steuerung::Liste, .control = "cmbFamilie", .zeile = 3}, .feld = "FAMILIE", .reiter = 0},
+    {.pruefung = Pruefung::Familie, .titel = u"Familie", .a = {.art = Steuerung::Liste, .control = "cmbFamilie", .zeile = 3}, .feld = "FAMILIE",
+     .reiter = 0},
 };
-constexpr Filterbeschreibung mitListen{.sparte = Sparte::Obst, .reiter = reiter, .kriterien = listen, .zeilen = 3, .ladeFilter = {}, .speicherFilter = {}};
+constexpr Filterbeschreibung mitListen{.sparte = Sparte::Obst, .reiter = reiter, .kriterien = listen, .zeilen = 3, .ladeFilter = {},
+                                       .speicherFilter = {}};
 
 constexpr Kriterium gruppen[] = {
     {.pruefung = Pruefung::AlleWahr, .titel = u"Marken",
-     .a = {.art = Steuerung::Bilder, .control = "imgEigen", .anzahl = 2, .zeile = 1, .bilder = marken, .form = Dateiform::Bildname}, .felder = markenfelder, .reiter = 0},
-    {.pruefung = Pruefung::Flags, .titel = u"Licht", .a = {.art = Steuerung::Kaestchen, .control = "chkLicht", .anzahl = 5, .zeile = 3, .ueberzaehlig = 2}, .feld = "licht",
+     .a = {.art = Steuerung::Bilder, .control = "imgEigen", .anzahl = 2, .zeile = 1, .bilder = marken, .form = Dateiform::Bildname},
+         .felder = markenfelder, .reiter = 0},
+    {.pruefung = Pruefung::Flags, .titel = u"Licht", .a = {.art = Steuerung::Kaestchen, .control = "chkLicht", .anzahl = 5, .zeile = 3,
+     .ueberzaehlig = 2}, .feld = "licht",
      .reiter = 0},
-    {.pruefung = Pruefung::Flags, .titel = u"Typ", .a = {.art = Steuerung::Option, .control = "optTyp", .anzahl = 10, .zeile = 8, .ohneWahl = true}, .feld = "pflanzart",
+    {.pruefung = Pruefung::Flags, .titel = u"Typ", .a = {.art = Steuerung::Option, .control = "optTyp", .anzahl = 10, .zeile = 8, .ohneWahl = true},
+     .feld = "pflanzart",
      .reiter = 0},
-    {.pruefung = Pruefung::AlleWahr, .titel = u"Schmuck", .a = {.art = Steuerung::Kaestchen, .control = "chkSchmuck", .zeile = 18, .worte = schmuckwort},
+    {.pruefung = Pruefung::AlleWahr, .titel = u"Schmuck", .a = {.art = Steuerung::Kaestchen, .control = "chkSchmuck", .zeile = 18,
+     .worte = schmuckwort},
      .felder = schmuckfeld, .reiter = 0},
 };
-constexpr Filterbeschreibung mitGruppen{.sparte = Sparte::Stauden, .reiter = reiter, .kriterien = gruppen, .zeilen = 18, .ladeFilter = {}, .speicherFilter = {}};
+constexpr Filterbeschreibung mitGruppen{.sparte = Sparte::Stauden, .reiter = reiter, .kriterien = gruppen, .zeilen = 18, .ladeFilter = {},
+                                        .speicherFilter = {}};
 
 /// Nobody's window: these dialogs do not run.
 class Keinziel : public Filterziel
@@ -184,7 +193,8 @@ void TestFiltersteuerung::listeZurueckgesetzt()
     QCOMPARE(reitertext(), u"Eins"_s);
 }
 
-static const QStringList vorgabezeilen = QStringList{u"schmuc_n"_s, u"gift_n"_s} + QStringList(5, u" 0 "_s) + QStringList(10, u"False"_s) + QStringList(1, u" 0 "_s);
+static const QStringList vorgabezeilen = QStringList{u"schmuc_n"_s, u"gift_n"_s} + QStringList(5, u" 0 "_s)
+                                       + QStringList(10, u"False"_s) + QStringList(1, u" 0 "_s);
 
 /// They keep what a file says of them until all is put back, and nobody sees or counts them.
 void TestFiltersteuerung::ueberzaehligeKaestchen()
@@ -298,9 +308,11 @@ void TestFiltersteuerung::groesseDatei()
         namen.push_back("chkProbe" + QByteArray::number(i) + 'x');
     for (int i = 0; i < anzahl; ++i)
         kriterien.push_back({.pruefung = Pruefung::Flags, .titel = u"Wuchs",
-                             .a = {.art = Steuerung::Kaestchen, .control = namen[size_t(i)].constData(), .anzahl = jeGruppe, .zeile = 1 + i * jeGruppe}, .feld = "WUCHS",
+                             .a = {.art = Steuerung::Kaestchen, .control = namen[size_t(i)].constData(), .anzahl = jeGruppe,
+                                 .zeile = 1 + i * jeGruppe}, .feld = "WUCHS",
                              .reiter = 0, .spalte = i % 3});
-    const Filterbeschreibung viele{.sparte = Sparte::Obst, .reiter = reiter, .kriterien = kriterien, .zeilen = anzahl * jeGruppe, .ladeFilter = {}, .speicherFilter = {}};
+    const Filterbeschreibung viele{.sparte = Sparte::Obst, .reiter = reiter, .kriterien = kriterien, .zeilen = anzahl * jeGruppe, .ladeFilter = {},
+                                   .speicherFilter = {}};
     QCOMPARE(filterfehler(viele), QString());
     oeffnen(viele);
     const QStringList leer(viele.zeilen, u" 0 "_s);

@@ -133,20 +133,26 @@ constexpr QStringView laub[] = {u"grau", u"orange"};
 constexpr QStringView zeiten[] = {u"sommergrün", u"immergrün"};
 constexpr const char *immergruen[] = {nullptr, "immergruen"};
 constexpr Kriterium kodierte[] = {
-    {.pruefung = Pruefung::Flags, .titel = {}, .a = {.art = Steuerung::Option, .control = "optTyp", .anzahl = 10, .ohneWahl = true}, .feld = "pflanzart",
+    {.pruefung = Pruefung::Flags, .titel = {}, .a = {.art = Steuerung::Option, .control = "optTyp", .anzahl = 10, .ohneWahl = true},
+     .feld = "pflanzart",
      .gilt = Seite::Erste},
     {.pruefung = Pruefung::Flags, .titel = {}, .a = {.art = Steuerung::Kaestchen, .control = "chkFarbe", .anzahl = 14}, .feld = "Stauden.fruchtfarb",
      .liest = Schreibweise::Zahl},
-    {.pruefung = Pruefung::Flags, .titel = {}, .a = {.art = Steuerung::Kaestchen, .control = "chkGhLaub"}, .b = {.art = Steuerung::Kaestchen, .control = "chkGhNadel"},
+    {.pruefung = Pruefung::Flags, .titel = {}, .a = {.art = Steuerung::Kaestchen, .control = "chkGhLaub"},
+     .b = {.art = Steuerung::Kaestchen, .control = "chkGhNadel"},
      .feld = "grobeint", .gilt = Seite::Andere},
-    {.pruefung = Pruefung::FlagsNachWort, .titel = {}, .a = {.art = Steuerung::Kaestchen, .control = "chkLaub", .anzahl = 2, .worte = laub}, .feld = "blattfarbe",
+    {.pruefung = Pruefung::FlagsNachWort, .titel = {}, .a = {.art = Steuerung::Kaestchen, .control = "chkLaub", .anzahl = 2, .worte = laub},
+     .feld = "blattfarbe",
      .anders = Frage{.pruefung = Pruefung::FlagsNachWort, .feld = "laubfarb"}},
-    {.pruefung = Pruefung::EinsWahr, .titel = {}, .a = {.art = Steuerung::Kaestchen, .control = "chkZeit", .anzahl = 2, .worte = zeiten}, .felder = immergruen,
+    {.pruefung = Pruefung::EinsWahr, .titel = {}, .a = {.art = Steuerung::Kaestchen, .control = "chkZeit", .anzahl = 2, .worte = zeiten},
+     .felder = immergruen,
      .anders = Frage{.feld = "laubzeit"}},
-    {.pruefung = Pruefung::WortImText, .titel = {}, .a = {.art = Steuerung::Kaestchen, .control = "chkHabitus", .anzahl = 16}, .feld = "Stauden.wuchsform",
+    {.pruefung = Pruefung::WortImText, .titel = {}, .a = {.art = Steuerung::Kaestchen, .control = "chkHabitus", .anzahl = 16},
+     .feld = "Stauden.wuchsform",
      .anders = Frage{.feld = "habitus"}},
 };
-constexpr Filterbeschreibung mitKodierten{.sparte = Sparte::Friedhof, .reiter = {}, .kriterien = kodierte, .zeilen = 0, .ladeFilter = {}, .speicherFilter = {},
+constexpr Filterbeschreibung mitKodierten{.sparte = Sparte::Friedhof, .reiter = {}, .kriterien = kodierte, .zeilen = 0, .ladeFilter = {},
+                                          .speicherFilter = {},
                                           .herkunftsfeld = "DB", .andereHerkunft = u"010", .quellen = {Sparte::Stauden, Sparte::Gehoelze}};
 
 /// What print tells of a filter, criterion by criterion.
@@ -450,7 +456,8 @@ private slots:
             z.kriterien[size_t(kriterium)].a.werte[size_t(i)] = 1;
         z.kriterien[2].b.werte[0] = 1;
         QCOMPARE(alsText(kriterienzeilen(tabelle, mitKodierten, z, quelle(Sparte::Friedhof))),
-                 (QStringList{u"|Staude"_s, u"|bunt"_s, u"|Nadelgehölz"_s, u"|grau, orange"_s, u"|sommergrün, immergrüne Pflanze"_s, u"|überhängend"_s}));
+                 (QStringList{u"|Staude"_s, u"|bunt"_s, u"|Nadelgehölz"_s, u"|grau, orange"_s, u"|sommergrün, immergrüne Pflanze"_s,
+                     u"|überhängend"_s}));
     }
 
     /// Any state of a dialog prints what is set, in the order of print, and nothing else.
