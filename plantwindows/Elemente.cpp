@@ -81,6 +81,7 @@ public:
     QWidget *widget() const override { return kasten_ ? static_cast<QWidget *>(kasten_) : schild_; }
     QWidget *ganzerText() const override { return ganz_; }
     bool leer() const override { return text_.isEmpty(); }
+    QString wert() const override { return text_; }
 
     void zeigen(Pflanzensatz &satz) override
     {
@@ -494,6 +495,7 @@ public:
     QWidget *widget() const override { return kasten_; }
     bool veraendert() const override { return kasten_->text() != gezeigt_; }
     void uebernehmen() override { gezeigt_ = kasten_->text(); }
+    QString wert() const override { return kasten_->text(); }
 
     void zeigen(Pflanzensatz &satz) override
     {
@@ -545,8 +547,23 @@ public:
 
     QWidget *widget() const override { return feld_; }
 
-    bool veraendert() const override { return gesetzt() != gezeigt_; }
-    void uebernehmen() override { gezeigt_ = gesetzt(); }
+    bool veraendert() const override { return wert() != gezeigt_; }
+    void uebernehmen() override { gezeigt_ = wert(); }
+
+    QString wert() const override
+    {
+        QString flags;
+        for (const QCheckBox *kaestchen : kaestchen_)
+            flags += kaestchen->isChecked() ? u'1' : u' ';
+        return flags;
+    }
+
+    void benennen(std::span<const QString> namen) override
+    {
+        for (size_t i = 0; i < kaestchen_.size(); ++i)
+            if (auto *eigenes = qobject_cast<Namenskaestchen *>(kaestchen_[i]))
+                eigenschaftBenennen(*eigenes, int(i), namen[i]);
+    }
 
     void zeigen(Pflanzensatz &satz) override
     {
@@ -558,17 +575,9 @@ public:
     }
 
 private:
-    std::vector<bool> gesetzt() const
-    {
-        std::vector<bool> alle;
-        for (const QCheckBox *kaestchen : kaestchen_)
-            alle.push_back(kaestchen->isChecked());
-        return alle;
-    }
-
     Kodefeld kodefeld_;
     QWidget *feld_;
-    std::vector<bool> gezeigt_;
+    QString gezeigt_;
     std::vector<QCheckBox *> kaestchen_;
 };
 

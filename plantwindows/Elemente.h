@@ -30,6 +30,10 @@ public:
     virtual bool veraendert() const { return false; }
     /// What stands there now counts as shown.
     virtual void uebernehmen() {}
+    /// What stands there now: a text as it is shown, the user's fields as they are stored.
+    virtual QString wert() const { return {}; }
+    /// Names of what the user has named.
+    virtual void benennen(std::span<const QString>) {}
     /// Month captions as letters or numbers.
     virtual void monateBeschriften(bool) {}
     /// What has a size of its own follows the size of the record's type, in points.

@@ -1,10 +1,9 @@
 #include "Pflanzenfenster.h"
 
 #include "Artenmodell.h"
-#include "Elemente.h"
+#include "Pflanzenansicht.h"
 #include "controls/Geschuetzt.h"
 #include "controls/Sanduhr.h"
-#include "controls/Spalten.h"
 #include "controls/Steuerelemente.h"
 #include "Zentrale.h"
 #include "filters/Filterdialog.h"
@@ -12,7 +11,6 @@
 #include "store/Pfade.h"
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QFile>
@@ -20,16 +18,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QSignalBlocker>
-
-namespace {
-
-bool desBenutzers(const Anzeigeelement &element)
-{
-    const Muster muster = element.beschreibung().muster;
-    return muster == Muster::Benutzertext || muster == Muster::Benutzereigen;
-}
-
-} // namespace
 
 Pflanzenfenster::Pflanzenfenster(Programm &programm, Zentrale &zentrale, const Fensterbeschreibung &beschreibung, int nummer)
     : Fensternummer(nummer), programm_(programm), zentrale_(zentrale), beschreibung_(beschreibung), satz_(programm, eintrag(beschreibung.sparte))
@@ -71,7 +59,7 @@ int Pflanzenfenster::eigeneNummer()
 void Pflanzenfenster::Form_Activate()
 {
     aktivMelden();
-    lblArtNr_->setVisible(programm_.HausModus);
+    ansicht_->nummerSichtbar(programm_.HausModus);
     if (ErsteAktivierung) {
         (void)datenHolen(); // the run below tells of a copy that cannot be made
         DatenOrdnen();
@@ -162,12 +150,7 @@ void Pflanzenfenster::darstellen()
     // First, and both or none: what they show and the record they belong to must never part.
     benutzerfelderZeigen();
     hinweis(QString()); // what it told of may be another plant's
-    lblArtNr_->setText(satz_.artnr() ? QString::number(satz_.artnr()) : QString());
-    for (const auto &element : elemente_)
-        if (!desBenutzers(*element))
-            element->zeigen(satz_);
-    titelPruefen();
-    gruppenPruefen();
+    ansicht_->zeigen(satz_);
     bilderZeigen();
     AnzeigeAnzahl();
     zentrale_.pflanzeGewechselt(sparte(), Fensternummer);
@@ -196,75 +179,7 @@ void Pflanzenfenster::benutzerfelderZeigen()
     const bool behalten = DatenGeaendert && satz_.artnr() == gezeigt_;
     gezeigt_ = satz_.artnr();
     gezeigterName_ = name;
-    for (const auto &element : elemente_)
-        if (desBenutzers(*element) && !(behalten && element->veraendert()))
-            element->zeigen(satz_);
-}
-
-Anzeigeelement *Pflanzenfenster::elementNamens(QStringView control) const
-{
-    for (const auto &element : elemente_)
-        if (control == QLatin1String(element->beschreibung().control))
-            return element.get();
-    return nullptr;
-}
-
-void Pflanzenfenster::titelPruefen()
-{
-    for (Titel &titel : titel_) {
-        const Titelzeile *erste = nullptr;
-        for (const Titelzeile &zeile : titel.zeilen) {
-            zeile.element->widget()->setVisible(!zeile.element->leer());
-            if (!erste && !zeile.element->leer())
-                erste = &zeile;
-        }
-        titel.schild->setVisible(erste);
-        if (erste && erste->zeile != titel.zeile) {
-            titel.zeile = erste->zeile;
-            titel.raster->addWidget(titel.schild, titel.zeile, 0, titellage(*erste->element));
-        }
-    }
-}
-
-void Pflanzenfenster::gruppenPruefen()
-{
-    const auto leer = [](const Anzeigeelement *element) { return element->leer(); };
-    const std::optional<Sparte> herkunft = satz_.herkunft();
-    for (const Rahmen &rahmen : rahmen_) {
-        if (rahmen.gruppe->herkunft && !herkunft)
-            continue;
-        bool sichtbar = true;
-        switch (rahmen.gruppe->regel) {
-        case Gruppenregel::Immer: break;
-        case Gruppenregel::Feld: {
-            const QString wert = Auslesen(QString::fromLatin1(rahmen.gruppe->regelfeld));
-            sichtbar = !wert.isEmpty() && wert != u"0";
-            break;
-        }
-        case Gruppenregel::Controls: {
-            std::vector<Anzeigeelement *> gefragt;
-            for (const char *control : rahmen.gruppe->regelcontrols)
-                gefragt.push_back(elementNamens(QString::fromLatin1(control)));
-            sichtbar = !std::ranges::all_of(gefragt.empty() ? rahmen.elemente : gefragt, leer);
-            break;
-        }
-        }
-        sichtbar = sichtbar && (!rahmen.gruppe->herkunft || rahmen.gruppe->herkunft == herkunft);
-        rahmen.rahmen->setVisible(sichtbar);
-        if (rahmen.titel)
-            rahmen.titel->setVisible(sichtbar);
-    }
-    const auto verborgen = [](const Karte *karte) { return karte->isHidden(); };
-    for (const Sammelrahmen &rahmen : sammelrahmen_) {
-        const bool sichtbar = !std::ranges::all_of(rahmen.gruppen, verborgen);
-        rahmen.rahmen->setVisible(sichtbar);
-        rahmen.ueberschrift->setVisible(sichtbar);
-    }
-    for (const Seite &seite : seiten_)
-        seite.leer->setVisible(std::ranges::all_of(seite.gruppen, verborgen));
-    for (const GanzerText &text : ganzeTexte_)
-        if (QWidget *kasten = text.element->ganzerText(); kasten && text.raster->indexOf(kasten) < 0)
-            text.raster->addWidget(kasten, text.zeile, 0, 1, 2);
+    ansicht_->benutzerfelderZeigen(satz_, behalten);
 }
 
 void Pflanzenfenster::AnzeigeAnzahl()
@@ -275,15 +190,12 @@ void Pflanzenfenster::AnzeigeAnzahl()
 
 void Pflanzenfenster::Monatsbeschriftung()
 {
-    for (const auto &element : elemente_)
-        element->monateBeschriften(programm_.MonatsDarstellung != 0);
+    ansicht_->monateBeschriften();
 }
 
 void Pflanzenfenster::eigenschaftenBenennen()
 {
-    for (int i = 0; i < anzahlEigenschaften; ++i)
-        if (auto *kaestchen = findChild<Namenskaestchen *>(QStringLiteral("sschkBenutzer_%1").arg(i)))
-            eigenschaftBenennen(*kaestchen, i, programm_.BenutzerNamen[size_t(sparte())][size_t(i)]);
+    ansicht_->eigenschaftenBenennen();
 }
 
 void Pflanzenfenster::bewegen(Bewegung bewegung)
@@ -429,7 +341,7 @@ void Pflanzenfenster::drucken()
 
 void Pflanzenfenster::BenutzerdatenSpeichern()
 {
-    if (gezeigt_ == 0 || !elementNamens(u"txtEigeneBemerkung"))
+    if (gezeigt_ == 0 || !ansicht_->hatNotiz())
         return;
     // What an input method still holds belongs to the note.
     QGuiApplication::inputMethod()->commit();
@@ -450,8 +362,7 @@ void Pflanzenfenster::BenutzerdatenSpeichern()
 void Pflanzenfenster::notizGespeichert()
 {
     DatenGeaendert = false;
-    for (const auto &element : elemente_)
-        element->uebernehmen();
+    ansicht_->uebernehmen();
 }
 
 void Pflanzenfenster::hinweis(const QString &text)

@@ -15,17 +15,13 @@
 #include <memory>
 #include <vector>
 
-class Anzeigeelement;
 class Filterdialog;
 class Artenmodell;
 class Bildknopf;
 class Bilderstreifen;
-class Karte;
+class Pflanzenansicht;
 class QComboBox;
-class QGridLayout;
 class QLabel;
-class QVBoxLayout;
-class Spaltenlayout;
 class Zentrale;
 
 /* The plant window, one for all Sparten: record selector, picture buttons, tabbed record view, status bar. What it shows and
@@ -100,18 +96,11 @@ protected:
 private:
     void aufbauen();
     QWidget *leisteBauen();
-    QWidget *kopfBauen();
-    QWidget *reiterBauen(const Reiter &reiter);
-    Karte *gruppeBauen(const Gruppe &gruppe, QWidget *eltern);
-    Karte *sammelrahmenBauen(const Ueberschrift &ueberschrift, QWidget *eltern);
     QWidget *statusBauen();
-    void elementSetzen(const Element &element, QGridLayout &raster, QWidget *eltern, const QString &gruppe = {});
     void groesseAnpassen();
     void knoepfeVerbinden();
     /// Says once, when the events in hand are done, that the record's origin is none that is known.
     void herkunftMelden();
-    void titelPruefen();
-    void gruppenPruefen();
     void aktivMelden();
     /// The Sparte's current window is this one, for as long as one of its routines runs.
     int eigeneNummer();
@@ -167,64 +156,14 @@ private:
     Pflanzensatz satz_;
     QPointer<Filterdialog> filter_;
 
-    struct Titelzeile
-    {
-        Anzeigeelement *element;
-        int zeile; ///< of the grid
-    };
-    struct Titel
-    {
-        QLabel *schild;
-        QGridLayout *raster;
-        std::vector<Titelzeile> zeilen; ///< rows may share a caption: it stands beside the first of them that shows something
-        int zeile;                      ///< where it stands
-    };
-    struct Rahmen
-    {
-        const Gruppe *gruppe;
-        Karte *rahmen;
-        QLabel *titel; ///< null: has none
-        std::vector<Anzeigeelement *> elemente;
-    };
-    /// A card that holds the groups of a heading.
-    struct Sammelrahmen
-    {
-        Karte *rahmen;
-        QLabel *ueberschrift;
-        std::vector<Karte *> gruppen;
-    };
-    struct Seite
-    {
-        Spaltenlayout *spalten;
-        std::vector<Karte *> gruppen;
-        Karte *leer; ///< says that there is nothing to say
-    };
-    struct GanzerText
-    {
-        Anzeigeelement *element;
-        QGridLayout *raster;
-        int zeile; ///< row of the grid for the box
-    };
-    Anzeigeelement *elementNamens(QStringView control) const;
-    static Qt::Alignment titellage(const Anzeigeelement &element);
-
-    std::vector<std::unique_ptr<Anzeigeelement>> elemente_;
-    std::vector<Titel> titel_;
-    std::vector<Rahmen> rahmen_;
-    std::vector<Sammelrahmen> sammelrahmen_;
-    std::vector<Seite> seiten_;
-    std::vector<GanzerText> ganzeTexte_;
     std::array<Bildknopf *, anzahlKnoepfe> knoepfe_{};
     Knopfreihe reihe_{this, ButtonUnterMaus, [this](const Bildknopf &button, Knopfzustand zustand) { return knopfbildVon(button, zustand); }};
     QComboBox *cboArten_ = nullptr;
     Artenmodell *arten_ = nullptr;
-    QLabel *lblArtNr_ = nullptr;
     Bilderstreifen *fraBilder_ = nullptr;
     std::array<QLabel *, 4> stbAnzeige_{};
-    QWidget *fraDaten_ = nullptr, *fraKopf_ = nullptr, *tafel_ = nullptr;
+    Pflanzenansicht *ansicht_ = nullptr;
     std::array<QWidget *, 2> leistenteile_{}; ///< walking and selector; the other buttons
-    int kopfMindesthoehe_ = 0;
-    double schriftstufe_ = 0;
     QTimer hinweisende_;
     qint64 gezeigt_ = 0; ///< number of the record last shown: the user's fields belong to it
     QString gezeigterName_;

@@ -1,5 +1,6 @@
 #include "Pflanzenfenster.h"
 
+#include "Pflanzenansicht.h"
 #include "Zentrale.h"
 #include "controls/Geschuetzt.h"
 #include "pictures/Bilderstreifen.h"
@@ -13,7 +14,7 @@ void Pflanzenfenster::bilderZeigen()
     const Medium medium = bildMediumPruefen(programm_);
     if (stbAnzeige_[2]->text() != medium.hinweis)
         stbAnzeige_[2]->setText(medium.hinweis);
-    lblArtNr_->setForegroundRole(medium.unbekannt ? QPalette::Link : QPalette::WindowText);
+    ansicht_->nummerHervorheben(medium.unbekannt);
     std::vector<Bildeintrag> bilder;
     const std::optional<Sparte> herkunft = satz_.herkunft();
     if (const std::optional<Bildzeile> zeile = herkunft ? satz_.bilder() : std::nullopt)
@@ -39,10 +40,6 @@ void Pflanzenfenster::bildAngeklickt(int index)
 
 Bilderpflanze Pflanzenfenster::bilderpflanze()
 {
-    const auto namen = [this](const Element &element) {
-        const auto *schild = findChild<QLabel *>(QString::fromLatin1(element.control));
-        return schild ? schild->text() : QString();
-    };
-    return {.sparte = sparte(), .artnr = satz_.artnr(), .botName = namen(beschreibung_.kopf[0]), .deuName = namen(beschreibung_.kopf[1]),
+    return {.sparte = sparte(), .artnr = satz_.artnr(), .botName = ansicht_->kopftext(0), .deuName = ansicht_->kopftext(1),
             .zeile = satz_.artnr() ? satz_.bilder() : std::nullopt};
 }

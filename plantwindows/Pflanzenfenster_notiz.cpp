@@ -1,26 +1,17 @@
 #include "Pflanzenfenster.h"
 
-#include "Elemente.h"
 #include "Notizdatei.h"
+#include "Pflanzenansicht.h"
 #include "Zentrale.h"
 #include "controls/Geschuetzt.h"
 
-#include <QCheckBox>
 #include <QPushButton>
-#include <QTabBar>
-#include <QTabWidget>
 
 /* The user's own note and properties: how they leave the window for the database, or, where nothing else is left, for a file. */
 
 Notiz Pflanzenfenster::notiz() const
 {
-    const Anzeigeelement *bemerkung = elementNamens(u"txtEigeneBemerkung");
-    QString eigen;
-    for (int i = 0; i < anzahlEigenschaften; ++i) {
-        const auto *kaestchen = findChild<QCheckBox *>(QStringLiteral("sschkBenutzer_%1").arg(i));
-        eigen += kaestchen && kaestchen->isChecked() ? u'1' : u' ';
-    }
-    return {gezeigt_, bemerkung ? bemerkung->widget()->property("plainText").toString() : QString(), eigen};
+    return {gezeigt_, ansicht_->bemerkung(), ansicht_->eigen()};
 }
 
 QString Pflanzenfenster::notizZumAufheben() const
@@ -48,10 +39,7 @@ void Pflanzenfenster::notizNachziehen(const Notiz &notiz)
 
 void Pflanzenfenster::notizVerlassen()
 {
-    const Anzeigeelement *notiz = elementNamens(u"txtEigeneBemerkung");
-    const auto *reiter = findChild<QTabWidget *>(QStringLiteral("tabStauden"));
-    if (notiz && reiter && window()->focusWidget() == notiz->widget())
-        reiter->tabBar()->setFocus(Qt::OtherFocusReason);
+    ansicht_->notizVerlassen();
 }
 
 bool Pflanzenfenster::notizSichern()

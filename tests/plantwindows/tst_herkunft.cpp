@@ -109,6 +109,8 @@ void TestHerkunft::jedeZeileZeigtIhreQuelle()
     QCOMPARE(probe_->name(), u"Sedum"_s);
     const auto tip = [&] { return probe_->finde(u"lblBotName"_s)->toolTip(); };
     QVERIFY(probe_->finde<QLabel>(u"lblBotName"_s)->font().italic());
+    // Two marks without a caption have a place each.
+    QVERIFY(!probe_->finde(u"imgSeite"_s)->geometry().intersects(probe_->finde(u"imgBenuAenderung"_s)->geometry()));
     // There and back: nothing of the other side stays.
     for (int lauf = 0; lauf < 2; ++lauf) {
         QCOMPARE(rahmen(), (QStringList{u"fraPflanzentyp"_s, u"fraPflege"_s, u"fraSymbolik"_s}));
