@@ -32,8 +32,9 @@ const Spalte *spalteVon(Sparte sparte, const char *feld, Sparte herkunft)
     const QStringView quelle = eintrag(herkunft).haupttabelle;
     // A query puts the table before a name that both of its sides have.
     for (const QByteArray &versuch : {quelle.toLatin1() + '_' + name, name})
-        if (const Spalte *spalte = schema::spalteVon(satz, versuch.constData()); spalte && schema::kommtAus(satz, QString::fromLatin1(versuch), quelle))
-            return spalte;
+        if (const Spalte *spalte = schema::spalteVon(satz, versuch.constData()))
+            if (schema::kommtAus(satz, QString::fromLatin1(versuch), quelle))
+                return spalte;
     return nullptr;
 }
 

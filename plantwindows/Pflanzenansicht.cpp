@@ -418,7 +418,9 @@ Karte *Pflanzenansicht::gruppeBauen(const Gruppe &gruppe, QWidget *eltern)
 Anzeigeelement *Pflanzenansicht::elementBauen(const Element &element, QWidget *eltern, const QString &gruppe)
 {
     elemente_.push_back(elementErzeugen(
-        element, {programm_, beschreibung_, this, [this](const QString &text) { emit hinweis(text); }, [this] { emit geaendert(); }, gruppe}, eltern));
+        element,
+        {programm_, beschreibung_, this, [this](const QString &text) { emit hinweis(text); }, [this] { emit geaendert(); }, gruppe},
+        eltern));
     Anzeigeelement *anzeige = elemente_.back().get();
     if (element.muster == Muster::Benutzertext)
         bemerkung_ = anzeige;

@@ -181,7 +181,8 @@ void TestHerkunft::bilderAusDerQuelle()
 {
     const auto db = probe_->ordner.db();
     db->Execute(u"DELETE FROM Friedhof_Bilder"_s);
-    db->Execute(u"INSERT INTO Friedhof_Bilder (ARTNR, BotName, \"BILD1-G\") VALUES (100, 'Sedum', 'probe'), (2100, 'Taxus', 'probe'), (300, 'Tilia', 'probe')"_s);
+    db->Execute(u"INSERT INTO Friedhof_Bilder (ARTNR, BotName, \"BILD1-G\") VALUES "
+                "(100, 'Sedum', 'probe'), (2100, 'Taxus', 'probe'), (300, 'Tilia', 'probe')"_s);
     // A real picture can be clicked.
     const auto echt = [&] { return probe_->finde(u"imgFloxBild_0"_s)->property("MousePointer").toInt() != 0; };
     QImage bild(80, 60, QImage::Format_RGB32);

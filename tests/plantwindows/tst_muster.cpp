@@ -221,7 +221,8 @@ void TestMuster::einBildNachStelle()
     const Kleinfenster klein(Sparte::Gehoelze, gehoelzGruppen, tafel);
     Fensterprobe &probe = *klein.probe;
     QVERIFY(!probe.gezeigt(u"imgEigen_0"_s));
-    for (const auto &[wert, bild, name] : {std::tuple(u"1"_s, u"iliEigenschaften/laub"_s, u"Laubgehölz"_s), {u"2"_s, u"iliEigenschaften/nadel"_s, u"Nadelgehölz"_s}}) {
+    for (const auto &[wert, bild, name] : {std::tuple(u"1"_s, u"iliEigenschaften/laub"_s, u"Laubgehölz"_s),
+                                           {u"2"_s, u"iliEigenschaften/nadel"_s, u"Nadelgehölz"_s}}) {
         probe.setzen({{u"grobeint"_s, wert}});
         QVERIFY(probe.gezeigt(u"imgEigen_0"_s));
         QCOMPARE(probe.finde<Bildfeld>(u"imgEigen_0"_s)->bild(), bild);
@@ -252,9 +253,11 @@ void TestMuster::anhaenge_data()
     using Werte = Fensterprobe::Werte;
     QTest::newRow("nothing") << Werte{} << "" << "";
     QTest::newRow("text alone") << Werte{{u"pflanzart"_s, u"S"_s}, {u"BLMAXH"_s, u"0.5"_s}} << "Staude" << "max. 0,5 m";
-    QTest::newRow("behind a text") << Werte{{u"pflanzart"_s, u"S"_s}, {u"BLMAXH"_s, u"0.5"_s}, {u"immergruen"_s, u"True"_s}, {u"UNSCHEINBA"_s, u"True"_s}}
+    QTest::newRow("behind a text") << Werte{{u"pflanzart"_s, u"S"_s}, {u"BLMAXH"_s, u"0.5"_s},
+                                            {u"immergruen"_s, u"True"_s}, {u"UNSCHEINBA"_s, u"True"_s}}
                                    << "Staude, immergrün" << "max. 0,5 m (unscheinbar)";
-    QTest::newRow("two") << Werte{{u"pflanzart"_s, u"G"_s}, {u"immergruen"_s, u"True"_s}, {u"giftig"_s, u"True"_s}} << "Gras, immergrün, giftig!" << "";
+    QTest::newRow("two") << Werte{{u"pflanzart"_s, u"G"_s}, {u"immergruen"_s, u"True"_s}, {u"giftig"_s, u"True"_s}}
+                         << "Gras, immergrün, giftig!" << "";
     QTest::newRow("behind nothing") << Werte{{u"giftig"_s, u"True"_s}, {u"UNSCHEINBA"_s, u"True"_s}} << "giftig!" << "(unscheinbar)";
 }
 
@@ -410,7 +413,8 @@ void TestMuster::bildMitEigenerForm()
     zeichnung.close();
     const QScopeGuard zurueck([vorher = bilder::ordner()] { bilder::setOrdner(vorher); });
 
-    static constexpr Bildformular formular{.form = "frmLebensbereiche", .titel = u"Lebensbereiche Stauden", .control = "picLebensberiche", .bild = "bilder/probe"};
+    static constexpr Bildformular formular{.form = "frmLebensbereiche", .titel = u"Lebensbereiche Stauden",
+                                            .control = "picLebensberiche", .bild = "bilder/probe"};
     static constexpr Element elemente[] = {{.muster = Muster::Bildoeffner, .control = "picLebensraum", .formular = &formular}};
     static constexpr Gruppe gruppen[] = {{.name = "fraTest", .titel = u"Test", .elemente = elemente}};
     const Kleinfenster klein(Sparte::Stauden, gruppen, {}, ordner.path());
