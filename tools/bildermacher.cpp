@@ -42,6 +42,7 @@ constexpr std::pair<const char *, const char *> listen[] = {{"licht", "iliLicht"
                                                             {"eigenschaften", "iliEigenschaften"},
                                                             {"eigenschaften", "bilder"},
                                                             {"verwendung", "bilder"},
+                                                            {"formulare", "bilder"},
                                                             {"benutzer", "iliBenutzer"},
                                                             {"hand", "iliHand"},
                                                             {"wahl", "wahl"},
