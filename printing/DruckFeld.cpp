@@ -20,6 +20,7 @@ QString DruckFeld(const Wortquelle &quelle, const Spalte &spalte, const QString 
     case Art::Memo: return ohneZeilenmarken(wert);
     case Art::Zahl: return zahlZeigen(wert);
     case Art::Flags:
+    case Art::Nummer:
     case Art::Code:
     case Art::Literatur: return spalte.liste ? worteVon(positionen(spalte, wert), *spalte.liste) : QString();
     case Art::Monate: return worteVon(positionen(spalte, wert), WL_Monate);

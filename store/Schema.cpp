@@ -92,8 +92,8 @@ constexpr Spalte spaltenStauden[] = {
     {"bluehzeit", Art::Monate, nullptr, u"Blütezeit"},
     {"fruchtzeit", Art::Monate, nullptr, u"Fruchtzeit"},
     {"farben", Art::Flags, &WL_Bluetenfarbe, u"Blütenfarbe"},
-    kodiert("fruchtfarb", Art::Flags, &WL_Fruchtfarbe, u"Fruchtfarbe", Schreibweise::ZahlOderFlags),
-    kodiert("herbstfarb", Art::Flags, &WL_Bluetenfarbe, u"Herbstfärbung", Schreibweise::ZahlOderFlags),
+    kodiert("fruchtfarb", Art::Nummer, &WL_Fruchtfarbe, u"Fruchtfarbe", Schreibweise::ZahlOderFlags),
+    kodiert("herbstfarb", Art::Nummer, &WL_Bluetenfarbe, u"Herbstfärbung", Schreibweise::ZahlOderFlags),
     {"farbtxt", Art::Text, nullptr, u"Farbtxt"},
     {"blform", Art::Text, nullptr, u"Blütenform"},
     wahr("UNSCHEINBA", u"Die Blüten sind unscheinbar!", u"Erscheinung"),
@@ -512,6 +512,7 @@ QString typ(Art art)
     case Art::Text:
     case Art::Memo:
     case Art::Flags:
+    case Art::Nummer:
     case Art::Monate:
     case Art::Eigen:
     case Art::Literatur:

@@ -14,6 +14,7 @@ enum class Art {
     Text,
     Memo,       ///< running text
     Flags,      ///< positions of the column's vocabulary, in words in the sources
+    Nummer,     ///< one position of the column's vocabulary, its word in the sources; a user's row may hold flags
     Monate,     ///< flag string of 12 months, position 1 = January
     Eigen,      ///< five characters, "1" or blank: the user's own properties
     Literatur,  ///< flag string over the list of works

@@ -90,6 +90,14 @@ QString Pflanzendaten::flagsAus(const QString &worte, const Werteliste &liste)
     return flags;
 }
 
+QString Pflanzendaten::nummerAus(const QString &wort, const Werteliste &liste)
+{
+    const QString flags = flagsAus(wort, liste);
+    if (flags.count(u'1') > 1)
+        throw Quellfehler{QStringLiteral("mehr als ein Wort: \"%1\"").arg(wort)};
+    return QString::number(flags.indexOf(u'1') + 1);
+}
+
 QString Pflanzendaten::monateAus(const QString &text)
 {
     QString flags(12, u'0');
@@ -139,6 +147,7 @@ QVariant Pflanzendaten::wert(const RecSatz &satz, const RecFeld &feld, const Spa
     try {
         switch (spalte.art) {
         case Art::Flags: return flagsAus(feld.wert, *spalte.liste);
+        case Art::Nummer: return nummerAus(feld.wert, *spalte.liste);
         case Art::Monate: return monateAus(feld.wert);
         case Art::Literatur: {
             QString flags(schema::anzahlWerke, u'0');

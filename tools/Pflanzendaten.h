@@ -23,6 +23,8 @@ public:
 
     /// Flag string for words of a list separated by commas; a word may itself hold commas. Throws the unknown word.
     static QString flagsAus(const QString &worte, const Werteliste &liste);
+    /// Number of the one word that a text names. Throws an unknown word and a second one.
+    static QString nummerAus(const QString &wort, const Werteliste &liste);
     /// Flag string for "3-5", "Mai-Juli", "11-2, 6". Throws what is no month.
     static QString monateAus(const QString &text);
 

@@ -75,6 +75,7 @@ Werte voll()
         case Art::Text:
         case Art::Memo: werte[name] = u"Altwert"_s; break;
         case Art::Flags: werte[name] = QString(spalte.liste->anzahl(), u'1'); break;
+        case Art::Nummer: werte[name] = u"2"_s; break;
         case Art::Monate: werte[name] = QString(12, u'1'); break;
         case Art::Eigen: werte[name] = u"11111"_s; break;
         case Art::Wahrheit: werte[name] = ja; break;

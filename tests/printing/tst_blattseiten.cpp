@@ -255,6 +255,7 @@ static QString worte(Druckprobe &probe, const Spalte &spalte, const QString &wer
                                         : (spalte.art == Art::Monate ? WL_Monate : *spalte.liste).wort(p).toString();
     };
     switch (spalte.art) {
+    case Art::Nummer: return spalte.liste->wort(wert.toInt()).toString();
     case Art::Flags:
     case Art::Monate:
     case Art::Eigen:

@@ -102,6 +102,10 @@ private slots:
         const auto text = [&](const QString &wert) { return DruckFeld({programm_, sparte, arbeit_}, *spalte, wert); };
         QCOMPARE(text(QString()), QString());
         switch (spalte->art) {
+        case Art::Nummer:
+            for (int p = 1; p <= spalte->liste->anzahl(); ++p)
+                QCOMPARE(text(QString::number(p)), spalte->liste->wort(p).toString());
+            [[fallthrough]];
         case Art::Flags:
         case Art::Literatur: worte(text, *spalte->liste); break;
         case Art::Monate: worte(text, WL_Monate); break;

@@ -36,7 +36,7 @@ private slots:
             namen += name.toLower();
             QCOMPARE(spalte.art == Art::Schluessel, name == u"ARTNR");
             // A code may be a single row of a list.
-            if (spalte.art == Art::Flags || spalte.art == Art::Literatur)
+            if (spalte.art == Art::Flags || spalte.art == Art::Nummer || spalte.art == Art::Literatur)
                 QVERIFY2(spalte.liste && spalte.liste->anzahl() > 1, spalte.name);
             else
                 QVERIFY2(!spalte.liste || spalte.art == Art::Code, spalte.name);

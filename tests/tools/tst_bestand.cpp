@@ -87,6 +87,7 @@ private slots:
                 };
                 switch (spalte.art) {
                 case Art::Flags: QVERIFY2(flags(spalte.liste->anzahl()), qPrintable(ort)); break;
+                case Art::Nummer: QVERIFY2(!spalte.liste->wort(text.toInt()).isEmpty(), qPrintable(ort)); break;
                 case Art::Monate: QVERIFY2(flags(12), qPrintable(ort)); break;
                 case Art::Literatur: QVERIFY2(flags(schema::anzahlWerke), qPrintable(ort)); break;
                 case Art::Wahrheit: QVERIFY2(text == u"True" || text == u"False", qPrintable(ort)); break;

@@ -103,6 +103,18 @@ private slots:
         QCOMPARE(fehler.isEmpty() ? ergebnis : fehler, flags);
     }
 
+    /// One word is its number; a second one is refused, whatever it is.
+    void nummer()
+    {
+        for (const Werteliste *liste : {&WL_Fruchtfarbe, &WL_Bluetenfarbe})
+            for (int p = 1; p <= liste->anzahl(); ++p)
+                QCOMPARE(Pflanzendaten::nummerAus(liste->wort(p).toString(), *liste), QString::number(p));
+        const auto fehler = [](const QString &worte) { return fehlerVon([&] { Pflanzendaten::nummerAus(worte, WL_Fruchtfarbe); }); };
+        QCOMPARE(fehler(u"rot, gelb"_s), u"mehr als ein Wort: \"rot, gelb\""_s);
+        QVERIFY(fehler(u"rötlich"_s).contains(u"rötlich"));
+        QVERIFY(!fehler(QString()).isEmpty());
+    }
+
     /// Every word of every column alone gives its own place, or an earlier row with the same word.
     void jedesWort()
     {
