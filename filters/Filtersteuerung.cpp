@@ -310,7 +310,7 @@ public:
     void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *rahmen) override
     {
         inReihen(widgets, bilderJeReihe, kastenabstand, ort);
-        if (!teil_.bilder.front().satz.isEmpty())
+        if (teil_.satzschild)
             satzBauen(ort, rahmen);
     }
 
@@ -329,12 +329,12 @@ private:
     void satzBauen(QVBoxLayout &ort, QWidget *rahmen)
     {
         auto *satz = new QLabel(rahmen);
-        satz->setObjectName(QStringLiteral("lbl") + QString::fromLatin1(teil_.control).mid(3));
+        satz->setObjectName(QString::fromLatin1(teil_.satzschild));
         satz->setMinimumHeight(20);
         ort.addWidget(satz);
         for (int i = 0; i < teil_.elemente(); ++i) {
             auto *bild = element<Bildfeld>(i);
-            connect(bild, &Bildfeld::mausDarueber, satz, [satz, bild, text = teil_.bilder[size_t(i)].satz.toString()] {
+            connect(bild, &Bildfeld::mausDarueber, satz, [satz, bild, text = teil_.bilder[size_t(i)].hinweis.toString()] {
                 satz->setText(text);
                 satz->setStyleSheet(bild->borderStyle() == 1 ? QStringLiteral("color: #808080") : QStringLiteral("color: black"));
             });

@@ -2,6 +2,9 @@
 
 #include "Steuerungsarten.h"
 #include "frmFilterAp.h"
+#include "frmFilterGe.h"
+#include "frmFilterOb.h"
+#include "frmFilterSt.h"
 #include "frmFilterTo.h"
 #include "store/Schema.h"
 
@@ -13,7 +16,7 @@
 
 namespace {
 
-constexpr std::array<const Filterbeschreibung *, anzahlSparten> beschreibungen{&frmFilterTo, nullptr, nullptr, &frmFilterAp, nullptr, nullptr};
+constexpr std::array<const Filterbeschreibung *, anzahlSparten> beschreibungen{&frmFilterTo, &frmFilterSt, &frmFilterGe, &frmFilterAp, &frmFilterOb, nullptr};
 
 } // namespace
 
@@ -160,7 +163,7 @@ QString teilfehler(const Filterbeschreibung &b, const Kriterium &k, const Steuer
                 return QStringLiteral("%1: kein Wort für Kästchen %2").arg(name).arg(i);
     if (teil.art == Steuerung::Bilder && int(teil.bilder.size()) != teil.elemente())
         return QStringLiteral("%1: %2 Bilder für %3 Felder").arg(name).arg(teil.bilder.size()).arg(teil.elemente());
-    if (teil.form == Dateiform::Bildname && std::ranges::any_of(teil.bilder, [](const Symbolbild &bild) { return !bild.aus; }))
+    if (teil.form == Dateiform::Bildname && std::ranges::any_of(teil.bilder, [](const Symbol &bild) { return !bild.aus; }))
         return QStringLiteral("%1: an und aus haben einen Namen").arg(name);
     if (teil.form == Dateiform::Index && teil.eintraege != Eintraege::Worte)
         return QStringLiteral("%1: die Plätze der Einträge stehen nicht fest").arg(name);

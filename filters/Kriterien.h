@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/Sparten.h"
+#include "store/Symbol.h"
 #include "store/Positionen.h"
 
 #include <array>
@@ -41,16 +42,6 @@ enum class Dateiform {
 /// Where the entries of a list come from, behind the one that means all.
 enum class Eintraege { Familien, Feldwerte, Worte };
 
-struct Symbolbild
-{
-    const char *bild; ///< "list/key"
-    QStringView name; ///< accessible name and tool tip
-    QStringView satz; ///< sentence under the pictures while the mouse is over one
-    const char *aus = nullptr; ///< "list/key" while it is not selected; null: the same picture
-
-    const char *gezeigt(bool gewaehlt) const { return gewaehlt || !aus ? bild : aus; }
-};
-
 inline constexpr QStringView alleEintrag = u"- Alle -";
 
 struct Steuerteil
@@ -63,7 +54,8 @@ struct Steuerteil
     QStringView vorgabe = {};             ///< default text
     Eintraege eintraege = Eintraege::Familien; ///< Liste
     QStringView alle = alleEintrag;       ///< Liste: the first entry, which switches the criterion off
-    std::span<const Symbolbild> bilder = {};
+    std::span<const Symbol> bilder = {};
+    const char *satzschild = nullptr;     ///< Bilder: objectName of the label below them that says the sentence of the one under the mouse
     const Farbliste *farben = nullptr;
     std::optional<Dateiform> form = {};   ///< where the file has another form than the kind of control asks for
     int ueberzaehlig = 0;                 ///< boxes at the end of an array that stand in the file only

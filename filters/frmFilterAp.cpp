@@ -7,12 +7,7 @@ namespace {
 constexpr QStringView reiter[] = {u"Frucht", u"Schale", u"Kelch", u"Stiel", u"Kernhaus", u"Fleisch", u"Textsuche"};
 constexpr int textsuche = 6;
 
-/// A plain group of boxes; its captions are the first words of the field's vocabulary.
-constexpr Kriterium gruppe(const char *control, int anzahl, const char *feld, int zeile, int tab, int spalte)
-{
-    return {.pruefung = Pruefung::Flags, .titel = {}, .a = {.art = Steuerung::Kaestchen, .control = control, .anzahl = anzahl, .zeile = zeile},
-            .feld = feld, .reiter = tab, .spalte = spalte};
-}
+using gemeinsam::gruppe;
 
 constexpr Kriterium kriterien[] = {
     gemeinsam::bild(1),

@@ -15,73 +15,37 @@ constexpr QStringView wuchsformen[] = {u"baumartig", u"strauchartig", u"krautig"
 constexpr QStringView tageslaengen[] = {u"neutral", u"Kurztag", u"Langtag"};
 constexpr QStringView wasserstaende[] = {u"Minimum", u"Optimum", u"Maximum"};
 
-constexpr Symbolbild licht[] = {
-    {"iliLicht/sonnig", u"sonnig", u""}, {"iliLicht/halbscha", u"halbschattig", u""}, {"iliLicht/schattig", u"schattig", u""}};
-constexpr Symbolbild orte[] = {
-    {"bilder/innenraum", u"Innenraum", u"Die Pflanzen sollen für den Innenraum geeignet sein!"},
-    {"bilder/fensterbank", u"Fensterbank", u"Die Pflanzen sollen für die Fensterbank geeignet sein!"},
-    {"bilder/kuebel", u"Kübel", u"Die Pflanzen sollen für den Kübel geeignet sein!"},
-    {"bilder/ampel", u"Ampel", u"Die Pflanzen sollen für die Ampel geeignet sein!"},
-    {"bilder/beet", u"Beet", u"Die Pflanzen sollen für das Beet geeignet sein!"},
-    {"bilder/balkon", u"Balkon", u"Die Pflanzen sollen für den Balkon geeignet sein!"},
-    {"bilder/wintergarten", u"Wintergarten", u"Die Pflanzen sollen für den Wintergarten geeignet sein!"},
-    {"bilder/vitrine", u"Vitrine", u"Die Pflanzen sollen für die Vitrine geeignet sein!"},
+constexpr Symbol orte[] = {
+    {"bilder/innenraum", u"Die Pflanzen sollen für den Innenraum geeignet sein!", u"Innenraum"},
+    {"bilder/fensterbank", u"Die Pflanzen sollen für die Fensterbank geeignet sein!", u"Fensterbank"},
+    {"bilder/kuebel", u"Die Pflanzen sollen für den Kübel geeignet sein!", u"Kübel"},
+    {"bilder/ampel", u"Die Pflanzen sollen für die Ampel geeignet sein!", u"Ampel"},
+    {"bilder/beet", u"Die Pflanzen sollen für das Beet geeignet sein!", u"Beet"},
+    {"bilder/balkon", u"Die Pflanzen sollen für den Balkon geeignet sein!", u"Balkon"},
+    {"bilder/wintergarten", u"Die Pflanzen sollen für den Wintergarten geeignet sein!", u"Wintergarten"},
+    {"bilder/vitrine", u"Die Pflanzen sollen für die Vitrine geeignet sein!", u"Vitrine"},
 };
 
-/// A group of boxes; without `worte` its captions are the field's vocabulary.
-constexpr Kriterium kaestchen(QStringView titel, const char *control, int anzahl, const char *feld, int zeile, int tab, int spalte = 0,
-                              std::span<const QStringView> worte = {})
-{
-    return {.pruefung = Pruefung::Flags, .titel = titel,
-            .a = {.art = Steuerung::Kaestchen, .control = control, .anzahl = anzahl, .zeile = zeile, .worte = worte}, .feld = feld,
-            .reiter = tab, .spalte = spalte};
-}
-
-constexpr Kriterium farben(const char *control, const char *feld, const Farbliste *werte, int zeile, int tab)
-{
-    return {.pruefung = Pruefung::Flags, .titel = u"Farben:",
-            .a = {.art = Steuerung::Farben, .control = control, .anzahl = 13, .zeile = zeile, .farben = werte}, .feld = feld, .reiter = tab};
-}
-
-constexpr Kriterium monate(QStringView titel, const char *control, const char *feld, int zeile, int tab)
-{
-    return {.pruefung = Pruefung::Flags, .titel = titel, .a = {.art = Steuerung::Monate, .control = control, .anzahl = 12, .zeile = zeile},
-            .feld = feld, .reiter = tab};
-}
-
-/// A group of pictures, with a sentence about the one under the mouse.
-constexpr Kriterium bilder(QStringView titel, const char *control, const char *feld, std::span<const Symbolbild> symbole, int zeile, int tab,
-                           const char *rahmen = nullptr)
-{
-    return {.pruefung = Pruefung::Flags, .titel = titel,
-            .a = {.art = Steuerung::Bilder, .control = control, .anzahl = int(symbole.size()), .zeile = zeile, .bilder = symbole}, .feld = feld,
-            .reiter = tab, .rahmen = rahmen};
-}
-
-constexpr Steuerteil zahl(const char *control, QStringView vorgabe, int zeile)
-{
-    return {.art = Steuerung::Zahl, .control = control, .zeile = zeile, .vorgabe = vorgabe};
-}
+using namespace gemeinsam;
 
 /// In the order of the row tests.
 constexpr Kriterium kriterien[] = {
-    {.pruefung = Pruefung::Familie, .titel = u"Familie:", .a = {.art = Steuerung::Liste, .control = "cmbFamilie", .zeile = 1}, .feld = "FAMILIE"},
-    gemeinsam::bild(2),
+    familie(1),
+    bild(2),
     {.pruefung = Pruefung::FlagsOderWahr, .titel = u"Pflanzentyp",
      .a = {.art = Steuerung::Kaestchen, .control = "chkTyp", .anzahl = 5, .zeile = 3, .worte = typen},
      .b = {.art = Steuerung::Kaestchen, .control = "chkGift", .zeile = 8, .worte = giftpflanze}, .feld = "PFLANZTYP", .feld2 = "GIFTIG"},
-    farben("lblBlFarbe", "FARBEN", &WL_BluetenfarbeRGB, 13, Bluete),
+    farben(u"Farben:", "lblBlFarbe", 13, "FARBEN", &WL_BluetenfarbeRGB, 13, Bluete),
     monate(u"Zeit:", "lblBlMonat", "BLUEHZEIT", 26, Bluete),
-    farben("lblFrFarbe", "FRUCHTFARB", &WL_ToFruchtfarbeRGB, 38, Frucht),
+    farben(u"Farben:", "lblFrFarbe", 13, "FRUCHTFARB", &WL_ToFruchtfarbeRGB, 38, Frucht),
     monate(u"Zeit:", "lblFrMonat", "FRUCHTZEIT", 51, Frucht),
     monate(u"Angebotszeit:", "lblAngMonat", "ANGEBOTSZ", 63, Bluete),
     kaestchen(u"Haltbarkeit:", "chkHaltbarkeit", 3, "HALTBAR", 100, Bluete),
     kaestchen(u"Farbe:", "chkLaubFarbe", 9, "BLATTFARB", 77, Blatt),
     kaestchen(u"Wuchsform", "chkWuchsForm", 14, "WUCHSFORM", 86, Blatt, 1, wuchsformen),
-    {.pruefung = Pruefung::Bereich, .titel = u"Höhe: ", .a = zahl("txtMinHoehe", u"0,00", 75), .b = zahl("txtMaxHoehe", u"99,00", 76),
-     .feld = "MINHOEHE", .feld2 = "MAXHOEHE", .reiter = Blatt, .regel = Bereichsregel::GleicheZahlen, .anfang = u"zwischen", .mitte = u"und", .einheit = u"m"},
+    hoehe(u"Höhe: ", "txtMinHoehe", "txtMaxHoehe", "MINHOEHE", "MAXHOEHE", 75, Blatt),
     kaestchen(u"Tageslängenreaktion:", "chkTageslaenge", 3, "TAGESL", 103, Standort, 1, tageslaengen),
-    bilder(u"Lichtverträglichkeit:", "imgLicht", "SONNE", licht, 106, Standort),
+    bilder(u"Lichtverträglichkeit:", "imgLicht", "SONNE", symbole::licht, 106, Standort),
     {.pruefung = Pruefung::Bereich, .titel = u"Beleuchtungsstärke:", .a = zahl("txtMinLicht", u"0", 109), .b = zahl("txtMaxLicht", u"3000", 110),
      .feld = "LICHTMIN", .feld2 = "LICHTMAX", .reiter = Standort, .regel = Bereichsregel::GleicherText, .untereGegenMax = true, .anfang = u"von", .mitte = u"-",
      .einheit = u"Lux"},
@@ -91,19 +55,18 @@ constexpr Kriterium kriterien[] = {
     kaestchen(u"Wasserstand:", "chkWasser", 3, "H_WASSERST", 119, Hydrokultur, 0, wasserstaende),
     kaestchen(u"pH-Wert:", "chkpH", 2, "H_PH", 122, Hydrokultur, 0),
     kaestchen(u"Verwendung:", "chkVerwHydro", 5, "H_VERW", 124, Hydrokultur, 1),
-    bilder(u"Verwendung", "imgVerwendung", "VERWENDUNG", orte, 129, Verwendung, "SSFrame6"),
+    bilder(u"Verwendung", "imgVerwendung", "VERWENDUNG", orte, 129, Verwendung, "lblVerwendung", "SSFrame6"),
     kaestchen(u"Höhe der Nachdüngung:", "chkNachduengung", 3, "NACHDUENG", 113, Standort, 1),
     kaestchen(u"Krankheitsanfälligkeit:", "chkKrank", 3, "KRANKH", 116, Standort, 1),
-    gemeinsam::text("txtKrank", u"mögl. Krankh./Schädlinge:", "SCHADEN", 137, Textsuche, 1),
-    {.pruefung = Pruefung::SynonymBotanisch, .titel = u"Botanisches Synonym:", .a = {.control = "txtSynonym", .zeile = 10}, .reiter = Textsuche},
-    {.pruefung = Pruefung::SynonymDeutsch, .titel = u"Deutscher Name:", .a = {.control = "txtSynonymDeutsch", .zeile = 11}, .feld = "DTNAM",
-     .reiter = Textsuche},
-    gemeinsam::text("txtSorte", u"Sorte:", "SORTEN", 12, Textsuche),
-    gemeinsam::text("txtbotName", u"Botanischer Name:", "BOT_NAME", 9, Textsuche),
-    gemeinsam::text("txtBenutzerText", u"Eigene Bemerkung:", "benu_bemerkung", 141, Textsuche, 1),
-    gemeinsam::eigenschaften(142, Textsuche, 1),
-    gemeinsam::ausbildung(147, Dateiform::Wert, Verwendung),
-    gemeinsam::bewertung(138),
+    text("txtKrank", u"mögl. Krankh./Schädlinge:", "SCHADEN", 137, Textsuche, 1),
+    synonymBotanisch(10, Textsuche),
+    synonymDeutsch(11, Textsuche),
+    text("txtSorte", u"Sorte:", "SORTEN", 12, Textsuche),
+    text("txtbotName", u"Botanischer Name:", "BOT_NAME", 9, Textsuche),
+    text("txtBenutzerText", u"Eigene Bemerkung:", "benu_bemerkung", 141, Textsuche, 1),
+    eigenschaften(142, Textsuche, 1),
+    ausbildung(147, Dateiform::Wert, Verwendung),
+    bewertung(138),
 };
 
 } // namespace

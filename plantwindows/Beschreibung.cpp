@@ -2,6 +2,9 @@
 
 #include "Elemente.h"
 #include "frmAnzeigeApfel.h"
+#include "frmAnzeigeGehoelze.h"
+#include "frmAnzeigeObst.h"
+#include "frmAnzeigeStauden.h"
 #include "frmAnzeigeTopfpflanzen.h"
 
 #include <QList>
@@ -12,8 +15,8 @@
 
 namespace {
 
-constexpr std::array<const Fensterbeschreibung *, anzahlSparten> beschreibungen{&frmAnzeigeTopfpflanzen, nullptr, nullptr,
-                                                                                &frmAnzeigeApfel, nullptr, nullptr};
+constexpr std::array<const Fensterbeschreibung *, anzahlSparten> beschreibungen{&frmAnzeigeTopfpflanzen, &frmAnzeigeStauden, &frmAnzeigeGehoelze,
+                                                                                &frmAnzeigeApfel, &frmAnzeigeObst, nullptr};
 
 QString wort(const char *name)
 {
@@ -65,7 +68,7 @@ QString unpassend(const Element &element, Sparte sparte)
     case Muster::Synonyme: return verlangt(element.feld, {Art::Name, Art::Text, Art::Memo, Art::Code, Art::Zahl});
     case Muster::Benutzertext: return verlangt(element.feld, {Art::Memo});
     case Muster::Liste: {
-        const QString fehler = verlangt(element.feld, {Art::Flags, Art::Code});
+        const QString fehler = verlangt(element.feld, {Art::Flags, Art::Nummer, Art::Code});
         const Werteliste *liste = fehler.isEmpty() ? spalteVon(sparte, element.feld)->liste : nullptr;
         return mit(liste && (element.worte.empty() || int(element.worte.size()) == liste->anzahl()), fehler);
     }
@@ -78,12 +81,12 @@ QString unpassend(const Element &element, Sparte sparte)
                 return fehler;
             stellen = stellen || !symbol.feld;
         }
-        return mit(!element.symbole.empty(), stellen || element.feld ? verlangt(element.feld, {Art::Flags, Art::Code}) : QString());
+        return mit(!element.symbole.empty(), stellen || element.feld ? verlangt(element.feld, {Art::Flags, Art::Nummer, Art::Code}) : QString());
     }
     case Muster::Bildoeffner: return mit(element.formular, {});
-    case Muster::Bildwahl: return mit(!element.symbole.empty(), verlangt(element.feld, {Art::Flags, Art::Code}));
+    case Muster::Bildwahl: return mit(!element.symbole.empty(), verlangt(element.feld, {Art::Flags, Art::Nummer, Art::Code}));
     case Muster::Farbfeld: {
-        const QString fehler = verlangt(element.feld, {Art::Flags, Art::Code});
+        const QString fehler = verlangt(element.feld, {Art::Flags, Art::Nummer, Art::Code});
         const Werteliste *liste = fehler.isEmpty() ? spalteVon(sparte, element.feld)->liste : nullptr;
         return mit(liste && element.farben && int(element.farben->werte.size()) + 1 == liste->anzahl(), fehler);
     }

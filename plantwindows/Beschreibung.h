@@ -2,6 +2,7 @@
 
 #include "store/Schema.h"
 #include "store/Sparten.h"
+#include "store/Symbol.h"
 
 #include <QString>
 
@@ -36,15 +37,6 @@ enum class Muster {
     Benutzereigen, ///< the user's own properties
     Ausbildung,    ///< sentence of the trades for whose examination the plant matters
     Herkunftsmarke ///< whether the user changed the record
-};
-
-struct Symbol
-{
-    const char *bild; ///< "list/key"
-    QStringView hinweis;
-    QStringView name;           ///< accessible name
-    const char *feld = nullptr; ///< boolean that sets it; null: its position of the element's field
-    const char *aus = nullptr;  ///< "list/key" of the picture that stands there while it is not set; null: none does
 };
 
 /// Words behind a text while a boolean is true.

@@ -5,11 +5,12 @@
 /* Parts of a description that every Sparte's window has, and last steps that several of them take. */
 namespace gemeinsam {
 
-/// A "0" is no value.
+/// "0" stands for a value that nobody knows.
 inline QString ohneNull(const QString &text)
 {
     return text == u"0" ? QString() : text;
 }
+
 /// Square metres, typed as "m2".
 inline QString quadratmeter(const QString &text)
 {

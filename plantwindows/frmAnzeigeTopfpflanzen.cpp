@@ -75,18 +75,12 @@ constexpr Symbol verwendung[] = {
     {"bilder/vitrine", u"Diese Pflanze ist für die Vitrine geeignet.", u"für die Vitrine"},
 };
 
-constexpr Symbol licht[] = {
-    {"iliLicht/sonnig", u"sonnig", u"sonnig"},
-    {"iliLicht/halbscha", u"halbschattig", u"halbschattig"},
-    {"iliLicht/schattig", u"schattig", u"schattig"},
-};
-
 constexpr Element verwendungen[] = {
     {.muster = Muster::Symbole, .control = "imgVerwendung", .feld = "VERWENDUNG", .symbole = verwendung},
 };
 
 constexpr Element standort[] = {
-    {.muster = Muster::Symbole, .control = "imgLicht", .feld = "SONNE", .titeltext = u"Licht:", .symbole = licht},
+    {.muster = Muster::Symbole, .control = "imgLicht", .feld = "SONNE", .titeltext = u"Licht:", .symbole = symbole::licht},
     {.muster = Muster::VonBisMindest, .control = "lblBeleuchtung", .feld = "LICHTMIN", .feld2 = "LICHTMAX",
      .titeltext = u"Beleuchtungsstärke:", .einheit = u" Lux", .nullObergrenze = true},
     {.muster = Muster::VonBisMindest, .control = "lblTemperatur", .feld = "TEMPMIN", .feld2 = "TEMPMAX", .titeltext = u"Temperatur:",

@@ -394,7 +394,8 @@ void Druck::kriterium(const QString &label, const QString &worte)
         SeitenwechselListe();
     schrift(programm_.SchriftGroesse, true);
     drucker_.CurrentX = 0;
-    drucker_.PrintAnfang(label.endsWith(u' ') ? label : label + u' ');
+    if (!label.isEmpty())
+        drucker_.PrintAnfang(label.endsWith(u' ') ? label : label + u' ');
     schrift(programm_.SchriftGroesse);
     const double einzug = drucker_.CurrentX;
     if (!umbrechen(worte, label.section(u':', 0, 0))) {

@@ -117,7 +117,8 @@ std::vector<Kriteriumzeile> kriterienzeilen(std::span<const Druckzeile> druckzei
             continue;
         }
         davor = true;
-        const QString text = worte(beschreibung, *k, ausschnitt(*k, zustand.kriterien[stelle], zeile), quelle);
+        const Kriteriumzustand teil = ausschnitt(*k, zustand.kriterien[stelle], zeile);
+        const QString text = zeile.wort.isEmpty() ? worte(beschreibung, *k, teil, quelle) : zeile.wort.toString();
         if (schliesstAn)
             zeilen.back().worte += zeile.anschluss.toString() + text;
         else

@@ -18,7 +18,19 @@ constexpr Druckausnahme ausnahmenTopf[] = {
     {Druckart::Bereich, "LICHTMIN", "LICHTMAX", u"Beleuchtungsstärke"},
     {Druckart::Bereich, "TEMPMIN", "TEMPMAX", u"Temperatur"},
 };
-constexpr Druckausnahme ausnahmenApfel[] = {{Druckart::Titel, "BOT_NAME"}};
+constexpr Druckausnahme ausnahmenStauden[] = {
+    {Druckart::Titel, "BOT_NAME"},
+    {Druckart::Zeile, "Quelle"},
+    {Druckart::MitSynonymen, "DTNAM", nullptr, u"Synonyme"},
+    {Druckart::Bereich, "MINHOEHE", "MAXHOEHE", u"Höhe"},
+    {Druckart::Bereich, "BLMINH", "BLMAXH", u"Blütenhöhe"},
+};
+constexpr Druckausnahme ausnahmenGehoelze[] = {
+    {Druckart::Titel, "BOT_NAME"},
+    {Druckart::Zeile, "Quelle"},
+    {Druckart::MitSynonymen, "DTNAM", nullptr, u"Synonyme"},
+};
+constexpr Druckausnahme ausnahmenSorten[] = {{Druckart::Titel, "BOT_NAME"}};
 
 constexpr Druckzeile kriterienTopf[] = {
     {u"Familie: ", "cmbFamilie"},
@@ -47,6 +59,71 @@ constexpr Druckzeile kriterienTopf[] = {
     {u"bot. Synonym: ", "txtSynonym"},
     {u"deutscher Name/Synonym: ", "txtSynonymDeutsch"},
     {u"Sorten: ", "txtSorte"},
+    {u"Eigene Bemerkungen: ", "txtBenutzerText"},
+    {u"benu.definierte Eigenschaften: ", "sschkBenutzer"},
+    {u"Ausbildung: ", "chkAusbildung"},
+    {u"Bewertung: ", "optBewertung"},
+};
+
+constexpr Druckzeile kriterienStauden[] = {
+    {u"Familie: ", "cmbFamilie"},
+    {u"", "imgEigen", {}, 5, 5},
+    {u"", "imgEigen", u", ", 1, 4},
+    {u"Blütezeit: ", "lblBlMonat"},
+    {u"Blütenfarbe: ", "lblBlFarbe"},
+    {u"Blüten-Höhe: ", "txtMinHoehe"},
+    {u"Fruchtzeit: ", "lblFrMonat"},
+    {u"Fruchtfarbe: ", "lblFrFarbe"},
+    {u"Blattfarbe: ", "chkLaubFarbe"},
+    {u"Herbstfärbung: ", "lblHfFarbe"},
+    {u"Blatt-Höhe: ", "txtBlattMinHoehe"},
+    {u"Bodenart: ", "chkBodenArt"},
+    {u"Bodenfeuchte: ", "chkBodenfeuchte"},
+    {u"pH - Boden: ", "chkKalk"},
+    {u"Nährstoffbedarf: ", "chkNaehrstoff"},
+    {u"Licht: ", "imgLicht"},
+    {u"Pflanzentyp: ", "optTyp"},
+    {u"Kennziffer: ", "txtKennziffer"},
+    {u"Lebensraum: ", "chkLebensraum"},
+    {u"bot. Name: ", "txtbotName"},
+    {u"bot. Synonym: ", "txtSynonym"},
+    {u"deutscher Name/Synonym: ", "txtSynonymDeutsch"},
+    {u"Sorten: ", "txtSorte"},
+    {u"Bemerkung (Benutzer): ", "txtBenutzerText"},
+    {u"benu.definierte Eigenschaften: ", "sschkBenutzer"},
+    {u"Ausbildung: ", "chkAusbildung"},
+    {u"Bewertung: ", "optBewertung"},
+};
+
+constexpr Druckzeile kriterienGehoelze[] = {
+    {u"Familie: ", "cmbFamilie"},
+    {u"", "imgEigen", {}, 1, 1, u"Laubgehölze"},
+    {u"", "imgEigen", u", ", 2, 2, u"Nadelgehölze"},
+    {u"Blütezeit: ", "lblBlMonat"},
+    {u"Blütenfarbe: ", "lblBlFarbe"},
+    {u"Fruchtzeit: ", "lblFrMonat"},
+    {u"Fruchtfarbe: ", "lblFrFarbe"},
+    {u"Frucht ist ", "chkGenuss"},
+    {u"Besondere Merkmale", "chkBesMerkmal"},
+    {u"zeitliche Einteilung: ", "chkLaubZeit"},
+    {u"Blattfarbe: ", "chkLaubFarbe"},
+    {u"Laubaustrieb: ", "lblBtMonat"},
+    {u"Wuchsverhalten (Wurzel): ", "chkWurzelwuchs"},
+    {u"Empfindlichkeit (Wurzel): ", "chkWurzelEmpf"},
+    {u"Bodenart : ", "chkBodenArt"},
+    {u"Bodenfeuchte : ", "chkBodenfeuchte"},
+    {u"pH-Bereich : ", "chkBodenpH"},
+    {u"Bes. Standorteigenschaften : ", "chkBesStandort"},
+    {u"Licht : ", "imgLicht"},
+    {u"Textsuche (botanischer Name) : ", "txtbotName"},
+    {u"Textsuche (botanisches Synonym) : ", "txtSynonym"},
+    {u"Textsuche (deutscher Name) : ", "txtSynonymDeutsch"},
+    {u"Textsuche (Sorte) : ", "txtSorte"},
+    {u"Textsuche (eigene Bemerkung): ", "txtBenutzerText"},
+    {u"Größengruppe : ", "chkGroesse"},
+    {u"Habitus : ", "chkHabitus"},
+    {u"Wuchsgeschwindigkeit : ", "chkWuchsVerh"},
+    {u"Verwendung : ", "imgVerwendung"},
     {u"Eigene Bemerkungen: ", "txtBenutzerText"},
     {u"benu.definierte Eigenschaften: ", "sschkBenutzer"},
     {u"Ausbildung: ", "chkAusbildung"},
@@ -98,12 +175,62 @@ constexpr Druckzeile kriterienApfel[] = {
     {u"Bewertung: ", "optBewertung"},
 };
 
-constexpr std::array<const Druckbeschreibung *, anzahlSparten> beschreibungen{&DruckTopf, nullptr, nullptr, &DruckApfel, nullptr, nullptr};
+constexpr Druckzeile kriterienObst[] = {
+    {u"Obstart: ", "cboObstart"},
+    {u"Wuchs: ", "chkWuchs"},
+    {u"Blatt: ", "chkBlatt"},
+    {u"Fruchtholz: ", "chkFruchtholz"},
+    {u"Trieb/Rute: ", "chkTrieb"},
+    {u"Unterlage: ", "chkUnterlage"},
+    {u"Unempfindlich für: ", "chkUnempfindlich"},
+    {u"Empfindlich auf: ", "chkEmpfindlich"},
+    {u"Frostempfindlichkeit: ", "chkFrost"},
+    {u"Blütezeit/-ort: ", "chkBluete"},
+    {u"Als Befruchtersorte: ", "chkBefruchtersorte"},
+    {u"Befruchtung: ", "chkBefruchtung"},
+    {u"Alternanzneigung: ", "chkAlternanz"},
+    {u"Fruchtstand: ", "chkFruchtstand"},
+    {u"Fruchtfarbe: ", "chkFruchtfarbe"},
+    {u"Grundfarbe: ", "chkGrundfarbe"},
+    {u"Deckfarbe: ", "chkDeckfarbe"},
+    {u"Fruchthaut/-schale: ", "chkSchale"},
+    {u"Fruchtfleisch: ", "ckkfruchtfleisch"},
+    {u"Fruchtform: ", "chkFruchtform"},
+    {u"Geschmack: ", "chkGeschmack"},
+    {u"Ertrag: ", "chkErtrag"},
+    {u"Pflückreife: ", "txtPflueckreife"},
+    {u"Genussreife: ", "txtGenussreife"},
+    {u"Ernte: ", "chkErnte"},
+    {u"Transportempfindlichkeit: ", "chkTransport"},
+    {u"Verwendung: ", "chkVerwendung"},
+    {u"Lagereignung: ", "chkLager"},
+    {u"Im Frischluftlager haltbar bis: ", "cboFrischluft"},
+    {u"Im Kühllager haltbar bis: ", "cboKuehllager"},
+    {u"Im CA-Lager haltbar bis: ", "cboCALager"},
+    {u"Lagerkrankheiten: ", "chkLagerkrankheiten"},
+    {u"Boden: ", "chkBoden"},
+    {u"Klima: ", "chkKlima"},
+    {u"Nährstoffbedarf: ", "chkNaehrstoffe"},
+    {u"Eignung: ", "chkEignung"},
+    {u"Erziehungsform: ", "chkErziehungsform"},
+    {u"Name: ", "txtName"},
+    {u"Synonym: ", "txtSynonym"},
+    {u"Mutanten: ", "txtMutanten"},
+    {u"eigene Bemerkungen: ", "txtBenutzerText"},
+    {u"benu.definierte Eigenschaften: ", "sschkBenutzer"},
+    {u"Ausbildung: ", "chkAusbildung"},
+    {u"Bewertung: ", "optBewertung"},
+};
+
+constexpr std::array<const Druckbeschreibung *, anzahlSparten> beschreibungen{&DruckTopf, &DruckStauden, &DruckGehoelze, &DruckApfel, &DruckObst, nullptr};
 
 } // namespace
 
 constinit const Druckbeschreibung DruckTopf{Sparte::Topf, &DL_Topf, ausnahmenTopf, kriterienTopf};
-constinit const Druckbeschreibung DruckApfel{Sparte::Apfel, &DL_Apfel, ausnahmenApfel, kriterienApfel};
+constinit const Druckbeschreibung DruckApfel{Sparte::Apfel, &DL_Apfel, ausnahmenSorten, kriterienApfel};
+constinit const Druckbeschreibung DruckStauden{Sparte::Stauden, &DL_Stauden, ausnahmenStauden, kriterienStauden};
+constinit const Druckbeschreibung DruckGehoelze{Sparte::Gehoelze, &DL_Gehoelze, ausnahmenGehoelze, kriterienGehoelze};
+constinit const Druckbeschreibung DruckObst{Sparte::Obst, &DL_Obst, ausnahmenSorten, kriterienObst};
 
 const Druckbeschreibung *druckbeschreibung(Sparte sparte)
 {

@@ -2,11 +2,6 @@
 
 namespace {
 
-constexpr QStringView zeilenMonate[] = {
-    u"Januar", u"Februar", u"März", u"April", u"Mai", u"Juni", u"Juli", u"August", u"September", u"Oktober",
-    u"November", u"Dezember"};
-static_assert(std::size(zeilenMonate) == 12);
-
 constexpr QStringView zeilenLicht[] = {
     u"sonnig", u"halbschattig", u"schattig"};
 static_assert(std::size(zeilenLicht) == 3);
@@ -609,7 +604,7 @@ static_assert(std::size(farbenToFruchtfarbeRGB) == 12);
 
 } // namespace
 
-constinit const Werteliste WL_Monate{zeilenMonate};
+constinit const Werteliste WL_Monate{monatsnamen};
 constinit const Werteliste WL_Licht{zeilenLicht};
 constinit const Werteliste WL_Bodenart{zeilenBodenart};
 constinit const Werteliste WL_Bodenfeuchte{zeilenBodenfeuchte};

@@ -33,6 +33,9 @@ inline constexpr auto werkeDerLiteratur = std::to_array<QStringView>({
     u"Silbereisen u. a.: Obstsorten-Atlas", u"Votteler: Verzeichnis der Sorten", u"Fischer: Farbatlas Obstsorten",
     u"Hartmann: Farbatlas alte Obstsorten"});
 
+inline constexpr auto monatsnamen = std::to_array<QStringView>({u"Januar", u"Februar", u"März", u"April", u"Mai", u"Juni", u"Juli", u"August",
+                                                                u"September", u"Oktober", u"November", u"Dezember"});
+
 extern const Werteliste WL_Monate;
 extern const Werteliste WL_Licht;
 extern const Werteliste WL_Bodenart;

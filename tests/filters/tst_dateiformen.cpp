@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr Symbolbild marken[] = {{"iliEigenschaften/schmuck", u"Blattschmuck", u"", "iliEigenschaften/schmuc_n"}, {"iliEigenschaften/gift", u"giftig", u"", "iliEigenschaften/gift_n"}};
+constexpr Symbol marken[] = {{"iliEigenschaften/schmuck", u"", u"Blattschmuck", nullptr, "iliEigenschaften/schmuc_n"}, {"iliEigenschaften/gift", u"", u"giftig", nullptr, "iliEigenschaften/gift_n"}};
 constexpr const char *felder[] = {"blaschmuck", "giftig"};
 constexpr QStringView monate[] = {u"Januar", u"Februar", u"März"};
 

@@ -26,8 +26,8 @@ namespace {
 constexpr QStringView reiter[] = {u"Eins"};
 constexpr QStringView dauer[] = {u"kurz", u"lang", u"sehr lang"};
 constexpr QStringView schmuckwort[] = {u"Blattschmuck"};
-constexpr Symbolbild marken[] = {{"iliEigenschaften/schmuck", u"Blattschmuck", u"", "iliEigenschaften/schmuc_n"},
-                                 {"iliEigenschaften/gift", u"giftig", u"", "iliEigenschaften/gift_n"}};
+constexpr Symbol marken[] = {{"iliEigenschaften/schmuck", u"", u"Blattschmuck", nullptr, "iliEigenschaften/schmuc_n"},
+                                 {"iliEigenschaften/gift", u"", u"giftig", nullptr, "iliEigenschaften/gift_n"}};
 constexpr const char *markenfelder[] = {"blaschmuck", "giftig"};
 constexpr const char *schmuckfeld[] = {"blaschmuck"};
 

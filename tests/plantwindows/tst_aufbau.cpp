@@ -49,7 +49,7 @@ QList<Karte *> TestAufbau::karten(QWidget *seite)
 {
     QList<Karte *> sichtbar;
     for (Karte *karte : seite->findChildren<Karte *>())
-        if (!karte->isHidden())
+        if (!karte->isHidden() && !qobject_cast<Karte *>(karte->parentWidget())) // groups below one heading stand in its card
             sichtbar += karte;
     return sichtbar;
 }
