@@ -19,7 +19,6 @@
 namespace {
 
 constexpr int abstand = 8;
-constexpr int tafelbreite = 230;    // pixels: panel beside the tabs
 
 /// Tabs with room for their counter from the start: none moves while the user clicks.
 class Reiterleiste : public QTabBar

@@ -27,7 +27,7 @@ namespace {
 
 static_assert(nichtGewaehlt == farbeKnopf && monatGewaehlt == farbeTitel);
 
-constexpr int einspaltigBis = 7;    // boxes that stand in one column
+constexpr int einspaltigBis = 7, zweispaltigBis = 14; // boxes that stand in so many columns
 constexpr int symbolgroesse = 44;   // pixels
 constexpr int zellenJeReihe = 14, bilderJeReihe = 8;
 constexpr int kastenabstand = 10, zellenabstand = 2, wortabstand = 6;
@@ -138,12 +138,29 @@ QGridLayout *raster(int abstand, QVBoxLayout &ort)
     return neu;
 }
 
-/// Few stand in one column, many in two.
-void inSpalten(std::span<QWidget *const> widgets, QVBoxLayout &ort)
+/// Most columns, filled one after the other, that fit into a width.
+int spaltenFuer(std::span<QWidget *const> widgets, int hoechstens, int raum)
+{
+    for (int spalten = hoechstens; spalten > 1; --spalten) {
+        const size_t zeilen = (widgets.size() + size_t(spalten) - 1) / size_t(spalten);
+        int breite = (spalten - 1) * kastenabstand;
+        for (size_t anfang = 0; anfang < widgets.size(); anfang += zeilen)
+            breite += std::ranges::max(widgets.subspan(anfang, std::min(zeilen, widgets.size() - anfang)), {}, [](const QWidget *widget) {
+                          return widget->sizeHint().width();
+                      })->sizeHint().width();
+        if (breite <= raum)
+            return spalten;
+    }
+    return 1;
+}
+
+/// In so many columns as told or else: few in one, more in two, very many in as many as there is room for.
+void inSpalten(std::span<QWidget *const> widgets, int vorgabe, int raum, QVBoxLayout &ort)
 {
     QGridLayout *ziel = raster(kastenabstand, ort);
     const int anzahl = int(widgets.size());
-    const int zeilen = anzahl <= einspaltigBis ? anzahl : (anzahl + 1) / 2;
+    const int spalten = vorgabe ? vorgabe : anzahl <= einspaltigBis ? 1 : anzahl <= zweispaltigBis ? 2 : std::max(2, spaltenFuer(widgets, 4, raum));
+    const int zeilen = (anzahl + spalten - 1) / spalten;
     for (int i = 0; i < anzahl; ++i)
         ziel->addWidget(widgets[size_t(i)], i % zeilen, i / zeilen);
 }
@@ -173,7 +190,7 @@ public:
         knopf->setAutoExclusive(ausschliessend);
     }
 
-    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, ort); }
+    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, kriterium_.kastenspalten, raum(), ort); }
 
 protected:
     int wert(int i) const override { return element<QAbstractButton>(i)->isChecked() ? 1 : 0; }
@@ -215,7 +232,7 @@ public:
     void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override
     {
         constexpr size_t paar = 2;
-        widgets.size() <= paar ? nebeneinander(widgets, ort) : inSpalten(widgets, ort);
+        widgets.size() <= paar ? nebeneinander(widgets, ort) : inSpalten(widgets, kriterium_.kastenspalten, raum(), ort);
     }
 
 protected:
@@ -309,7 +326,7 @@ public:
 
     void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *rahmen) override
     {
-        inReihen(widgets, bilderJeReihe, kastenabstand, ort);
+        inReihen(widgets, std::min(bilderJeReihe, (raum() + kastenabstand) / (symbolgroesse + kastenabstand)), kastenabstand, ort);
         if (teil_.satzschild)
             satzBauen(ort, rahmen);
     }
@@ -350,7 +367,7 @@ public:
 
     Teilzustand zustand() const override { return {{}, element<QLineEdit>(0)->text()}; }
     void setzen(int i, int, const QString &text) override { element<QLineEdit>(i)->setText(text); }
-    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, ort); }
+    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, kriterium_.kastenspalten, raum(), ort); }
 
 protected:
     QWidget *bauen(int, QWidget *eltern) override { return anschliessen(new QLineEdit(eltern)); }
@@ -412,7 +429,7 @@ public:
         liste()->setCurrentIndex(liste()->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
         liste()->setCurrentText(text);
     }
-    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, ort); }
+    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, kriterium_.kastenspalten, raum(), ort); }
     void benennen(const QString &gruppe) override
     {
         Filtersteuerung::benennen(gruppe);
@@ -521,6 +538,18 @@ QString beschriftung(const Steuerungsumgebung &umgebung, const Kriterium &kriter
     if (benutzernamen(umgebung.beschreibung, kriterium))
         return umgebung.programm.BenutzerNamen[size_t(umgebung.beschreibung.sparte)][size_t(i)];
     return wortVon(umgebung.beschreibung, kriterium, teil, i).trimmed().toString();
+}
+
+int Filtersteuerung::raum() const
+{
+    constexpr int rand = 24; // of a group, with its distance to the next
+    if (kriterium_.reiter < 0)
+        return tafelbreite - rand;
+    int spalten = 0;
+    for (const Kriterium &kriterium : umgebung_.beschreibung.kriterien)
+        if (kriterium.reiter == kriterium_.reiter)
+            spalten = std::max(spalten, kriterium.spalte + 1);
+    return seitenbreite / spalten - rand;
 }
 
 std::unique_ptr<Filtersteuerung> Filtersteuerung::erzeugen(const Kriterium &kriterium, const Steuerteil &teil, const Steuerungsumgebung &umgebung,

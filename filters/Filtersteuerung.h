@@ -14,6 +14,9 @@ struct Programm;
 
 /* The controls of the filter dialog: one class for each kind, all with the same few words. */
 
+/// Widths of the panel beside the tabs and of a tab's page while the dialog has the size it opens with, in pixels.
+inline constexpr int tafelbreite = 230, seitenbreite = 740;
+
 /// What controls need of their dialog.
 struct Steuerungsumgebung
 {
@@ -50,6 +53,8 @@ public:
     virtual void auffrischen() {}
 
 protected:
+    /// Width that the elements of the criterion have for themselves, in pixels.
+    int raum() const;
     virtual QWidget *bauen(int i, QWidget *eltern) = 0;
     virtual int wert(int) const { return 0; }
     /// What a reader hears behind the group's name.

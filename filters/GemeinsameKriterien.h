@@ -10,11 +10,12 @@ inline constexpr QStringView ohneBild[] = {u"ohne Bild"};
 inline constexpr QStringView bewertungsarten[] = {u"Minimum", u"Maximum"};
 
 /// A plain group of boxes; its captions are the first words of the field's vocabulary. The last `ueberzaehlig` ones have none.
-constexpr Kriterium gruppe(const char *control, int anzahl, const char *feld, int zeile, int reiter, int spalte, int ueberzaehlig = 0)
+constexpr Kriterium gruppe(const char *control, int anzahl, const char *feld, int zeile, int reiter, int spalte, int ueberzaehlig = 0,
+                           int kastenspalten = 0)
 {
     return {.pruefung = Pruefung::Flags, .titel = {},
             .a = {.art = Steuerung::Kaestchen, .control = control, .anzahl = anzahl, .zeile = zeile, .ueberzaehlig = ueberzaehlig},
-            .feld = feld, .reiter = reiter, .spalte = spalte};
+            .feld = feld, .reiter = reiter, .spalte = spalte, .kastenspalten = kastenspalten};
 }
 
 /// `chkOhneBild` is a tool of the Haus-Modus and stands in no file.
@@ -106,11 +107,11 @@ constexpr Kriterium eigenschaften(int zeile, int reiter, int spalte)
             .reiter = reiter, .spalte = spalte};
 }
 
-constexpr Kriterium ausbildung(int zeile, Dateiform form, int reiter = -1, const char *feld = "Ausbildung")
+constexpr Kriterium ausbildung(int zeile, Dateiform form, int reiter = -1, const char *feld = "Ausbildung", int spalte = 0)
 {
     return {.pruefung = Pruefung::Flags, .titel = u"Pflanze soll Bestandteil der Gehilfenprüfung sein",
             .a = {.art = Steuerung::Kaestchen, .control = "chkAusbildung", .anzahl = 6, .zeile = zeile, .form = form}, .feld = feld,
-            .reiter = reiter};
+            .reiter = reiter, .spalte = spalte};
 }
 
 } // namespace gemeinsam

@@ -116,6 +116,7 @@ struct Kriterium
     std::optional<Schreibweise> liest = {}; ///< how the test reads a coded field; the column's own way where it is not told
     int reiter = -1;          ///< tab, counted from 0; -1: the panel beside the tabs
     int spalte = 0;
+    int kastenspalten = 0;    ///< columns that the boxes stand in; 0: as many as their number asks for
     Bereichsregel regel = Bereichsregel::Keine;
     bool untereGegenMax = false; ///< Bereich: the lower field, too, must not exceed the upper box
     QStringView anfang = {};  ///< Bereich: word before the boxes

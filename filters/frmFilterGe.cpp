@@ -43,7 +43,7 @@ constexpr Kriterium kriterien[] = {
     {.pruefung = Pruefung::Keine, .titel = u"Kennziffer:", .a = {.control = "txtKennziffer", .zeile = 140}, .reiter = Textsuche, .spalte = 1},
     text("txtBenutzerText", u"Eigene Bemerkung:", "benu_bemerkung", 179, Textsuche, 1),
     eigenschaften(180, Textsuche, 1),
-    ausbildung(185, Dateiform::Wert),
+    ausbildung(185, Dateiform::Wert, Verwendung),
     bewertung(176),
 };
 

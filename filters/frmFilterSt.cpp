@@ -58,7 +58,7 @@ constexpr Kriterium kriterien[] = {
     text("txtbotName", u"Botanischer Name:", "BOT_NAME", 8, Textsuche),
     text("txtBenutzerText", u"Eigene Bemerkung:", "benu_bemerkung", 158, Textsuche, 1),
     eigenschaften(159, Textsuche, 1),
-    ausbildung(164, Dateiform::Wert),
+    ausbildung(164, Dateiform::Wert, Lebensraum, "Ausbildung", 1),
     bewertung(155),
 };
 

@@ -13,8 +13,8 @@ constexpr Element kopf[] = {
 };
 
 constexpr Element tafel[] = {
-    {.muster = Muster::Bildwahl, .control = "imgEigen_0", .feld = "grobeint", .symbole = symbole::laubUndNadel},
     gemeinsam::herkunftsmarke,
+    {.muster = Muster::Bildwahl, .control = "imgEigen_0", .feld = "grobeint", .symbole = symbole::laubUndNadel},
     {.muster = Muster::Bewertung, .control = "picBewertung", .feld = "bewertung", .titeltext = u"Bewertung", .ausArbeit = true},
 };
 

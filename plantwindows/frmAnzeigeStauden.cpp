@@ -28,8 +28,8 @@ constexpr Symbol eigenschaften[] = {
 };
 
 constexpr Element tafel[] = {
-    {.muster = Muster::Symbole, .control = "imgEigen", .symbole = eigenschaften},
     gemeinsam::herkunftsmarke,
+    {.muster = Muster::Symbole, .control = "imgEigen", .symbole = eigenschaften},
     {.muster = Muster::Text, .control = "lblBewertung", .feld = "bewertung", .titeltext = u"Bewertung", .umformung = sortiment, .ausArbeit = true},
 };
 
@@ -78,10 +78,10 @@ constexpr Gruppe blattBluete[] = {
     {.name = "fraFrucht", .titel = u"Frucht", .ueberschrift = &ueberPflanze, .elemente = frucht, .regel = Gruppenregel::Feld, .regelfeld = "fruchtzeit"},
     {.name = "Frame3D3", .titel = u"Blatt", .ueberschrift = &ueberPflanze, .elemente = blatt, .regel = Gruppenregel::Controls},
     {.name = "fraPflanzentyp", .titel = u"Wuchs", .elemente = pflanzentyp},
+    {.name = "fraLebensraum", .titel = u"Lebensraum", .elemente = lebensraum},
 };
 constexpr Gruppe standortReiter[] = {
     {.name = "fraStandort", .titel = u"Standort", .elemente = standort, .loeschtHinweis = true},
-    {.name = "fraLebensraum", .titel = u"Lebensraum", .elemente = lebensraum},
     {.name = "fraPflanzung", .titel = u"Pflanzung und Pflege", .elemente = pflanzung},
 };
 constexpr Gruppe sortenReiter[] = {
