@@ -62,10 +62,9 @@ Laufergebnis filterLauf(Datenbank &kopie, Datenbank &arbeit, const Filterbeschre
     const Teilzustand *teil = nullptr;
     if (aktivesKriterium(beschreibung, zustand, Pruefung::Familie, &teil))
         umgebung.familie = familiennummer(arbeit, teil->text);
-    for (const bool andere : {false, true}) {
-        if (andere && !beschreibung.herkunftsfeld)
-            break;
-        const SpartenEintrag &quelle = beschreibung.herkunftsfeld ? eintrag(beschreibung.quellen[andere]) : sparte;
+    for (const Sparte herkunft : herkuenfte(sparte)) {
+        const SpartenEintrag &quelle = eintrag(herkunft);
+        const bool andere = herkunft != herkuenfte(sparte).first();
         if (const Kriterium *k = aktivesKriterium(beschreibung, zustand, Pruefung::SynonymBotanisch, &teil))
             (andere ? umgebung.andereBotanisch : umgebung.botanisch) =
                 fuerFeld(*k, [&] { return synonyme(arbeit.shared_from_this(), quelle.synonymBotanisch, teil->text); });

@@ -54,19 +54,22 @@ Positionen positionenDerWorte(const Filterbeschreibung &beschreibung, const Frag
 } // namespace
 
 Filterpruefung::Filterpruefung(const Filterbeschreibung &beschreibung, const Filterzustand &zustand, Filterumgebung umgebung)
-    : umgebung_(std::move(umgebung)), andereHerkunft_(beschreibung.andereHerkunft.toUtf8())
+    : umgebung_(std::move(umgebung))
 {
+    const SpartenEintrag &sparte = eintrag(beschreibung.sparte);
     for (size_t i = 0; i < beschreibung.kriterien.size(); ++i) {
         const Kriterium &k = beschreibung.kriterien[i];
         const Kriteriumzustand &z = zustand.kriterien[i];
         if (!aktiv(k, z))
             continue;
         for (const bool andere : {false, true})
-            if (const std::optional<Frage> frage = frageAn(k, andere); frage && (!andere || beschreibung.herkunftsfeld))
+            if (const std::optional<Frage> frage = frageAn(k, andere); frage && (!andere || sparte.herkunftsfeld))
                 proben_[andere].push_back(probeFuer(beschreibung, k, z, *frage, andere));
     }
-    if (beschreibung.herkunftsfeld)
-        herkunft_ = feldstelle(beschreibung, beschreibung.herkunftsfeld);
+    if (sparte.herkunftsfeld) {
+        herkunft_ = feldstelle(beschreibung, sparte.herkunftsfeld);
+        andereHerkunft_ = sparte.herkuenfte.back().wert.toUtf8();
+    }
 }
 
 Filterpruefung::Probe Filterpruefung::probeFuer(const Filterbeschreibung &beschreibung, const Kriterium &k, const Kriteriumzustand &z,

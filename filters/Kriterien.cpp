@@ -27,16 +27,7 @@ const Filterbeschreibung *filterbeschreibung(Sparte sparte)
 
 const Spalte *spalteVon(const Filterbeschreibung &beschreibung, const char *feld)
 {
-    const QStringView satz = eintrag(beschreibung.sparte).haupttabelle;
-    const QByteArray name(feld);
-    const qsizetype punkt = name.indexOf('.');
-    if (punkt < 0)
-        return schema::spalteVon(satz, feld);
-    if (const Spalte *spalte = schema::spalteVon(satz, QByteArray(name).replace('.', '_').constData()))
-        return spalte;
-    // A column that only one table has keeps its bare name.
-    const Spalte *spalte = schema::spalteVon(satz, name.mid(punkt + 1).constData());
-    return spalte && schema::kommtAus(satz, QString::fromLatin1(spalte->name), QString::fromLatin1(name.first(punkt))) ? spalte : nullptr;
+    return schema::spalteVon(eintrag(beschreibung.sparte).haupttabelle, feld);
 }
 
 std::optional<Frage> frageAn(const Kriterium &kriterium, bool andere)
@@ -114,7 +105,7 @@ QString feldfehler(const Filterbeschreibung &b, const Kriterium &k, const Frage 
 /// What is asked of the records of both origins.
 QString fragefehler(const Filterbeschreibung &b, const Kriterium &k)
 {
-    if ((k.anders || k.gilt != Seite::Beide) && (!b.herkunftsfeld || (k.anders && k.gilt != Seite::Beide)))
+    if ((k.anders || k.gilt != Seite::Beide) && (!eintrag(b.sparte).herkunftsfeld || (k.anders && k.gilt != Seite::Beide)))
         return QStringLiteral("%1: keine zwei Seiten").arg(QLatin1String(k.a.control));
     bool nachWort = false;
     std::vector<bool> bekannt(size_t(k.a.waehlbare()));
@@ -176,8 +167,6 @@ QString filterfehler(const Filterbeschreibung &beschreibung)
 {
     QSet<QString> namen;
     std::vector<bool> zeilen(size_t(beschreibung.zeilen));
-    if (beschreibung.herkunftsfeld && !spalteVon(beschreibung, beschreibung.herkunftsfeld))
-        return QStringLiteral("kein Feld %1").arg(QLatin1String(beschreibung.herkunftsfeld));
     for (const Kriterium &k : beschreibung.kriterien) {
         if (const QString fehler = fragefehler(beschreibung, k); !fehler.isEmpty())
             return fehler;

@@ -90,7 +90,7 @@ enum class Pruefung {
 /// What switches a pair of number boxes off.
 enum class Bereichsregel { Keine, GleicheZahlen, GleicherText };
 
-/// Where a Sparte joins records of two origins: what a criterion asks of one of them.
+/// Where a Sparte takes records from two others, by its entry in the table of Sparten: what a criterion asks of one of them.
 struct Frage
 {
     Pruefung pruefung = Pruefung::Flags;
@@ -101,7 +101,7 @@ struct Frage
     std::span<const QStringView> worte = {}; ///< words of the items that are looked for in the field, where they are not the captions
 };
 
-/// Records of which origin; the others pass.
+/// Records of which origin; the others pass. A record whose text is not that of the last origin is of the first.
 enum class Seite { Beide, Erste, Andere };
 
 struct Kriterium
@@ -135,9 +135,6 @@ struct Filterbeschreibung
     int zeilen;                ///< lines of a filter file
     QStringView ladeFilter;    ///< file dialog, as "text (*.x)|*.x|..."
     QStringView speicherFilter;
-    const char *herkunftsfeld = nullptr;   ///< column that tells a record's origin; null: all have one
-    QStringView andereHerkunft = {};       ///< its text for the other origin; with any other a record is of the first
-    std::array<Sparte, 2> quellen = {};    ///< Sparten of the two origins: theirs are the synonyms
 };
 
 /// Description of a Sparte's filter; null while there is none.
@@ -154,7 +151,7 @@ QString bildschluessel(const char *bild);
 QString filterfehler(const Filterbeschreibung &beschreibung);
 /// The criterion whose first control has this name (or stem); null when there is none.
 const Kriterium *kriteriumNamens(const Filterbeschreibung &beschreibung, const char *control);
-/// Column of a criterion's field: its name, or in a query "table.name"; null when there is none.
+/// Column of a criterion's field; null when there is none.
 const Spalte *spalteVon(const Filterbeschreibung &beschreibung, const char *feld);
 /// What a criterion asks of records of the first or the other origin; nothing: they pass.
 std::optional<Frage> frageAn(const Kriterium &kriterium, bool andere);

@@ -31,14 +31,8 @@ const Spalte *spalteVon(Sparte sparte, const char *feld, Sparte herkunft)
     const QStringView satz = eintrag(sparte).haupttabelle;
     if (!feld || qstrncmp(feld, derHerkunft, qstrlen(derHerkunft)) != 0)
         return schema::spalteVon(satz, feld);
-    const QByteArray name(feld + qstrlen(derHerkunft));
-    const QStringView quelle = eintrag(herkunft).haupttabelle;
-    // A query puts the table before a name that both of its sides have.
-    for (const QByteArray &versuch : {quelle.toLatin1() + '_' + name, name})
-        if (const Spalte *spalte = schema::spalteVon(satz, versuch.constData()))
-            if (schema::kommtAus(satz, QString::fromLatin1(versuch), quelle))
-                return spalte;
-    return nullptr;
+    const QByteArray name = eintrag(herkunft).haupttabelle.toLatin1() + (feld + 1);
+    return schema::spalteVon(satz, name.constData());
 }
 
 /// What keeps a pattern from showing its columns; empty when they fit.

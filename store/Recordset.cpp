@@ -162,30 +162,10 @@ bool Recordset::FindFirst(const QString &feld, const QString &text)
 
 int Recordset::finden(QStringView name) const
 {
-    const auto gleich = [](QStringView a, QStringView b) {
-        return QString(a.toString()).replace(u'.', u'_').compare(QString(b.toString()).replace(u'.', u'_'), Qt::CaseInsensitive) == 0;
-    };
-    for (int i = 0; i < namen_.size(); ++i)
-        if (gleich(namen_[i], name))
-            return i;
-    // A qualified name may stand for a column that only its source has, a bare name for one qualified column.
-    const qsizetype punkt = name.indexOf(u'.'), strich = name.indexOf(u'_');
-    if (const qsizetype ende = punkt >= 0 ? punkt : strich; ende >= 0 && (punkt >= 0 || schema::istQuelle(name.left(ende)))) {
-        for (int i = 0; i < namen_.size(); ++i)
-            if (gleich(namen_[i], name.mid(ende + 1)) && schema::kommtAus(auswahl_.tabelle, namen_[i], name.left(ende)))
-                return i;
-        return -1;
-    }
-    int einzige = -1;
-    for (int i = 0; i < namen_.size(); ++i) {
-        const qsizetype trenner = QString(namen_[i]).replace(u'.', u'_').indexOf(u'_');
-        if (trenner < 0 || !gleich(QStringView(namen_[i]).mid(trenner + 1), name) || !schema::istQuelle(QStringView(namen_[i]).left(trenner)))
-            continue;
-        if (einzige >= 0)
-            throw Fehler(QStringLiteral("Das Feld '%1' ist in der Tabelle '%2' nicht eindeutig.").arg(name, auswahl_.tabelle));
-        einzige = i;
-    }
-    return einzige;
+    const int stelle = schema::stelleVon(auswahl_.tabelle, namen_, name);
+    if (stelle == schema::mehrereSpalten)
+        throw Fehler(QStringLiteral("Das Feld '%1' ist in der Tabelle '%2' nicht eindeutig.").arg(name, auswahl_.tabelle));
+    return stelle;
 }
 
 int Recordset::ordinal(QStringView name)

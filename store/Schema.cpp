@@ -564,6 +564,13 @@ QString abfrageAnlegen()
         .arg(spalten.join(QStringLiteral(", ")));
 }
 
+/// "Table.Name" and "Table_Name" are the same name.
+bool gleicherName(QStringView a, QStringView b)
+{
+    const auto zeichen = [](QChar z) { return z == u'.' ? QChar(u'_') : z.toCaseFolded(); };
+    return std::ranges::equal(a, b, {}, zeichen, zeichen);
+}
+
 } // namespace
 
 const Spalte *Tabelle::spalte(QStringView gesucht) const
@@ -614,11 +621,43 @@ std::span<const Spalte> spaltenVon(QStringView satz)
     return tabelle ? tabelle->spalten : std::span<const Spalte>();
 }
 
+int stelleVon(QStringView satz, const QStringList &namen, QStringView name)
+{
+    for (int i = 0; i < namen.size(); ++i)
+        if (gleicherName(namen[i], name))
+            return i;
+    // A qualified name may stand for a column that only its source has, a bare name for one qualified column.
+    const qsizetype punkt = name.indexOf(u'.'), strich = name.indexOf(u'_');
+    if (const qsizetype ende = punkt >= 0 ? punkt : strich; ende >= 0 && (punkt >= 0 || istQuelle(name.left(ende)))) {
+        for (int i = 0; i < namen.size(); ++i)
+            if (gleicherName(namen[i], name.mid(ende + 1)) && kommtAus(satz, namen[i], name.left(ende)))
+                return i;
+        return keineSpalte;
+    }
+    int einzige = keineSpalte;
+    for (int i = 0; i < namen.size(); ++i) {
+        const QStringView spalte = namen[i];
+        const qsizetype trenner = std::ranges::find_if(spalte, [](QChar z) { return z == u'.' || z == u'_'; }) - spalte.begin();
+        if (trenner == spalte.size() || !gleicherName(spalte.mid(trenner + 1), name) || !istQuelle(spalte.left(trenner)))
+            continue;
+        if (einzige >= 0)
+            return mehrereSpalten;
+        einzige = i;
+    }
+    return einzige;
+}
+
 const Spalte *spalteVon(QStringView satz, const char *feld)
 {
     const std::span<const Spalte> spalten = spaltenVon(satz);
     const auto gefunden = std::ranges::find_if(spalten, [&](const Spalte &spalte) { return feld && qstricmp(spalte.name, feld) == 0; });
-    return gefunden == spalten.end() ? nullptr : &*gefunden;
+    if (gefunden != spalten.end() || !feld)
+        return gefunden == spalten.end() ? nullptr : &*gefunden;
+    QStringList namen;
+    for (const Spalte &spalte : spalten)
+        namen += QString::fromLatin1(spalte.name);
+    const int stelle = stelleVon(satz, namen, QString::fromLatin1(feld));
+    return stelle < 0 ? nullptr : &spalten[size_t(stelle)];
 }
 
 const Werteliste *wertelisteVon(const Spalte *spalte)

@@ -2,7 +2,7 @@
 
 #include "Positionen.h"
 
-#include <QString>
+#include <QStringList>
 #include <span>
 
 /* The tables of the working database: each column once, with its order (ordinal 0 is ARTNR), the kind of its content, its
@@ -73,7 +73,10 @@ std::span<const Abfragespalte> abfrageFriedhof();
 /// The columns of a main table or of the query, by ordinal; a column of the query has the kind and vocabulary of its source and
 /// its own label and unit. Empty for any other name.
 std::span<const Spalte> spaltenVon(QStringView satz);
-/// One of them by name, case-blind; null when there is none.
+inline constexpr int keineSpalte = -1, mehrereSpalten = -2;
+/// Place of a name among `namen`, columns of a table or of the query: "Table.Name", "Table_Name" or, where unique, "Name", case-blind.
+int stelleVon(QStringView satz, const QStringList &namen, QStringView name);
+/// One of its columns by such a name; null when there is none or more than one.
 const Spalte *spalteVon(QStringView satz, const char *feld);
 /// Its vocabulary, for months that of the months; null where it has none.
 const Werteliste *wertelisteVon(const Spalte *spalte);

@@ -76,8 +76,7 @@ constexpr Kriterium kriterien[] = {
      .anders = Frage{.pruefung = Pruefung::Enthaelt, .feld = "Gehoelze.sorten"}},
 };
 constexpr Filterbeschreibung beschreibung{.sparte = Sparte::Friedhof, .reiter = {}, .kriterien = kriterien, .zeilen = 103, .ladeFilter = {},
-                                          .speicherFilter = {},
-                                          .herkunftsfeld = "DB", .andereHerkunft = u"010", .quellen = {Sparte::Stauden, Sparte::Gehoelze}};
+                                          .speicherFilter = {}};
 
 constexpr int aster = 900, funkie = 901, ahorn = 2100, eibe = 2200, verwaist = 3000;
 
@@ -287,8 +286,7 @@ void TestHerkunft::fehlerFallenAuf_data()
     using K = std::vector<Kriterium>;
     using B = Filterbeschreibung;
     zeile("unverändert", [](K &, B &) {}, {});
-    zeile("Herkunftsfeld", [](K &, B &b) { b.herkunftsfeld = "DC"; }, u"kein Feld DC"_s);
-    zeile("ohne Herkunftsfeld", [](K &, B &b) { b.herkunftsfeld = nullptr; }, u"cmbFamilie: keine zwei Seiten"_s);
+    zeile("ohne Herkunft", [](K &, B &b) { b.sparte = Sparte::Stauden; }, u"cmbFamilie: keine zwei Seiten"_s);
     zeile("eine Seite, zwei Fragen", [](K &k, B &) { k[1].gilt = Seite::Erste; }, u"lblBlMonat: keine zwei Seiten"_s);
     zeile("Feld der anderen", [](K &k, B &) { k[1].anders->feld = "Gehoelze.farben"; }, u"kein Feld Gehoelze.farben"_s);
     zeile("zweites Feld der anderen", [](K &k, B &) { k[2].anders->feld2 = "maxhoehe"; }, u"kein Feld maxhoehe"_s);

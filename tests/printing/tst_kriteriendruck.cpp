@@ -152,8 +152,7 @@ constexpr Kriterium kodierte[] = {
      .anders = Frage{.feld = "habitus"}},
 };
 constexpr Filterbeschreibung mitKodierten{.sparte = Sparte::Friedhof, .reiter = {}, .kriterien = kodierte, .zeilen = 0, .ladeFilter = {},
-                                          .speicherFilter = {},
-                                          .herkunftsfeld = "DB", .andereHerkunft = u"010", .quellen = {Sparte::Stauden, Sparte::Gehoelze}};
+                                          .speicherFilter = {}};
 
 /// What print tells of a filter, criterion by criterion.
 class TestKriteriendruck : public QObject

@@ -109,6 +109,20 @@ private slots:
         QCOMPARE(schema::spalteVon(u"Topfpfl", "bot_name"), &schema::spaltenVon(u"TOPFPFL")[1]);
         QVERIFY(!schema::spalteVon(u"Topfpfl", "Palme"));
         QVERIFY(!schema::spalteVon(u"Topfpfl", nullptr));
+        // Qualified in both forms, bare where that is unique.
+        const Spalte *zeit = schema::spalteVon(u"Abfrage_Friedhof", "stauden_bluehzeit");
+        QCOMPARE(schema::spalteVon(u"Abfrage_Friedhof", "Stauden.bluehzeit"), zeit);
+        QCOMPARE(schema::spalteVon(u"Abfrage_Friedhof", "Gehoelze_groesse"), schema::spalteVon(u"Abfrage_Friedhof", "groesse"));
+        QCOMPARE(schema::spalteVon(u"Abfrage_Friedhof", "bewertung"), schema::spalteVon(u"Abfrage_Friedhof", "Friedhof.bewertung"));
+        QCOMPARE(schema::spalteVon(u"STAUDEN", "Stauden.HK"), schema::spalteVon(u"Stauden", "HK"));
+        for (const char *feld : {"bluehzeit", "Stauden.groesse", "Gehoelze_farben", "Apfel.bluehzeit"})
+            QVERIFY2(!schema::spalteVon(u"Abfrage_Friedhof", feld), feld);
+        const QStringList namen{u"ARTNR"_s, u"stauden_licht"_s, u"Gehoelze.licht"_s};
+        QCOMPARE(schema::stelleVon(u"Abfrage_Friedhof", namen, u"gehoelze_LICHT"), 2);
+        QCOMPARE(schema::stelleVon(u"Abfrage_Friedhof", namen, u"licht"), schema::mehrereSpalten);
+        QCOMPARE(schema::stelleVon(u"Abfrage_Friedhof", namen, u"DB"), schema::keineSpalte);
+        for (const SpartenEintrag &sparte : alleSparten())
+            QVERIFY(!sparte.herkunftsfeld || schema::spalteVon(sparte.haupttabelle, sparte.herkunftsfeld));
     }
 
     void abfrage()
