@@ -2,6 +2,8 @@
 
 #include "Recordset.h"
 
+#include <vector>
+
 namespace {
 
 const QString familien = QStringLiteral("Familien");
@@ -57,10 +59,12 @@ QString familiennummer(Datenbank &arbeit, const QString &name)
 
 QString fehlendeNebentabellen(Datenbank &arbeit, const SpartenEintrag &sparte)
 {
-    const std::pair<QString, QString> tabellen[] = {{familien, QStringLiteral("Familien")},
-                                                    {sparte.synonymBotanisch.toString(), QStringLiteral("botanische Synonyme")},
-                                                    {sparte.synonymDeutsch.toString(), QStringLiteral("deutsche Synonyme")},
-                                                    {sparte.bildtabelle.toString(), QStringLiteral("Bilder")}};
+    std::vector<std::pair<QString, QString>> tabellen{{familien, QStringLiteral("Familien")}};
+    for (const Sparte herkunft : herkuenfte(sparte)) {
+        tabellen.emplace_back(eintrag(herkunft).synonymBotanisch.toString(), QStringLiteral("botanische Synonyme"));
+        tabellen.emplace_back(eintrag(herkunft).synonymDeutsch.toString(), QStringLiteral("deutsche Synonyme"));
+    }
+    tabellen.emplace_back(sparte.bildtabelle.toString(), QStringLiteral("Bilder"));
     QString text;
     for (const auto &[tabelle, inhalt] : tabellen)
         if (!tabelle.isEmpty() && !arbeit.hatTabelle(tabelle))
