@@ -78,9 +78,9 @@ constexpr Kriterium hoehe(QStringView titel, const char *von, const char *bis, c
             .feld2 = feld2, .reiter = reiter, .regel = Bereichsregel::GleicheZahlen, .anfang = u"zwischen", .mitte = u"und", .einheit = u"m"};
 }
 
-constexpr Kriterium familie(int zeile)
+constexpr Kriterium familie(int zeile, const char *feld = "FAMILIE")
 {
-    return {.pruefung = Pruefung::Familie, .titel = u"Familie:", .a = {.art = Steuerung::Liste, .control = "cmbFamilie", .zeile = zeile}, .feld = "FAMILIE"};
+    return {.pruefung = Pruefung::Familie, .titel = u"Familie:", .a = {.art = Steuerung::Liste, .control = "cmbFamilie", .zeile = zeile}, .feld = feld};
 }
 
 constexpr Kriterium synonymBotanisch(int zeile, int reiter)

@@ -2,6 +2,7 @@
 
 #include "Steuerungsarten.h"
 #include "frmFilterAp.h"
+#include "frmFilterFh.h"
 #include "frmFilterGe.h"
 #include "frmFilterOb.h"
 #include "frmFilterSt.h"
@@ -16,7 +17,7 @@
 
 namespace {
 
-constexpr std::array<const Filterbeschreibung *, anzahlSparten> beschreibungen{&frmFilterTo, &frmFilterSt, &frmFilterGe, &frmFilterAp, &frmFilterOb, nullptr};
+constexpr std::array<const Filterbeschreibung *, anzahlSparten> beschreibungen{&frmFilterTo, &frmFilterSt, &frmFilterGe, &frmFilterAp, &frmFilterOb, &frmFilterFh};
 
 } // namespace
 
@@ -61,7 +62,7 @@ const Kriterium *kriteriumNamens(const Filterbeschreibung &beschreibung, const c
 
 const Werteliste *wertelisteVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium)
 {
-    const Werteliste *liste = schema::wertelisteVon(spalteVon(beschreibung, kriterium.feld));
+    const Werteliste *liste = kriterium.liste ? kriterium.liste : schema::wertelisteVon(spalteVon(beschreibung, kriterium.feld));
     return liste || !kriterium.anders ? liste : schema::wertelisteVon(spalteVon(beschreibung, kriterium.anders->feld));
 }
 

@@ -125,6 +125,7 @@ struct Kriterium
     const char *rahmen = nullptr; ///< objectName of the group's frame, where it has one of its own
     Seite gilt = Seite::Beide;
     std::optional<Frage> anders = {}; ///< what records of the other origin are asked; without a value the same as all
+    const Werteliste *liste = nullptr; ///< vocabulary of the captions, where it is not the field's
 };
 
 struct Filterbeschreibung
@@ -161,5 +162,5 @@ QStringView wortVon(const Filterbeschreibung &beschreibung, const Kriterium &kri
 bool benutzernamen(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);
 /// Label of a criterion: its own, or the print label of its field.
 QString titelVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);
-/// Vocabulary of a criterion's field, or of the one that the other origin has; null when neither has one.
+/// Vocabulary of a criterion's captions: its own, its field's, or that of the other origin's field; null when there is none.
 const Werteliste *wertelisteVon(const Filterbeschreibung &beschreibung, const Kriterium &kriterium);

@@ -1,5 +1,7 @@
 #include "Wertelisten.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr QStringView zeilenLicht[] = {
@@ -572,6 +574,17 @@ constexpr QStringView zeilenObLagkrank[] = {
     u"empfindlich gegen zu tiefe Temperaturen", u"Nachlagerung notwendig"};
 static_assert(std::size(zeilenObLagkrank) == 13);
 
+/// A vocabulary that begins with another one.
+template<size_t N, size_t M>
+constexpr std::array<QStringView, N + M> erweitert(const QStringView (&zeilen)[N], const QStringView (&weitere)[M])
+{
+    std::array<QStringView, N + M> alle;
+    std::ranges::copy(weitere, std::ranges::copy(zeilen, alle.begin()).out);
+    return alle;
+}
+constexpr auto zeilenFhLaubfarbe = erweitert(zeilenStBlattfarbe, {u"orange", u"rot", u"bläulich rot"});
+static_assert(std::size(zeilenFhLaubfarbe) == 17);
+
 constexpr QStringView zeilenFhPflanzzeit[] = {
     u"Frühjahr", u"Sommer", u"Herbst"};
 static_assert(std::size(zeilenFhPflanzzeit) == 3);
@@ -725,6 +738,7 @@ constinit const Werteliste WL_ObLagkrank{zeilenObLagkrank};
 constinit const Werteliste WL_FhPflanzzeit{zeilenFhPflanzzeit};
 constinit const Werteliste WL_FhPflege{zeilenFhPflege};
 constinit const Werteliste WL_FhSymbolik{zeilenFhSymbolik};
+constinit const Werteliste WL_FhLaubfarbe{zeilenFhLaubfarbe};
 
 constinit const Farbliste WL_BluetenfarbeRGB{farbenBluetenfarbeRGB};
 constinit const Farbliste WL_FruchtfarbeRGB{farbenFruchtfarbeRGB};

@@ -157,6 +157,8 @@ extern const Werteliste WL_ObLagkrank;
 extern const Werteliste WL_FhPflanzzeit;
 extern const Werteliste WL_FhPflege;
 extern const Werteliste WL_FhSymbolik;
+/// Colours of leaves: those of perennials, then what only woody plants have.
+extern const Werteliste WL_FhLaubfarbe;
 
 extern const Farbliste WL_BluetenfarbeRGB;
 extern const Farbliste WL_FruchtfarbeRGB;

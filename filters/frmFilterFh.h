@@ -1,0 +1,5 @@
+#pragma once
+
+#include "Kriterien.h"
+
+extern const Filterbeschreibung frmFilterFh;
