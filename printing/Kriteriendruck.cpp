@@ -66,10 +66,13 @@ bool gesetzt(const Kriterium &k, const Kriteriumzustand &z)
 Kriteriumzustand ausschnitt(const Kriterium &k, const Kriteriumzustand &ganz, const Druckzeile &zeile)
 {
     Kriteriumzustand z = ganz;
-    const Teilzustand leer = vorgabe(k.a);
-    for (int i = 0; i < int(z.a.werte.size()); ++i)
-        if (i + 1 < zeile.von || i + 1 > zeile.bis)
-            z.a.werte[size_t(i)] = leer.werte[size_t(i)];
+    int stelle = 0; // items of the second control follow those of the first
+    for (const auto &[teil, zustand] : {std::pair(&k.a, &z.a), std::pair(&k.b, &z.b)}) {
+        const Teilzustand leer = vorgabe(*teil);
+        for (size_t i = 0; i < zustand->werte.size(); ++i)
+            if (++stelle < zeile.von || stelle > zeile.bis)
+                zustand->werte[i] = leer.werte[i];
+    }
     return z;
 }
 
@@ -118,7 +121,7 @@ std::vector<Kriteriumzeile> kriterienzeilen(std::span<const Druckzeile> druckzei
         }
         davor = true;
         const Kriteriumzustand teil = ausschnitt(*k, zustand.kriterien[stelle], zeile);
-        const QString text = zeile.wort.isEmpty() ? worte(beschreibung, *k, teil, quelle) : zeile.wort.toString();
+        const QString text = zeile.wort.isNull() ? worte(beschreibung, *k, teil, quelle) : zeile.wort.toString();
         if (schliesstAn)
             zeilen.back().worte += zeile.anschluss.toString() + text;
         else

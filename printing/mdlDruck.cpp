@@ -30,6 +30,15 @@ constexpr Druckausnahme ausnahmenGehoelze[] = {
     {Druckart::Zeile, "Quelle"},
     {Druckart::MitSynonymen, "DTNAM", nullptr, u"Synonyme"},
 };
+constexpr Druckausnahme ausnahmenFriedhof[] = {
+    {Druckart::Titel, "BOT_NAME"},
+    {Druckart::Zeile, "gehoelze_Quelle"},
+    {Druckart::Zeile, "stauden_Quelle"},
+    {Druckart::MitSynonymen, "DTNAM", nullptr, u"Synonyme"},
+    {Druckart::Bereich, "friedhof_MINHOEHE", "friedhof_MAXHOEHE", u"Höhe"},
+    {Druckart::Bereich, "stauden_MINHOEHE", "stauden_MAXHOEHE", u"Höhe"},
+    {Druckart::Bereich, "BLMINH", "BLMAXH", u"Blütenhöhe"},
+};
 constexpr Druckausnahme ausnahmenSorten[] = {{Druckart::Titel, "BOT_NAME"}};
 
 constexpr Druckzeile kriterienTopf[] = {
@@ -130,6 +139,44 @@ constexpr Druckzeile kriterienGehoelze[] = {
     {u"Bewertung: ", "optBewertung"},
 };
 
+constexpr int letzte = Positionen::groesste;
+constexpr QStringView nurLabel = u"";
+constexpr Druckzeile kriterienFriedhof[] = {
+    {u"Familie: ", "cmbFamilie"},
+    {u"Blütezeit: ", "lblBlMonat"},
+    {u"Blütenfarbe: ", "lblBlFarbe"},
+    {u"Blüten-Höhe: ", "txtMinHoehe"},
+    {u"Blüten sind schmückend", "chkBluehSchmuck", {}, 1, letzte, nurLabel},
+    {u"Fruchtzeit: ", "lblFrMonat"},
+    {u"Fruchtfarbe: ", "lblFrFarbe"},
+    {u"Früchte sind schmückend", "chkFruchtSchmuck", {}, 1, letzte, nurLabel},
+    {u"Blattfarbe: ", "chkLaubFarbe"},
+    {u"zeitliche Einteilung: ", "chkLaubZeit"},
+    {u"Blatt-Höhe: ", "txtBlattMinHoehe"},
+    {u"Laub ist schmückend", "chkBlattschmuck", {}, 1, letzte, nurLabel},
+    {u"Bodenart: ", "chkBodenArt"},
+    {u"Bodenfeuchte: ", "chkBodenfeuchte"},
+    {u"Boden pH-Wert: ", "chkKalk"},
+    {u"Nährstoffbedarf: ", "chkNaehrstoff"},
+    {u"Licht : ", "imgLicht"},
+    {u"Pflanzentyp : ", "optTyp"},
+    {u"Pflanzentyp : ", "chkGhTyp", u", "},
+    {u"Pflanzentyp : ", "chkGhLaub", u", ", 1, 1, u"Laubgehölze"},
+    {u"Pflanzentyp : ", "chkGhLaub", u", ", 2, 2, u"Nadelgehölze"},
+    {u"Habitus: ", "chkHabitus"},
+    {u"Grabbeet (eigtl. Grab): ", "chkVerwendung", {}, 1, 9},
+    {u"Grabfeld (eigtl. Friedhof): ", "chkVerwendung", u", Grabfeld (eigtl. Friedhof): ", 10, 16},
+    {u"Textsuche (botanischer Name) : ", "txtbotName"},
+    {u"Textsuche (botanisches Synonym) : ", "txtSynonym"},
+    {u"Textsuche (deutscher Name) : ", "txtSynonymDeutsch"},
+    {u"Textsuche (Sorte) : ", "txtSorte"},
+    {u"Textsuche (eigene Bemerkung): ", "txtBenutzerText"},
+    {u"Eigene Bemerkungen: ", "txtBenutzerText"},
+    {u"benu.definierte Eigenschaften: ", "sschkBenutzer"},
+    {u"Ausbildung: ", "chkAusbildung"},
+    {u"Bewertung: ", "optBewertung"},
+};
+
 constexpr Druckzeile kriterienApfel[] = {
     {u"Haltbarkeit: ", "ChkHaltbar"},
     {u"Fruchtgröße: ", "ChkFruGro"},
@@ -222,7 +269,7 @@ constexpr Druckzeile kriterienObst[] = {
     {u"Bewertung: ", "optBewertung"},
 };
 
-constexpr std::array<const Druckbeschreibung *, anzahlSparten> beschreibungen{&DruckTopf, &DruckStauden, &DruckGehoelze, &DruckApfel, &DruckObst, nullptr};
+constexpr std::array<const Druckbeschreibung *, anzahlSparten> beschreibungen{&DruckTopf, &DruckStauden, &DruckGehoelze, &DruckApfel, &DruckObst, &DruckFriedhof};
 
 } // namespace
 
@@ -231,6 +278,7 @@ constinit const Druckbeschreibung DruckApfel{Sparte::Apfel, &DL_Apfel, ausnahmen
 constinit const Druckbeschreibung DruckStauden{Sparte::Stauden, &DL_Stauden, ausnahmenStauden, kriterienStauden};
 constinit const Druckbeschreibung DruckGehoelze{Sparte::Gehoelze, &DL_Gehoelze, ausnahmenGehoelze, kriterienGehoelze};
 constinit const Druckbeschreibung DruckObst{Sparte::Obst, &DL_Obst, ausnahmenSorten, kriterienObst};
+constinit const Druckbeschreibung DruckFriedhof{Sparte::Friedhof, &DL_Friedhof, ausnahmenFriedhof, kriterienFriedhof};
 
 const Druckbeschreibung *druckbeschreibung(Sparte sparte)
 {

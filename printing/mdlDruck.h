@@ -28,7 +28,7 @@ struct Druckzeile
     const char *control;         ///< objectName, or its stem, of the criterion's first control
     QStringView anschluss = {};  ///< what joins the words to the line before, where that is printed; empty: always a line of its own
     int von = 1, bis = Positionen::groesste; ///< of a group, only items of these positions, counted from 1
-    QStringView wort = {};       ///< what stands there in place of the items' words
+    QStringView wort = {};       ///< what stands there in place of the items' words; empty, but not null: the label alone
 };
 
 struct Druckbeschreibung
@@ -51,3 +51,4 @@ extern const Druckbeschreibung DruckApfel;
 extern const Druckbeschreibung DruckObst;
 extern const Druckbeschreibung DruckStauden;
 extern const Druckbeschreibung DruckGehoelze;
+extern const Druckbeschreibung DruckFriedhof;

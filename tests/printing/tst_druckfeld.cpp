@@ -48,7 +48,8 @@ const QMap<QString, QString> saetze{
     {u"Stauden.blaschmuck"_s, u"Blattschmuckstaude"_s}, {u"Stauden.immergruen"_s, u"immergrüne Pflanze"_s},
     {u"Stauden.schnitt"_s, u"Schnittpflanze"_s}, {u"Stauden.giftig"_s, u"Giftpflanze"_s},
     {u"Gehoelze.UNSCHEINBA"_s, u"Die Blüten sind unscheinbar!"_s}, {u"Gehoelze.giftig"_s, u"Giftpflanze"_s},
-    {u"Friedhof.blaschmuck"_s, u"Blattschmuckstaude"_s}};
+    {u"Friedhof.blaschmuck"_s, u"Blätter sind schmückend!"_s}, {u"Friedhof.BLUEHSCHMU"_s, u"Blüten sind schmückend!"_s},
+    {u"Friedhof.fruchtschm"_s, u"Früchte sind schmückend!"_s}, {u"Friedhof.HERBSTFARB"_s, u"Herbstfärbung!"_s}, {u"Friedhof.DUFT"_s, u"Duftpflanze"_s}};
 
 const SpartenEintrag &sparteVon(const Tabelle &tabelle)
 {
