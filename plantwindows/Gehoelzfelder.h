@@ -42,5 +42,9 @@ inline constexpr Element standorteigenschaften{.muster = Muster::Liste, .control
                                                .titeltext = u"Bes. Standorteigenschaften:", .titel = "Label14"};
 inline constexpr Element schaden{.muster = Muster::Text, .control = "txtKrank", .feld = "*.schaden", .leer = u"Keine Schadensangaben",
                                  .umformung = ohneZeilenmarken, .kasten = true};
+inline constexpr Element verwendungen{.muster = Muster::Symbole, .control = "imgVerwendung", .feld = "*.verwendung",
+                                      .symbole = symbole::verwendungGehoelze};
+inline constexpr Element bemerkung{.muster = Muster::Text, .control = "txtBemerkung", .feld = "*.BEMERKUNG", .leer = u"Keine Bemerkungen",
+                                   .umformung = ohneZeilenmarken, .kasten = true};
 
 } // namespace gehoelz

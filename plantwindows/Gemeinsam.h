@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Beschreibung.h"
+#include "store/Text.h"
 
 /* Parts of a description that every Sparte's window has, and last steps that several of them take. */
 namespace gemeinsam {
@@ -17,6 +18,9 @@ inline QString quadratmeter(const QString &text)
     return QString(text).replace(QStringLiteral("m2"), QStringLiteral("m²"));
 }
 
+/// Varieties of a perennial or a woody plant.
+inline constexpr Element sorten{.muster = Muster::Text, .control = "txtSorten", .feld = "*.SORTEN", .leer = u"Keine Sortenangaben",
+                                .umformung = ohneZeilenmarken, .leerNurBeiNull = true, .kasten = true, .ausArbeit = true};
 inline constexpr Element eigeneBemerkung[] = {
     {.muster = Muster::Benutzertext, .control = "txtEigeneBemerkung", .feld = "benu_bemerkung"},
 };

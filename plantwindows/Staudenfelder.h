@@ -27,6 +27,8 @@ inline constexpr Element blattfarbe{.muster = Muster::Liste, .control = "lblBlat
 inline constexpr Element herbstfarben{.muster = Muster::Farbfeld, .control = "lblHfFarbe", .feld = "*.herbstfarb", .titeltext = u"Herbstfärbung:",
                                       .titel = "Label23", .farben = &WL_BluetenfarbeRGB, .panel = "Panel3D6"};
 inline constexpr Element urteil{.muster = Muster::Liste, .control = "lblUrteil", .feld = "*.urteil", .titeltext = u"Urteil:", .titel = "labelUt"};
+inline constexpr Element pflanzentyp{.muster = Muster::Liste, .control = "lblPflanzart", .feld = "*.pflanzart", .titeltext = u"Pflanzentyp:",
+                                     .titel = "Label36"};
 inline constexpr Element wuchsform{.muster = Muster::Text, .control = "lblWuchs", .feld = "*.wuchsform", .titeltext = u"Wuchsform:", .leer = ohneAngabe};
 inline constexpr Element lebensraum{.muster = Muster::Liste, .control = "lblLebensraum", .feld = "*.lebensraum", .titeltext = u"Lebensraum:", .trenner = u"; "};
 inline constexpr Element kennziffer{.muster = Muster::Text, .control = "lblKennziffern", .feld = "*.kennziffer", .titeltext = u"Kennziffer:"};
@@ -36,6 +38,8 @@ inline constexpr Element bodenfeuchte{.muster = Muster::Liste, .control = "lblBo
                                       .trenner = u"; "};
 inline constexpr Element kalk{.muster = Muster::Liste, .control = "lblpH", .feld = "*.kalk", .titeltext = u"Boden pH-Bereich:", .titel = "Label17",
                               .trenner = u"; "};
+inline constexpr Element naehrstoffe{.muster = Muster::Liste, .control = "lblNaehrstoffe", .feld = "*.salz", .titeltext = u"Nährstoffbedarf:",
+                                     .trenner = u"; "};
 inline constexpr Element pflanzung{.muster = Muster::Text, .control = "lblPflanzung", .feld = "*.abstand", .titeltext = u"Pflanzen je m²:",
                                    .leer = ohneAngabe, .einheit = u"/m²", .umformung = gemeinsam::quadratmeter};
 inline constexpr Element geselligkeit{.muster = Muster::Liste, .control = "lblGeselligkeit", .feld = "*.geselligkt", .titeltext = u"Geselligkeit:"};
@@ -45,5 +49,7 @@ inline constexpr Element vermehrung{.muster = Muster::Text, .control = "lblVerme
                                     .leer = ohneAngabe};
 inline constexpr Element verwendungsart{.muster = Muster::Text, .control = "lblVerwArt", .feld = "*.besverw", .titeltext = u"Verwendung:",
                                         .leer = ohneAngabe};
+inline constexpr Element bemerkung{.muster = Muster::Text, .control = "lblBemerkungen", .feld = "*.BEMERKUNG", .titeltext = u"Bemerkungen:",
+                                   .titel = "Label32", .umformung = ohneZeilenmarken};
 
 } // namespace staude

@@ -25,17 +25,10 @@ constexpr Element groesse[] = {gehoelz::groesse, gehoelz::durchmesser, gehoelz::
 constexpr Element wurzel[] = {gehoelz::wurzelform, gehoelz::wurzelempfindlichkeit};
 constexpr Element standort[] = {gehoelz::licht, gehoelz::bodenart, gehoelz::bodenfeuchte, gehoelz::boden, gehoelz::standorteigenschaften};
 
-constexpr Element verwendungen[] = {
-    {.muster = Muster::Symbole, .control = "imgVerwendung", .feld = "verwendung", .symbole = symbole::verwendungGehoelze},
-};
+constexpr Element verwendungen[] = {gehoelz::verwendungen};
 
-constexpr Element sorten[] = {
-    {.muster = Muster::Text, .control = "txtSorten", .feld = "SORTEN", .leer = u"Keine Sortenangaben", .umformung = ohneZeilenmarken,
-     .leerNurBeiNull = true, .kasten = true, .ausArbeit = true},
-};
-constexpr Element bemerkung[] = {
-    {.muster = Muster::Text, .control = "txtBemerkung", .feld = "BEMERKUNG", .leer = u"Keine Bemerkungen", .umformung = ohneZeilenmarken, .kasten = true},
-};
+constexpr Element sorten[] = {gemeinsam::sorten};
+constexpr Element bemerkung[] = {gehoelz::bemerkung};
 constexpr Element schaden[] = {gehoelz::schaden};
 
 constexpr Gruppe blattBluete[] = {

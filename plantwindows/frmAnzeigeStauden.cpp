@@ -43,7 +43,7 @@ constexpr Element bluete[] = {
 constexpr Element frucht[] = {staude::fruchtfarben, staude::fruchtzeit};
 constexpr Element blatt[] = {staude::laubhoehe, staude::blattform, staude::blattfarbe, staude::herbstfarben};
 constexpr Element pflanzentyp[] = {
-    {.muster = Muster::Liste, .control = "lblPflanzart", .feld = "pflanzart", .titeltext = u"Pflanzentyp:", .titel = "Label36"},
+    staude::pflanzentyp,
     staude::wuchsform,
     staude::urteil,
 };
@@ -58,18 +58,12 @@ constexpr Element standort[] = {
     staude::bodenart,
     staude::bodenfeuchte,
     staude::kalk,
-    {.muster = Muster::Liste, .control = "lblNaehrstoffe", .feld = "salz", .titeltext = u"Nährstoffbedarf:", .trenner = u"; "},
+    staude::naehrstoffe,
 };
 constexpr Element pflanzung[] = {staude::pflanzung, staude::geselligkeit, staude::duengung, staude::vermehrung, staude::verwendungsart};
 
-constexpr Element sorten[] = {
-    {.muster = Muster::Text, .control = "txtSorten", .feld = "SORTEN", .leer = u"Keine Sortenangaben", .umformung = ohneZeilenmarken,
-     .leerNurBeiNull = true, .kasten = true, .ausArbeit = true},
-};
-constexpr Element bemerkung[] = {
-    {.muster = Muster::Text, .control = "lblBemerkungen", .feld = "BEMERKUNG", .titeltext = u"Bemerkungen:", .titel = "Label32",
-     .umformung = ohneZeilenmarken},
-};
+constexpr Element sorten[] = {gemeinsam::sorten};
+constexpr Element bemerkung[] = {staude::bemerkung};
 
 constexpr Ueberschrift ueberPflanze{"Label2", u"Blüte, Frucht und Blatt"};
 
