@@ -2,6 +2,7 @@
 
 #include "Elemente.h"
 #include "frmAnzeigeApfel.h"
+#include "frmAnzeigeFriedhof.h"
 #include "frmAnzeigeGehoelze.h"
 #include "frmAnzeigeObst.h"
 #include "frmAnzeigeStauden.h"
@@ -16,7 +17,7 @@
 namespace {
 
 constexpr std::array<const Fensterbeschreibung *, anzahlSparten> beschreibungen{&frmAnzeigeTopfpflanzen, &frmAnzeigeStauden, &frmAnzeigeGehoelze,
-                                                                                &frmAnzeigeApfel, &frmAnzeigeObst, nullptr};
+                                                                                &frmAnzeigeApfel, &frmAnzeigeObst, &frmAnzeigeFriedhof};
 
 QString wort(const char *name)
 {
@@ -33,6 +34,14 @@ const Spalte *spalteVon(Sparte sparte, const char *feld, Sparte herkunft)
         return schema::spalteVon(satz, feld);
     const QByteArray name = eintrag(herkunft).haupttabelle.toLatin1() + (feld + 1);
     return schema::spalteVon(satz, name.constData());
+}
+
+/// "lblFarbe" becomes "lblGhFarbe", "Label1" "LabelGh1".
+QByteArray mitEinschub(const char *name, const char *einschub)
+{
+    const QByteArray ganz(name);
+    const QByteArray vorsilbe = ganz.first(ganz.toLower().startsWith("label") ? 5 : 3);
+    return vorsilbe + einschub + ganz.mid(vorsilbe.size());
 }
 
 /// What keeps a pattern from showing its columns; empty when they fit.
@@ -102,6 +111,26 @@ QString unpassend(const Element &element, Sparte sparte)
 
 } // namespace
 
+const char *Gruppenelemente::merken(const QByteArray &text)
+{
+    return texte_.emplace_back(text).constData();
+}
+
+Gruppenelemente::Gruppenelemente(const Gruppe &gruppe)
+{
+    for (Element element : gruppe.elemente) {
+        if (gruppe.herkunft)
+            for (const char **feld : {&element.feld, &element.feld2})
+                if (*feld && qstrncmp(*feld, derHerkunft, qstrlen(derHerkunft)) == 0)
+                    *feld = merken(eintrag(*gruppe.herkunft).haupttabelle.toLatin1() + (*feld + 1));
+        if (gruppe.einschub)
+            for (const char **name : {&element.control, &element.titel, &element.buntZiel, &element.panel})
+                if (*name)
+                    *name = merken(mitEinschub(*name, gruppe.einschub));
+        elemente_.push_back(element);
+    }
+}
+
 const Spalte *spalteVon(Sparte sparte, const char *feld)
 {
     return spalteVon(sparte, feld, herkuenfte(eintrag(sparte)).first());
@@ -126,7 +155,8 @@ QString beschreibungsfehler(const Fensterbeschreibung &beschreibung)
             melden(QStringLiteral("%1 steht doppelt").arg(wort(name)));
         namen.insert(wort(name));
     };
-    const auto alle = [&](std::span<const Element> elemente) {
+    std::deque<Gruppenelemente> gruppen; // what `genannt` points at
+    const auto alle = [&](const auto &elemente) {
         QSet<QString> eigeneTitel;
         for (const Element &element : elemente) {
             if (element.titel)
@@ -152,7 +182,7 @@ QString beschreibungsfehler(const Fensterbeschreibung &beschreibung)
     for (const Reiter &reiter : beschreibung.reiter) {
         const Ueberschrift *vorige = nullptr;
         for (const Gruppe &gruppe : reiter.gruppen) {
-            alle(gruppe.elemente);
+            alle(gruppen.emplace_back(gruppe).elemente());
             eintragen(rahmen, gruppe.name);
             if (gruppe.herkunft && !herkuenfte(eintrag(beschreibung.sparte)).contains(*gruppe.herkunft))
                 melden(QStringLiteral("%1: keine Zeile kommt von dort").arg(wort(gruppe.name)));

@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <deque>
 #include <optional>
 #include <span>
 
@@ -97,6 +98,7 @@ struct Gruppe
     const char *regelfeld = nullptr;
     std::span<const char *const> regelcontrols = {};
     std::optional<Sparte> herkunft = {}; ///< shown only for rows taken from this Sparte; while the origin is unknown it stays as it is
+    const char *einschub = nullptr; ///< stands behind the prefix of its controls' names, so that rows of another group can be used twice
     bool wachsend = false; ///< takes the height that is left on the page
     bool loeschtHinweis = false; ///< the mouse over it empties the hint in the status bar
 };
@@ -114,6 +116,21 @@ struct Fensterbeschreibung
     std::span<const Element> kopf;        ///< record head, the first element is the name
     std::span<const Element> tafel;       ///< marks beside the head: properties, rating, origin
     std::span<const Reiter> reiter;
+    std::optional<Sparte> ohneNummer = {}; ///< while a subset is open, rows of this Sparte leave the number of the record as it stands
+};
+
+/// The elements of a group as its window has them: "*.NAME" is the column of the group's own origin, and names carry its `einschub`.
+class Gruppenelemente
+{
+public:
+    explicit Gruppenelemente(const Gruppe &gruppe);
+    const std::deque<Element> &elemente() const { return elemente_; }
+
+private:
+    const char *merken(const QByteArray &text);
+
+    std::deque<Element> elemente_;
+    std::deque<QByteArray> texte_; ///< what names and fields point at
 };
 
 /// Column of a Sparte's rows, of "*.NAME" that of the first origin; null when there is none.

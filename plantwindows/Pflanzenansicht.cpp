@@ -76,7 +76,8 @@ void Pflanzenansicht::panel(QWidget *flaeche)
 
 void Pflanzenansicht::zeigen(Pflanzensatz &satz)
 {
-    lblArtNr_->setText(satz.artnr() ? QString::number(satz.artnr()) : QString());
+    if (programm_.OriginalDatenbank || !beschreibung_.ohneNummer || satz.herkunft() != beschreibung_.ohneNummer)
+        lblArtNr_->setText(satz.artnr() ? QString::number(satz.artnr()) : QString());
     for (const auto &element : elemente_)
         if (element.get() != bemerkung_ && element.get() != eigen_)
             element->zeigen(satz);
@@ -390,7 +391,7 @@ Karte *Pflanzenansicht::gruppeBauen(const Gruppe &gruppe, QWidget *eltern)
     raster->setHorizontalSpacing(8);
     raster->setColumnStretch(1, 1);
     const size_t erstes = elemente_.size();
-    for (const Element &element : gruppe.elemente)
+    for (const Element &element : gruppenelemente_.emplace_back(gruppe).elemente())
         elementSetzen(element, *raster, rahmen, gruppe.titel.toString());
     for (size_t i = erstes; i < elemente_.size(); ++i)
         if (auto *kasten = qobject_cast<Textkasten *>(elemente_[i]->widget()))

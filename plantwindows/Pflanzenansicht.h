@@ -113,6 +113,7 @@ private:
     Programm &programm_;
     const Fensterbeschreibung &beschreibung_;
     QObject *maus_;
+    std::deque<Gruppenelemente> gruppenelemente_;
     std::vector<std::unique_ptr<Anzeigeelement>> elemente_;
     Anzeigeelement *bemerkung_ = nullptr, *eigen_ = nullptr; ///< the user's fields among them
     std::vector<Titel> titel_;

@@ -1,7 +1,11 @@
 #include "Hilfen.h"
 
+#include "Friedhofszeilen.h"
+
 #include "controls/Bilder.h"
 #include "plantwindows/Beschreibung.h"
+#include "store/Recordset.h"
+#include "store/Schema.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -10,6 +14,8 @@
 Programmordner::Programmordner()
 {
     bilder::setOrdner(QStringLiteral(FLOX_PROGRAMM) + QStringLiteral("/icons"));
+    if (Recordset(db(), grundtabelle(Sparte::Friedhof)).RecordCount() == 0)
+        friedhofFuellen(*db(), 40);
 }
 
 std::vector<Sparte> spartenMitFenster()
@@ -19,6 +25,12 @@ std::vector<Sparte> spartenMitFenster()
         if (fensterbeschreibung(sparte.sparte))
             sparten.push_back(sparte.sparte);
     return sparten;
+}
+
+QString grundtabelle(Sparte sparte)
+{
+    const QStringView satz = eintrag(sparte).haupttabelle;
+    return schema::haupttabelle(satz) ? satz.toString() : satz.mid(satz.indexOf(u'_') + 1).toString();
 }
 
 Meldungsfaenger::Meldungsfaenger()

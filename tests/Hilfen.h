@@ -11,7 +11,7 @@
 
 /* What tests share: a program folder of their own, an answer to message boxes, a program around a window. */
 
-/// A temporary program folder with the shipped database and the program's pictures.
+/// A temporary program folder with the shipped database and the program's pictures. Where no cemetery plants are shipped it has some.
 class Programmordner : public Datenordner
 {
 public:
@@ -20,6 +20,8 @@ public:
 
 /// What a test that stands for every Sparte loops over.
 std::vector<Sparte> spartenMitFenster();
+/// The table that the rows of a Sparte's main recordset stand in.
+QString grundtabelle(Sparte sparte);
 
 /// Answers every message box that opens while it lives with its default button and keeps what it said.
 class Meldungsfaenger : public QObject

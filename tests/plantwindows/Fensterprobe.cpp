@@ -37,12 +37,12 @@ Fensterprobe::Fensterprobe(const Fensterbeschreibung &beschreibung, int nummer)
 
 void Fensterprobe::alleZeigen()
 {
-    ordner.db()->Execute(u"UPDATE %1 SET bewertung = 9"_s.arg(eintrag(fenster->sparte()).haupttabelle));
+    ordner.db()->Execute(u"UPDATE %1 SET bewertung = 9"_s.arg(grundtabelle(fenster->sparte())));
 }
 
 void Fensterprobe::nurPflanzen(int anzahl)
 {
-    const QString tabelle = eintrag(fenster->sparte()).haupttabelle.toString();
+    const QString tabelle = grundtabelle(fenster->sparte());
     ordner.db()->Execute(u"DELETE FROM %1 WHERE ARTNR NOT IN (SELECT ARTNR FROM %1 ORDER BY ARTNR LIMIT %2)"_s.arg(tabelle).arg(anzahl));
     alleZeigen();
 }
@@ -73,7 +73,7 @@ void Fensterprobe::setzen(const Werte &werte)
 void Fensterprobe::leeren()
 {
     Werte werte;
-    for (const Spalte &spalte : schema::haupttabelle(eintrag(fenster->sparte()).haupttabelle)->spalten)
+    for (const Spalte &spalte : schema::spaltenVon(eintrag(fenster->sparte()).haupttabelle))
         if (spalte.art != Art::Schluessel && spalte.art != Art::Name)
             werte.insert(QString::fromLatin1(spalte.name), {});
     setzen(werte);

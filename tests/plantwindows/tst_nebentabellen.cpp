@@ -26,9 +26,11 @@ void TestNebentabellen::fehlt_data()
         if (!fensterbeschreibung(sparte.sparte))
             continue;
         QStringList alle{u"Familien"_s};
-        for (const QStringView tabelle : {sparte.synonymBotanisch, sparte.synonymDeutsch, sparte.bildtabelle})
-            if (!tabelle.isEmpty())
-                alle += tabelle.toString();
+        for (const Sparte quelle : herkuenfte(sparte))
+            for (const QStringView tabelle : {eintrag(quelle).synonymBotanisch, eintrag(quelle).synonymDeutsch})
+                if (!tabelle.isEmpty())
+                    alle += tabelle.toString();
+        alle += sparte.bildtabelle.toString();
         for (const QString &tabelle : std::as_const(alle))
             QTest::addRow("%s", qPrintable(tabelle + u" in "_s + sparte.titel.toString())) << int(sparte.sparte) << QStringList{tabelle};
         QTest::addRow("alle in %s", qPrintable(sparte.titel.toString())) << int(sparte.sparte) << alle;

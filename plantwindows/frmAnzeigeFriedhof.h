@@ -1,0 +1,5 @@
+#pragma once
+
+#include "Beschreibung.h"
+
+extern const Fensterbeschreibung frmAnzeigeFriedhof;
