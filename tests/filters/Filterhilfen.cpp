@@ -215,11 +215,169 @@ constexpr Regel regelnAp[] = {
     {Regelart::Bewertung, "optBewertung", 2, "bewertung", "sldBewertung"},
 };
 
+constexpr const char *eigenschaftsfelder[] = {"schnitt", "heimisch", "blaschmuck", "immergruen", "giftig"};
+
+constexpr Regel regelnSt[] = {
+    {Regelart::Familie, "cmbFamilie", 0, "familie"},
+    {.art = Regelart::AlleWahr, .control = "imgEigen", .anzahl = 5, .felder = eigenschaftsfelder},
+    {Regelart::Bild, "chkBild", 0, nullptr, "chkOhneBild"},
+    {Regelart::Flags, "lblBlFarbe", 13, "farben"},
+    {Regelart::Flags, "lblBlMonat", 12, "bluehzeit"},
+    {Regelart::Hoehe, "txtMinHoehe", 0, "blminh", "txtMaxHoehe", "blmaxh"},
+    {Regelart::Nummer, "lblFrFarbe", 14, "fruchtfarb"},
+    {Regelart::Flags, "lblFrMonat", 12, "fruchtzeit"},
+    {Regelart::Flags, "chkLaubFarbe", 14, "blattfarbe"},
+    {Regelart::Nummer, "lblHfFarbe", 13, "herbstfarb"},
+    {Regelart::Hoehe, "txtBlattMinHoehe", 0, "minhoehe", "txtBlattMaxHoehe", "maxhoehe"},
+    {Regelart::Flags, "imgLicht", 3, "licht"},
+    {Regelart::Flags, "chkBodenArt", 6, "bodenart"},
+    {Regelart::Flags, "chkBodenfeuchte", 4, "bfeuchte"},
+    {Regelart::Flags, "chkKalk", 3, "kalk"},
+    {Regelart::Flags, "chkNaehrstoff", 3, "salz"},
+    {Regelart::Pflanzenart, "optTyp", 10, "pflanzart"},
+    {Regelart::Flags, "chkLebensraum", 31, "lebensraum"},
+    {Regelart::Text, "txtKennziffer", 0, "kennziffer"},
+    {Regelart::SynonymBotanisch, "txtSynonym", 0},
+    {Regelart::SynonymDeutsch, "txtSynonymDeutsch", 0, "dtnam"},
+    {Regelart::Text, "txtSorte", 0, "sorten"},
+    {Regelart::Text, "txtbotName", 0, "bot_name"},
+    {Regelart::Text, "txtBenutzerText", 0, "benu_bemerkung"},
+    {Regelart::Flags, "sschkBenutzer", 5, "benu_eigen"},
+    {Regelart::Flags, "chkAusbildung", 6, "ausbildung"},
+    {Regelart::Bewertung, "optBewertung", 2, "bewertung", "sldBewertung"},
+};
+
+constexpr Regel regelnGe[] = {
+    {Regelart::Familie, "cmbFamilie", 0, "familie"},
+    {Regelart::Bild, "chkBild", 0, nullptr, "chkOhneBild"},
+    {Regelart::Nummer, "imgEigen", 2, "grobeint"},
+    {Regelart::Flags, "lblBlFarbe", 13, "bluehfarb"},
+    {Regelart::Flags, "lblBlMonat", 12, "bluehzeit"},
+    {Regelart::Flags, "lblFrFarbe", 14, "fruchtfarb"},
+    {Regelart::Flags, "lblFrMonat", 12, "fruchtzeit"},
+    {Regelart::NummerOderFlags, "chkGenuss", 4, "genuss"},
+    {Regelart::Flags, "chkBesMerkmal", 4, "bes_merkm"},
+    {Regelart::Flags, "chkLaubZeit", 4, "laubzeit"},
+    {Regelart::Flags, "chkLaubFarbe", 13, "laubfarb"},
+    {Regelart::Flags, "lblBtMonat", 12, "laubaustr"},
+    {Regelart::Flags, "chkWurzelwuchs", 7, "wurzelform"},
+    {Regelart::NummerOderFlags, "chkWurzelEmpf", 3, "wurzelempf"},
+    {Regelart::Flags, "chkBodenArt", 7, "bodenart"},
+    {Regelart::Flags, "chkBodenfeuchte", 4, "bfeuchte"},
+    {Regelart::Flags, "chkBodenpH", 3, "phboden"},
+    {Regelart::Flags, "chkBesStandort", 5, "bes_eig"},
+    {Regelart::Flags, "imgLicht", 3, "licht"},
+    {Regelart::SynonymBotanisch, "txtSynonym", 0},
+    {Regelart::SynonymDeutsch, "txtSynonymDeutsch", 0, "dtnam"},
+    {Regelart::Text, "txtbotName", 0, "bot_name"},
+    {Regelart::Text, "txtSorte", 0, "sorten"},
+    {Regelart::Flags, "chkGroesse", 8, "groesse"},
+    {Regelart::Flags, "chkWuchsVerh", 3, "wuchs"},
+    {Regelart::Flags, "chkHabitus", 12, "habitus"},
+    {Regelart::Flags, "imgVerwendung", 23, "verwendung"},
+    {Regelart::Keine, "txtKennziffer", 0},
+    {Regelart::Text, "txtBenutzerText", 0, "benu_bemerkung"},
+    {Regelart::Flags, "sschkBenutzer", 5, "benu_eigen"},
+    {Regelart::Flags, "chkAusbildung", 6, "ausbildung"},
+    {Regelart::Bewertung, "optBewertung", 2, "bewertung", "sldBewertung"},
+};
+
+/// Boxes of which the last ones stand in the file only.
+constexpr Regel kastenreihe(const char *control, int anzahl, const char *feld, int ueberzaehlig)
+{
+    return {.art = Regelart::Flags, .control = control, .anzahl = anzahl, .feld = feld, .ueberzaehlig = ueberzaehlig};
+}
+
+constexpr Regel regelnOb[] = {
+    {Regelart::Gleich, "cboObstart", 0, "dtnam"},
+    {Regelart::Bild, "chkBild", 0, nullptr, "chkOhneBild"},
+    {Regelart::Flags, "chkWuchs", 52, "wuchs"},
+    {Regelart::Flags, "chkBlatt", 29, "blatt"},
+    {Regelart::Flags, "chkFruchtholz", 21, "fruhol"},
+    {Regelart::Flags, "chkTrieb", 32, "trirut"},
+    {Regelart::Flags, "chkUnterlage", 13, "unterlage"},
+    kastenreihe("chkUnempfindlich", 46, "resistenz", 35),
+    {Regelart::Flags, "chkEmpfindlich", 11, "krankh"},
+    {Regelart::Flags, "chkFrost", 3, "froemf"},
+    {Regelart::Flags, "chkBluete", 9, "bluete"},
+    {Regelart::Flags, "chkBefruchtersorte", 3, "befrsor"},
+    {Regelart::Flags, "chkBefruchtung", 12, "befru"},
+    {Regelart::Flags, "chkFruchtstand", 10, "frustan"},
+    {Regelart::Flags, "chkAlternanz", 4, "altrnaz"},
+    kastenreihe("chkFruchtfarbe", 24, "frufar", 1),
+    kastenreihe("chkGrundfarbe", 10, "grundfarb", 1),
+    kastenreihe("chkDeckfarbe", 16, "deckfarb", 1),
+    {Regelart::Flags, "chkSchale", 30, "schale"},
+    kastenreihe("ckkfruchtfleisch", 34, "fruflei", 1),
+    kastenreihe("chkFruchtform", 26, "frufor", 1),
+    kastenreihe("chkGeschmack", 21, "gesmak", 1),
+    kastenreihe("chkErtrag", 7, "ertrag", 1),
+    {Regelart::Text, "txtPflueckreife", 0, "pflref"},
+    {Regelart::Text, "txtGenussreife", 0, "genussref"},
+    kastenreihe("chkErnte", 7, "ernte", 1),
+    kastenreihe("chkTransport", 4, "transpemp", 1),
+    kastenreihe("chkVerwendung", 17, "verwend", 1),
+    {Regelart::Flags, "chkLager", 4, "lageig"},
+    {Regelart::Monat, "cboFrischluft", 0, "friluflag"},
+    {Regelart::Monat, "cboKuehllager", 0, "kuehllag"},
+    {Regelart::Monat, "cboCALager", 0, "calager"},
+    kastenreihe("chkLagerkrankheiten", 14, "lagkrank", 1),
+    kastenreihe("chkBoden", 14, "boden", 1),
+    kastenreihe("chkKlima", 15, "klima", 1),
+    kastenreihe("chkNaehrstoffe", 4, "naehrstoff", 1),
+    kastenreihe("chkEignung", 4, "eignung", 1),
+    kastenreihe("chkErziehungsform", 9, "erziform", 1),
+    {Regelart::Text, "txtName", 0, "bot_name"},
+    {Regelart::Text, "txtSynonym", 0, "synonym"},
+    {Regelart::Text, "txtMutanten", 0, "mutant"},
+    {Regelart::Text, "txtBenutzerText", 0, "benu_bemerkung"},
+    {Regelart::Flags, "sschkBenutzer", 5, "benu_eigen"},
+    {Regelart::Flags, "chkAusbildung", 6, "ausbildung"},
+    {Regelart::Bewertung, "optBewertung", 2, "bewertung", "sldBewertung"},
+};
+
+/// First characters of the kinds of plants, by position; the shrub shares its letter with the perennial.
+const QString artbuchstaben = u"12BHSSZGFW"_s;
+
 } // namespace
 
 std::span<const Regel> regeln(Sparte sparte)
 {
-    return sparte == Sparte::Topf ? std::span<const Regel>(regelnTo) : std::span<const Regel>(regelnAp);
+    switch (sparte) {
+    case Sparte::Topf: return regelnTo;
+    case Sparte::Stauden: return regelnSt;
+    case Sparte::Gehoelze: return regelnGe;
+    case Sparte::Apfel: return regelnAp;
+    case Sparte::Obst: return regelnOb;
+    default: qFatal("There are no rules for Sparte %d.", int(sparte));
+    }
+}
+
+bool meint(const Regel &regel, int i, const QString &wert)
+{
+    switch (regel.art) {
+    case Regelart::Nummer: return wert == QString::number(i + 1);
+    case Regelart::NummerOderFlags:
+        if (wert.size() == 1 && wert != u"0")
+            return wert == QString::number(i + 1);
+        break;
+    case Regelart::Pflanzenart:
+        if (wert == u"Str")
+            return i == 5;
+        return !wert.isEmpty() && artbuchstaben.indexOf(wert[0]) == i;
+    default: break;
+    }
+    return wert.mid(i, 1) == u"1";
+}
+
+QString wertFuer(const Regel &regel, int i)
+{
+    switch (regel.art) {
+    case Regelart::Nummer:
+    case Regelart::NummerOderFlags: return QString::number(i + 1);
+    case Regelart::Pflanzenart: return i == 5 ? u"Str"_s : i == 4 ? u"Std"_s : QString(artbuchstaben[i]);
+    default: return flags(regel.anzahl, {i + 1});
+    }
 }
 
 const Steuerteil &Zustand::steuerteil(const char *control) const
@@ -248,6 +406,8 @@ Zustand &Zustand::waehlen(const char *control, int element)
         wert = 0x00AFFF;
     else if (teil.art == Steuerung::Monate)
         wert = int(0x80000003u);
+    else if (teil.art == Steuerung::Option)
+        std::ranges::fill((*this)[control].werte, 0); // a click leaves one
     (*this)[control].werte[size_t(element)] = wert;
     return *this;
 }
@@ -366,8 +526,7 @@ Zustand zufallszustand(Sparte sparte, Zufall &zufall, const QStringList &texte, 
 {
     Zustand z(sparte);
     const auto eins = [&](const QStringList &liste) { return liste[zahl(zufall, 0, int(liste.size()) - 1)]; };
-    const auto gruppe = [&](const char *control) {
-        const int n = int(z[control].werte.size());
+    const auto gruppe = [&](const char *control, int n) {
         const int viele = einmalIn(zufall, 5) ? n : zahl(zufall, 1, n);
         for (int i = 0; i < n; ++i)
             if (viele == n || zahl(zufall, 0, n) < viele)
@@ -375,17 +534,25 @@ Zustand zufallszustand(Sparte sparte, Zufall &zufall, const QStringList &texte, 
     };
     for (const Regel &regel : regeln(sparte)) {
         // A few criteria at a time, so that some plants remain.
-        if (regel.art != Regelart::Bewertung && !einmalIn(zufall, regel.art == Regelart::Flags ? 9 : 5))
+        const bool vielfach = regel.art == Regelart::Flags || regel.art == Regelart::Nummer || regel.art == Regelart::NummerOderFlags;
+        const bool streng = regel.art == Regelart::Gleich || regel.art == Regelart::Monat;
+        if (regel.art != Regelart::Bewertung && !einmalIn(zufall, streng ? 24 : vielfach ? int(regeln(sparte).size()) / 3 : 5))
             continue;
         switch (regel.art) {
         case Regelart::Familie: z.text(regel.control, eins(familien)); break;
         case Regelart::Bild: z.waehlen(einmalIn(zufall, 3) ? regel.control2 : regel.control); break;
         case Regelart::Typen:
-            gruppe(regel.control);
+            gruppe(regel.control, regel.anzahl);
             if (einmalIn(zufall, 2))
                 z.waehlen(regel.control2);
             break;
-        case Regelart::Flags: gruppe(regel.control); break;
+        case Regelart::Flags:
+        case Regelart::Nummer:
+        case Regelart::NummerOderFlags: gruppe(regel.control, regel.waehlbar()); break;
+        case Regelart::AlleWahr:
+        case Regelart::Pflanzenart: z.waehlen(regel.control, zahl(zufall, 0, regel.anzahl - 1)); break;
+        case Regelart::Gleich: z.text(regel.control, eins(texte)); break;
+        case Regelart::Monat: z.text(regel.control, monatsnamen[size_t(zahl(zufall, 0, 11))].toString()); break;
         case Regelart::Hoehe:
         case Regelart::Spanne: {
             const bool temperatur = QLatin1String(regel.control) == "txtMinTemp"_L1;
@@ -397,7 +564,8 @@ Zustand zufallszustand(Sparte sparte, Zufall &zufall, const QStringList &texte, 
         }
         case Regelart::Text:
         case Regelart::SynonymBotanisch:
-        case Regelart::SynonymDeutsch: z.text(regel.control, eins(texte)); break;
+        case Regelart::SynonymDeutsch:
+        case Regelart::Keine: z.text(regel.control, eins(texte)); break;
         case Regelart::Bewertung: z.bewertung(zahl(zufall, 1, 5), !einmalIn(zufall, 4)); break;
         }
     }

@@ -34,7 +34,16 @@ QByteArray vorgabezeile(Sparte sparte, const Dateizeile &zeile);
 /// The whole file of such a dialog.
 QByteArray vorgabedatei(Sparte sparte);
 
-enum class Regelart { Familie, Bild, Flags, Typen, Hoehe, Spanne, Text, SynonymBotanisch, SynonymDeutsch, Bewertung };
+enum class Regelart {
+    Familie, Bild, Flags, Typen, Hoehe, Spanne, Text, SynonymBotanisch, SynonymDeutsch, Bewertung,
+    Nummer,     ///< the number of one position and nothing else
+    NummerOderFlags,
+    Pflanzenart, ///< the letter of one position
+    AlleWahr,   ///< a boolean for each item
+    Gleich,     ///< the entry of a list
+    Monat,      ///< the month of a list occurs in the field
+    Keine,      ///< no test
+};
 
 /// A row test; the rules of a Sparte stand in the order of the tests.
 struct Regel
@@ -45,8 +54,21 @@ struct Regel
     const char *feld = nullptr;
     const char *control2 = nullptr;
     const char *feld2 = nullptr;
+    int ueberzaehlig = 0; ///< of the elements, those at the end that nobody can choose
+    std::span<const char *const> felder = {}; ///< AlleWahr
+
+    int waehlbar() const { return anzahl - ueberzaehlig; }
+    /// Whether its items are alternatives at positions of one field.
+    bool gruppe() const
+    {
+        return art == Regelart::Flags || art == Regelart::Typen || art == Regelart::Nummer || art == Regelart::NummerOderFlags || art == Regelart::Pflanzenart;
+    }
 };
 std::span<const Regel> regeln(Sparte sparte);
+/// Whether a field's text means position `i`, counted from 0, of a group.
+bool meint(const Regel &regel, int i, const QString &wert);
+/// A text that means this one position.
+QString wertFuer(const Regel &regel, int i);
 
 /// A state of a dialog, by the names of its controls.
 class Zustand

@@ -103,6 +103,17 @@ Welt zufallswelt(Sparte sparte, Zufall &zufall)
                 w[u"giftig"_s] = einmalIn(zufall, 2) ? u"True"_s : u"False"_s;
                 break;
             case Regelart::Flags: setzen(r.feld, zufallsflags(zufall, r.anzahl)); break;
+            case Regelart::Nummer:
+            case Regelart::NummerOderFlags:
+                setzen(r.feld, einmalIn(zufall, 4) ? zufallsflags(zufall, r.anzahl) : QString::number(zahl(zufall, 0, r.anzahl)));
+                break;
+            case Regelart::Pflanzenart: setzen(r.feld, einmalIn(zufall, 6) ? u"str"_s : wertFuer(r, zahl(zufall, 0, r.anzahl - 1))); break;
+            case Regelart::AlleWahr:
+                for (const char *feld : r.felder)
+                    setzen(feld, einmalIn(zufall, 2) ? u"True"_s : u"False"_s);
+                break;
+            case Regelart::Gleich: setzen(r.feld, einmalIn(zufall, 2) ? texte[zahl(zufall, 0, int(texte.size()) - 1)] : satz(zufall)); break;
+            case Regelart::Monat: setzen(r.feld, u"Anfang "_s + monatsnamen[size_t(zahl(zufall, 0, 11))].toString().toUpper()); break;
             case Regelart::Hoehe:
                 setzen(r.feld, QString::number(zahl(zufall, 0, 40) / 10.0));
                 setzen(r.feld2, QString::number(zahl(zufall, 0, 60) / 10.0));
@@ -120,6 +131,7 @@ Welt zufallswelt(Sparte sparte, Zufall &zufall)
             case Regelart::SynonymDeutsch: setzen(r.feld, satz(zufall)); break;
             case Regelart::Bewertung: w[u"bewertung"_s] = QString::number(zahl(zufall, 1, 9)); break;
             case Regelart::Bild:
+            case Regelart::Keine:
             case Regelart::SynonymBotanisch: break;
             }
         }
@@ -223,16 +235,26 @@ bool naivPasst(const Zustand &z, const Welt &welt, const QSet<qint64> &bilder, q
             if (z.hat(r.control2))
                 ja = ja && !bilder.contains(artnr);
             break;
+        case Regelart::AlleWahr:
+            for (int i = 0; i < r.anzahl; ++i)
+                ja = ja && (!z.hat(r.control, i) || feld(r.felder[size_t(i)]) == u"True");
+            break;
+        case Regelart::Gleich: ja = z[r.control].text == u"-- Alle --" || z[r.control].text == wert; break;
+        case Regelart::Monat: ja = z[r.control].text == u"-- Alle --" || steht(z[r.control].text, wert); break;
+        case Regelart::Keine: break;
         case Regelart::Flags:
+        case Regelart::Nummer:
+        case Regelart::NummerOderFlags:
+        case Regelart::Pflanzenart:
         case Regelart::Typen: {
             int n = 0;
             bool eines = false;
-            for (int i = 0; i < r.anzahl; ++i)
+            for (int i = 0; i < r.waehlbar(); ++i)
                 if (z.hat(r.control, i)) {
                     ++n;
-                    eines = eines || wert.mid(i, 1) == u"1";
+                    eines = eines || meint(r, i, wert);
                 }
-            int alle = r.anzahl;
+            int alle = r.waehlbar();
             if (r.art == Regelart::Typen) {
                 ++alle;
                 if (z.hat(r.control2)) {
@@ -356,10 +378,9 @@ void TestFilterlauf::zufaelligeDialoge_data()
 {
     QTest::addColumn<Sparte>("sparte");
     QTest::addColumn<uint>("saat");
-    for (uint saat = 1; saat <= 12; ++saat) {
-        QTest::addRow("to %u", saat) << Sparte::Topf << saat;
-        QTest::addRow("ap %u", saat) << Sparte::Apfel << saat + 100;
-    }
+    for (const Sparte sparte : spartenMitFilter())
+        for (uint saat = 1; saat <= 12; ++saat)
+            QTest::addRow("%s %u", kuerzel(sparte).constData(), saat) << sparte << saat + uint(sparte) * 100;
 }
 
 void TestFilterlauf::zufaelligeDialoge()

@@ -21,6 +21,15 @@ private slots:
     void alleGleichKeine();
     void kurzeReihen_data();
     void kurzeReihen();
+    void ueberzaehligeKaestchen_data();
+    void ueberzaehligeKaestchen();
+    void nummernUndFlags();
+    void pflanzenart();
+    void eigenschaftenDerStauden();
+    void obstart();
+    void lagerzeiten_data();
+    void lagerzeiten();
+    void ohnePruefung();
     void typenUndGift();
     void giftOhneWert();
     void texte_data();
@@ -58,9 +67,9 @@ static void flagreihen(bool einzeln)
     for (const Sparte sparte : spartenMitFenster())
         for (int r = 0; r < int(regeln(sparte).size()); ++r) {
             const Regel &regel = regeln(sparte)[size_t(r)];
-            if (regel.art != Regelart::Flags && regel.art != Regelart::Typen)
-                continue;
-            for (int i = 0; i < (einzeln ? regel.anzahl : 1); ++i)
+            if (!regel.gruppe() || (!einzeln && regel.art == Regelart::Pflanzenart))
+                continue; // of options there is never more than one
+            for (int i = 0; i < (einzeln ? regel.waehlbar() : 1); ++i)
                 QTest::newRow(reihenname(sparte, regel.control, einzeln ? i : -1)) << sparte << r << i;
         }
 }
@@ -79,23 +88,28 @@ void TestFilterpruefung::jederFlag()
     Zustand z(sparte);
     z.waehlen(r.control, element);
     const auto mit = [&](const QString &wert) { return Datensatz().mit(r.feld, wert).passt(z); };
-    const int n = r.anzahl;
-    QVERIFY(mit(flags(n, {element + 1})));
-    QVERIFY(mit(QString(n, u'1')));
-    QVERIFY(mit(QString(element, u' ') + u'1'));
-    QVERIFY(!mit(QString(n, u'1').replace(element, 1, u"0"_s)));
-    QVERIFY(!mit(QString(n, u'1').replace(element, 1, u" "_s)));
-    QVERIFY(!mit(QString(element, u'1'))); // ends before the position
+    const int n = r.waehlbar();
+    const bool alsFlags = r.art == Regelart::Flags || r.art == Regelart::Typen;
+    for (int i = 0; i < n; ++i)
+        QCOMPARE(mit(wertFuer(r, i)), i == element);
+    if (alsFlags) {
+        QVERIFY(mit(QString(n, u'1')));
+        QVERIFY(mit(QString(element, u' ') + u'1'));
+        QVERIFY(!mit(QString(n, u'1').replace(element, 1, u"0"_s)));
+        QVERIFY(!mit(QString(n, u'1').replace(element, 1, u" "_s)));
+        QVERIFY(!mit(QString(element, u'1'))); // ends before the position
+    }
     QVERIFY(!mit({}));
     QVERIFY(!Datensatz().ohne(r.feld).passt(z));
     // A second item is an alternative.
+    if (n <= 2 || r.art == Regelart::Pflanzenart)
+        return;
     const int zweites = (element + 1) % n;
     z.waehlen(r.control, zweites);
-    if (n > 2) {
-        QVERIFY(mit(flags(n, {element + 1})));
-        QVERIFY(mit(flags(n, {zweites + 1})));
+    for (int i = 0; i < n; ++i)
+        QCOMPARE(mit(wertFuer(r, i)), i == element || i == zweites);
+    if (alsFlags)
         QVERIFY(!mit(QString(n, u'1').replace(element, 1, u"0"_s).replace(zweites, 1, u"0"_s)));
-    }
 }
 
 void TestFilterpruefung::alleGleichKeine_data()
@@ -113,29 +127,36 @@ void TestFilterpruefung::alleGleichKeine()
     if (r.control2)
         alle.waehlen(r.control2);
     Zustand fast = alle;
-    fast[r.control].werte[size_t(r.anzahl - 1)] = keine[r.control].werte[size_t(r.anzahl - 1)];
-    for (const QString &wert : {QString(), flags(r.anzahl), flags(r.anzahl, {1}), flags(r.anzahl, {r.anzahl})}) {
+    const int n = r.waehlbar();
+    fast[r.control].werte[size_t(n - 1)] = keine[r.control].werte[size_t(n - 1)];
+    for (const QString &wert : {QString(), flags(r.anzahl), wertFuer(r, 0), wertFuer(r, n - 1)}) {
         const Datensatz satz = Datensatz().mit(r.feld, wert);
         QVERIFY(satz.passt(keine));
         QVERIFY(satz.passt(alle));
-        const bool einAnderes = wert.left(r.anzahl - 1).contains(u'1');
-        QCOMPARE(satz.passt(fast), einAnderes);
+        QCOMPARE(satz.passt(fast), wert == wertFuer(r, 0));
     }
 }
 
 void TestFilterpruefung::kurzeReihen_data()
 {
+    QTest::addColumn<Sparte>("sparte");
     QTest::addColumn<QByteArray>("control");
-    for (const char *control : {"ChkGrundFar", "ChkDFArt", "ChkSchBeros", "ChkReif", "ChkSchP", "ChkStGrBero"})
-        QTest::newRow(control) << QByteArray(control);
+    const auto reihen = [](Sparte sparte, std::initializer_list<const char *> controls) {
+        for (const char *control : controls)
+            QTest::newRow(control) << sparte << QByteArray(control);
+    };
+    reihen(Sparte::Apfel, {"ChkGrundFar", "ChkDFArt", "ChkSchBeros", "ChkReif", "ChkSchP", "ChkStGrBero"});
+    reihen(Sparte::Obst, {"chkWuchs", "chkBlatt", "chkEmpfindlich", "chkSchale", "chkLager"});
+    reihen(Sparte::Gehoelze, {"chkHabitus"});
 }
 
 /// Fewer boxes than words: the first words have boxes, and all boxes are all there is.
 void TestFilterpruefung::kurzeReihen()
 {
+    QFETCH(const Sparte, sparte);
     QFETCH(const QByteArray, control);
-    const auto regel = std::ranges::find_if(regeln(Sparte::Apfel), [&](const Regel &r) { return control == r.control; });
-    Zustand z(Sparte::Apfel);
+    const auto regel = std::ranges::find_if(regeln(sparte), [&](const Regel &r) { return control == r.control; });
+    Zustand z(sparte);
     const auto kriterium = std::ranges::find_if(z.beschreibung.kriterien, [&](const Kriterium &k) { return control == k.a.control; });
     const Werteliste *liste = wertelisteVon(z.beschreibung, *kriterium);
     QVERIFY(liste && liste->anzahl() > regel->anzahl);
@@ -146,6 +167,154 @@ void TestFilterpruefung::kurzeReihen()
     z.alle(control);
     QVERIFY(Datensatz().mit(regel->feld, flags(n, {n})).passt(z));
     QVERIFY(Datensatz().ohne(regel->feld).passt(z));
+}
+
+void TestFilterpruefung::ueberzaehligeKaestchen_data()
+{
+    QTest::addColumn<int>("regel");
+    for (int r = 0; r < int(regeln(Sparte::Obst).size()); ++r)
+        if (const Regel &regel = regeln(Sparte::Obst)[size_t(r)]; regel.ueberzaehlig)
+            QTest::newRow(regel.control) << r;
+}
+
+/// Boxes without a word, which a file can set: they ask nothing of a plant and do not switch the group on.
+void TestFilterpruefung::ueberzaehligeKaestchen()
+{
+    QFETCH(const int, regel);
+    const Regel &r = regeln(Sparte::Obst)[size_t(regel)];
+    Zustand nurDiese(Sparte::Obst), mitErstem(Sparte::Obst);
+    mitErstem.waehlen(r.control);
+    for (int i = r.waehlbar(); i < r.anzahl; ++i)
+        for (Zustand *z : {&nurDiese, &mitErstem})
+            z->waehlen(r.control, i);
+    const Datensatz erstes = Datensatz().mit(r.feld, flags(r.anzahl, {1})), zweites = Datensatz().mit(r.feld, flags(r.anzahl, {2})),
+                    letztes = Datensatz().mit(r.feld, flags(r.anzahl, {r.anzahl}));
+    QVERIFY(erstes.passt(nurDiese) && zweites.passt(nurDiese) && Datensatz().ohne(r.feld).passt(nurDiese));
+    QVERIFY(erstes.passt(mitErstem));
+    QVERIFY(!zweites.passt(mitErstem) && !letztes.passt(mitErstem));
+}
+
+/// Two columns of woody plants hold a number or flags; the colours of perennials and the coarse division a number only.
+void TestFilterpruefung::nummernUndFlags()
+{
+    const auto passt = [](Sparte sparte, const char *control, int element, const char *feld, const QString &wert) {
+        return Datensatz().mit(feld, wert).passt(Zustand(sparte).waehlen(control, element));
+    };
+    for (const auto &[control, feld] : {std::pair("chkGenuss", "genuss"), {"chkWurzelEmpf", "wurzelempf"}}) {
+        QVERIFY(passt(Sparte::Gehoelze, control, 2, feld, u"3"_s));
+        QVERIFY(passt(Sparte::Gehoelze, control, 2, feld, u"0010"_s));
+        QVERIFY(!passt(Sparte::Gehoelze, control, 2, feld, u"1100"_s));
+        QVERIFY(!passt(Sparte::Gehoelze, control, 0, feld, u"3"_s));
+        QVERIFY(!passt(Sparte::Gehoelze, control, 2, feld, u"03"_s));
+        QVERIFY(!passt(Sparte::Gehoelze, control, 2, feld, u"0"_s));
+    }
+    for (const auto &[control, feld, anzahl] : {std::tuple("lblFrFarbe", "fruchtfarb", 14), {"lblHfFarbe", "herbstfarb", 13}})
+        for (int i = 0; i < anzahl; ++i) {
+            QVERIFY(passt(Sparte::Stauden, control, i, feld, QString::number(i + 1)));
+            QVERIFY(!passt(Sparte::Stauden, control, i, feld, flags(anzahl, {i + 1})));
+            QVERIFY(!passt(Sparte::Stauden, control, i, feld, QString(anzahl, u'1')));
+        }
+    for (const QString &wert : {u"0"_s, u"3"_s, u"10"_s, u"01"_s, u"11"_s, u""_s})
+        for (const int element : {0, 1})
+            QVERIFY2(!passt(Sparte::Gehoelze, "imgEigen", element, "grobeint", wert), qPrintable(wert));
+    // None or both of a pair: off.
+    QVERIFY(Datensatz().ohne("grobeint").passt(Zustand(Sparte::Gehoelze).alle("imgEigen")));
+}
+
+void TestFilterpruefung::pflanzenart()
+{
+    const auto passt = [](int option, const QString &art) { return Datensatz().mit("pflanzart", art).passt(Zustand(Sparte::Stauden).waehlen("optTyp", option)); };
+    const QStringList arten{u"1"_s, u"2"_s, u"B"_s, u"H"_s, u"Std"_s, u"Str"_s, u"Z"_s, u"G"_s, u"F"_s, u"W"_s};
+    for (int option = 0; option < 10; ++option) {
+        for (int i = 0; i < 10; ++i)
+            QCOMPARE(passt(option, arten[i]), i == option);
+        for (const QString &fremd : {u""_s, u"x"_s, u" S"_s, u"str"_s, u"b"_s, u"0"_s})
+            QVERIFY2(!passt(option, fremd), qPrintable(fremd));
+        QVERIFY(!Datensatz().ohne("pflanzart").passt(Zustand(Sparte::Stauden).waehlen("optTyp", option)));
+    }
+    QVERIFY(passt(4, u"S"_s) && passt(4, u"STR"_s) && passt(2, u"Baum"_s) && passt(0, u"1j"_s));
+    // None is chosen at first, and that asks nothing.
+    const Zustand anfang(Sparte::Stauden);
+    for (int option = 0; option < 10; ++option)
+        QVERIFY(!anfang.hat("optTyp", option));
+    QVERIFY(Datensatz().ohne("pflanzart").passt(anfang));
+}
+
+/// Five conditions, each on its own; all five together are no exception.
+void TestFilterpruefung::eigenschaftenDerStauden()
+{
+    const std::pair<const char *, int> felder[] = {{"SCHNITT", 0}, {"HEIMISCH", 1}, {"BLASCHMUCK", 2}, {"IMMERGRUEN", 3}, {"GIFTIG", 4}};
+    const auto pflanze = [&](uint wahre) {
+        Datensatz satz;
+        for (const auto &[feld, stelle] : felder)
+            satz.mit(feld, wahre >> stelle & 1 ? u"True"_s : u"False"_s);
+        return satz;
+    };
+    for (uint gewaehlt = 0; gewaehlt < 32; ++gewaehlt) {
+        Zustand z(Sparte::Stauden);
+        for (int i = 0; i < 5; ++i)
+            if (gewaehlt >> i & 1)
+                z.waehlen("imgEigen", i);
+        for (uint wahre = 0; wahre < 32; ++wahre)
+            QCOMPARE(pflanze(wahre).passt(z), (gewaehlt & ~wahre) == 0);
+    }
+}
+
+void TestFilterpruefung::obstart()
+{
+    const auto passt = [](const QString &wahl, const QString &art) { return Datensatz().mit("dtnam", art).passt(Zustand(Sparte::Obst).text("cboObstart", wahl)); };
+    QVERIFY(passt(u"-- Alle --"_s, u"Birne"_s));
+    QVERIFY(Datensatz().ohne("dtnam").passt(Zustand(Sparte::Obst)));
+    QVERIFY(passt(u"Birne"_s, u"Birne"_s));
+    QVERIFY(!passt(u"Birne"_s, u"Birnen"_s));
+    QVERIFY(!passt(u"Birne"_s, u"birne"_s));
+    QVERIFY(!passt(u"Birne"_s, {}));
+    QVERIFY(!passt(u"- Alle -"_s, u"Birne"_s)); // the other Sparten's word is none here
+    // It is asked before the picture.
+    Zustand z(Sparte::Obst);
+    z.text("cboObstart", u"Birne"_s).waehlen("chkBild");
+    QCOMPARE(QString::fromLatin1(z.beschreibung.kriterien[0].a.control), u"cboObstart"_s);
+    QVERIFY(!Datensatz().mit("dtnam", u"Birne"_s).passt(z));
+}
+
+void TestFilterpruefung::lagerzeiten_data()
+{
+    QTest::addColumn<QByteArray>("control");
+    QTest::addColumn<QByteArray>("feld");
+    QTest::newRow("Frischluft") << QByteArray("cboFrischluft") << QByteArray("friluflag");
+    QTest::newRow("Kühllager") << QByteArray("cboKuehllager") << QByteArray("kuehllag");
+    QTest::newRow("CA-Lager") << QByteArray("cboCALager") << QByteArray("calager");
+}
+
+void TestFilterpruefung::lagerzeiten()
+{
+    QFETCH(const QByteArray, control);
+    QFETCH(const QByteArray, feld);
+    const QStringList monate{u"Januar"_s, u"Februar"_s, u"März"_s, u"April"_s, u"Mai"_s, u"Juni"_s, u"Juli"_s, u"August"_s, u"September"_s, u"Oktober"_s,
+                             u"November"_s, u"Dezember"_s};
+    QVERIFY(Datensatz().ohne(feld).passt(Zustand(Sparte::Obst)));
+    for (int m = 0; m < 12; ++m) {
+        Zustand z(Sparte::Obst);
+        z.text(control, monate[m]);
+        const auto mit = [&](const QString &wert) { return Datensatz().mit(feld, wert).passt(z); };
+        for (int i = 0; i < 12; ++i)
+            QCOMPARE(mit(u"bis Ende "_s + monate[i]), i == m);
+        QVERIFY(mit(monate[m].toUpper()) && mit(monate[m].toLower()));
+        QVERIFY(!mit({}) && !mit(monate[m].chopped(1)));
+        QVERIFY(!Datensatz().ohne(feld).passt(z));
+        // The file holds the place in the list, where all stands first.
+        const int zeile = control == "cboFrischluft" ? 464 : control == "cboKuehllager" ? 465 : 466;
+        QCOMPARE(filterSchreiben(z.beschreibung, z.werte).split('\n')[zeile - 1], ' ' + QByteArray::number(m + 1) + " \r");
+    }
+}
+
+void TestFilterpruefung::ohnePruefung()
+{
+    Zustand z(Sparte::Gehoelze);
+    z.text("txtKennziffer", u"xyz"_s);
+    QVERIFY(Datensatz().passt(z));
+    QCOMPARE(Filterpruefung(z.beschreibung, z.werte, {}).felder().size(), qsizetype(1)); // the rating
+    QCOMPARE(filterSchreiben(z.beschreibung, z.werte).split('\n')[139], "xyz\r");
 }
 
 void TestFilterpruefung::typenUndGift()

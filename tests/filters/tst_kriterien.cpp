@@ -19,22 +19,12 @@ private slots:
     void zeilenDerDatei_data() { jedeSparteMitFilter(); }
     void zeilenDerDatei();
     void zeilenFallenAuf();
-    void reihenfolgeDerPruefungen_data() { sparten(); }
+    void reihenfolgeDerPruefungen_data() { jedeSparteMitFilter(); }
     void reihenfolgeDerPruefungen();
     void fehlerFallenAuf_data();
     void fehlerFallenAuf();
     void ohneTabelle();
-
-private:
-    void sparten();
 };
-
-void TestKriterien::sparten()
-{
-    QTest::addColumn<Sparte>("sparte");
-    QTest::newRow("to") << Sparte::Topf;
-    QTest::newRow("ap") << Sparte::Apfel;
-}
 
 void TestKriterien::tabellenSindStimmig()
 {
@@ -74,7 +64,10 @@ void TestKriterien::reihenfolgeDerPruefungen()
 {
     QFETCH(const Sparte, sparte);
     const QMap<Pruefung, QList<Regelart>> arten{
-        {Pruefung::Familie, {Regelart::Familie}}, {Pruefung::Bild, {Regelart::Bild}}, {Pruefung::Flags, {Regelart::Flags}},
+        {Pruefung::Familie, {Regelart::Familie}}, {Pruefung::Bild, {Regelart::Bild}},
+        {Pruefung::Flags, {Regelart::Flags, Regelart::Nummer, Regelart::NummerOderFlags, Regelart::Pflanzenart}},
+        {Pruefung::AlleWahr, {Regelart::AlleWahr}}, {Pruefung::Gleich, {Regelart::Gleich}}, {Pruefung::WortImText, {Regelart::Monat}},
+        {Pruefung::Keine, {Regelart::Keine}},
         {Pruefung::FlagsOderWahr, {Regelart::Typen}}, {Pruefung::Bereich, {Regelart::Hoehe, Regelart::Spanne}},
         {Pruefung::Enthaelt, {Regelart::Text}}, {Pruefung::SynonymBotanisch, {Regelart::SynonymBotanisch}},
         {Pruefung::SynonymDeutsch, {Regelart::SynonymDeutsch}}, {Pruefung::Bewertung, {Regelart::Bewertung}}};
@@ -86,6 +79,8 @@ void TestKriterien::reihenfolgeDerPruefungen()
         QVERIFY2(arten.value(k.pruefung).contains(regel.art), regel.control);
         QCOMPARE(k.a.control, regel.control);
         QCOMPARE(k.a.anzahl, regel.anzahl);
+        QCOMPARE(k.a.ueberzaehlig, regel.ueberzaehlig);
+        QVERIFY(std::ranges::equal(k.felder, regel.felder, [](const char *a, const char *b) { return qstrcmp(a, b) == 0; }));
         QCOMPARE(QString::fromLatin1(k.b.control), QString::fromLatin1(regel.control2));
         QCOMPARE(QString::fromLatin1(k.feld).toLower(), QString::fromLatin1(regel.feld));
         QCOMPARE(QString::fromLatin1(k.feld2).toLower(), QString::fromLatin1(regel.feld2));
