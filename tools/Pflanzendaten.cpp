@@ -38,13 +38,6 @@ constexpr int laengstesMerkmal = 60, meisteMerkmale = 5;
 
 constexpr int groessteNummer = 32767; // number searches convert to 16 bits
 
-/// Tables for whose plants two plates are drawn, with what the second one shows.
-constexpr struct
-{
-    QStringView tabelle;
-    QString (*detail)(const Datensatz &pflanze);
-} tafeln[] = {{u"Topfpfl", topfpflanzeDetailtitel}, {u"Apfel", apfelDetailtitel}};
-
 int monat(QStringView text)
 {
     bool ok = false;
@@ -266,8 +259,8 @@ void Pflanzendaten::pflanze(const RecSatz &satz, const Tabelle &tabelle)
     nummern_.insert(eindeutig.arg(nummer));
     namen_.insert(eindeutig.arg(name));
 
-    for (const auto &tafel : tafeln)
-        if (tafel.tabelle == tabellenname)
+    for (const Sammlung &sammlung : sammlungen())
+        if (sammlung.tabelle == tabellenname)
             bildnamePruefen(satz, name);
 
     spalten += QStringLiteral("Benu_Aenderung");
@@ -295,12 +288,14 @@ void Pflanzendaten::bildnamePruefen(const RecSatz &satz, const QString &name)
 
 void Pflanzendaten::bilderEintragen()
 {
-    for (const auto &[tabelle, detail] : tafeln) {
+    const Formen formen = Formen::laden(QStringLiteral(FLOX_FORMEN));
+    for (const Sammlung &sammlung : sammlungen()) {
         const QString befehl = QStringLiteral("UPDATE %1_Bilder SET \"%2\" = ?, \"%3\" = ?, \"%4\" = ?, \"%5\" = ? WHERE ARTNR = ?")
-                                   .arg(tabelle, bildspalte('G', 1), bildbemerkungsspalte('G', 1), bildspalte('D', 1), bildbemerkungsspalte('D', 1));
-        for (const Datensatz &pflanze : Datensatz::alle(*db_, tabelle)) {
+                                   .arg(sammlung.tabelle, bildspalte('G', 1), bildbemerkungsspalte('G', 1), bildspalte('D', 1), bildbemerkungsspalte('D', 1));
+        for (const Datensatz &pflanze : Datensatz::alle(*db_, sammlung.tabelle)) {
             const QString stamm = bildname(pflanze.name());
-            db_->Execute(befehl, {stamm, gesamttitel.toString(), stamm + QStringLiteral("-detail"), detail(pflanze), pflanze.text(u"ARTNR").toLongLong()});
+            const Steckbrief s(pflanze, sammlung, formen);
+            db_->Execute(befehl, {stamm, gesamttitel(s), stamm + QStringLiteral("-detail"), detailtitel(s), pflanze.text(u"ARTNR").toLongLong()});
         }
     }
 }

@@ -15,6 +15,8 @@ private slots:
     void zweimalDasselbe();
     void verschiedenePflanzen();
     void nurGeaendertes();
+    void nichtsLiegtAufeinander_data();
+    void nichtsLiegtAufeinander();
     void ohneDatenbank();
 
 private:
@@ -75,7 +77,8 @@ void TestTafeln::verschiedenePflanzen()
 void TestTafeln::nurGeaendertes()
 {
     const Datenordner ordner;
-    const QString sammlung = QStringLiteral("topfpflanzen"), anfang = QStringLiteral("cycl"), tafel = ordner.pfad(QStringLiteral("topfpflanzen/cyclamen-persicum.jpg"));
+    const QString sammlung = QStringLiteral("topfpflanzen"), anfang = QStringLiteral("cycl"),
+                  tafel = ordner.pfad(QStringLiteral("topfpflanzen/cyclamen-persicum.jpg"));
     zeichnen(ordner, sammlung, anfang);
     const QByteArray gezeichnet = inhalt(tafel);
     const auto ueberschreiben = [&] {
@@ -94,6 +97,31 @@ void TestTafeln::nurGeaendertes()
     ordner.db()->Execute(QStringLiteral("DELETE FROM Topfpfl WHERE BOT_NAME LIKE 'Cyclamen*'"));
     zeichnen(ordner, sammlung, anfang);
     QVERIFY(!QFile::exists(tafel));
+}
+
+void TestTafeln::nichtsLiegtAufeinander_data()
+{
+    QTest::addColumn<QString>("ordner");
+    for (const char *ordner : {"topfpflanzen", "stauden", "gehoelze", "apfel", "obst"})
+        QTest::newRow(ordner) << QString::fromUtf8(ordner);
+}
+
+/// The build measured every text, line and drawing of every plate: see the last number of each line.
+void TestTafeln::nichtsLiegtAufeinander()
+{
+    QFETCH(QString, ordner);
+    QFile stand(QStringLiteral(FLOX_STAND "/tafeln-%1.stand").arg(ordner));
+    QVERIFY2(stand.open(QIODevice::ReadOnly), qPrintable(stand.fileName()));
+    QStringList schlecht;
+    for (const QByteArray &zeile : stand.readAll().split('\n')) {
+        const QList<QByteArray> worte = zeile.split(' ');
+        if (zeile.isEmpty())
+            continue;
+        QCOMPARE(worte.size(), 4);
+        if (worte[2] != "0")
+            schlecht += QString::fromUtf8(worte[3] + ": " + worte[2]);
+    }
+    QVERIFY2(schlecht.isEmpty(), qPrintable(schlecht.join(QStringLiteral(", "))));
 }
 
 void TestTafeln::ohneDatenbank()

@@ -49,6 +49,6 @@ QPointF Apfelform::meridian(double phi) const
 
 double Apfelform::quer(double l) const
 {
-    return 1 + kanten * std::cos(5 * l + 0.4) + rippen * (std::abs(std::cos(2.5 * l + 0.9)) - 0.6) + unruhe * (std::cos(2 * l + 1) + 0.7 * std::cos(3 * l + 2.2))
-           - oval * std::cos(2 * l) * 0.5;
+    return 1 + kanten * std::cos(5 * l + 0.4) + rippen * (std::abs(std::cos(2.5 * l + 0.9)) - 0.6)
+        + unruhe * (std::cos(2 * l + 1) + 0.7 * std::cos(3 * l + 2.2)) - oval * std::cos(2 * l) * 0.5;
 }

@@ -59,7 +59,9 @@ Apfelhaut::Apfelhaut(const Datensatz &s) : saat_(std::uint32_t(Zufall(s.name()).
     grundton_ = s.hat(u"df_art", u"gleichmäßig") ? 0.95 : flaechig ? (streifen_ > 0 ? 0.5 : 0.85) : 0.2;
     marmor_ = ja(u"df_art", u"marmoriert", 1);
     spritzer_ = ja(u"df_art", u"gesprenkelt", 1);
-    const double rauh = s.hat(u"rost", u"rauh") || s.hat(u"rost", u"schuppig") ? 1.25 : s.hat(u"rost", u"fein") ? 0.75 : 1;
+    const double rauh = s.hat(u"rost", u"rauh") || s.hat(u"rost", u"schuppig") || s.hat(u"aussehen", u"rauh") ? 1.25
+        : s.hat(u"rost", u"fein")                                                                             ? 0.75
+                                                                                                              : 1;
     netz_ = ja(u"rost", u"netzartig", 0.8 * rauh);
     figur_ = ja(u"rost", u"figurenartig", 0.75 * rauh);
     flaeche_ = ja(u"rost", u"flächig", 0.8 * rauh);
@@ -71,7 +73,10 @@ Apfelhaut::Apfelhaut(const Datensatz &s) : saat_(std::uint32_t(Zufall(s.name()).
     glanz_ = s.hat(u"aussehen", u"glänzend") ? 0.42 : s.hat(u"aussehen", u"matt") || s.hat(u"rost", u"rauh") ? 0.14 : 0.27;
     const auto punkte = farben(s, u"sch_punkt", punktfarben);
     punkt_ = rgb(punkte.empty() ? QColor(punktfarben[2].farbe) : punkte.front());
-    punktdichte_ = s.hat(u"sch_punkt", u"nicht vorhanden") ? 0 : (s.hat(u"sch_punkt", u"zahlreich") ? 0.95 : s.hat(u"sch_punkt", u"wenig") ? 0.35 : 0.65);
+    punktdichte_ = s.hat(u"sch_punkt", u"nicht vorhanden") ? 0
+                                                           : (s.hat(u"sch_punkt", u"zahlreich")   ? 0.95
+                                                                  : s.hat(u"sch_punkt", u"wenig") ? 0.35
+                                                                                                  : 0.65);
     punktgroesse_ = mittel(s, u"sch_punkt", {{u"sehr fein", 0.09}, {u"fein", 0.12}, {u"mittel", 0.18}, {u"groß", 0.24}, {u"sehr groß", 0.3}}, 0.13)
                     * (s.hat(u"sch_punkt", u"nicht auffällig") ? 0.8 : 1.1);
 }
@@ -128,7 +133,10 @@ double Apfelhaut::berostung(double l, double b) const
     if (figur_ > 0)
         r = std::max(r, figur_ * stufe(0.66, 0.72, wolken(l * 4.3, b * 4.3, 8)) * 0.85);
     if (flaeche_ > 0)
-        r = std::max(r, flaeche_ * stufe(0.38, 0.62, wolken(l * 1.4, b * 1.4, 9)) * (0.75 + 0.25 * rauschen(l * 40, b * 40, 10)));
+        // Rough russet covers all but a few places, fine russet lies in clouds.
+        r = std::max(r,
+                     flaeche_ * stufe(flaeche_ > 0.75 ? 0.1 : 0.38, flaeche_ > 0.75 ? 0.34 : 0.62, wolken(l * 1.4, b * 1.4, 9))
+                         * (0.75 + 0.25 * rauschen(l * 40, b * 40, 10)));
     if (stielrost_ > 0) {
         const double strahl = stielweite_ * 0.13 * rauschen(l * 7, 3, 11);
         r = std::max(r, 0.85 * stufe(0.90 - 0.07 * stielrost_ - strahl, 0.97 - 0.04 * stielrost_ - strahl * 0.6, b));
@@ -145,7 +153,8 @@ void Apfelhaut::punkte(Rgb &f, double l, double b, double rot) const
     const double spalten = std::round(78 * umfang) / 6.283185;
     const double stelle = l * spalten + 0.5 * std::fmod(zeile, 2), spalte = std::floor(stelle);
     const double zahl = rauschen(spalte * 3 + 400, zeile * 3 + 400, 12);
-    const double x = spalte + 0.25 + 0.5 * rauschen(spalte * 3 + 800, zeile * 3, 13), y = zeile + 0.25 + 0.5 * rauschen(spalte * 3, zeile * 3 + 800, 14);
+    const double x = spalte + 0.25 + 0.5 * rauschen(spalte * 3 + 800, zeile * 3, 13),
+                 y = zeile + 0.25 + 0.5 * rauschen(spalte * 3, zeile * 3 + 800, 14);
     if (zahl > punktdichte_)
         return;
     const double abstand = std::hypot((stelle - x), (reihe - y) * 1.05);

@@ -26,14 +26,20 @@ Vektor oberflaeche(const Apfelform &f, double phi, double l)
     const QPointF m = f.meridian(phi);
     const double r = m.x() * f.quer(l);
     const double anKelch = std::exp(-std::pow((phi - 2.55) / 0.3, 2)), anStiel = std::exp(-std::pow((phi - 0.55) / 0.3, 2));
-    const double y = m.y() - anKelch * f.kelchhoecker * std::cos(5 * l + 0.4) + 0.3 * anStiel * f.kelchhoecker * std::cos(5 * l + 0.4) + f.schief * r * std::sin(l) * std::sin(phi);
+    const double y = m.y() - anKelch * f.kelchhoecker * std::cos(5 * l + 0.4) + 0.3 * anStiel * f.kelchhoecker * std::cos(5 * l + 0.4)
+        + f.schief * r * std::sin(l) * std::sin(phi);
     return {r * std::sin(l), y, r * std::cos(l)};
 }
 
 } // namespace
 
 Apfelkoerper::Apfelkoerper(const Apfelform &form, const Apfelhaut &haut, double neigung, double radius)
-    : form_(form), haut_(haut), sinus_(std::sin(neigung * pi / 180)), cosinus_(std::cos(neigung * pi / 180)), radius_(radius), halb_(int(radius * 1.36) + 4)
+    : form_(form)
+    , haut_(haut)
+    , sinus_(std::sin(neigung * pi / 180))
+    , cosinus_(std::cos(neigung * pi / 180))
+    , radius_(radius)
+    , halb_(int(radius * 1.36) + 4)
 {
     bild_ = QImage(2 * halb_, 2 * halb_, QImage::Format_ARGB32_Premultiplied);
     bild_.fill(0);

@@ -2,7 +2,6 @@
 
 #include "Farben.h"
 #include "Stempel.h"
-#include "Tafel.h"
 
 #include <algorithm>
 #include <cmath>
@@ -46,19 +45,11 @@ QPainterPath tropfen(double laenge, double breite)
 QPainterPath kammerform(double innen, double oben, double unten, double weite)
 {
     QPainterPath k(QPointF(innen, unten));
-    k.cubicTo({innen + weite * 0.9, unten + (oben - unten) * 0.08}, {innen + weite * 1.35, unten + (oben - unten) * 0.45}, {innen + weite * 0.55, oben - (oben - unten) * 0.15});
+    k.cubicTo({innen + weite * 0.9, unten + (oben - unten) * 0.08}, {innen + weite * 1.35, unten + (oben - unten) * 0.45},
+              {innen + weite * 0.55, oben - (oben - unten) * 0.15});
     k.quadTo({innen + weite * 0.3, oben}, {innen, oben});
     k.quadTo({innen + weite * 0.12, (oben + unten) / 2}, {innen, unten});
     return k;
-}
-
-QString worte(const Datensatz &s, QStringView spalte, std::initializer_list<QStringView> erlaubt)
-{
-    QStringList gefunden;
-    for (const QStringView wort : erlaubt)
-        if (s.hat(spalte, wort))
-            gefunden += wort.toString();
-    return gefunden.join(QStringLiteral(", "));
 }
 
 void vorbereiten(QPainter &p, QPointF mitte, double radius)
@@ -83,11 +74,13 @@ Apfelschnitt::Apfelschnitt(const Datensatz &s, const Apfelform &form, const Apfe
 {
     const double langerKern = mittel(s, u"k_laenge", {{u"kurz (< 7 mm)", 0.15}, {u"mittel (7-9 mm)", 0.19}, {u"lang (> 9 mm)", 0.235}},
                                      mittel(s, u"k_farbe", {{u"klein", 0.15}, {u"mittel", 0.19}, {u"groß", 0.23}}, 0.19));
-    kern_ = {langerKern, langerKern * mittel(s, u"k_farbe", {{u"schmal", 0.42}, {u"breit", 0.68}, {u"rund", 0.72}, {u"spitz", 0.48}}, 0.55), kernfarbe(s)};
+    kern_ = {langerKern, langerKern * mittel(s, u"k_farbe", {{u"schmal", 0.42}, {u"breit", 0.68}, {u"rund", 0.72}, {u"spitz", 0.48}}, 0.55),
+             kernfarbe(s)};
     kernhaus_ = mittel(s, u"kh_groesse", {{u"klein", 0.28}, {u"mittel", 0.35}, {u"groß", 0.43}}, 0.35);
     kammer_ = kernhaus_ * mittel(s, u"k_kammern", {{u"eng", 0.52}, {u"weit", 0.78}}, 0.64);
     achse_ = mittel(s, u"a_hoehle", {{u"geschlossen", 0.0}, {u"offen", 0.05}, {u"weit offen", 0.10}}, 0.02);
-    roehre_ = s.hat(u"k_roehre", u"bis an Kernhaus reichend") ? 9 : mittel(s, u"k_roehre", {{u"kurz", 0.1}, {u"mittel", 0.17}, {u"lang", 0.26}}, 0.13);
+    roehre_
+        = s.hat(u"k_roehre", u"bis an Kernhaus reichend") ? 9 : mittel(s, u"k_roehre", {{u"kurz", 0.1}, {u"mittel", 0.17}, {u"lang", 0.26}}, 0.13);
     roehrenbreite_ = mittel(s, u"k_roehre", {{u"schmal", 0.014}, {u"mittelbreit", 0.024}, {u"breit", 0.036}}, 0.022);
     hoehle_ = mittel(s, u"k_hoehle", {{u"klein", 0.045}, {u"mittel", 0.065}, {u"groß", 0.09}, {u"eng", 0.045}, {u"breit", 0.095}}, 0.065);
     fleisch_ = fleischfarbe(s);
@@ -161,7 +154,8 @@ void Apfelschnitt::kern(QPainter &p, QPointF spitze, double grad, bool taub) con
 
 void Apfelschnitt::kernhaus(QPainter &p) const
 {
-    const double m = mitteHoehe(), oben = std::min(m + kernhaus_ * 0.95, form_.stielboden() - 0.08), unten = std::max(m - kernhaus_ * 0.95, form_.kelchboden() + 0.1);
+    const double m = mitteHoehe(), oben = std::min(m + kernhaus_ * 0.95, form_.stielboden() - 0.08),
+                 unten = std::max(m - kernhaus_ * 0.95, form_.kelchboden() + 0.1);
     // Line of the vascular bundles: from the stalk round the core to the calyx.
     const double weite = kernhaus_ * 1.5;
     p.setPen(stift(QColor(0x9D, 0xAE, 0x5C), 2, Qt::DashLine));
@@ -229,7 +223,6 @@ void Apfelschnitt::kelch(QPainter &p) const
 
 void Apfelschnitt::laengs(QPainter &p, QPointF mitte, double radius) const
 {
-    schlagschatten(p, mitte + QPointF(0, radius * (form_.hoehe + 0.03)), radius * 0.85, 24);
     const double pixelJeCm = radius / (form_.durchmesser / 2);
     vorbereiten(p, mitte, radius);
     fleisch(p, umriss());
@@ -242,7 +235,6 @@ void Apfelschnitt::laengs(QPainter &p, QPointF mitte, double radius) const
 
 void Apfelschnitt::quer(QPainter &p, QPointF mitte, double radius) const
 {
-    schlagschatten(p, mitte + QPointF(0, radius * 1.02), radius * 0.8, 16);
     vorbereiten(p, mitte, radius);
     constexpr int schritte = 120;
     QPolygonF v;
@@ -288,54 +280,15 @@ void Apfelschnitt::quer(QPainter &p, QPointF mitte, double radius) const
     p.restore();
 }
 
-void Apfelschnitt::benennen(QPainter &p, QPointF mitte, double radius) const
-{
-    const double m = mitteHoehe();
-    const auto punkt = [&](double x, double y) { return mitte + QPointF(x * radius, -y * radius); };
-    struct Name
-    {
-        QString was, worte;
-        QPointF ziel;
-        bool links;
-    };
-    const std::vector<Name> namen = {
-        {QStringLiteral("Stiel"), worte(sorte_, u"st_laenge", {u"kurz", u"mittellang", u"lang", u"dünn", u"mitteldick", u"dick"}), punkt(-0.01, form_.stielboden() + 0.16), true},
-        {QStringLiteral("Schale"), worte(sorte_, u"schale", {u"dünn", u"mittel", u"derb"}), rand(1.15, -1) * radius, true},
-        {QStringLiteral("Kernhaus"), worte(sorte_, u"kh_groesse", {u"klein", u"mittel", u"groß"}), punkt(-kernhaus_ * 1.3, m), true},
-        {QStringLiteral("Kelchröhre"), worte(sorte_, u"k_roehre", {u"kurz", u"mittel", u"lang", u"bis an Kernhaus reichend", u"schmal", u"breit"}), punkt(-0.01, form_.kelchboden() + hoehle_ * 0.8), true},
-        {QStringLiteral("Stielgrube"), worte(sorte_, u"st_grube", {u"flach", u"mitteltief", u"tief", u"eng", u"mittelweit", u"weit"}), punkt(form_.stielgrubeWeite * 0.35, form_.meridian(0.02).y() + 0.07), false},
-        {QStringLiteral("Fruchtfleisch"), worte(sorte_, u"fl_farbe", {u"weißlich", u"gelblich", u"grünlich"}), punkt(0.72, m + 0.22), false},
-        {QStringLiteral("Kern"), worte(sorte_, u"k_farbe", {u"orangebraun", u"hellbraun", u"mittelbraun", u"dunkelbraun", u"schwarzbraun"}), punkt(0.03 + achse_ * 0.7 + kammer_ * 0.45, m), false},
-        {QStringLiteral("Kelchgrube"), worte(sorte_, u"k_grube", {u"flach", u"mitteltief", u"tief", u"eng", u"mittelweit", u"weit"}), punkt(form_.kelchgrubeWeite * 0.35, form_.kelchboden() - 0.03), false},
-    };
-    double y[2] = {mitte.y() - radius * 1.02, mitte.y() - radius * 1.02};
-    for (const Name &name : namen) {
-        double &zeile = y[name.links ? 0 : 1];
-        const double x = mitte.x() + (name.links ? -1 : 1) * (radius + 52);
-        const QPointF ziel = name.was == u"Schale" ? mitte + QPointF(name.ziel.x(), -name.ziel.y()) : name.ziel;
-        p.setPen(QPen(durchsichtig(farbe::tinte, 0.55), 1.2));
-        p.drawLine(QPointF(x + (name.links ? 8 : -8), zeile), ziel);
-        p.setBrush(farbe::tinte);
-        p.drawEllipse(ziel, 3, 3);
-        const Qt::Alignment seite = name.links ? Qt::AlignRight : Qt::AlignLeft;
-        beschriften(p, {x, zeile}, name.was, 22, seite, farbe::tinte);
-        QString rest = name.worte;
-        // Long lists of words stand on two lines.
-        const qsizetype bruch = rest.size() > 18 ? rest.indexOf(QStringLiteral(", "), rest.size() / 3) : -1;
-        beschriften(p, {x, zeile + 25}, bruch < 0 ? rest : rest.left(bruch + 1), 18, seite);
-        if (bruch >= 0)
-            beschriften(p, {x, zeile + 48}, rest.mid(bruch + 2), 18, seite);
-        zeile += radius * 0.64;
-    }
-}
-
 Apfelstiel::Apfelstiel(const Datensatz &s)
 {
     laenge = mittel(s, u"st_laenge", {{u"kurz", 1.1}, {u"mittellang", 2.0}, {u"lang", 3.1}}, 1.9);
     dicke = mittel(s, u"st_laenge", {{u"dünn", 0.17}, {u"mitteldick", 0.27}, {u"dick", 0.42}}, 0.25);
     knopfig = s.hat(u"st_besond", u"knopfig") || s.hat(u"st_besond", u"knospig");
     wulst = s.hat(u"st_besond", u"Fleischwulst");
-    farbe = s.hat(u"st_besond", u"grün") ? QColor(0x7E, 0x8C, 0x4A) : s.hat(u"st_besond", u"rotbraun") ? QColor(0x84, 0x4A, 0x34) : QColor(0x7D, 0x5C, 0x3C);
+    farbe = s.hat(u"st_besond", u"grün")   ? QColor(0x7E, 0x8C, 0x4A)
+        : s.hat(u"st_besond", u"rotbraun") ? QColor(0x84, 0x4A, 0x34)
+                                           : QColor(0x7D, 0x5C, 0x3C);
 }
 
 QPointF Apfelstiel::spitze(QPointF fuss, double pixelJeCm, double neigung) const

@@ -5,7 +5,7 @@
 
 #include <QPainter>
 
-/// The inside of an apple: lengthwise, across, and what a chart writes beside it.
+/// The inside of an apple: lengthwise and across.
 class Apfelschnitt
 {
 public:
@@ -13,8 +13,6 @@ public:
 
     void laengs(QPainter &p, QPointF mitte, double radius) const;
     void quer(QPainter &p, QPointF mitte, double radius) const;
-    /// Names with the record's words and lines to the parts of the section drawn by `laengs`.
-    void benennen(QPainter &p, QPointF mitte, double radius) const;
 
 private:
     struct Kern

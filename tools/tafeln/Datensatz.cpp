@@ -9,8 +9,9 @@ std::vector<Datensatz> Datensatz::alle(Datenbank &db, QStringView tabelle)
 {
     const Tabelle *schema = schema::haupttabelle(tabelle);
     const bool mitFamilie = schema->spalte(u"FAMILIE");
-    Anweisung &zeilen = db.vorbereitet(mitFamilie ? QStringLiteral("SELECT t.*, f.FAMNAME FROM %1 t LEFT JOIN Familien f ON f.FAMILIE = t.FAMILIE ORDER BY t.ARTNR").arg(tabelle)
-                                                  : QStringLiteral("SELECT * FROM %1 ORDER BY ARTNR").arg(tabelle));
+    Anweisung &zeilen = db.vorbereitet(
+        mitFamilie ? QStringLiteral("SELECT t.*, f.FAMNAME FROM %1 t LEFT JOIN Familien f ON f.FAMILIE = t.FAMILIE ORDER BY t.ARTNR").arg(tabelle)
+                   : QStringLiteral("SELECT * FROM %1 ORDER BY ARTNR").arg(tabelle));
     std::vector<Datensatz> pflanzen;
     while (zeilen.schritt()) {
         Datensatz &satz = pflanzen.emplace_back();
@@ -35,12 +36,14 @@ bool Datensatz::ja(QStringView spalte) const
 QStringList Datensatz::worte(QStringView spalte) const
 {
     const Spalte *beschreibung = tabelle_->spalte(spalte);
-    const QString flags = text(spalte);
-    QStringList gesetzt;
-    for (int p = 1; beschreibung && beschreibung->liste && p <= beschreibung->liste->anzahl(); ++p)
-        if (flagGesetzt(flags, p))
-            gesetzt += beschreibung->liste->wort(p).trimmed().toString();
-    return gesetzt;
+    if (!beschreibung || !beschreibung->liste)
+        return {};
+    const Positionen gesetzt = positionen(*beschreibung, text(spalte));
+    QStringList worte;
+    for (int p = 1; p <= beschreibung->liste->anzahl(); ++p)
+        if (gesetzt.hat(p))
+            worte += beschreibung->liste->wort(p).trimmed().toString();
+    return worte;
 }
 
 bool Datensatz::monat(QStringView spalte, int p) const

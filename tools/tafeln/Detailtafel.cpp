@@ -1,245 +1,344 @@
-#include "Topfpflanzentafel.h"
+#include "Tafeln.h"
 
-#include "Buehne.h"
-#include "Tafel.h"
+#include "Farben.h"
 #include "Tafelinhalt.h"
+#include "Zufall.h"
+
+#include <QRegularExpression>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace {
 
-/// A part of the plate that is drawn by the structures of the whole plant, in a box of its own.
-struct Ausschnitt
+constexpr double oben = 50, unten = 1050;
+constexpr double textbreite = 284, textgroesse = 21, abstand = 16;
+constexpr double titelhoehe = 84; ///< below a drawing: title in two lines and bar
+
+/// A part of the plant in its place, with the marks that point to it.
+struct Zelle
 {
-    Aufbau aufbau;
-    double hoehe, ueberGrund, topf, blattlaenge;
+    Organ organ;
+    QStringList merkmale;
+    QRectF platz = {};
 };
-constexpr Ausschnitt ausschnitte[] = {
-    {Aufbau::Kugelkaktus, 460, 120, 124, 3}, {Aufbau::Gliederkaktus, 190, 330, 100, 58}, {Aufbau::Kannen, 620, 20, 150, 30}, {Aufbau::Fallen, 460, 200, 205, 6},
-    {Aufbau::Tentakel, 440, 200, 220, 8},    {Aufbau::Geweih, 330, 350, 110, 45},        {Aufbau::Schirm, 690, 0, 130, 150}, {Aufbau::Etagen, 700, 0, 120, 10},
+
+double merkmalhoehe(const Zelle &z)
+{
+    double h = 0;
+    for (const QString &m : z.merkmale)
+        h += Tafel::absatzhoehe(textbreite, m, textgroesse) + abstand;
+    return h;
+}
+
+/// A part as it was painted on its own ground.
+struct Organbild
+{
+    QImage bild;
+    double pixelJeCm = 0; ///< 0: no bar
 };
 
-void ausschnittZeichnen(QPainter &p, const Datensatz &pflanze, Gestalt g, QRectF feld, const Ausschnitt &a)
+QTransform eingepasst(const QRectF &rahmen, const QRectF &platz, double drehung)
 {
-    g.blattlaenge = a.blattlaenge;
-    g.stand = Stand::Keiner;
-    Buehne b(pflanze, g, {feld.center().x(), feld.bottom() - a.ueberGrund}, a.hoehe, feld.width(), a.topf, 1);
-    wachsen(b);
-    b.malen(p);
+    QTransform t;
+    t.rotate(drehung);
+    const QRectF r = t.mapRect(rahmen);
+    const double f = std::min(platz.width() / r.width(), platz.height() / r.height());
+    QTransform lage;
+    lage.translate(platz.center().x(), platz.center().y());
+    lage.scale(f, f);
+    lage.translate(-r.center().x(), -r.center().y());
+    return t * lage;
 }
 
-bool hatBandblatt(Aufbau a)
+double pixelJeEinheit(const QTransform &t)
 {
-    return a == Aufbau::Baender || a == Aufbau::Schwerter || a == Aufbau::Trichter || a == Aufbau::Schopf;
+    return std::sqrt(std::abs(t.determinant()));
 }
 
-bool hatWedel(Aufbau a)
+double blattMalen(QPainter &p, const QRectF &platz, const Steckbrief &s, const Formen &formen, const Form &form, bool unterseite)
 {
-    return a == Aufbau::Farn || a == Aufbau::Palme || a == Aufbau::Palmfarn;
-}
-
-/// Frond as large as the box, and one pinna.
-void wedelDetail(QPainter &p, const Datensatz &pflanze, const Gestalt &g, QRectF feld)
-{
-    Buehne b(pflanze, g, {feld.left() + 40, feld.bottom()}, feld.height(), feld.width(), 1, 1);
-    const Stempel fieder = blattstempel(g.blatt, b.laub, b.laub.muster, Zufall(pflanze.name(), 4), true);
-    Wedel form = wedelart(g);
-    form.kahl = std::max(form.kahl, 0.12);
-    const double oben = feld.top() + (form.fiederlaenge > 0.25 ? 190 : 90); // long pinnae need room above
-    const Kurve k{{feld.left() + 60, feld.bottom()}, {feld.left() + 120, feld.center().y() + 40}, {feld.center().x() - 30, oben + 30}, {feld.right() - 170, oben}};
-    wedel(p, k, form, fieder, g.name == u"Adiantum" || g.name == u"Pellaea" ? QColor(0x45, 0x30, 0x28) : farbe::stiel, 0);
-    fieder.zeichnen(p, {feld.right() - 330, feld.bottom() - 60}, -14, g.blatt.form == Blattform::Nadel ? 300 : 240, 1.15);
-    beschriften(p, {feld.right() - 190, feld.bottom() + 4}, QStringLiteral("Fieder"), 20);
-}
-
-void bandDetail(QPainter &p, const Datensatz &pflanze, const Gestalt &g, QRectF feld)
-{
-    Buehne b(pflanze, g, feld.center(), 100, 100, 1, 1);
-    const bool stachlig = g.name == u"Aloe" || g.name == u"Aechmea" || g.name == u"Ananas";
-    const double verhaeltnis = std::clamp(g.name == u"Cordyline" || g.aufbau == Aufbau::Trichter ? 0.2 : g.name == u"Aloe" ? 0.2 : g.name == u"Paphiopedilum" ? 0.19 : g.name == u"Beaucarnea" || g.name == u"Tillandsia" ? 0.06 : 0.11, 0.05, 0.25);
-    const Bandmuster zweites = b.laub.anderes == Muster::Rand ? Bandmuster::Rand : b.bandmuster() == Bandmuster::Keins ? Bandmuster::Keins : b.bandmuster();
-    for (int i = 0; i < 2; ++i) {
-        const double x = feld.left() + 120 + i * 260.0;
-        const Kurve k = {{x, feld.bottom()}, {x - 10, feld.bottom() - feld.height() * 0.4}, {x + 60, feld.top() + 120}, {x + 190 + 30 * i, feld.top() + 10 + 50 * i}};
-        const double spitz = g.name == u"Aloe" ? 0.02 : g.aufbau == Aufbau::Trichter ? 0.75 : 0.4;
-        bandblatt(p, k, {k.laenge() * verhaeltnis, spitz, g.name == u"Cordyline" ? 0.35 : 0.85, stachlig, g.name == u"Asplenium", i == 0 ? b.bandmuster() : zweites}, b.laub.grund, b.laub.zweite, i == 0 ? 0 : -0.05);
+    const Motiv motiv(formen, form);
+    QRectF r = motiv.rahmen();
+    const double stiellaenge = std::min(60.0, s.blattstiel * 100) * (r.height() > 40 ? 1 : 0.4);
+    const bool gestielt = stiellaenge > 2 && r.bottom() < 30;
+    if (gestielt)
+        r.setBottom(std::max(r.bottom(), stiellaenge));
+    const QTransform t = eingepasst(r, platz, r.height() > 2.4 * r.width() && platz.width() > platz.height() * 0.7 ? 52 : unterseite ? -8 : 8);
+    Anstrich a = s.anstrich;
+    if (unterseite) {
+        a[Rolle::Blatt] = s.unterseite;
+        a[Rolle::Blatt2] = heller(s.unterseite, 0.1);
+        a[Rolle::Ader] = a[Rolle::Rippe] = dunkler(s.unterseite, 0.25);
+        a.zeichnung.clear();
     }
+    if (gestielt) {
+        const Kurve k{t.map(QPointF(3, stiellaenge)), t.map(QPointF(4, stiellaenge * 0.6)), t.map(QPointF(0, stiellaenge * 0.3)),
+                      t.map(QPointF(0, -1))};
+        stiel(p, k, std::max(3.0, pixelJeEinheit(t) * 2.6), std::max(2.5, pixelJeEinheit(t) * 1.9), s.anstrich[Rolle::Stiel]);
+    }
+    motiv.malen(p, a, unterseite ? QTransform::fromScale(-1, 1) * t : t);
+    return pixelJeEinheit(t) * 100 / std::max(0.1, s.blattlaenge);
 }
 
-void stempelDetail(QPainter &p, const Datensatz &pflanze, const Gestalt &g, QRectF feld)
+double blueteMalen(QPainter &p, QRectF platz, const Steckbrief &s, const Formen &formen)
 {
-    const Laub l = laub(pflanze);
-    Zufall z(pflanze.name(), 9);
-    const Stempel erstes = blattstempel(g.blatt, l, l.muster, Zufall(pflanze.name(), 2), true);
-    const bool gefiedert = g.blatt.form == Blattform::Gefiedert || g.blatt.form == Blattform::Doppelfieder;
-    const bool gelappt = (g.blatt.form >= Blattform::AnzahlEinfache && !gefiedert) || g.blatt.form == Blattform::Niere || g.blatt.form == Blattform::Rund || g.blatt.form == Blattform::Schild;
-    const bool hinten = g.blatt.form == Blattform::Pfeil || g.blatt.form == Blattform::Niere || g.blatt.form == Blattform::Schild || gelappt;
-    const double l1 = (gelappt ? 380 : g.blatt.form == Blattform::Pfeil ? 430 : 540) * feld.width() / 660;
-    const QPointF a(feld.left() + (hinten ? 210 : 60), feld.bottom() - (gelappt ? 260 : 170));
-    const QColor stielfarbe = l.roteUnterseite ? gemischt(farbe::stiel, QColor(0x96, 0x48, 0x50), 0.5) : farbe::stiel;
-    stiel(p, {a + QPointF(-50, 150), a + QPointF(-50, 90), a + polar(206, 40), a}, 10, 7, stielfarbe);
-    erstes.zeichnen(p, a, -32, l1);
-    if (g.blatt.form == Blattform::Nadel)
+    const Motiv motiv(formen, *s.bluete);
+    const size_t weitere = std::min<size_t>(5, s.weitereFarben.size());
+    if (weitere)
+        platz.setBottom(platz.bottom() - 64);
+    const QTransform t = eingepasst(motiv.rahmen(), platz, 0);
+    motiv.malen(p, s.anstrich, t);
+    for (size_t i = 0; i < weitere; ++i) {
+        Anstrich a = s.anstrich;
+        a[Rolle::Bluete] = a[Rolle::Hochblatt] = s.weitereFarben[i];
+        a[Rolle::Bluete2] = dunkler(s.weitereFarben[i], blass(s.weitereFarben[i]) ? 0.1 : 0.22);
+        a[Rolle::Bluetenader] = dunkler(s.weitereFarben[i], 0.25);
+        const double x = platz.center().x() + (double(i) - (double(weitere) - 1) / 2) * 66;
+        motiv.malen(p, a, eingepasst(motiv.rahmen(), QRectF(x - 27, platz.bottom() + 8, 54, 54), 0));
+    }
+    return pixelJeEinheit(t) * 200 / std::max(0.1, s.bluetengroesse);
+}
+
+double fruchtMalen(QPainter &p, const QRectF &platz, const Steckbrief &s, const Formen &formen, bool schnitt)
+{
+    if (s.sammlung.alsKoerper)
+        return fruchtkoerperMalen(p, platz, s.pflanze, schnitt);
+    const Form *form = schnitt ? s.fruchtschnitt : s.fruchtstand ? s.fruchtstand : s.frucht;
+    const Motiv motiv = s.geformt(Motiv(formen, *form), schnitt);
+    const QTransform t = eingepasst(motiv.rahmen(), platz, 0);
+    motiv.malen(p, s.anstrich, t);
+    if (!schnitt)
+        fruchthautMalen(p, t.map(motiv.flaeche(Rolle::Haut)), s);
+    return pixelJeEinheit(t) * 100 / std::max(0.1, s.fruchtgroesse * (s.fruchtstand && !schnitt ? 2.2 : 1));
+}
+
+Organbild organMalen(const Zelle &z, const QSize &groesse, const Steckbrief &s, const Formen &formen)
+{
+    Organbild o{QImage(groesse, QImage::Format_ARGB32_Premultiplied)};
+    o.bild.fill(Qt::transparent);
+    QPainter p(&o.bild);
+    p.setRenderHint(QPainter::Antialiasing);
+    const QRectF platz = QRectF(QPointF(), QSizeF(groesse)).adjusted(8, 6, -8, -6);
+    switch (z.organ) {
+    case Organ::Bluete: o.pixelJeCm = blueteMalen(p, platz, s, formen); break;
+    case Organ::Stand: {
+        const Motiv motiv(formen, *s.stand, s.bluete);
+        const QTransform t = eingepasst(motiv.rahmen(), platz, 0);
+        motiv.malen(p, s.anstrich, t);
+        o.pixelJeCm = pixelJeEinheit(t) * motiv.rahmen().height() / std::max(0.1, s.standgroesse);
+        break;
+    }
+    case Organ::Frucht:
+    case Organ::Schnitt: o.pixelJeCm = fruchtMalen(p, platz, s, formen, z.organ == Organ::Schnitt); break;
+    case Organ::Blatt:
+    case Organ::Unterseite: o.pixelJeCm = blattMalen(p, platz, s, formen, *s.blatt, z.organ == Organ::Unterseite); break;
+    case Organ::Blatt2: o.pixelJeCm = blattMalen(p, platz, s, formen, *s.blatt2, false); break;
+    case Organ::Zweig: zweigMalen(p, platz, s); break;
+    case Organ::Rinde: rindeMalen(p, platz, s); break;
+    }
+    return o;
+}
+
+bool gedeckt(const QImage &bild, int x, int y)
+{
+    return qAlpha(reinterpret_cast<const QRgb *>(bild.constScanLine(y))[x]) > 110;
+}
+
+/// Box of what is painted.
+QRect tinte(const QImage &bild)
+{
+    QRect r;
+    for (int y = 0; y < bild.height(); ++y) {
+        const auto *zeile = reinterpret_cast<const QRgb *>(bild.constScanLine(y));
+        int von = 0, bis = bild.width() - 1;
+        while (von <= bis && qAlpha(zeile[von]) < 8)
+            ++von;
+        while (bis > von && qAlpha(zeile[bis]) < 8)
+            --bis;
+        if (von <= bis)
+            r |= QRect(von, y, bis - von + 1, 1);
+    }
+    return r;
+}
+
+/// Painted width of a row.
+int spannweite(const QImage &bild, int y)
+{
+    int von = 0, bis = bild.width() - 1;
+    while (von <= bis && !gedeckt(bild, von, y))
+        ++von;
+    while (bis > von && !gedeckt(bild, bis, y))
+        --bis;
+    return bis - von + 1;
+}
+
+/// Rows of a drawing at which lines may end: those of its body, or of its stalk where a mark speaks of that.
+std::vector<int> reihen(const QImage &bild, const QRect &tinte, bool stiel)
+{
+    int breiteste = 0;
+    for (int y = tinte.top(); y <= tinte.bottom(); ++y)
+        breiteste = std::max(breiteste, spannweite(bild, y));
+    std::vector<int> gute;
+    for (int y = tinte.top() + 2; y <= tinte.bottom() - 2; ++y)
+        if (const int b = spannweite(bild, y); b > 0 && (b > breiteste * 0.3) != stiel)
+            gute.push_back(y);
+    return gute;
+}
+
+/// First painted place of a row, from the left or from the right, a little inside.
+int treffer(const QImage &bild, int y, bool vonLinks)
+{
+    for (int i = 0; i < bild.width(); ++i) {
+        const int x = vonLinks ? i : bild.width() - 1 - i;
+        if (!gedeckt(bild, x, y))
+            continue;
+        int innen = x;
+        for (int j = 1; j <= 9 && innen > 0 && innen < bild.width() - 1 && gedeckt(bild, innen + (vonLinks ? 1 : -1), y); ++j)
+            innen += vonLinks ? 1 : -1;
+        return innen;
+    }
+    return -1;
+}
+
+void merkmaleSetzen(Tafel &t, const Zelle &z, const QImage &bild, QPoint ecke, const QRectF &feld, bool links, int nummer)
+{
+    if (z.merkmale.isEmpty())
         return;
-    // The second leaf shows the record's other pattern, or the underside.
-    const bool anders = l.anderes != Muster::Keins && l.anderes != l.muster;
-    Laub unten = l;
-    if (!anders)
-        unten.grund = l.roteUnterseite ? gemischt(QColor(0x93, 0x4A, 0x5A), l.grund, 0.25) : heller(l.grund, 0.3);
-    else if (l.zweite == l.grund || l.anderes == Muster::Rand)
-        unten.zweite = gemischt(l.zweite, QColor(0xF2, 0xF0, 0xD2), 0.6);
-    const Stempel zweites = blattstempel(g.blatt, unten, anders ? l.anderes : Muster::Keins, Zufall(pflanze.name(), 3), true);
-    const double l2 = l1 * (gelappt ? 0.5 : 0.55);
-    const QPointF b(feld.right() - (gelappt ? 200 : 290), feld.bottom() - (gelappt ? 50 : 10));
-    stiel(p, {b + QPointF(-60, 34), b + QPointF(-40, 20), b + polar(192, 20), b}, 7, 5, stielfarbe);
-    zweites.zeichnen(p, b, gelappt ? -8 : -4, l2);
-    beschriften(p, {b.x() + l2 * 0.45, b.y() + 26 + l2 * (gelappt ? 0.5 : g.blatt.form == Blattform::Herz ? 0.42 : 0.32) * g.blatt.breite}, anders ? QStringLiteral("buntlaubig") : QStringLiteral("Unterseite"), 19);
-}
-
-void blattDetail(QPainter &p, const Datensatz &pflanze, const Gestalt &g, QRectF feld)
-{
-    const auto *teil = std::ranges::find(ausschnitte, g.aufbau, &Ausschnitt::aufbau);
-    if (teil != std::end(ausschnitte))
-        ausschnittZeichnen(p, pflanze, g, feld, *teil);
-    else if (hatWedel(g.aufbau))
-        wedelDetail(p, pflanze, g, feld);
-    else if (hatBandblatt(g.aufbau))
-        bandDetail(p, pflanze, g, feld);
-    else
-        stempelDetail(p, pflanze, g, feld);
-}
-
-/// One inflorescence whose parts are too small or too many for a single flower: spikes, tails, rosette middles.
-bool alsBluetenstand(const Gestalt &g)
-{
-    return g.bluete == Bluete::Keine && g.stand != Stand::Keiner;
-}
-
-void bluetenstandDetail(QPainter &p, const Datensatz &pflanze, Gestalt g, QRectF feld)
-{
-    const bool aehre = g.name == u"Vriesea" || g.name == u"Tillandsia";
-    g.bluetenbreite = g.stand == Stand::Mitte ? 250 : g.stand == Stand::Kaetzchen ? 560 : 330;
-    Buehne b(pflanze, g, {feld.center().x(), feld.bottom() + (aehre ? 360 : g.stand == Stand::Mitte ? 40 : -40)}, aehre ? 920 : g.stand == Stand::Mitte ? 640 : g.stand == Stand::Kaetzchen ? 1250 : 560, feld.width(), 120, 1);
-    if (g.stand != Stand::Mitte) {
-        const bool haengt = g.stand == Stand::Kaetzchen;
-        const QPointF ort = haengt ? QPointF(feld.center().x(), feld.top() + 90) : QPointF(feld.center().x(), feld.center().y() + 100);
-        b.trieb({{ort.x() - 10, haengt ? feld.top() - 10 : feld.bottom()}, ort, ort, ort}, 9, 6, farbe::stiel, 0);
-        for (const double grad : haengt ? std::vector<double>{20, 160} : std::vector<double>{-8, 188, 12, 168})
-            b.blatt(ort + QPointF(0, haengt ? -20 : 20), grad, 190, -0.2 + std::cos(grad) * 0.1, 0.9);
-        b.spitzen.push_back({ort, 90, 0, 1});
-        b.achseln = haengt ? std::vector<Spross>{{ort, 20, 0, 1}, {ort + QPointF(-30, -30), 160, 0, 1}} : std::vector<Spross>{};
-    }
-    bluehen(b);
-    b.malen(p);
-}
-
-void bluetenDetail(QPainter &p, const Datensatz &pflanze, const Gestalt &g, QRectF feld)
-{
-    if (alsBluetenstand(g))
-        return bluetenstandDetail(p, pflanze, g, feld);
-    const Bluetenmass mass = bluetenmass(g.bluete);
-    const double r = std::min({feld.height() / (mass.oben + mass.unten + (mass.oben < 1 ? 0.6 : 0.1)), feld.width() / (2 * mass.seite + 0.1), mass.unten < 1 ? 205.0 : 235.0});
-    const QPointF ort(feld.center().x(), feld.center().y() - (mass.unten < 1 ? 40 : 0) + r * (mass.oben - mass.unten + (mass.oben < 1 ? 0.5 : 0)) / 2);
-    if (mass.unten < 1) // the stalk that carries a standing flower
-        stiel(p, {{ort.x() + 10, ort.y() + r * 0.8}, {ort.x() + 4, ort.y() + r * 0.5}, {ort.x(), ort.y() + r * 0.2}, ort}, 13, 10, farbe::stiel);
-    if (mass.oben < 1)
-        stiel(p, {{ort.x() + r * 0.35, ort.y() - r * 0.42}, {ort.x() + r * 0.1, ort.y() - r * 0.5}, {ort.x(), ort.y() - r * 0.3}, ort}, 8, 7, farbe::stiel);
-    bluetenstempel(g.bluete, gewaehlteFarben(pflanze, g), true).zeichnen(p, ort, 0, r);
-}
-
-/// Flowers in all colours of the record, with their words; of two-coloured flowers the colours alone.
-void farbreihe(QPainter &p, const Datensatz &pflanze, const Gestalt &g, QPointF mitte, double breite)
-{
-    const QStringList worte = pflanze.worte(u"FARBEN");
-    if (worte.isEmpty())
-        return;
-    const double abstand = std::min(92.0, breite / double(worte.size())), r = std::min(33.0, abstand * 0.42);
-    double x = mitte.x() - abstand * double(worte.size() - 1) / 2;
-    const bool einzeln = g.zweitfarbe.isEmpty() && g.bluete != Bluete::Keine && g.bluete != Bluete::Paradiesvogel && g.bluete != Bluete::Flammenlilie && g.bluete != Bluete::Passionsblume;
-    const Bluetenmass mass = bluetenmass(g.bluete);
-    int i = 0;
-    for (const QString &wort : worte) {
-        const bool bunt = wort == u"bunt";
-        const Bluetenfarben farben{bunt ? bluetenfarbe(u"rot") : bluetenfarbe(wort), {}, bunt};
-        if (einzeln) {
-            const double f = r * 2 / std::max(2.0, mass.oben + mass.unten);
-            bluetenstempel(g.bluete, farben).zeichnen(p, {x, mitte.y() + f * (mass.oben - mass.unten) / 2}, 0, f);
-        } else {
-            p.setPen(QPen(umriss(farben.haupt), 1.4));
-            p.setBrush(farben.haupt);
-            p.drawEllipse(QPointF(x, mitte.y()), r * 0.7, r * 0.7);
-        }
-        const bool tiefer = abstand < 80 && i++ % 2;
-        beschriften(p, {x, mitte.y() + r + (tiefer ? 37.0 : 17.0)}, wort, 17, Qt::AlignHCenter, farbe::tinte);
-        x += abstand;
+    const QRect ink = tinte(bild);
+    const std::vector<int> koerper = reihen(bild, ink, false), stiele = reihen(bild, ink, true);
+    int letzte = -100;
+    std::vector<QLineF> gezogen;
+    const double hoehe = merkmalhoehe(z) - abstand;
+    double y = std::clamp(feld.center().y() - hoehe / 2, feld.top(), std::max(feld.top(), feld.bottom() - hoehe));
+    const double x = links ? Tafel::rand + 6 : Tafel::breite - Tafel::rand - 6 - textbreite;
+    for (int i = 0; i < z.merkmale.size(); ++i) {
+        const double h = Tafel::absatzhoehe(textbreite, z.merkmale[i], textgroesse);
+        const QRectF kasten = t.absatz(QRectF(x, y, textbreite, h), z.merkmale[i], textgroesse, links ? Qt::AlignRight : Qt::AlignLeft);
+        y += h + abstand;
+        const bool amStiel = z.merkmale[i].contains(u"stiel", Qt::CaseInsensitive);
+        if (!amStiel && !organVon(z.merkmale[i], {z.organ}))
+            continue; // a word on the whole plant
+        // Rows are taken in the order of the texts: lines never cross.
+        const std::vector<int> gute = amStiel && !stiele.empty() ? stiele : koerper;
+        const double teil = (i + 0.5) / double(z.merkmale.size());
+        auto reihe = gute.begin() + qsizetype(double(gute.size()) * (0.1 + 0.8 * teil));
+        const QPointF von(links ? kasten.right() + 7 : kasten.left() - 7, kasten.center().y());
+        const auto linie = [&] { return QLineF(von, QPointF(ecke) + QPointF(treffer(bild, *reihe, links), *reihe)); };
+        const auto frei = [&] {
+            return *reihe > letzte + 3
+                && std::ranges::none_of(gezogen, [&](const QLineF &l) { return l.intersects(linie(), nullptr) == QLineF::BoundedIntersection; });
+        };
+        while (reihe != gute.end() && !frei())
+            ++reihe;
+        if (reihe == gute.end())
+            continue;
+        letzte = *reihe;
+        gezogen.push_back(linie());
+        t.zeiger(gezogen.back(), nummer);
     }
 }
 
-void fruchtDetail(QPainter &p, const Datensatz &pflanze, const Gestalt &g, QPointF mitte, double r)
+/// Where marks stand that speak of no part: of a variety beside the fruit, else beside the leaf.
+Organ hauptorgan(const Steckbrief &s)
 {
-    const std::vector<QColor> farben = fruchtfarben(pflanze);
-    if (g.frucht == Frucht::Keine || farben.empty())
-        return;
-    const int n = std::min(4, int(farben.size()));
-    for (int i = 0; i < n; ++i)
-        fruchtstempel(g.frucht, farben[size_t(i)]).zeichnen(p, mitte + QPointF((i - (n - 1) / 2.0) * r * 2.3, g.frucht == Frucht::Schote || g.frucht == Frucht::Ananas ? r * 0.8 : g.frucht == Frucht::Ei ? -r * 0.8 : 0), 0, g.frucht == Frucht::Ananas ? r * 0.8 : r);
-    beschriften(p, mitte + QPointF(0, r + 34), n > 1 ? QStringLiteral("Früchte") : QStringLiteral("Frucht"), 20, Qt::AlignHCenter, farbe::tinte);
+    return !s.sammlung.art.isEmpty() && s.fruchtet ? Organ::Frucht : Organ::Blatt;
 }
 
-std::array<bool, 12> monate(const Datensatz &pflanze, QStringView spalte)
+/// The part a mark belongs to; the stalk of a variety is that of its fruit.
+Organ zielorgan(const Steckbrief &s, const QString &merkmal, const std::vector<Organ> &alle)
 {
-    std::array<bool, 12> gesetzt{};
-    for (int m = 1; m <= 12; ++m)
-        gesetzt[size_t(m - 1)] = pflanze.monat(spalte, m);
-    return gesetzt;
+    const bool fruchtstiel = !s.sammlung.art.isEmpty() && merkmal.startsWith(u"Stiel");
+    return fruchtstiel ? hauptorgan(s) : organVon(merkmal, alle).value_or(hauptorgan(s));
 }
 
-bool einer(const std::array<bool, 12> &monate)
+/// Two columns of about equal length, the flower and its like on the left.
+std::array<std::vector<Zelle>, 2> spalten(const Steckbrief &s, const QStringList &merkmale)
 {
-    return std::ranges::find(monate, true) != monate.end();
-}
-
-void zeiten(QPainter &p, const Datensatz &pflanze, const Gestalt &g)
-{
-    const auto bluete = monate(pflanze, u"BLUEHZEIT"), frucht = monate(pflanze, u"FRUCHTZEIT");
-    const bool beide = einer(bluete) && einer(frucht);
-    double y = beide ? 976 : 1004;
-    if (einer(bluete)) {
-        const QColor f = gewaehlteFarben(pflanze, g).haupt;
-        monatsleiste(p, {560, y, 620, 32}, QStringLiteral("Blütezeit"), bluete, f.lightness() > 225 ? QColor(0xF0, 0xDF, 0xB0) : heller(f, 0.15));
-        y += 44;
+    const std::vector<Organ> alle = organe(s);
+    std::array<std::vector<Zelle>, 2> sp;
+    for (const Organ o : alle)
+        sp[o < Organ::Blatt && (s.sammlung.art.isEmpty() || o != Organ::Bluete) ? 0 : 1].push_back({o, {}});
+    while (sp[0].size() > sp[1].size() + 1) {
+        sp[1].push_back(sp[0].back());
+        sp[0].pop_back();
     }
-    if (einer(frucht))
-        monatsleiste(p, {560, y, 620, 32}, QStringLiteral("Fruchtzeit"), frucht, fruchtfarben(pflanze).empty() ? QColor(0xD2, 0x84, 0x4A) : heller(fruchtfarben(pflanze).front(), 0.15));
+    while (sp[1].size() > sp[0].size() + 1 || (sp[0].empty() && sp[1].size() > 1)) {
+        sp[0].push_back(sp[1].back());
+        sp[1].pop_back();
+    }
+    for (const QString &m : merkmale)
+        for (auto &spalte : sp)
+            for (Zelle &z : spalte)
+                if (z.organ == zielorgan(s, m, alle))
+                    z.merkmale += m;
+    return sp;
+}
+
+/// What a drawing counts for: of a variety the fruit comes first.
+double gewicht(const Steckbrief &s, Organ organ)
+{
+    return !s.sammlung.art.isEmpty() && (organ == Organ::Frucht || organ == Organ::Schnitt) ? 1.6 : 1;
+}
+
+/// Heights by their weight, but at least what their texts need.
+void zeilenTeilen(std::vector<Zelle> &spalte, const Steckbrief &s, double x, double breite)
+{
+    std::vector<double> noetig, hoehen;
+    double gewichte = 0, fehlt = 0, frei = 0;
+    for (const Zelle &z : spalte)
+        gewichte += gewicht(s, z.organ);
+    for (const Zelle &z : spalte) {
+        noetig.push_back(merkmalhoehe(z) + titelhoehe + 10);
+        hoehen.push_back((unten - oben) * gewicht(s, z.organ) / gewichte);
+        fehlt += std::max(0.0, noetig.back() - hoehen.back());
+        frei += std::max(0.0, hoehen.back() - noetig.back());
+    }
+    double y = oben;
+    for (size_t i = 0; i < spalte.size(); ++i) {
+        const double h = noetig[i] > hoehen[i] ? noetig[i] : hoehen[i] - fehlt * (hoehen[i] - noetig[i]) / std::max(1.0, frei);
+        spalte[i].platz = QRectF(x, y, breite, h);
+        y += h;
+    }
+}
+
+/// A title that stands in two lines: what comes last is left out.
+QString gekuerzt(QString titel, double breite)
+{
+    const double zweiZeilen = Tafel::absatzhoehe(breite, QStringLiteral("M\nM"), 18) + 1;
+    while (Tafel::absatzhoehe(breite, titel, 18) > zweiZeilen && titel.contains(QRegularExpression(QStringLiteral("[,; ]"))))
+        titel = titel.left(titel.lastIndexOf(QRegularExpression(QStringLiteral("[,; ]")))).trimmed();
+    return titel;
 }
 
 } // namespace
 
-bool topfpflanzeDetail(const Datensatz &pflanze, const QString &pfad)
+void detailMalen(Tafel &t, const Steckbrief &s, const Formen &formen, const QStringList &merkmale)
 {
-    const Gestalt g = gestalt(pflanze);
-    Tafel tafel;
-    QPainter &p = tafel.maler();
-    const Detailinhalt inhalt = detailinhalt(pflanze, g);
-    const bool gross = inhalt.bluete;
-    const QRectF blattfeld(gross ? 850 : 430, 130, gross ? 660 : 820, 720), bluetenfeld(130, 150, 620, gross ? 560 : 200);
-    beschriften(p, {blattfeld.center().x(), 92}, inhalt.blatt.toString(), 26, Qt::AlignHCenter, farbe::tinte);
-    blattDetail(p, pflanze, g, blattfeld);
-    if (gross) {
-        beschriften(p, {bluetenfeld.center().x(), 92}, pflanze.ja(u"UNSCHEINBA") ? QStringLiteral("Blüte (unscheinbar)") : QStringLiteral("Blüte"), 26, Qt::AlignHCenter, farbe::tinte);
-        bluetenDetail(p, pflanze, g, bluetenfeld);
-        farbreihe(p, pflanze, g, {bluetenfeld.center().x(), inhalt.frucht ? 742.0 : 800.0}, 700);
-        fruchtDetail(p, pflanze, g, {bluetenfeld.center().x(), 866}, 40);
-    } else {
-        fruchtDetail(p, pflanze, g, {250, 480}, 70);
-        if (inhalt.bluetenfarben) {
-            farbreihe(p, pflanze, g, {260, 700}, 320);
-            beschriften(p, {260, 650}, QStringLiteral("Blüte unscheinbar"), 20, Qt::AlignHCenter, farbe::tinte);
+    auto sp = spalten(s, merkmale);
+    const auto beschriftet
+        = [](const std::vector<Zelle> &spalte) { return std::ranges::any_of(spalte, [](const Zelle &z) { return !z.merkmale.isEmpty(); }); };
+    const double randLinks = beschriftet(sp[0]) ? Tafel::rand + textbreite + 40 : Tafel::rand + 20;
+    const double randRechts = beschriftet(sp[1]) ? Tafel::breite - Tafel::rand - textbreite - 40 : Tafel::breite - Tafel::rand - 20;
+    const double mitte = sp[0].empty() ? randLinks : (randLinks + randRechts) / 2;
+    int nummer = 0;
+    for (int seite = 0; seite < 2; ++seite) {
+        if (sp[size_t(seite)].empty())
+            continue;
+        const double x = seite ? mitte + (sp[0].empty() ? 0 : 12) : randLinks, bis = seite ? randRechts : mitte - 12;
+        zeilenTeilen(sp[size_t(seite)], s, x, bis - x);
+        for (const Zelle &z : sp[size_t(seite)]) {
+            const QRect feld = z.platz.adjusted(0, 4, 0, -titelhoehe - 6).toRect();
+            const Organbild o = organMalen(z, feld.size(), s, formen);
+            t.maler().drawImage(feld.topLeft(), o.bild);
+            t.bild(QRectF(tinte(o.bild).translated(feld.topLeft())), nummer);
+            double y = feld.bottom() + 12;
+            const QString titel = gekuerzt(organtitel(s, z.organ), bis - x - 8);
+            y += t.absatz(QRectF(x + 4, y, bis - x - 8, 46), titel, 18, Qt::AlignHCenter).height() + 14;
+            if (o.pixelJeCm > 0)
+                t.massstab({z.platz.center().x() - 62, y}, o.pixelJeCm);
+            merkmaleSetzen(t, z, o.bild, feld.topLeft(), feld, seite == 0, nummer);
+            ++nummer;
         }
     }
-    zeiten(p, pflanze, g);
-    tafel.unterschrift(pflanze.name(), zweiteZeile(pflanze, pflanze.familie()), topfpflanzeDetailtitel(pflanze));
-    return tafel.speichern(pfad);
 }

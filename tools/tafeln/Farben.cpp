@@ -4,59 +4,84 @@
 
 namespace {
 
-/// How a swatch is toned: turned hue in degrees, factors of saturation and value.
-struct Ton
-{
-    QStringView wort;
-    int drehung;
-    double saettigung, helligkeit;
-};
-
-constexpr Ton toene[] = {
-    {u"weiß", 0, 1, 1},          {u"gelb", -11, 0.78, 0.99},   {u"orange", -11, 0.84, 0.97}, {u"rosa", -16, 1.25, 0.96}, {u"rot", -1, 0.80, 0.83},
-    {u"dunkelrot", -3, 0.82, 0.58}, {u"purpur", 3, 0.78, 0.74},  {u"violett", -8, 0.58, 0.66},  {u"lila", -12, 0.38, 0.84}, {u"blau", -14, 0.58, 0.80},
-    {u"braun", 4, 0.66, 0.55},   {u"grau", 0, 1, 1},           {u"schwarz", 0, 1, 1},
-};
-
-QColor getoent(int bgr, const Ton &ton)
-{
-    const QColor muster(bgr & 0xFF, bgr >> 8 & 0xFF, bgr >> 16 & 0xFF);
-    if (ton.wort == u"weiß")
-        return QColor(0xFE, 0xFB, 0xF2);
-    if (ton.wort == u"schwarz")
-        return QColor(0x35, 0x2A, 0x3C);
-    const int farbton = muster.hsvHue() < 0 ? 0 : (muster.hsvHue() + ton.drehung + 360) % 360;
-    return QColor::fromHsv(farbton, std::min(255, int(muster.hsvSaturation() * ton.saettigung)), std::min(255, int(muster.value() * ton.helligkeit)));
-}
-
-QColor ausListe(QStringView wort, const Werteliste &worte, const Farbliste &farben)
-{
-    const auto *ton = std::ranges::find(toene, wort, &Ton::wort);
-    for (int p = 1; p <= int(farben.werte.size()); ++p)
-        if (worte.wort(p) == wort && ton != std::end(toene))
-            return getoent(farben.werte[size_t(p - 1)], *ton);
-    return {};
-}
-
-struct Blattton
+constexpr struct
 {
     QStringView wort;
     QRgb farbe;
-};
-
-constexpr Blattton gruen[] = {{u"dunkelgrün", 0xFF3F7A48}, {u"hellgrün", 0xFF84B355}};
-constexpr Blattton bunt[] = {{u"silbrig", 0xFFC3D0C3}, {u"weißgrün", 0xFFEDF0D8}, {u"gelbgrün", 0xFFDAD764}, {u"rotgrün", 0xFFA03C58}};
-
-template <size_t n> std::vector<QColor> gesetzte(const Datensatz &pflanze, const Blattton (&toene)[n])
-{
-    std::vector<QColor> farben;
-    for (const Blattton &ton : toene)
-        if (pflanze.hat(u"BLATTFARB", ton.wort))
-            farben.emplace_back(ton.farbe);
-    return farben;
-}
+} farben[] = {{u"weiß", 0xFFFDFBF4},
+              {u"weißlich", 0xFFF6F1DE},
+              {u"creme", 0xFFF6EBC4},
+              {u"hellgelb", 0xFFF5E98C},
+              {u"gelb", 0xFFF2D02C},
+              {u"gelblich", 0xFFEADB8C},
+              {u"goldgelb", 0xFFEDAE1D},
+              {u"orange", 0xFFE98127},
+              {u"apricot", 0xFFF2B27C},
+              {u"lachs", 0xFFEE8C72},
+              {u"hellrosa", 0xFFF5CBD3},
+              {u"rosa", 0xFFEA94AE},
+              {u"pink", 0xFFDC4C8C},
+              {u"rot", 0xFFC9283A},
+              {u"hellrot", 0xFFD9463C},
+              {u"rötlich", 0xFFC9705A},
+              {u"scharlach", 0xFFD8352A},
+              {u"karmin", 0xFFB31C4C},
+              {u"dunkelrot", 0xFF831A2C},
+              {u"purpur", 0xFF96307A},
+              {u"hellviolett", 0xFFB596D2},
+              {u"violett", 0xFF6D4AA6},
+              {u"dunkelviolett", 0xFF472A70},
+              {u"lila", 0xFFA77EC4},
+              {u"hellblau", 0xFF94B6E4},
+              {u"blau", 0xFF4A66BE},
+              {u"dunkelblau", 0xFF2B3578},
+              {u"braun", 0xFF7E5332},
+              {u"hellbraun", 0xFFAA8052},
+              {u"dunkelbraun", 0xFF4F3524},
+              {u"rotbraun", 0xFF7C3B2C},
+              {u"bronze", 0xFF76503A},
+              {u"ocker", 0xFFBE8F46},
+              {u"grau", 0xFF9A9A92},
+              {u"graubraun", 0xFF8D7F6E},
+              {u"silbrig", 0xFFC2CEC6},
+              {u"schwarz", 0xFF2C2530},
+              {u"schwarzrot", 0xFF4A1526},
+              {u"grün", 0xFF568B45},
+              {u"hellgrün", 0xFF86B256},
+              {u"dunkelgrün", 0xFF386C40},
+              {u"gelbgrün", 0xFFB9C553},
+              {u"grüngelb", 0xFFC5CB55},
+              {u"blaugrün", 0xFF5E8C82},
+              {u"graugrün", 0xFF889C7E},
+              {u"weißgrün", 0xFFE2E8CC},
+              {u"weißlichgrün", 0xFFD8DFAF},
+              {u"graublau", 0xFF8298A0},
+              {u"rotgrün", 0xFF80474C},
+              {u"blauschwarz", 0xFF2B2D4E},
+              {u"bläulich rot", 0xFF6E3A52},
+              {u"schwarzbraun", 0xFF3A2620},
+              {u"dunkelbraunviolett", 0xFF4B2C3A},
+              {u"zimtfarben", 0xFFB47B45},
+              {u"rötlichgelb", 0xFFE2A95A},
+              {u"grünlich", 0xFFB9CB7E},
+              {u"bräunlich", 0xFFB59460},
+              {u"weißgelblich", 0xFFF2E9C0},
+              {u"cremefarben", 0xFFF3E6BC},
+              {u"gelblichweiß", 0xFFF4ECC4},
+              {u"grünlichweiß", 0xFFE6EBC4},
+              {u"rötlichweiß", 0xFFF2D6CC},
+              {u"bläulich", 0xFF8C86B0},
+              {u"farblos", 0xFFE9E6CC}};
 
 } // namespace
+
+QColor farbeVon(QStringView wort)
+{
+    const auto *f = std::ranges::find(farben, wort, [](const auto &eintrag) { return eintrag.wort; });
+    if (f != std::end(farben))
+        return QColor(f->farbe);
+    return wort.startsWith(u'#') && wort.size() == 7 ? QColor(wort.toString()) : QColor();
+}
 
 QColor gemischt(const QColor &a, const QColor &b, double t)
 {
@@ -76,59 +101,7 @@ QColor umriss(const QColor &f)
     return gemischt(f, QColor(0x35, 0x2B, 0x2B), f.lightness() > 215 ? 0.42 : 0.5);
 }
 
-QColor bluetenfarbe(QStringView wort)
+bool blass(const QColor &f)
 {
-    return ausListe(wort, WL_Bluetenfarbe, WL_BluetenfarbeRGB);
-}
-
-QColor fruchtfarbe(QStringView wort)
-{
-    return ausListe(wort, WL_ToFruchtfarbe, WL_ToFruchtfarbeRGB);
-}
-
-std::vector<QColor> fruchtfarben(const Datensatz &pflanze)
-{
-    std::vector<QColor> farben;
-    for (const QString &wort : pflanze.worte(u"FRUCHTFARB"))
-        if (const QColor f = fruchtfarbe(wort); f.isValid())
-            farben.push_back(f);
-    return farben;
-}
-
-Laub laub(const Datensatz &pflanze)
-{
-    const std::vector<QColor> gruene = gesetzte(pflanze, gruen);
-    std::vector<QColor> bunte = gesetzte(pflanze, bunt);
-    Laub l;
-    l.roteUnterseite = pflanze.hat(u"BLATTFARB", u"rotgrün");
-    if (gruene.size() == 2)
-        l.grund = gemischt(gruene[0], gruene[1], 0.5);
-    else if (gruene.size() == 1)
-        l.grund = gruene[0];
-    else if (!bunte.empty()) {
-        // Without a plain green the darkest tint carries the pattern of the others.
-        l.grund = gemischt(bunte.back(), QColor(gruen[0].farbe), bunte.size() == 1 ? 0.35 : 0.1);
-        bunte.pop_back();
-    } else {
-        l.grund = QColor(gruen[0].farbe);
-    }
-    l.zweite = bunte.empty() ? heller(l.grund, 0.5) : bunte.front();
-
-    std::vector<Muster> muster;
-    if (pflanze.hat(u"BLATTFARB", u"gestreift"))
-        muster.push_back(Muster::Streifen);
-    if (pflanze.hat(u"BLATTFARB", u"gefleckt"))
-        muster.push_back(Muster::Flecken);
-    if (pflanze.hat(u"BLATTFARB", u"panaschiert"))
-        muster.push_back(Muster::Rand);
-    // Variegation that the record names beside plain green alone is that of single varieties: it shows in the detail only.
-    const bool hell = pflanze.hat(u"BLATTFARB", u"weißgrün") || pflanze.hat(u"BLATTFARB", u"gelbgrün") || pflanze.hat(u"BLATTFARB", u"silbrig");
-    const bool nurSorten = !hell || !pflanze.hat(u"PFLANZTYP", u"Grünpflanze");
-    if (!muster.empty() && !(muster.front() == Muster::Rand && nurSorten))
-        l.muster = muster.front();
-    else if (muster.empty() && !bunte.empty() && gruene.size() == 1)
-        l.muster = Muster::Adern;
-    if (!muster.empty())
-        l.anderes = muster.back();
-    return l;
+    return f.lightness() > 205 && f.hslSaturation() < 190;
 }

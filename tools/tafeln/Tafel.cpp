@@ -3,67 +3,152 @@
 #include "Farben.h"
 
 #include <QImageWriter>
+#include <QLocale>
 
-#include <array>
 #include <cmath>
 
 namespace {
 
-constexpr double rahmen = 26;
+constexpr double lattenbreite = 20;
 
-void papier(QPainter &p)
+void papier(QPainter &p, const QColor &f)
 {
     QLinearGradient grund(0, 0, 0, Tafel::hoehe);
-    grund.setColorAt(0, heller(farbe::papier, 0.45));
-    grund.setColorAt(1, farbe::papier);
+    grund.setColorAt(0, heller(f, 0.4));
+    grund.setColorAt(1, f);
     p.fillRect(QRect(0, 0, Tafel::breite, Tafel::hoehe), grund);
-    p.setPen(QPen(farbe::linie, 2.5));
-    p.drawRect(QRectF(rahmen, rahmen, Tafel::breite - 2 * rahmen, Tafel::hoehe - 2 * rahmen));
-    p.setPen(QPen(farbe::linie, 1));
-    p.drawRect(QRectF(rahmen + 7, rahmen + 7, Tafel::breite - 2 * rahmen - 14, Tafel::hoehe - 2 * rahmen - 14));
+    p.setPen(QPen(farbe::linie, 2));
+    p.drawRect(QRectF(22, 22, Tafel::breite - 44, Tafel::hoehe - 44));
 }
 
-/// Largest step of 1, 2, 5 times a power of ten that keeps marks at least 46 pixels apart.
-double teilung(double pixelJeMeter)
+/// Smallest step of 1, 2, 5 times a power of ten that is at least `kleinste`.
+double rund(double kleinste)
 {
-    double zehner = 0.001;
+    double zehner = 1e-4;
     while (true) {
         for (const double faktor : {1.0, 2.0, 5.0})
-            if (zehner * faktor * pixelJeMeter >= 46)
+            if (zehner * faktor >= kleinste)
                 return zehner * faktor;
         zehner *= 10;
     }
 }
 
-constexpr double lattenbreite = 20;
-
 } // namespace
 
-Tafel::Tafel() : bild_(breite, hoehe, QImage::Format_RGB32), maler_(&bild_)
+bool Aufriss::stoert(const Feld &a, const Feld &b)
 {
-    maler_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    papier(maler_);
+    if (a.art == Linie && b.art == Linie) {
+        QPointF ort;
+        return a.linie.intersects(b.linie, &ort) == QLineF::BoundedIntersection;
+    }
+    if (b.art == Linie)
+        return stoert(b, a);
+    if (a.art != Linie)
+        return (a.art != Bild || b.art != Bild || a.nummer != b.nummer) && a.kasten.intersects(b.kasten);
+    if (b.art == Bild && b.nummer == a.nummer)
+        return false;
+    // A line meets a box where it begins in it or cuts one of its diagonals.
+    const QRectF k = b.kasten;
+    return k.contains(a.linie.p1()) || k.contains(a.linie.p2())
+        || a.linie.intersects(QLineF(k.topLeft(), k.bottomRight()), nullptr) == QLineF::BoundedIntersection
+        || a.linie.intersects(QLineF(k.bottomLeft(), k.topRight()), nullptr) == QLineF::BoundedIntersection;
 }
 
-void Tafel::unterschrift(const QString &name, const QString &zweiteZeile, const QString &was)
+int Aufriss::fehler() const
 {
-    maler_.setPen(QPen(farbe::linie, 1));
-    maler_.drawLine(QPointF(breite / 2.0 - 330, 1072), QPointF(breite / 2.0 + 330, 1072));
-    double groesse = 40;
-    while (groesse > 20 && QFontMetricsF(schrift(groesse, true)).horizontalAdvance(name) > breite - 160)
+    int anzahl = 0;
+    for (size_t i = 0; i < felder_.size(); ++i) {
+        anzahl += felder_[i].art != Linie && !blatt_.contains(felder_[i].kasten);
+        for (size_t j = i + 1; j < felder_.size(); ++j)
+            anzahl += stoert(felder_[i], felder_[j]);
+    }
+    return anzahl;
+}
+
+Tafel::Tafel(bool getoent) : bild_(breite, hoehe, QImage::Format_RGB32), maler_(&bild_)
+{
+    maler_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    papier(maler_, getoent ? farbe::getoent : farbe::papier);
+}
+
+void Tafel::unterschrift(const QString &name, const QString &zweite, const QString &was)
+{
+    maler_.fillRect(QRectF(23, band, breite - 46, hoehe - 23 - band), durchsichtig(heller(farbe::papier, 0.5), 0.85));
+    maler_.setPen(QPen(farbe::linie, 1.4));
+    maler_.drawLine(QPointF(23, band), QPointF(breite - 23, band));
+    double groesse = 36;
+    while (groesse > 18 && QFontMetricsF(schrift(groesse, true)).horizontalAdvance(name) > breite - 160)
         groesse -= 2;
     maler_.setFont(schrift(groesse, true));
     maler_.setPen(farbe::tinte);
-    maler_.drawText(QRectF(60, 1076, breite - 120, 52), Qt::AlignCenter, name);
-    const QString unten = zweiteZeile.isEmpty() ? was : zweiteZeile + QStringLiteral("  ·  ") + was;
-    beschriften(maler_, {breite / 2.0, 1144}, unten, 22);
+    maler_.drawText(QRectF(60, band + 6, breite - 120, 50), Qt::AlignCenter, name);
+    const QString unten = zweite.isEmpty() ? was : zweite + QStringLiteral("  ·  ") + was;
+    groesse = 21;
+    while (groesse > 13 && QFontMetricsF(schrift(groesse)).horizontalAdvance(unten) > breite - 120)
+        groesse -= 1;
+    beschriften(maler_, {breite / 2.0, band + 78}, unten, groesse);
+}
+
+QRectF Tafel::text(QPointF ort, const QString &worte, double groesse, Qt::Alignment seite, const QColor &f)
+{
+    const QFontMetricsF masse(schrift(groesse));
+    const double b = masse.horizontalAdvance(worte), h = masse.height();
+    const double x = seite & Qt::AlignLeft ? ort.x() : seite & Qt::AlignRight ? ort.x() - b : ort.x() - b / 2;
+    beschriften(maler_, ort, worte, groesse, seite, f.isValid() ? f : farbe::tinte);
+    const QRectF kasten(x, ort.y() - h / 2, b, h);
+    aufriss.text(kasten);
+    return kasten;
+}
+
+double Tafel::absatzhoehe(double b, const QString &worte, double groesse)
+{
+    return QFontMetricsF(schrift(groesse)).boundingRect(QRectF(0, 0, b, 2000), Qt::TextWordWrap, worte).height();
+}
+
+QRectF Tafel::absatz(const QRectF &platz, const QString &worte, double groesse, Qt::Alignment seite)
+{
+    const int wie = int(seite | Qt::AlignTop) | Qt::TextWordWrap;
+    maler_.setFont(schrift(groesse));
+    maler_.setPen(farbe::tinte);
+    QRectF kasten;
+    maler_.drawText(platz, wie, worte, &kasten);
+    aufriss.text(kasten);
+    return kasten;
+}
+
+void Tafel::zeiger(const QLineF &linie, int nummer)
+{
+    maler_.setPen(QPen(durchsichtig(Qt::white, 0.7), 3.2, Qt::SolidLine, Qt::RoundCap));
+    maler_.drawLine(linie);
+    maler_.setPen(QPen(farbe::tinte, 1.3));
+    maler_.drawLine(linie);
+    maler_.setBrush(farbe::tinte);
+    maler_.drawEllipse(linie.p2(), 3.4, 3.4);
+    aufriss.linie(linie, nummer);
+}
+
+void Tafel::massstab(QPointF ort, double pixelJeCm)
+{
+    const double cm = rund(34 / pixelJeCm);
+    const double halb = cm * pixelJeCm / 2;
+    maler_.setPen(QPen(farbe::tinte, 1.2));
+    for (int i = 0; i < 2; ++i) {
+        maler_.setBrush(i ? QBrush(Qt::white) : QBrush(farbe::holz));
+        maler_.drawRect(QRectF(ort.x() + i * halb, ort.y() - 4, halb, 7));
+    }
+    aufriss.text(QRectF(ort.x(), ort.y() - 4, 2 * halb, 7));
+    const QLocale deutsch(QLocale::German);
+    const QString worte = cm < 1 ? deutsch.toString(cm * 10, 'g', 3) + QStringLiteral(" mm") : laengentext(cm / 100);
+    text(ort + QPointF(2 * halb + 10, 0), worte, 17, Qt::AlignLeft);
 }
 
 bool Tafel::speichern(const QString &pfad)
 {
     maler_.end();
     QImageWriter schreiber(pfad, "jpg");
-    schreiber.setQuality(88);
+    schreiber.setQuality(85);
+    schreiber.setOptimizedWrite(true);
+    schreiber.setProgressiveScanWrite(true);
     return schreiber.write(bild_);
 }
 
@@ -79,7 +164,7 @@ QFont schrift(double groesse, bool kursiv, bool fett)
 
 void beschriften(QPainter &p, QPointF ort, const QString &text, double groesse, Qt::Alignment seite, const QColor &f)
 {
-    constexpr double weite = 1400;
+    constexpr double weite = 1500;
     const double x = seite & Qt::AlignLeft ? ort.x() : seite & Qt::AlignRight ? ort.x() - weite : ort.x() - weite / 2;
     p.setFont(schrift(groesse));
     p.setPen(f.isValid() ? f : farbe::blass);
@@ -101,69 +186,47 @@ void schlagschatten(QPainter &p, QPointF mitte, double b, double h)
     p.restore();
 }
 
-void monatsleiste(QPainter &p, QRectF feld, const QString &titel, const std::array<bool, 12> &gesetzt, const QColor &f)
+void Messlatte::zeichnen(Tafel &t) const
 {
-    beschriften(p, {feld.left() - 18, feld.center().y()}, titel, 21, Qt::AlignRight);
-    const double b = feld.width() / 12;
-    for (int m = 0; m < 12; ++m) {
-        const QRectF kasten(feld.left() + m * b + 2, feld.top(), b - 4, feld.height());
-        p.setPen(QPen(gesetzt[size_t(m)] ? umriss(f) : farbe::linie, 1.2));
-        p.setBrush(gesetzt[size_t(m)] ? QBrush(f) : QBrush(durchsichtig(Qt::white, 0.5)));
-        p.drawRoundedRect(kasten, 5, 5);
-        const bool hell = !gesetzt[size_t(m)] || f.lightness() > 120;
-        beschriften(p, kasten.center(), WL_Monate.wort(m + 1).left(1).toString(), 19, Qt::AlignHCenter, hell ? farbe::tinte : QColor(Qt::white));
-    }
-}
-
-void Messlatte::zeichnen(QPainter &p) const
-{
-    const double schritt = teilung(pixelJeMeter);
-    const QRectF latte(null.x() - lattenbreite / 2, y(oben), lattenbreite, null.y() - y(oben));
+    QPainter &p = t.maler();
+    const double schritt = rund(46 / pixelJeMeter), bis = std::abs(laenge);
+    const QRectF latte = QRectF(QPointF(null.x() - lattenbreite / 2, y(bis)), QPointF(null.x() + lattenbreite / 2, null.y())).normalized();
     p.setPen(QPen(umriss(farbe::holz), 1.4));
     p.setBrush(heller(farbe::holz, 0.75));
     p.drawRect(latte);
-    const bool inMetern = oben > 1.0;
-    for (int i = 0; i * schritt <= oben + 1e-9; ++i) {
-        if (i % 2 == 0 && (i + 1) * schritt <= oben + 1e-9)
-            p.fillRect(QRectF(latte.left(), y((i + 1) * schritt), lattenbreite, schritt * pixelJeMeter), durchsichtig(farbe::holz, 0.55));
+    t.aufriss.text(latte);
+    const bool inMetern = bis > 1.0;
+    for (int i = 0; i * schritt <= bis + 1e-9; ++i) {
+        if (i % 2 == 0 && (i + 1) * schritt <= bis + 1e-9)
+            p.fillRect(QRectF(QPointF(latte.left(), y((i + 1) * schritt)), QPointF(latte.right(), y(i * schritt))).normalized(),
+                       durchsichtig(farbe::holz, 0.55));
         p.setPen(QPen(farbe::tinte, 1.2));
-        p.drawLine(QPointF(latte.left() - 8, y(i * schritt)), QPointF(latte.right(), y(i * schritt)));
+        p.drawLine(QPointF(latte.left() - 7, y(i * schritt)), QPointF(latte.right(), y(i * schritt)));
         const QString zahl = QLocale(QLocale::German).toString(i * schritt * (inMetern ? 1 : 100), 'g', 4);
-        beschriften(p, {latte.left() - 14, y(i * schritt)}, zahl, 19, Qt::AlignRight, farbe::tinte);
+        t.text({latte.left() - 12, y(i * schritt)}, zahl, 18, Qt::AlignRight);
     }
-    beschriften(p, {null.x(), null.y() + 22}, inMetern ? QStringLiteral("m") : QStringLiteral("cm"), 19, Qt::AlignHCenter, farbe::tinte);
+    t.text({null.x(), null.y() + (laenge < 0 ? -18 : 18)}, inMetern ? QStringLiteral("m") : QStringLiteral("cm"), 18);
 }
 
-void Messlatte::spanne(QPainter &p, double von, double bis) const
+void Messlatte::spanne(Tafel &t, double von, double bis) const
 {
-    const double x = null.x() + lattenbreite / 2 + 16;
-    const bool offen = bis > oben + 1e-9;
-    const double yBis = offen ? y(oben) - 10 : y(bis);
+    QPainter &p = t.maler();
+    const double x = null.x() + lattenbreite / 2 + 14;
     const QColor f(0x4C, 0x7A, 0x45);
     p.setPen(QPen(f, 3, Qt::SolidLine, Qt::FlatCap));
-    p.drawLine(QPointF(x, y(von)), QPointF(x, yBis));
-    p.drawLine(QPointF(x - 7, y(von)), QPointF(x + 7, y(von)));
-    if (offen) {
-        p.setBrush(f);
-        p.setPen(Qt::NoPen);
-        p.drawPolygon(QPolygonF({{x - 8, yBis}, {x + 8, yBis}, {x, yBis - 15}}));
-    } else {
-        p.drawLine(QPointF(x - 7, yBis), QPointF(x + 7, yBis));
-    }
-    const QString text = von < bis ? laengentext(von) + QStringLiteral(" bis ") + laengentext(bis) : laengentext(bis);
+    p.drawLine(QPointF(x, y(von)), QPointF(x, y(bis)));
+    for (const double m : {von, bis})
+        p.drawLine(QPointF(x - 6, y(m)), QPointF(x + 6, y(m)));
+    t.aufriss.text(QRectF(QPointF(x - 3, y(bis)), QPointF(x + 3, y(von))).normalized());
+    const QString text = von > 0 && von < bis ? laengentext(von) + QStringLiteral(" bis ") + laengentext(bis) : laengentext(bis);
+    const double lang = QFontMetricsF(schrift(18)).horizontalAdvance(text) / 2 + 4;
+    const double mitte = std::clamp((y(von) + y(bis)) / 2, Tafel::rand + lang, Tafel::band - lang - 6);
     p.save();
-    p.translate(x + 20, (y(von) + yBis) / 2);
+    p.translate(x + 20, mitte);
     p.rotate(-90);
-    beschriften(p, {0, 0}, text, 20, Qt::AlignHCenter, f);
+    beschriften(p, {0, 0}, text, 18, Qt::AlignHCenter, f);
     p.restore();
-}
-
-QString zweiteZeile(const Datensatz &pflanze, const QString &familie)
-{
-    QStringList teile{pflanze.text(u"DTNAM"), familie};
-    teile.removeAll(QString());
-    teile.removeAll(pflanze.name());
-    return teile.join(QStringLiteral("  ·  "));
+    t.aufriss.text(QRectF(x + 9, mitte - lang, 22, 2 * lang));
 }
 
 QString laengentext(double meter)

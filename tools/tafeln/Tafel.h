@@ -1,25 +1,62 @@
 #pragma once
 
-#include "Datensatz.h"
-
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
 
-#include <array>
+#include <vector>
 
-/// A sheet of warm paper with frame and caption, 1600 x 1200.
+/* The sheet and what stands where on it. */
+
+/// Boxes and lines of a sheet as they were measured: nothing may lie on anything else.
+class Aufriss
+{
+public:
+    explicit Aufriss(const QRectF &blatt = {}) : blatt_(blatt) {}
+    void text(const QRectF &kasten) { felder_.push_back({Text, kasten, {}, -1}); }
+    /// A drawing; the lines of its number may end on it.
+    void bild(const QRectF &kasten, int nummer) { felder_.push_back({Bild, kasten, {}, nummer}); }
+    void linie(const QLineF &linie, int nummer) { felder_.push_back({Linie, {}, linie, nummer}); }
+    /// What lies on something else or leaves the sheet, counted.
+    int fehler() const;
+
+private:
+    enum Art { Text, Bild, Linie };
+    struct Feld
+    {
+        Art art;
+        QRectF kasten;
+        QLineF linie;
+        int nummer;
+    };
+    static bool stoert(const Feld &a, const Feld &b);
+    QRectF blatt_;
+    std::vector<Feld> felder_;
+};
+
+/// A sheet with frame and a band of fixed height at its foot, 1600 x 1200. Above the band nothing names the plant.
 class Tafel
 {
 public:
     static constexpr int breite = 1600, hoehe = 1200;
-    static constexpr double boden = 1010; ///< where pots stand
+    static constexpr double rand = 40, band = 1066; ///< drawing ends where the band begins
 
-    Tafel();
+    explicit Tafel(bool getoent = false);
     QPainter &maler() { return maler_; }
     void unterschrift(const QString &name, const QString &zweiteZeile, const QString &was);
-    /// False when the file cannot be written.
+    /// One line of text, centred on, right of or left of a point.
+    QRectF text(QPointF ort, const QString &text, double groesse, Qt::Alignment seite = Qt::AlignHCenter, const QColor &farbe = {});
+    /// Text in lines no longer than the place is wide, from its upper edge.
+    QRectF absatz(const QRectF &platz, const QString &text, double groesse, Qt::Alignment seite);
+    static double absatzhoehe(double breite, const QString &text, double groesse);
+    void bild(const QRectF &kasten, int nummer) { aufriss.bild(kasten, nummer); }
+    void zeiger(const QLineF &linie, int nummer);
+    /// A bar of a round length with its label, within 120 pixels from `ort`; `pixelJeCm` of the drawing above it.
+    void massstab(QPointF ort, double pixelJeCm);
+    /// Height of the sheet's image as bytes of a JPEG; false when the file cannot be written.
     bool speichern(const QString &pfad);
+
+    Aufriss aufriss{QRectF(rand - 10, rand - 10, breite - 2 * rand + 20, band - rand + 6)};
 
 private:
     QImage bild_;
@@ -27,24 +64,19 @@ private:
 };
 
 QFont schrift(double groesse, bool kursiv = false, bool fett = false);
-/// Text centred on, right of or left of a point, in the ink of captions.
 void beschriften(QPainter &p, QPointF ort, const QString &text, double groesse, Qt::Alignment seite = Qt::AlignHCenter, const QColor &farbe = {});
 void schlagschatten(QPainter &p, QPointF mitte, double breite, double hoehe);
-/// Months 1 to 12 with those marked that `gesetzt` names.
-void monatsleiste(QPainter &p, QRectF feld, const QString &titel, const std::array<bool, 12> &gesetzt, const QColor &farbe);
 
-/// Rod with marks; `null` is its zero, `pixelJeMeter` its scale, `oben` the height it reaches in metres.
+/// Rod with marks; `null` is its zero, `pixelJeMeter` its scale, `laenge` what it reaches in metres, downwards where negative.
 struct Messlatte
 {
     QPointF null;
-    double pixelJeMeter, oben;
-    void zeichnen(QPainter &p) const;
-    /// Bracket of a span beside the rod; an arrow where the span reaches above it.
-    void spanne(QPainter &p, double von, double bis) const;
-    double y(double meter) const { return null.y() - meter * pixelJeMeter; }
+    double pixelJeMeter, laenge;
+    void zeichnen(Tafel &t) const;
+    /// Bracket of a span beside the rod.
+    void spanne(Tafel &t, double von, double bis) const;
+    double y(double meter) const { return null.y() - (laenge < 0 ? -meter : meter) * pixelJeMeter; }
 };
 
-/// What stands below the botanical name: the German name, where it differs, and the family.
-QString zweiteZeile(const Datensatz &pflanze, const QString &familie);
 /// "35 cm" below one metre, "1,2 m" above.
 QString laengentext(double meter);

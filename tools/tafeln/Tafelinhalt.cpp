@@ -1,68 +1,118 @@
 #include "Tafelinhalt.h"
 
-#include <QStringList>
+#include <algorithm>
 
 namespace {
 
-QStringView blattwort(Aufbau aufbau)
+constexpr size_t meisteOrgane = 6;
+
+constexpr struct
 {
-    switch (aufbau) {
-    case Aufbau::Farn:
-    case Aufbau::Palme:
-    case Aufbau::Palmfarn:
-    case Aufbau::Geweih: return u"Wedel";
-    case Aufbau::Kugelkaktus:
-    case Aufbau::Gliederkaktus: return u"Spross";
-    case Aufbau::Schirm: return u"Halm";
-    case Aufbau::Etagen: return u"Zweige";
-    case Aufbau::NachWuchsform:
-    case Aufbau::Strauch:
-    case Aufbau::Kraut:
-    case Aufbau::Baum:
-    case Aufbau::Eintrieb:
-    case Aufbau::Kletter:
-    case Aufbau::Haenge:
-    case Aufbau::Polster:
-    case Aufbau::Grundblatt:
-    case Aufbau::Rosette:
-    case Aufbau::Baender:
-    case Aufbau::Schwerter:
-    case Aufbau::Trichter:
-    case Aufbau::Schopf:
-    case Aufbau::Sukkulentrosette:
-    case Aufbau::Kannen:
-    case Aufbau::Fallen:
-    case Aufbau::Tentakel: break;
+    Organ organ;
+    QStringView worte;
+} anker[] = {{Organ::Unterseite, u"unterseit"},
+             {Organ::Rinde, u"rinde borke"},
+             {Organ::Zweig, u"knospe"},
+             {Organ::Schnitt, u"fleisch stein kern"},
+             {Organ::Stand, u"dolde traube rispe ähre blütenst kolben quirl"},
+             {Organ::Frucht,
+              u"frucht früchte beere zapfen samen schale schote hülse kelchgrube kelchbauch kelchseit kelchwärts deckfarbe grundfarbe berostung"},
+             {Organ::Bluete, u"blüte krone kelch körbchen zunge hochbl spatha röhr sporn"},
+             {Organ::Blatt, u"blatt blätt laub fieder nadel wedel rosette"},
+             {Organ::Zweig, u"stiel stängel stängl trieb zweig rute stachel dorn"}};
+
+/// A form's title without what stands in brackets: that may name the plant.
+QString beschreibung(const Form &form)
+{
+    return form.titel.section(u'(', 0, 0).trimmed();
+}
+
+QString wort(const Steckbrief &s, Organ organ)
+{
+    const bool nadel = s.ist(u"nadelbaum") || s.ist(u"nadelstrauch");
+    switch (organ) {
+    case Organ::Bluete: return QStringLiteral("Blüte");
+    case Organ::Stand: return QStringLiteral("Blütenstand");
+    case Organ::Frucht: return nadel ? QStringLiteral("Zapfen") : QStringLiteral("Frucht");
+    case Organ::Schnitt: return QStringLiteral("Fruchtschnitt");
+    case Organ::Blatt: return nadel ? QStringLiteral("Nadel") : s.ist(u"farn") || s.ist(u"palme") ? QStringLiteral("Wedel") : QStringLiteral("Blatt");
+    case Organ::Zweig: return s.winterkahl ? QStringLiteral("Winterzweig") : QStringLiteral("Zweig");
+    case Organ::Rinde: return QStringLiteral("Rinde");
+    case Organ::Unterseite:
+    case Organ::Blatt2: break; // a leaf is named already
     }
-    return u"Blatt";
+    return {};
 }
 
 } // namespace
 
-Detailinhalt detailinhalt(const Datensatz &pflanze, const Gestalt &g)
+std::vector<Organ> organe(const Steckbrief &s)
 {
-    const bool farbig = !pflanze.worte(u"FARBEN").isEmpty();
-    const bool gezeichnet = g.bluete != Bluete::Keine || (g.stand != Stand::Keiner && g.stand != Stand::Einzeln);
-    return {.bluete = farbig && gezeichnet, .bluetenfarben = farbig && !gezeichnet,
-            .frucht = g.frucht != Frucht::Keine && !fruchtfarben(pflanze).empty(), .blatt = blattwort(g.aufbau)};
+    std::vector<Organ> da;
+    const auto wenn = [&](bool ja, Organ organ) {
+        if (ja && da.size() < meisteOrgane)
+            da.push_back(organ);
+    };
+    wenn(s.blueht, Organ::Bluete);
+    wenn(true, Organ::Blatt);
+    wenn(s.fruchtet, Organ::Frucht);
+    wenn(s.blueht && s.stand, Organ::Stand);
+    wenn(s.fruchtet && s.fruchtschnitt, Organ::Schnitt);
+    wenn(s.winterkahl, Organ::Zweig);
+    wenn(s.unterseite.isValid(), Organ::Unterseite);
+    wenn(s.blatt2, Organ::Blatt2);
+    wenn(s.sammlung.art.isEmpty() && (s.ist(u"baum") || s.ist(u"nadelbaum") || s.rinde != u"glatt"), Organ::Rinde);
+    std::ranges::sort(da);
+    return da;
 }
 
-QString topfpflanzeDetailtitel(const Datensatz &pflanze)
+std::optional<Organ> organVon(const QString &merkmal, const std::vector<Organ> &gezeichnet)
 {
-    const Detailinhalt inhalt = detailinhalt(pflanze, gestalt(pflanze));
+    // The word that stands first in the mark tells what it is about.
+    qsizetype bester = merkmal.size();
+    std::optional<Organ> wahl;
+    for (const auto &[organ, worte] : anker)
+        for (const QString &w : worte.toString().split(u' '))
+            if (const qsizetype ort = merkmal.indexOf(w, 0, Qt::CaseInsensitive);
+                ort >= 0 && ort < bester && std::ranges::find(gezeichnet, organ) != gezeichnet.end()) {
+                bester = ort;
+                wahl = organ;
+            }
+    return wahl;
+}
+
+QString gesamttitel(const Steckbrief &s)
+{
+    const bool winter = s.winterkahl;
+    const QString wie = s.zeigtBlueten() && s.zeigtFruechte() ? QStringLiteral(" mit Blüten und Früchten")
+        : s.zeigtBlueten()                                    ? QStringLiteral(" in Blüte")
+        : s.zeigtFruechte()                                   ? QStringLiteral(" mit Früchten")
+                                                              : QString();
+    return QStringLiteral("Gesamtansicht") + wie + (winter ? QStringLiteral(" und im Winter") : QString()) + QStringLiteral(", schematisch");
+}
+
+QString detailtitel(const Steckbrief &s)
+{
     QStringList teile;
-    if (inhalt.bluete)
-        teile += QStringLiteral("Blüte");
-    teile += inhalt.blatt.toString();
-    if (inhalt.bluetenfarben)
-        teile += QStringLiteral("Blütenfarbe");
-    if (inhalt.frucht)
-        teile += QStringLiteral("Frucht");
+    for (const Organ organ : organe(s))
+        if (const QString w = wort(s, organ); !w.isEmpty())
+            teile += w;
     const QString letztes = teile.takeLast();
     return (teile.isEmpty() ? letztes : teile.join(QStringLiteral(", ")) + QStringLiteral(" und ") + letztes) + QStringLiteral(", schematisch");
 }
 
-QString apfelDetailtitel(const Datensatz &)
+QString organtitel(const Steckbrief &s, Organ organ)
 {
-    return QStringLiteral("Frucht außen und im Schnitt, schematisch");
+    switch (organ) {
+    case Organ::Bluete: return s.weitereFarben.empty() ? QStringLiteral("Einzelblüte") : QStringLiteral("Einzelblüte, darunter weitere Farben");
+    case Organ::Stand: return QStringLiteral("Blütenstand: %1").arg(beschreibung(*s.stand));
+    case Organ::Frucht: return wort(s, organ);
+    case Organ::Schnitt: return QStringLiteral("Frucht im Längsschnitt");
+    case Organ::Blatt: return QStringLiteral("%1, Oberseite: %2").arg(wort(s, organ), beschreibung(*s.blatt));
+    case Organ::Unterseite: return QStringLiteral("Blatt, Unterseite");
+    case Organ::Blatt2: return QStringLiteral("weiteres Blatt: %1").arg(beschreibung(*s.blatt2));
+    case Organ::Zweig: return s.winterkahl ? QStringLiteral("Zweig im Winter mit Knospen") : QStringLiteral("Zweig");
+    case Organ::Rinde: return QStringLiteral("Rinde des Stammes");
+    }
+    return {};
 }

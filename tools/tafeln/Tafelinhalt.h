@@ -1,20 +1,17 @@
 #pragma once
 
-#include "Gestalt.h"
+#include "Steckbrief.h"
 
 /* What the plates show, and the captions that say so: one answer for the sheets and for the picture rows. */
 
-inline constexpr QStringView gesamttitel = u"Gesamtansicht, schematisch";
+enum class Organ { Bluete, Stand, Frucht, Schnitt, Blatt, Unterseite, Blatt2, Zweig, Rinde };
 
-/// Parts of a potted plant on its second plate.
-struct Detailinhalt
-{
-    bool bluete = false;        ///< a flower or an inflorescence
-    bool bluetenfarben = false; ///< of flowers too small to be drawn the colours alone
-    bool frucht = false;
-    QStringView blatt;          ///< word for what stands for the foliage
-};
-Detailinhalt detailinhalt(const Datensatz &pflanze, const Gestalt &gestalt);
+/// The parts on the second plate, at most six.
+std::vector<Organ> organe(const Steckbrief &s);
+/// The part at which the line of a mark ends: by its words, among those that are drawn. None where it speaks of none of them.
+std::optional<Organ> organVon(const QString &merkmal, const std::vector<Organ> &gezeichnet);
 
-QString topfpflanzeDetailtitel(const Datensatz &pflanze);
-QString apfelDetailtitel(const Datensatz &sorte);
+QString gesamttitel(const Steckbrief &s);
+QString detailtitel(const Steckbrief &s);
+/// What stands below the drawing of a part.
+QString organtitel(const Steckbrief &s, Organ organ);

@@ -1,12 +1,16 @@
-#include "Apfeltafel.h"
-#include "Topfpflanzentafel.h"
+#include "Farben.h"
+#include "Merkmale.h"
+#include "Tafelinhalt.h"
+#include "Tafeln.h"
 
 #include "Zeichenstand.h"
 
 #include "store/Bildnamen.h"
 #include "store/Dateien.h"
 #include "store/Fehler.h"
+#include "tools/RecLeser.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
@@ -17,18 +21,11 @@
 #include <cstdio>
 
 /* tafelmacher DATENBANK ZIELORDNER ORDNER [STANDDATEI [ANFANG]]   draws two plates for every plant of the collection whose pictures
-   stand in ORDNER; with ANFANG only those whose picture name begins so, and all other plates of the folder are removed. STANDDATEI keeps what
-   each plate was drawn from: a plate whose record and drawing code have not changed is not drawn again. */
+   stand in ORDNER; with ANFANG only those whose picture name begins so, and all other plates of the folder are removed. STANDDATEI keeps a line
+   a plant: what its plates were drawn from, what is to be seen on them (both as sums), how many things overlap, the picture name. A plant whose
+   record, forms, marks and drawing code have not changed is not drawn again. */
 
 namespace {
-
-struct Sammlung
-{
-    QStringView tabelle, ordner;
-    bool (*gesamt)(const Datensatz &, const QString &);
-    bool (*detail)(const Datensatz &, const QString &);
-};
-constexpr Sammlung sammlungen[] = {{u"Topfpfl", u"topfpflanzen", topfpflanzeGesamt, topfpflanzeDetail}, {u"Apfel", u"apfel", apfelGesamt, apfelDetail}};
 
 [[noreturn]] void ende(const QString &was)
 {
@@ -36,7 +33,12 @@ constexpr Sammlung sammlungen[] = {{u"Topfpfl", u"topfpflanzen", topfpflanzeGesa
     std::exit(1);
 }
 
-/// What the plates of the last run were drawn from, by picture name.
+QByteArray summe(const QByteArray &text)
+{
+    return QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex();
+}
+
+/// The lines of the last run, by picture name.
 using Stand = QHash<QString, QByteArray>;
 
 Stand standLesen(const QString &pfad)
@@ -46,33 +48,84 @@ Stand standLesen(const QString &pfad)
     if (pfad.isEmpty() || !datei.open(QIODevice::ReadOnly))
         return stand;
     for (const QByteArray &zeile : datei.readAll().split('\n'))
-        if (const qsizetype trenner = zeile.indexOf(' '); trenner > 0)
+        if (const qsizetype trenner = zeile.lastIndexOf(' '); trenner > 0)
             stand.insert(QString::fromUtf8(zeile.mid(trenner + 1)), zeile.left(trenner));
     return stand;
 }
 
+class Zeichner
+{
+public:
+    Zeichner(const Sammlung &sammlung, const QDir &ordner, const Formen &formen, const QHash<QString, QStringList> &merkmale)
+        : sammlung_(sammlung), ordner_(ordner), formen_(formen), merkmale_(merkmale)
+    {
+    }
+
+    /// Draws what has changed and returns the plant's line; `vorher` is that of the last run.
+    QByteArray zeichnen(const Datensatz &pflanze, const QString &stamm, const QByteArray &vorher) const
+    {
+        const Steckbrief s(pflanze, sammlung_, formen_);
+        QStringList merkmale = merkmale_.value(sammlung_.tabelle.toString() + u' ' + pflanze.text(u"ARTNR"));
+        if (merkmale.isEmpty())
+            merkmale = s.kennzeichen();
+        QByteArray zusatz = QByteArray(zeichenstand) + s.aussehen() + merkmale.join(u'\n').toUtf8();
+        for (const Form *f : {s.blatt, s.blatt2, s.bluete, s.stand, s.frucht, s.fruchtschnitt, s.fruchtstand})
+            zusatz += f ? formtext(*f, 0) : QByteArray();
+        const QByteArray quelle = pflanze.summe(zusatz);
+        const QString gesamt = ordner_.filePath(stamm + QStringLiteral(".jpg")), detail = ordner_.filePath(stamm + QStringLiteral("-detail.jpg"));
+        if (vorher.startsWith(quelle) && QFile::exists(gesamt) && QFile::exists(detail))
+            return vorher;
+        const bool getoent = s.blueht && blass(s.anstrich[Rolle::Bluete]);
+        const QString familie = pflanze.familie();
+        QStringList zweite{pflanze.text(u"DTNAM"), familie};
+        zweite.removeAll(QString());
+        zweite.removeAll(pflanze.name());
+        Tafel ganz(getoent), teile(getoent);
+        gesamtMalen(ganz, s, formen_);
+        detailMalen(teile, s, formen_, merkmale);
+        int fehler = 0;
+        for (const auto &[tafel, titel, datei] : {std::tuple(&ganz, gesamttitel(s), gesamt), std::tuple(&teile, detailtitel(s), detail)}) {
+            fehler += tafel->aufriss.fehler();
+            tafel->unterschrift(pflanze.name(), zweite.join(QStringLiteral("  ·  ")), titel);
+            if (!tafel->speichern(datei))
+                ende(QStringLiteral("%1: kann nicht geschrieben werden").arg(datei));
+        }
+        return quelle + ' ' + summe(s.aussehen()) + ' ' + QByteArray::number(fehler);
+    }
+
+private:
+    /// What the source says of a form and of those it contains.
+    QByteArray formtext(const Form &f, int tiefe) const
+    {
+        QByteArray text = f.text;
+        for (const Formteil &teil : f.teile)
+            if (const Form *andere = teil.art == Formteil::Form && tiefe < 4 ? formen_.form(f.gruppe, teil.form) : nullptr)
+                text += formtext(*andere, tiefe + 1);
+        return text;
+    }
+
+    const Sammlung &sammlung_;
+    const QDir ordner_;
+    const Formen &formen_;
+    const QHash<QString, QStringList> &merkmale_;
+};
+
 void zeichnen(Datenbank &db, const QDir &ziel, const Sammlung &sammlung, const QString &standdatei, const QString &anfang)
 {
+    const Formen formen = Formen::laden(QStringLiteral(FLOX_FORMEN));
+    const QHash<QString, QStringList> merkmale = merkmaleLesen(QStringLiteral(FLOX_QUELLEN));
     const Stand vorher = standLesen(standdatei);
     QByteArray jetzt;
     ziel.mkpath(sammlung.ordner.toString());
     const QDir ordner(ziel.filePath(sammlung.ordner.toString()));
+    const Zeichner zeichner(sammlung, ordner, formen, merkmale);
     QSet<QString> gezeichnet;
     for (const Datensatz &pflanze : Datensatz::alle(db, sammlung.tabelle)) {
         const QString stamm = bildname(pflanze.name());
         if (!stamm.startsWith(anfang))
             continue;
-        const QByteArray summe = pflanze.summe(zeichenstand);
-        jetzt += summe + ' ' + stamm.toUtf8() + '\n';
-        for (const auto &[tafel, endung] : {std::pair(sammlung.gesamt, ""), std::pair(sammlung.detail, "-detail")}) {
-            const QString name = stamm + QLatin1String(endung) + QStringLiteral(".jpg");
-            gezeichnet.insert(name);
-            const QString datei = ordner.filePath(name);
-            if (vorher.value(stamm) == summe && QFile::exists(datei))
-                continue;
-            if (!tafel(pflanze, datei))
-                ende(QStringLiteral("%1: kann nicht geschrieben werden").arg(datei));
-        }
+        gezeichnet << stamm + QStringLiteral(".jpg") << stamm + QStringLiteral("-detail.jpg");
+        jetzt += zeichner.zeichnen(pflanze, stamm, vorher.value(stamm)) + ' ' + stamm.toUtf8() + '\n';
     }
     for (const QString &name : ordner.entryList({QStringLiteral("*.jpg")}, QDir::Files))
         if (!gezeichnet.contains(name))
@@ -90,14 +143,17 @@ int main(int anzahl, char **argumente)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication programm(anzahl, argumente);
     const QStringList worte = QGuiApplication::arguments();
-    const auto sammlung = std::ranges::find_if(sammlungen, [&](const Sammlung &s) { return s.ordner == worte.value(3); });
-    if (worte.size() < 4 || worte.size() > 6 || sammlung == std::end(sammlungen))
+    const auto alle = sammlungen();
+    const auto sammlung = std::ranges::find_if(alle, [&](const Sammlung &s) { return s.ordner == worte.value(3); });
+    if (worte.size() < 4 || worte.size() > 6 || sammlung == alle.end())
         ende(QStringLiteral("Aufruf: tafelmacher DATENBANK ZIELORDNER ORDNER [STANDDATEI [ANFANG]]"));
     try {
         const auto db = Datenbank::OpenDatabase(worte[1]);
         zeichnen(*db, QDir(worte[2]), *sammlung, worte.value(4), worte.value(5));
     } catch (const Fehler &fehler) {
         ende(fehler.text());
+    } catch (const Quellfehler &fehler) {
+        ende(fehler.text);
     }
     return 0;
 }

@@ -1,0 +1,152 @@
+#include "Tafeln.h"
+
+#include "Farben.h"
+#include "Stempel.h"
+#include "Zufall.h"
+
+#include <cmath>
+
+namespace {
+
+void risse(QPainter &p, const QRectF &r, Zufall &z, const QColor &dunkel, int anzahl, bool quer, double dick)
+{
+    for (int i = 0; i < anzahl; ++i) {
+        QPointF ort(r.left() + r.width() * z.zahl(), r.top() + r.height() * z.zahl());
+        QPainterPath pfad(ort);
+        const double lang = (quer ? r.width() * 0.14 : r.height() * 0.22) * z.zwischen(0.5, 1.4);
+        for (int j = 0; j < 4; ++j) {
+            ort += quer ? QPointF(lang / 4, z.streuung(1.5)) : QPointF(z.streuung(7), lang / 4);
+            pfad.lineTo(ort);
+        }
+        p.setPen(QPen(dunkel, dick * z.zwischen(0.5, 1.3), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        p.drawPath(pfad);
+    }
+}
+
+void platten(QPainter &p, const QRectF &r, Zufall &z, const QColor &grund, double b, double h, bool rund)
+{
+    for (double y = r.top() - h; y < r.bottom() + h; y += h)
+        for (double x = r.left() - b; x < r.right() + b; x += b) {
+            const QPointF m(x + z.streuung(b * 0.3) + (std::fmod(y, 2 * h) < h ? b / 2 : 0), y + z.streuung(h * 0.25));
+            std::vector<QPointF> punkte;
+            for (int i = 0; i < 7; ++i)
+                punkte.push_back(
+                    m + QPointF(std::cos(i * 0.898) * b * 0.5 * z.zwischen(0.75, 1.1), std::sin(i * 0.898) * h * 0.54 * z.zwischen(0.75, 1.1)));
+            p.setPen(QPen(dunkler(grund, 0.45), 1.4));
+            p.setBrush(z.ganz(2) ? heller(grund, z.zwischen(0, 0.2)) : dunkler(grund, z.zwischen(0, 0.14)));
+            if (rund)
+                p.drawPath(geschlossen(punkte));
+            else
+                p.drawPolygon(punkte.data(), int(punkte.size()));
+        }
+}
+
+void bluest(QPainter &p, QPointF ort, double grad, double groesse, const Steckbrief &s)
+{
+    const bool lang = s.knospe == u"spitz", rund = s.knospe == u"rund", schwarz = s.knospe == u"schwarz";
+    const QColor f = schwarz     ? QColor(0x2E, 0x2A, 0x2C)
+        : s.knospe == u"klebrig" ? QColor(0x7A, 0x35, 0x22)
+        : s.knospe == u"nackt"   ? QColor(0x9A, 0x8E, 0x62)
+                                 : QColor(0x8A, 0x58, 0x3A);
+    const double h = groesse * (lang ? 1.75 : rund ? 0.95 : 1.25), b = groesse * (lang ? 0.3 : rund ? 0.5 : 0.42);
+    p.save();
+    p.translate(ort);
+    p.rotate(90 - grad);
+    QPainterPath ei({-b * 0.6, 0});
+    ei.cubicTo({-b * 1.3, -h * 0.4}, {-b * 0.7, -h * 0.9}, {0, -h});
+    ei.cubicTo({b * 0.7, -h * 0.9}, {b * 1.3, -h * 0.4}, {b * 0.6, 0});
+    ei.closeSubpath();
+    QLinearGradient g(-b, 0, b, 0);
+    g.setColorAt(0, heller(f, 0.3));
+    g.setColorAt(1, dunkler(f, 0.3));
+    p.setBrush(g);
+    p.setPen(QPen(dunkler(f, 0.5), 1.2));
+    p.drawPath(ei);
+    p.setBrush(Qt::NoBrush);
+    for (int i = 0; s.knospe != u"nackt" && i < 3; ++i) { // scales
+        QPainterPath schuppe({-b * (1 - 0.18 * i), -h * (0.12 + 0.24 * i)});
+        schuppe.quadTo(b * 0.1, -h * (0.5 + 0.2 * i), b * (1 - 0.2 * i), -h * (0.1 + 0.26 * i));
+        p.drawPath(schuppe);
+    }
+    p.restore();
+}
+
+} // namespace
+
+void rindeMalen(QPainter &p, const QRectF &platz, const Steckbrief &s)
+{
+    Zufall z(s.rinde, 3);
+    const double seite = std::min(platz.width() * 0.62, platz.height());
+    const QRectF r(platz.center().x() - seite / 2, platz.top(), seite, platz.height());
+    const QColor f = s.rindenfarbe, dunkel = dunkler(f, 0.55);
+    p.save();
+    QPainterPath rahmen;
+    rahmen.addRoundedRect(r, 14, 14);
+    p.setClipPath(rahmen);
+    QLinearGradient g(r.left(), 0, r.right(), 0);
+    g.setColorAt(0, dunkler(f, 0.25));
+    g.setColorAt(0.35, heller(f, 0.18));
+    g.setColorAt(1, dunkler(f, 0.4));
+    p.fillRect(r, g);
+    p.setBrush(Qt::NoBrush);
+    if (s.rinde == u"laengsrissig")
+        risse(p, r, z, dunkel, 110, false, 4);
+    else if (s.rinde == u"gefeldert")
+        platten(p, r, z, f, seite * 0.15, seite * 0.12, false);
+    else if (s.rinde == u"schuppig")
+        platten(p, r, z, f, seite * 0.2, seite * 0.1, true);
+    else if (s.rinde == u"abblaetternd")
+        platten(p, r, z, gemischt(f, QColor(0xC9, 0xC0, 0x90), 0.4), seite * 0.3, seite * 0.24, true);
+    else if (s.rinde == u"ringelig")
+        risse(p, r, z, dunkler(f, 0.45), 70, true, 4);
+    else if (s.rinde == u"weiss")
+        risse(p, r, z, QColor(0x2C, 0x28, 0x26), 34, true, 5);
+    else if (s.rinde == u"streifig")
+        risse(p, r, z, heller(f, 0.7), 60, false, 3);
+    else if (s.rinde == u"korkleisten")
+        risse(p, r, z, heller(f, 0.35), 16, false, 16);
+    else
+        risse(p, r, z, durchsichtig(dunkel, 0.35), 26, true, 1.6);
+    QLinearGradient rundung(r.left(), 0, r.right(), 0);
+    rundung.setColorAt(0, QColor(0, 0, 0, 70));
+    rundung.setColorAt(0.3, QColor(255, 255, 255, 30));
+    rundung.setColorAt(1, QColor(0, 0, 0, 110));
+    p.fillRect(r, rundung);
+    p.restore();
+    p.setPen(QPen(dunkel, 1.4));
+    p.setBrush(Qt::NoBrush);
+    p.drawRoundedRect(r, 14, 14);
+}
+
+void zweigMalen(QPainter &p, const QRectF &r, const Steckbrief &s)
+{
+    const QColor f = gemischt(s.rindenfarbe, QColor(0x7A, 0x4E, 0x38), 0.45);
+    const Kurve k{{r.center().x() - r.width() * 0.06, r.bottom()}, {r.center().x() - r.width() * 0.04, r.bottom() - r.height() * 0.3},
+                  {r.center().x() + r.width() * 0.05, r.top() + r.height() * 0.4}, {r.center().x(), r.top() + r.height() * 0.16}};
+    const double knospe = r.height() * 0.085;
+    stiel(p, k, r.height() * 0.045, r.height() * 0.028, f);
+    const bool paar = s.stellung == u"gegenstaendig";
+    for (int i = 0; i < 5; ++i) {
+        const double t = 0.14 + 0.18 * i;
+        for (int seite = paar ? -1 : i % 2 ? 1 : -1; seite <= (paar ? 1 : i % 2 ? 1 : -1); seite += 2) {
+            const QPointF ort = k.punkt(t) + polar(k.winkel(t) - 90 * seite, r.height() * 0.018);
+            const double grad = k.winkel(t) - seite * 38;
+            bluest(p, ort, grad, knospe, s);
+            p.setPen(QPen(dunkler(f, 0.5), 2)); // leaf scar
+            p.drawLine(ort + QPointF(-6, 5), ort + QPointF(6, 5));
+            if (s.dornen == u"dornen" || s.dornen == u"stacheln") {
+                const QPointF d = k.punkt(t + 0.05) + polar(k.winkel(t) + 90 * seite, r.height() * 0.016);
+                const double lang = s.dornen == u"dornen" ? knospe * 1.6 : knospe * 0.7;
+                p.setPen(QPen(dunkler(f, 0.6), 1));
+                p.setBrush(heller(f, 0.15));
+                const QPointF spitze = d + polar(k.winkel(t) + 70 * seite, lang);
+                p.drawPolygon(QPolygonF({d + QPointF(0, -knospe * 0.2), spitze, d + QPointF(0, knospe * 0.2)}));
+            }
+        }
+    }
+    p.setPen(Qt::NoPen);
+    p.setBrush(heller(f, 0.5));
+    for (int i = 0; i < 16; ++i) // lenticels
+        p.drawEllipse(k.punkt(0.05 + 0.055 * i) + QPointF((i * 7 % 5 - 2) * r.height() * 0.004, 0), 1.6, 2.6);
+    bluest(p, k.punkt(1), k.winkel(1), knospe * 1.35, s);
+}

@@ -1,0 +1,354 @@
+#include "Motiv.h"
+
+#include "Farben.h"
+#include "Zufall.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int groessteTiefe = 5;
+constexpr double grob = 26, fein = 70; ///< sizes in pixels from which a form is shaded, from which it is worked out
+
+QColor mitTon(const QColor &f, double ton)
+{
+    return ton > 0 ? gemischt(f, QColor(255, 255, 225, f.alpha()), ton) : ton < 0 ? gemischt(f, QColor(20, 40, 40, f.alpha()), -ton) : f;
+}
+
+QPen stift(const QColor &f, double breite)
+{
+    return QPen(f, breite, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+}
+
+QPen umrissstift(const QColor &f, double pixel)
+{
+    QPen s = stift(umriss(f), std::clamp(pixel * 0.006, 0.5, 1.7));
+    s.setCosmetic(true);
+    return s;
+}
+
+/// Slender blotch with an uneven edge, along a direction.
+QPainterPath fleck(Zufall &zufall, QPointF mitte, double grad, double laenge, double breite)
+{
+    std::vector<QPointF> punkte;
+    for (int i = 0; i < 9; ++i) {
+        const double w = i * 2 * 3.14159265 / 9, r = zufall.zwischen(0.6, 1.2);
+        punkte.push_back({std::cos(w) * laenge * r, std::sin(w) * breite * r});
+    }
+    QTransform t;
+    t.translate(mitte.x(), mitte.y());
+    t.rotate(grad);
+    return t.map(geschlossen(punkte));
+}
+
+/// The same path in short pieces: a long straight one would stay straight when it is bent.
+QPainterPath zerlegt(const QPainterPath &pfad, const QTransform &lage)
+{
+    constexpr double stueck = 9;
+    QPainterPath neu;
+    for (int i = 0; i < pfad.elementCount(); ++i) {
+        const QPainterPath::Element e = pfad.elementAt(i);
+        const QPointF ziel = lage.map(QPointF(e)), von = neu.currentPosition();
+        if (e.isMoveTo()) {
+            neu.moveTo(ziel);
+        } else if (e.isLineTo()) {
+            const int n = std::max(1, int(QLineF(von, ziel).length() / stueck));
+            for (int j = 1; j <= n; ++j)
+                neu.lineTo(von + (ziel - von) * j / n);
+        } else {
+            const Kurve k{von, ziel, lage.map(QPointF(pfad.elementAt(i + 1))), lage.map(QPointF(pfad.elementAt(i + 2)))};
+            const int n = std::max(1, int(QLineF(k.a, k.d).length() / stueck));
+            for (int j = 1; j <= n && n > 1; ++j)
+                neu.lineTo(k.punkt(double(j) / n));
+            if (n == 1)
+                neu.cubicTo(k.b, k.c, k.d);
+            i += 2;
+        }
+    }
+    neu.setFillRule(pfad.fillRule());
+    return neu;
+}
+
+} // namespace
+
+QTransform lage(QPointF ort, double grad, double laenge, double breite)
+{
+    QTransform t;
+    t.translate(ort.x(), ort.y());
+    t.rotate(90 - grad);
+    t.scale(laenge / 100 * breite, laenge / 100);
+    return t;
+}
+
+Motiv::Motiv(const Formen &formen, const Form &form, const Form *bluete)
+{
+    aufnehmen(formen, form, bluete, {}, 0);
+    rahmenMessen();
+}
+
+void Motiv::aufnehmen(const Formen &formen, const Form &form, const Form *bluete, const QTransform &ort, int tiefe)
+{
+    const int stueck = stuecke_++;
+    for (const Formteil &teil : form.teile) {
+        if (teil.art != Formteil::Form) {
+            const QPointF spitze(0, form.gruppe == Formgruppe::Frucht ? 100 : -100);
+            striche_.push_back({teil.rolle,
+                                form.gruppe,
+                                teil.art == Formteil::Linie ? std::max(0.1, teil.breite) : 0,
+                                teil.pfad,
+                                teil.haelfte(),
+                                ort,
+                                {},
+                                spitze,
+                                stueck});
+            continue;
+        }
+        const QTransform dort = teil.lage * ort;
+        const Form *andere = teil.form == u"*" ? bluete : formen.form(form.gruppe, teil.form);
+        if (andere && tiefe < groessteTiefe)
+            aufnehmen(formen, *andere, bluete, dort, tiefe + 1);
+        else
+            knospe(dort);
+    }
+}
+
+void Motiv::knospe(const QTransform &ort)
+{
+    const int stueck = stuecke_++;
+    QPainterPath krone({-34, 10}), kelch({-36, 14});
+    krone.cubicTo({-48, -50}, {-18, -96}, {0, -100});
+    krone.cubicTo({18, -96}, {48, -50}, {34, 10});
+    krone.closeSubpath();
+    kelch.cubicTo({-42, -16}, {-34, -34}, {-26, -44});
+    kelch.cubicTo({-16, -22}, {-8, -16}, {0, -40});
+    kelch.cubicTo({8, -16}, {16, -22}, {26, -44});
+    kelch.cubicTo({34, -34}, {42, -16}, {36, 14});
+    kelch.cubicTo({20, 30}, {-20, 30}, {-36, 14});
+    striche_.push_back({Rolle::Bluete, Formgruppe::Bluete, 0, krone, {}, ort, {}, {0, -100}, stueck});
+    striche_.push_back({Rolle::Kelch, Formgruppe::Bluete, 0, kelch, {}, ort, {}, {0, -100}, stueck});
+}
+
+void Motiv::rahmenMessen()
+{
+    rahmen_ = {};
+    eigenerRand_ = std::ranges::any_of(striche_, [](const Strich &s) { return s.rolle == Rolle::Rand; });
+    for (const Strich &s : striche_)
+        rahmen_ |= s.lage.map(s.pfad).boundingRect().adjusted(-s.breite / 2, -s.breite / 2, s.breite / 2, s.breite / 2);
+}
+
+QPainterPath Motiv::flaeche(Rolle rolle) const
+{
+    QPainterPath alle;
+    alle.setFillRule(Qt::WindingFill);
+    for (const Strich &s : striche_)
+        if (s.rolle == rolle && s.breite == 0)
+            alle.addPath(s.lage.map(s.pfad));
+    return alle;
+}
+
+Motiv Motiv::verbogen(const std::function<QPointF(QPointF)> &abbildung) const
+{
+    Motiv m = *this;
+    for (Strich &s : m.striche_) {
+        for (QPainterPath *pfad : {&s.pfad, &s.haelfte}) {
+            *pfad = zerlegt(*pfad, s.lage);
+            for (int i = 0; i < pfad->elementCount(); ++i) {
+                const QPointF neu = abbildung(QPointF(pfad->elementAt(i)));
+                pfad->setElementPositionAt(i, neu.x(), neu.y());
+            }
+        }
+        s.fuss = abbildung(s.lage.map(s.fuss));
+        s.spitze = abbildung(s.lage.map(s.spitze));
+        s.breite *= std::sqrt(std::abs(s.lage.determinant()));
+        s.lage = {};
+    }
+    m.rahmenMessen();
+    return m;
+}
+
+Motiv Motiv::gebogen(const Kurve &kurve, double laenge, double breite) const
+{
+    Motiv m = verbogen([&](QPointF q) {
+        const double t = std::clamp(-q.y() / 100, -0.2, 1.2), nah = std::clamp(t, 0.0, 1.0);
+        const double grad = kurve.winkel(nah);
+        return kurve.punkt(nah) + polar(grad, (t - nah) * laenge) + polar(grad - 90, q.x() / 100 * laenge * breite);
+    });
+    for (Strich &s : m.striche_)
+        s.breite *= laenge / 100;
+    return m;
+}
+
+void Motiv::flaecheMalen(QPainter &p, const Strich &s, const Anstrich &a, double pixel, double ton) const
+{
+    const QColor f = mitTon(a[s.rolle], ton);
+    const bool blatt = s.rolle == Rolle::Blatt || s.rolle == Rolle::Blatt2;
+    const bool durchscheinend = s.rolle == Rolle::Schatten || s.rolle == Rolle::Licht;
+    p.setPen(durchscheinend || pixel < 15 ? QPen(Qt::NoPen) : umrissstift(f, pixel));
+    if (pixel < grob || durchscheinend) {
+        p.setBrush(f);
+        p.drawPath(s.pfad);
+    } else if (blatt) {
+        QLinearGradient g(s.fuss, s.spitze);
+        g.setColorAt(0, dunkler(f, 0.14));
+        g.setColorAt(0.45, f);
+        g.setColorAt(1, heller(f, 0.13));
+        p.setBrush(g);
+        p.drawPath(s.pfad);
+    } else if (s.gruppe == Formgruppe::Frucht) {
+        // A body: light from the upper left.
+        const QRectF r = s.pfad.boundingRect();
+        const double radius = std::max(r.width(), r.height()) * 0.75;
+        QRadialGradient g(r.center(), radius, r.topLeft() + QPointF(r.width() * 0.33, r.height() * 0.3));
+        g.setColorAt(0, heller(f, 0.34));
+        g.setColorAt(0.35, f);
+        g.setColorAt(1, dunkler(f, 0.42));
+        p.setBrush(g);
+        p.drawPath(s.pfad);
+    } else {
+        // Petals are deeper towards the throat.
+        QRadialGradient g(s.fuss, QLineF(s.fuss, s.spitze).length() * 1.05);
+        g.setColorAt(0, dunkler(f, blass(f) ? 0.16 : 0.24));
+        g.setColorAt(0.5, f);
+        g.setColorAt(1, heller(f, 0.2));
+        p.setBrush(g);
+        p.drawPath(s.pfad);
+    }
+    if (blatt && pixel >= grob && !s.haelfte.isEmpty()) {
+        p.setPen(Qt::NoPen);
+        p.setBrush(QColor(10, 35, 40, 30));
+        p.drawPath(s.haelfte);
+    }
+    if (s.rolle == Rolle::Blatt && !a.zeichnung.empty())
+        zeichnungMalen(p, s, a, pixel);
+}
+
+void Motiv::linieMalen(QPainter &p, const Strich &s, const Anstrich &a, double pixel, double ton) const
+{
+    const bool ader = s.rolle == Rolle::Ader || s.rolle == Rolle::Bluetenader;
+    if (pixel < (ader ? fein : 14))
+        return;
+    p.setBrush(Qt::NoBrush);
+    const QColor f = mitTon(a[s.rolle], ton);
+    if (s.rolle == Rolle::Rippe && pixel >= fein) { // the midrib lies in a groove
+        p.setPen(stift(QColor(15, 40, 30, 60), s.breite * 2.2));
+        p.drawPath(s.pfad.translated(s.breite * 0.5, 0));
+    }
+    if (s.rolle == Rolle::Ader && pixel >= 2 * fein) { // between the veins the blade bulges
+        p.setPen(stift(QColor(10, 40, 25, 22), s.breite * 3.4));
+        p.drawPath(s.pfad.translated(0, s.breite * 1.1));
+    }
+    p.setPen(stift(f, s.breite));
+    p.drawPath(s.pfad);
+}
+
+void Motiv::zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, double pixel) const
+{
+    // The marking is laid out on a blade of 100 units from foot to tip.
+    const QLineF achse(s.fuss, s.spitze);
+    QTransform blatt;
+    blatt.translate(s.fuss.x(), s.fuss.y());
+    blatt.rotate(90 - achse.angle());
+    blatt.scale(achse.length() / 100, achse.length() / 100);
+    const QPainterPath umrisslinie = blatt.inverted().map(s.pfad);
+    const QRectF r = umrisslinie.boundingRect();
+    p.save();
+    if (pixel >= grob)
+        p.setClipPath(s.pfad, Qt::IntersectClip);
+    p.setTransform(blatt, true);
+    p.setBrush(Qt::NoBrush);
+    Zufall zufall(u"Zeichnung", quint64(s.stueck) + 5);
+    const double halb = r.width() / 2, mitteX = r.center().x();
+    const auto gestreckt = [&](double x, double y) {
+        QTransform t;
+        t.translate(0, r.center().y());
+        t.scale(x, y);
+        t.translate(0, -r.center().y());
+        return t.map(umrisslinie);
+    };
+    for (const auto &[wo, farbton] : a.zeichnung) {
+        if (wo == u"rand" && eigenerRand_)
+            continue; // the form tells where it runs
+        const QColor f = farbton, weich = durchsichtig(farbton, 0.75);
+        p.setPen(Qt::NoPen);
+        if (wo == u"rand") {
+            p.setPen(stift(f, halb * 0.34));
+            p.drawPath(umrisslinie);
+            p.setPen(stift(durchsichtig(f, 0.5), halb * 0.55));
+            p.drawPath(umrisslinie);
+        } else if (wo == u"mitte") {
+            p.setBrush(weich);
+            p.drawPath(gestreckt(0.62, 0.86));
+            p.setBrush(f);
+            p.drawPath(gestreckt(0.44, 0.78));
+            p.setBrush(Qt::NoBrush);
+        } else if (wo == u"ader" || wo == u"fiederstreifen") {
+            const bool breit = wo == u"fiederstreifen";
+            for (int seite : {-1, 1})
+                for (int i = 0; i < 8; ++i) {
+                    const double y = -10 - i * 11.0, laenge = halb * 1.05;
+                    QPainterPath ader(QPointF(0, y));
+                    ader.quadTo({seite * laenge * 0.5, y - laenge * 0.22}, {seite * laenge, y - laenge * 0.75});
+                    p.setPen(stift(breit ? weich : f, breit ? 5.5 : 1.8));
+                    p.drawPath(ader);
+                }
+            p.setPen(stift(f, breit ? 1.5 : 2.6));
+            p.drawLine(QPointF(0, 0), QPointF(0, -95));
+        } else if (wo == u"haelfte") {
+            p.fillRect(QRectF(0, r.top(), r.right(), r.height()), f);
+        } else if (wo == u"flecken" || wo == u"punkte") {
+            const bool klein = wo == u"punkte";
+            p.setBrush(f);
+            for (int i = 0; i < (klein ? 46 : 22); ++i) {
+                const int seite = i % 2 ? 1 : -1;
+                const double x = seite * halb * zufall.zwischen(0.06, 0.95), y = r.top() + r.height() * zufall.zwischen(0.04, 0.98);
+                const double groesse = halb * (klein ? zufall.zwischen(0.03, 0.09) : zufall.zwischen(0.1, 0.26));
+                p.drawPath(fleck(zufall, {mitteX + x, y}, seite * -38, groesse * (klein ? 1.2 : 1.7), groesse * 0.62));
+            }
+            p.setBrush(Qt::NoBrush);
+        } else if (wo == u"streifen") {
+            for (const double x : {0.12, 0.42, 0.72}) {
+                p.setPen(stift(f, halb * 0.16));
+                p.drawPath(gestreckt(x, 1.02));
+            }
+        } else if (wo == u"zone") {
+            p.setPen(stift(durchsichtig(f, 0.6), halb * 0.24));
+            p.drawPath(gestreckt(0.56, 0.56));
+        } else { // basis, spitze
+            const bool unten = wo == u"basis";
+            QLinearGradient g(0, unten ? r.bottom() : r.top(), 0, r.center().y());
+            g.setColorAt(0, f);
+            g.setColorAt(1, durchsichtig(f, 0));
+            p.fillRect(r, g);
+        }
+    }
+    p.restore();
+    p.setBrush(Qt::NoBrush);
+    p.setPen(umrissstift(a[Rolle::Blatt], pixel));
+    if (pixel >= 15)
+        p.drawPath(s.pfad);
+}
+
+void Motiv::malen(QPainter &p, const Anstrich &anstrich, const QTransform &ort, double ton) const
+{
+    const QTransform vorher = p.transform();
+    const double masse = std::sqrt(std::abs((ort * vorher).determinant()));
+    const double ganz = masse * std::max(rahmen_.width(), rahmen_.height());
+    const bool randig = std::ranges::any_of(anstrich.zeichnung, [](const auto &z) { return z.wo == u"rand"; });
+    for (const Strich &s : striche_) {
+        if (s.rolle == Rolle::Rand && !randig)
+            continue;
+        const QTransform hier = s.lage * ort;
+        const QRectF r = s.pfad.controlPointRect();
+        const double pixel = std::sqrt(std::abs(s.lage.determinant())) * masse * std::max(r.width(), r.height());
+        if (pixel < 2.2 || (ganz < grob && s.breite > 0 && s.rolle != Rolle::Stiel))
+            continue;
+        p.setTransform(hier * vorher);
+        const double eigen = std::round((ton + 0.05 * ((s.stueck * 7) % 5 - 2)) * 16) / 16; // few tones keep the cache of gradients effective
+        if (s.breite > 0)
+            linieMalen(p, s, anstrich, pixel, eigen);
+        else
+            flaecheMalen(p, s, anstrich, pixel, eigen);
+    }
+    p.setTransform(vorher);
+}

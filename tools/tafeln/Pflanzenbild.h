@@ -1,0 +1,92 @@
+#pragma once
+
+#include "Steckbrief.h"
+#include "Zufall.h"
+
+/* Where a habit is put together. The foot of the plant is 0,0, y grows downwards. Parts are collected with their depth (-1 behind, 0 middle,
+   1 in front, above 1 flowers) and painted from back to front; what they will cover is known before. */
+
+/// A direction in space as it looks from the front and a little above.
+struct Blickrichtung
+{
+    Blickrichtung(double umlauf, double steigung);
+    double grad, laenge, tiefe; ///< on the sheet; shortened to; 1 towards the viewer
+};
+
+/// Shoots of a woody plant and the places of their leaves.
+struct Geruest
+{
+    struct Ast
+    {
+        Kurve kurve;
+        double unten, oben;
+        int ordnung;
+    };
+    struct Spitze
+    {
+        QPointF ort;
+        double grad;
+    };
+    std::vector<Ast> aeste;
+    std::vector<Spitze> spitzen;
+};
+
+class Pflanzenbild
+{
+public:
+    Pflanzenbild(const Steckbrief &s, const Formen &formen, double pixelJeMeter, bool winter = false);
+
+    void bauen();
+    void malen(QPainter &p);
+    /// Box of all that is painted, of the plant without its pot.
+    QRectF kasten() const { return kasten_; }
+    QRectF pflanzenkasten() const { return pflanze_; }
+
+    // What habits are made of.
+    void blatt(QPointF ort, double grad, double laenge, double ebene, double breite = 1);
+    void bandblatt(const Kurve &k, double breite, double ebene);
+    /// Stalk and blade; returns where the blade begins.
+    QPointF gestielt(QPointF fuss, double grad, double stiellaenge, double neigung, double laenge, double ebene, double breite = 1);
+    void trieb(const Kurve &k, double unten, double oben, const QColor &farbe, double ebene);
+    /// Leaves along a shoot as the plant sets them.
+    void beblaettern(const Kurve &k, double von, double bis, double laenge, double ebene, double abstand = 0.55);
+    void bluete(QPointF ort, double grad, double ebene);
+    /// Inflorescence where the plant has one, else a flower.
+    void bluehe(QPointF ort, double grad, double ebene, double groesse = 1);
+    /// Flower stalks from the foot of the plant.
+    void schaefte(int anzahl, double hoehe, double streuung);
+    void frucht(QPointF ort, double ebene);
+    void form(const QPainterPath &pfad, const QColor &farbe, double ebene, double strich = 1);
+    void topf(double halbeWeite, double hoehe);
+    void ding(double ebene, const QRectF &kasten, std::function<void(QPainter &)> malen);
+
+    bool bandartig() const { return schlank_ < 0.2; }
+    bool breitbluetig() const { return !s.stand && blueteRund_; }
+    double hoehe() const { return s.hoehe * px; }
+    double bluetenhoehe() const { return s.bluetenhoehe * px; }
+    double halb() const { return s.hoehe * px * s.breite / 2; } ///< half the width
+    double blattlaenge(double kleinste = 9) const;
+    int zahl(int sonst) const { return s.bluetenzahl > 0 ? s.bluetenzahl : sonst; }
+    QColor stielfarbe() const { return s.anstrich[Rolle::Stiel]; }
+
+    const Steckbrief &s;
+    const double px; ///< pixels per metre
+    const bool winter;
+    Zufall zufall;
+
+private:
+    double ton(double ebene) { return 0.13 * std::clamp(ebene, -1.0, 1.0) + zufall.streuung(0.06); }
+
+    Motiv blatt_, blattRechts_, blattLinks_, bluete_, stand_, frucht_;
+    double schlank_ = 1;
+    bool blueteRund_ = true;
+    QRectF kasten_, pflanze_;
+    bool imTopf_ = false;
+    std::vector<std::pair<double, std::function<void(QPainter &)>>> dinge_;
+};
+
+/// A habit: puts the plant together. Null for a word without one.
+using Wuchs = void (*)(Pflanzenbild &);
+Wuchs wuchsKraut(QStringView wort);
+Wuchs wuchsGehoelz(QStringView wort);
+Wuchs wuchsSonder(QStringView wort);

@@ -1,0 +1,345 @@
+#include "Pflanzenbild.h"
+
+#include "Farben.h"
+
+#include <algorithm>
+#include <cmath>
+
+/* Habits of woody plants, in leaf and in winter. */
+
+namespace {
+
+/// Outline of a crown: half width at a height, both from 0 to 1, and how its branches lie.
+struct Kronenform
+{
+    QStringView wort;
+    double unten, bauch, oben; ///< half width at the foot, at the height of the belly, at the top
+    double bauchhoehe;
+    double steigung;           ///< of the branches, degrees above the horizontal
+    double neigung;            ///< how far they bend down on their way (negative: up)
+    double stamm;              ///< part of the height that is bare below
+};
+constexpr Kronenform kronen[] = {
+    {u"rund", 0.45, 1, 0.35, 0.5, 42, 12, 0.24},    {u"oval", 0.4, 1, 0.2, 0.42, 52, 6, 0.2},      {u"kegel", 0.9, 1, 0.03, 0.1, 22, 14, 0.1},
+    {u"saeule", 0.7, 1, 0.3, 0.35, 74, -6, 0.08},   {u"schirm", 0.3, 1, 0.75, 0.78, 34, 22, 0.42}, {u"breit", 0.6, 1, 0.3, 0.4, 28, 8, 0.2},
+    {u"haengend", 0.8, 1, 0.3, 0.45, 48, 118, 0.24}, {u"vase", 0.2, 1, 0.7, 0.85, 62, -4, 0.12},   {u"bizarr", 0.5, 1, 0.5, 0.6, 36, 30, 0.22},
+    {u"etagen", 0.9, 1, 0.06, 0.12, 6, 4, 0.12},    {u"kugel", 0.55, 1, 0.4, 0.5, 44, 6, 0.5},     {u"flach", 1, 1, 0.8, 0.3, 14, 6, 0.02}};
+
+const Kronenform &krone(const Steckbrief &s)
+{
+    const auto *k = std::ranges::find(kronen, QStringView(s.krone), &Kronenform::wort);
+    return k == std::end(kronen) ? kronen[0] : *k;
+}
+
+double weite(const Kronenform &k, double t)
+{
+    const double u = t < k.bauchhoehe ? (k.bauchhoehe - t) / k.bauchhoehe : (t - k.bauchhoehe) / (1 - k.bauchhoehe);
+    const double rand = t < k.bauchhoehe ? k.unten : k.oben;
+    return rand + (k.bauch - rand) * std::sqrt(std::max(0.0, 1 - u * u * (k.wort == u"kegel" || k.wort == u"etagen" ? 1.9 - 0.9 * u : 1)));
+}
+
+/// Twigs on both sides of a branch, down to the last order.
+void verzweigen(Pflanzenbild &b, Geruest &g, const Kurve &k, double dick, int ordnung, int letzte, double neigung)
+{
+    g.aeste.push_back({k, dick, dick * 0.42, ordnung});
+    const double laenge = k.laenge();
+    if (ordnung >= letzte || laenge < 14) {
+        for (const double t : {0.55, 0.8, 1.0})
+            g.spitzen.push_back({k.punkt(t), k.winkel(t)});
+        return;
+    }
+    const int n = std::clamp(int(laenge / 32), 2, 5);
+    for (int i = 0; i <= n; ++i) {
+        const double t = 0.3 + 0.7 * i / n;
+        const double ab = i == n ? b.zufall.streuung(8) : (i % 2 ? 1 : -1) * b.zufall.zwischen(26, 52);
+        const double kurz = laenge * (i == n ? 0.34 : 0.5 * (1.15 - t * 0.55)) * b.zufall.zwischen(0.75, 1.1);
+        verzweigen(b, g, Kurve::bogen(k.punkt(t), k.winkel(t) + ab, kurz, neigung * 0.7), std::max(0.9, dick * 0.5 * (1.1 - 0.5 * t)), ordnung + 1,
+                   letzte, neigung);
+    }
+}
+
+Geruest baumgeruest(Pflanzenbild &b, double stammanteil)
+{
+    Geruest g;
+    const Kronenform &form = krone(b.s);
+    const double h = b.hoehe(), halb = b.halb(), unten = h * stammanteil;
+    const double dick = std::clamp(h * 0.045, 5.0, 34.0);
+    const double schief = form.wort == u"bizarr" ? 14 : 2;
+    const Kurve stamm = Kurve::bogen({0, 0}, 90 + b.zufall.streuung(schief), h * 0.93, schief);
+    g.aeste.push_back({stamm, dick, dick * 0.12, 0});
+    const int n = std::clamp(int(9 + 5 * h / (halb + 1)), 11, 20);
+    for (int i = 0; i < n; ++i) {
+        const double t = double(i) / (n - 1), y = (unten + (h - unten) * (0.02 + 0.86 * t)) / (h * 0.93);
+        const int seite = i % 2 ? 1 : -1;
+        const QPointF fuss = stamm.punkt(std::min(0.97, y));
+        const double steig = form.steigung + (84 - form.steigung) * t * t + b.zufall.streuung(7);
+        // The outline of the crown is met where the branch ends.
+        const double laenge = std::max(h * 0.05, halb * weite(form, std::min(1.0, t + 0.12)) / std::max(0.45, std::cos(steig * 0.0174533)) * 0.72);
+        verzweigen(b, g, Kurve::bogen(fuss, seite > 0 ? steig : 180 - steig, std::min(laenge, (h - unten) * 0.62), form.neigung),
+                   dick * 0.42 * (1 - 0.6 * t), 1, 3, form.neigung);
+    }
+    return g;
+}
+
+Geruest strauchgeruest(Pflanzenbild &b)
+{
+    Geruest g;
+    const Kronenform &form = krone(b.s);
+    const double h = b.hoehe(), halb = b.halb();
+    const int n = std::clamp(int(7 + 2 * b.s.breite), 7, 13);
+    for (int i = 0; i < n; ++i) {
+        const double seite = -1 + 2.0 * i / (n - 1);
+        const double oben = form.wort == u"flach" ? 0.75 : 1 - 0.3 * seite * seite;
+        const QPointF fuss(seite * halb * 0.12, 0), ziel(seite * halb * 0.86, -h * oben * 0.86);
+        const double laenge = std::hypot(ziel.x() - fuss.x(), ziel.y() - fuss.y()) * 0.86;
+        const double grad = QLineF(fuss, ziel).angle() + (form.neigung > 60 ? -seite * -22 : seite * 6);
+        verzweigen(b, g, Kurve::bogen(fuss, grad > 200 ? grad - 360 : grad, laenge, std::abs(seite) * form.neigung * 0.6),
+                   std::clamp(h * 0.022, 2.4, 9.0), 1, 3, form.neigung * 0.3);
+    }
+    return g;
+}
+
+QColor holzfarbe(const Steckbrief &s)
+{
+    return gemischt(s.rindenfarbe, QColor(0x7E, 0x70, 0x60), 0.45);
+}
+
+void geruestMalen(Pflanzenbild &b, const Geruest &g)
+{
+    for (const auto &ast : g.aeste)
+        b.trieb(ast.kurve, ast.unten, std::max(0.8, ast.oben),
+                ast.ordnung > 2 ? gemischt(holzfarbe(b.s), QColor(0x7A, 0x5A, 0x44), 0.4) : holzfarbe(b.s), -0.2 - 0.1 * (3 - ast.ordnung));
+}
+
+/// Marks of the bark on the trunk.
+void rindeMalen(Pflanzenbild &b, const Kurve &stamm, double dick, double bis)
+{
+    const QString art = b.s.rinde;
+    if (art == u"glatt" || dick < 8)
+        return;
+    const QColor strich = art == u"weiss" ? QColor(0x38, 0x32, 0x2E) : dunkler(b.s.rindenfarbe, 0.45);
+    for (int i = 0; i < 16; ++i) {
+        const double t = bis * b.zufall.zahl();
+        const QPointF ort = stamm.punkt(t) + QPointF(b.zufall.streuung(dick * 0.26) * (1 - t * 0.5), 0);
+        const bool quer = art == u"weiss" || art == u"ringelig";
+        QPainterPath p(ort);
+        p.lineTo(ort + (quer ? QPointF(b.zufall.zwischen(1, dick * 0.16), 0) : QPointF(b.zufall.streuung(1.5), b.zufall.zwischen(5, 14))));
+        b.ding(-0.15, p.boundingRect(), [p, strich](QPainter &m) {
+            m.setPen(QPen(strich, 1.3));
+            m.setBrush(Qt::NoBrush);
+            m.drawPath(p);
+        });
+    }
+}
+
+/// Leaves at all twigs over a darker ground, lit from the upper left; flowers and fruits among them.
+void belauben(Pflanzenbild &b, const Geruest &g)
+{
+    if (b.winter)
+        return;
+    const double h = b.hoehe(), blade = std::clamp(b.blattlaenge(11), 11.0, h * 0.3);
+    const QColor tief = dunkler(b.s.anstrich[Rolle::Blatt], 0.4);
+    QRectF r;
+    for (const auto &spitze : g.spitzen)
+        r |= QRectF(spitze.ort - QPointF(1, 1), QSizeF(2, 2));
+    const size_t soll = size_t(std::clamp(r.width() * r.height() / (blade * blade) * 4.2, 200.0, 2200.0));
+    const double schritt = std::max(1.0, double(g.spitzen.size()) / 260);
+    for (double i = 0; i < double(g.spitzen.size()); i += schritt) {
+        const double w = std::clamp(blade * 0.9, 9.0, 34.0);
+        b.form(ellipse(g.spitzen[size_t(i)].ort, w * b.zufall.zwischen(0.8, 1.3), w * b.zufall.zwischen(0.6, 1)), durchsichtig(tief, 0.75), -0.1, 0);
+    }
+    const int je = std::max(1, int(soll / std::max<size_t>(1, g.spitzen.size())) + 1);
+    const size_t jeder = std::max<size_t>(1, g.spitzen.size() * size_t(je) / std::max<size_t>(soll, 1));
+    for (size_t i = 0; i < g.spitzen.size(); i += jeder)
+        for (int j = 0; j < je; ++j) {
+            const auto &[ort, grad] = g.spitzen[i];
+            const QPointF hin = ort + polar(b.zufall.zwischen(0, 360), blade * b.zufall.zwischen(0, 0.6));
+            const double licht = ((r.center().x() - hin.x()) / std::max(1.0, r.width()) + (r.center().y() - hin.y()) / std::max(1.0, r.height()));
+            b.blatt(hin, grad + b.zufall.streuung(65) - (krone(b.s).neigung > 60 ? 0 : 12), blade * b.zufall.zwischen(0.8, 1.1),
+                    std::clamp(licht * 0.9 + b.zufall.streuung(0.35), -1.0, 0.95), b.zufall.zwischen(0.6, 1));
+        }
+    const int blueten = b.s.zeigtBlueten() ? b.zahl(b.s.stand ? 42 : 60) : 0;
+    for (int i = 0; i < blueten && !g.spitzen.empty(); ++i) {
+        const auto &[ort, grad] = g.spitzen[size_t(b.zufall.ganz(int(g.spitzen.size())))];
+        b.bluehe(ort, b.s.stand ? (krone(b.s).neigung > 60 ? grad : 90 + (grad - 90) * 0.5) : 90, 1.2 + b.zufall.streuung(0.1), 0.9);
+    }
+    const int fruechte = b.s.zeigtFruechte() ? b.zahl(46) : 0;
+    for (int i = 0; i < fruechte && !g.spitzen.empty(); ++i)
+        b.frucht(g.spitzen[size_t(b.zufall.ganz(int(g.spitzen.size())))].ort, 1.05);
+}
+
+void baumMit(Pflanzenbild &b, double stamm)
+{
+    const Geruest g = baumgeruest(b, stamm);
+    geruestMalen(b, g);
+    rindeMalen(b, g.aeste.front().kurve, g.aeste.front().unten, std::max(0.3, stamm));
+    belauben(b, g);
+}
+
+void baum(Pflanzenbild &b)
+{
+    baumMit(b, krone(b.s).stamm);
+}
+
+void obstbaum(Pflanzenbild &b)
+{
+    baumMit(b, 0.3);
+}
+
+void strauch(Pflanzenbild &b)
+{
+    const Geruest g = strauchgeruest(b);
+    geruestMalen(b, g);
+    belauben(b, g);
+}
+
+/// Twig with needles on both sides, or a spray of the leaf form.
+void nadelzweig(Pflanzenbild &b, const Kurve &k, double dick, double nadel, double ebene)
+{
+    b.trieb(k, dick, std::max(0.9, dick * 0.4), gemischt(holzfarbe(b.s), QColor(0x6A, 0x58, 0x3C), 0.4), ebene - 0.05);
+    if (!b.bandartig() && b.blattlaenge() > 1)
+        return b.beblaettern(k, 0.15, 1, nadel * 2.4, ebene, 0.42);
+    const double laenge = k.laenge();
+    const int n = std::clamp(int(laenge / 3.2), 6, 60);
+    QPainterPath nadeln;
+    for (int i = 0; i <= n; ++i) {
+        const double t = 0.06 + 0.94 * i / n, grad = k.winkel(t);
+        for (int seite : {-1, 1}) {
+            nadeln.moveTo(k.punkt(t));
+            nadeln.lineTo(k.punkt(t) + polar(grad + seite * b.zufall.zwischen(30, 62), nadel * b.zufall.zwischen(0.8, 1.1)));
+        }
+    }
+    const QColor f = b.s.anstrich[Rolle::Blatt];
+    const QColor ton = b.zufall.ganz(2) ? dunkler(f, 0.18 - 0.1 * ebene) : heller(f, 0.08 + 0.06 * ebene);
+    b.ding(ebene, nadeln.boundingRect(), [nadeln, ton](QPainter &p) {
+        p.setPen(QPen(ton, 1.5, Qt::SolidLine, Qt::RoundCap));
+        p.setBrush(Qt::NoBrush);
+        p.drawPath(nadeln);
+    });
+}
+
+void nadelast(Pflanzenbild &b, const Kurve &k, double dick, double nadel, double ebene)
+{
+    nadelzweig(b, k, dick, nadel, ebene);
+    const double laenge = k.laenge();
+    const int n = std::clamp(int(laenge / 16), 2, 13);
+    for (int i = 0; i < n; ++i) {
+        const double t = 0.18 + 0.8 * i / n;
+        const double ab = (i % 2 ? 1 : -1) * b.zufall.zwischen(34, 58);
+        nadelzweig(b, Kurve::bogen(k.punkt(t), k.winkel(t) + ab, laenge * 0.34 * (1.25 - t), 14), std::max(0.9, dick * 0.4), nadel,
+                   ebene + b.zufall.streuung(0.12));
+    }
+}
+
+void nadelbaum(Pflanzenbild &b)
+{
+    const Kronenform &form = krone(b.s);
+    const double h = b.hoehe(), halb = b.halb(), dick = std::clamp(h * 0.035, 4.0, 26.0);
+    const Kurve stamm = Kurve::bogen({0, 0}, 90, h * 0.97, 1);
+    b.trieb(stamm, dick, dick * 0.1, holzfarbe(b.s), -0.6);
+    rindeMalen(b, stamm, dick, form.stamm + 0.1);
+    const bool etagen = form.wort == u"etagen";
+    const int n = etagen ? 8 : std::clamp(int(h / 22), 14, 34);
+    const double nadel = std::clamp(b.blattlaenge(5), 5.0, 24.0);
+    for (int i = 0; i < n; ++i) {
+        const double t = double(i) / n, y = form.stamm * 0.6 + (1 - form.stamm * 0.6) * t * 0.97;
+        for (int j = 0; j < (etagen ? 5 : 4); ++j) {
+            const double steig = form.steigung + 46 * t * t - 8 + b.zufall.streuung(8);
+            const double quer = j < 2 ? 1.0 : b.zufall.zwischen(0.35, 0.8);
+            const double laenge = std::max(h * 0.035, halb * weite(form, std::min(1.0, y + 0.04)) * quer);
+            const QPointF fuss = stamm.punkt(std::min(0.98, y + (etagen ? 0 : b.zufall.streuung(0.015))));
+            const double grad = j % 2 ? steig : 180 - steig;
+            nadelast(b, Kurve::bogen(fuss, grad, laenge, form.neigung), std::max(1.0, dick * 0.22 * (1 - t)), nadel, j < 2 ? -0.2 : 0.3);
+        }
+    }
+    for (int i = 0; b.s.zeigtFruechte() && i < b.zahl(14); ++i) {
+        const double t = b.zufall.zwischen(0.3, 0.92);
+        b.frucht({b.zufall.streuung(halb * weite(form, t) * 0.8), -h * t}, 1.1);
+    }
+}
+
+void nadelstrauch(Pflanzenbild &b)
+{
+    const double h = b.hoehe(), halb = b.halb(), nadel = std::clamp(b.blattlaenge(5), 5.0, 20.0);
+    const bool flach = krone(b.s).wort == u"flach";
+    const int n = 19;
+    for (int i = 0; i < n; ++i) {
+        const double seite = -1 + 2.0 * i / (n - 1);
+        const double grad = 90 - seite * (flach ? 84 : 66);
+        const double laenge = std::min(halb / std::max(0.12, std::abs(std::cos(grad * 0.01745))), h / std::max(0.12, std::sin(grad * 0.01745)));
+        nadelast(b, Kurve::bogen({seite * halb * 0.15, 0}, grad, laenge * b.zufall.zwischen(0.8, 0.98), 8), 3.5, nadel, b.zufall.streuung(0.8));
+        nadelast(b, Kurve::bogen({seite * halb * 0.15, 0}, grad + b.zufall.streuung(14), laenge * b.zufall.zwischen(0.45, 0.7), 8), 3, nadel, 0.5);
+    }
+    for (int i = 0; b.s.zeigtFruechte() && i < b.zahl(14); ++i)
+        b.frucht({b.zufall.streuung(halb * 0.7), -h * b.zufall.zwischen(0.2, 0.7)}, 1.1);
+}
+
+void geruestLatten(Pflanzenbild &b, double halb, double h)
+{
+    for (const double x : {-0.75, -0.25, 0.25, 0.75})
+        b.trieb(Kurve::bogen({x * halb, 0}, 90, h, 0), 4, 4, heller(farbe::holz, 0.2), -2);
+    for (int i = 1; i <= 4; ++i)
+        b.trieb({{-halb * 0.85, -h * i / 4.4}, {-halb * 0.3, -h * i / 4.4}, {halb * 0.3, -h * i / 4.4}, {halb * 0.85, -h * i / 4.4}}, 3, 3,
+                heller(farbe::holz, 0.35), -2.1);
+}
+
+void kletternd(Pflanzenbild &b)
+{
+    const double h = b.hoehe(), halb = std::max(b.halb(), h * 0.2), blade = std::clamp(b.blattlaenge(14), 14.0, h * 0.2);
+    geruestLatten(b, halb, h);
+    const QColor holz = b.s.sammlung.imTopf || !b.s.verholzt() ? b.stielfarbe() : holzfarbe(b.s);
+    for (int i = 0; i < 6; ++i) {
+        const double seite = -1 + 2.0 * i / 5;
+        QPointF ort(seite * halb * 0.25, 0);
+        double richtung = 90 - seite * 16;
+        const double laenge = h * b.zufall.zwischen(0.82, 1.0) / 5;
+        for (int stueck = 0; stueck < 5; ++stueck) {
+            const Kurve k = Kurve::bogen(ort, richtung + (stueck % 2 ? 16 : -16), laenge, 8);
+            b.trieb(k, std::max(1.8, 5.0 - stueck), std::max(1.4, 4.0 - stueck), holz, -0.3);
+            if (!b.winter) {
+                b.beblaettern(k, 0.05, 1, blade, b.zufall.streuung(0.5), 0.62);
+                for (const double t : {0.25, 0.7}) {
+                    const double zur = k.winkel(t) + (stueck % 2 ? 75 : -75);
+                    if (stueck > 0 && (stueck + i) % 2 == 0)
+                        b.bluehe(k.punkt(t) + polar(zur, blade * 0.3), b.s.stand && b.s.stand->name.contains(u"haengend") ? -90 : zur, 1.2, 0.8);
+                }
+                if (stueck > 0 && i % 2)
+                    b.frucht(k.punkt(0.5), 1.15);
+            }
+            ort = k.punkt(1);
+            richtung = 90 - seite * 12 + b.zufall.streuung(10);
+        }
+    }
+}
+
+void ruten(Pflanzenbild &b)
+{
+    const double h = b.hoehe();
+    for (int i = 0; i < 7; ++i) {
+        const double seite = -1 + i / 3.0;
+        const Kurve k = Kurve::bogen({seite * b.halb() * 0.35, 0}, 90 - seite * 9, h * b.zufall.zwischen(0.88, 1.05), 28 + 20 * std::abs(seite));
+        b.trieb(k, 5, 2, holzfarbe(b.s), -0.3);
+        if (b.winter)
+            continue;
+        const double blade = std::min(b.blattlaenge(14), h * 0.16);
+        b.beblaettern(k, 0.25, 1, blade, b.zufall.streuung(0.5), 0.5);
+        for (int j = 0; j < 6; ++j) {
+            const double t = 0.5 + 0.09 * j, zur = k.winkel(t) + (j % 2 ? 70 : -70);
+            const Kurve kurz = Kurve::bogen(k.punkt(t), zur, h * 0.06, 70);
+            b.trieb(kurz, 1.8, 1.2, b.stielfarbe(), 1);
+            b.frucht(kurz.punkt(1), 1.2);
+        }
+    }
+}
+
+constexpr std::pair<QStringView, Wuchs> woerter[]
+    = {{u"baum", baum},           {u"obstbaum", obstbaum},         {u"strauch", strauch},     {u"zwergstrauch", strauch}, {u"beerenstrauch", strauch},
+       {u"nadelbaum", nadelbaum}, {u"nadelstrauch", nadelstrauch}, {u"kletternd", kletternd}, {u"rebe", kletternd},       {u"ruten", ruten}};
+
+} // namespace
+
+Wuchs wuchsGehoelz(QStringView wort)
+{
+    const auto *w = std::ranges::find(woerter, wort, [](const auto &eintrag) { return eintrag.first; });
+    return w == std::end(woerter) ? nullptr : w->second;
+}
