@@ -300,11 +300,26 @@ void Pflanzendaten::bilderEintragen()
     }
 }
 
+/// Rows that are taken from another collection name that one's plates.
+void Pflanzendaten::bilderDerHerkunft()
+{
+    QStringList spalten;
+    for (const char haelfte : {'G', 'D'})
+        spalten += {QStringLiteral("\"%1\"").arg(bildspalte(haelfte, 1)), QStringLiteral("\"%1\"").arg(bildbemerkungsspalte(haelfte, 1))};
+    for (const SpartenEintrag &zeile : alleSparten())
+        for (const Herkunft &herkunft : zeile.herkuenfte)
+            db_->Execute(QStringLiteral("UPDATE %1 SET (%2) = (SELECT %2 FROM %3 WHERE %3.ARTNR = %1.ARTNR) WHERE ARTNR IN (SELECT ARTNR FROM %4 WHERE %5 = ?)")
+                             .arg(zeile.bildtabelle, spalten.join(QStringLiteral(", ")), eintrag(herkunft.sparte).bildtabelle, zeile.haupttabelle,
+                                  QLatin1String(zeile.herkunftsfeld)),
+                         {herkunft.wert.toString()});
+}
+
 void Pflanzendaten::abschliessen()
 {
     for (const Tabelle &tabelle : schema::haupttabellen())
         db_->Execute(QStringLiteral("INSERT INTO %1_Bilder (ARTNR, BotName) SELECT ARTNR, BOT_NAME FROM %1").arg(QLatin1String(tabelle.name)));
     bilderEintragen();
+    bilderDerHerkunft();
     transaktion_.festschreiben();
     db_->Execute(QStringLiteral("ANALYZE"));
 }

@@ -33,6 +33,7 @@ private:
     void pflanze(const RecSatz &satz, const Tabelle &tabelle);
     void bildnamePruefen(const RecSatz &satz, const QString &name);
     void bilderEintragen();
+    void bilderDerHerkunft();
     QVariant wert(const RecSatz &satz, const RecFeld &feld, const Spalte &spalte);
 
     std::shared_ptr<Datenbank> db_;

@@ -179,7 +179,8 @@ void Steckbrief::formenWaehlen(const Formen &formen)
     frucht = f.isEmpty() ? nullptr : formen.form(Formgruppe::Frucht, f);
     fruchtschnitt = f.isEmpty() ? nullptr : formen.form(Formgruppe::Frucht, f + QStringLiteral("-schnitt"));
     fruchtstand = formen.form(Formgruppe::Frucht, wort("Fruchtstand", ""));
-    const bool farbig = felder_.contains(QStringLiteral("Bluetenfarbe")) || !pflanze.worte(sammlung.bluetenfarbe).isEmpty();
+    // A record that tells no colour tells of a plant without flowers, whatever its genus has elsewhere: the ivy in a pot.
+    const bool farbig = sammlung.bluetenfarbe.isEmpty() ? felder_.contains(QStringLiteral("Bluetenfarbe")) : !pflanze.worte(sammlung.bluetenfarbe).isEmpty();
     blueht = farbig && bluete && wort("Bluete", "") != u"keine";
     fruchtet = frucht && (felder_.contains(QStringLiteral("Fruchtfarbe")) || !pflanze.worte(sammlung.fruchtfarbe).isEmpty());
 }

@@ -65,9 +65,10 @@ int Aufriss::fehler() const
     return anzahl;
 }
 
-Tafel::Tafel(bool getoent) : bild_(breite, hoehe, QImage::Format_RGB32), maler_(&bild_)
+Tafel::Tafel(bool getoent) : bild_(int(breite * bildmass), int(hoehe * bildmass), QImage::Format_RGB32), maler_(&bild_)
 {
-    maler_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    maler_.scale(bildmass, bildmass);
+    maler_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
     papier(maler_, getoent ? farbe::getoent : farbe::papier);
 }
 

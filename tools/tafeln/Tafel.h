@@ -34,11 +34,13 @@ private:
     std::vector<Feld> felder_;
 };
 
-/// A sheet with frame and a band of fixed height at its foot, 1600 x 1200. Above the band nothing names the plant.
+/// A sheet with frame and a band of fixed height at its foot, laid out as 1600 x 1200 and stored at 1280 x 960. Above the band nothing names
+/// the plant.
 class Tafel
 {
 public:
     static constexpr int breite = 1600, hoehe = 1200;
+    static constexpr double bildmass = 0.8; ///< stored pixels to those of the layout: 1,400 plants are to fit on a disk
     static constexpr double rand = 40, band = 1066; ///< drawing ends where the band begins
 
     explicit Tafel(bool getoent = false);
