@@ -90,8 +90,8 @@ void TestFilterdialog::verstellen(uint saat)
 void TestFilterdialog::anfang_data()
 {
     QTest::addColumn<Sparte>("sparte");
-    QTest::newRow("Sparte to") << Sparte::Topf;
-    QTest::newRow("Sparte ap") << Sparte::Apfel;
+    for (const Sparte sparte : spartenMitFilter())
+        QTest::newRow("Sparte " + kuerzel(sparte)) << sparte;
 }
 
 void TestFilterdialog::anfang()

@@ -48,9 +48,7 @@ void TestFilterdialogAnsicht::starten(Sparte sparte)
 
 void TestFilterdialogAnsicht::nichtsZuRollen_data()
 {
-    QTest::addColumn<Sparte>("sparte");
-    QTest::newRow("to") << Sparte::Topf;
-    QTest::newRow("ap") << Sparte::Apfel;
+    jedeSparteMitFilter();
 }
 
 void TestFilterdialogAnsicht::nichtsZuRollen()
@@ -183,7 +181,8 @@ void TestFilterdialogAnsicht::zeilenenden()
             QTEST(feld->text(), "danach");
             ++felder;
         }
-        QCOMPARE(felder, sparte == Sparte::Topf ? 13 : 4);
+        // Text and number boxes, which have a line each in the file.
+        QCOMPARE(felder, int(std::ranges::count_if(dateizeilen(sparte), [](const Dateizeile &zeile) { return zeile.control.startsWith(u"txt"); })));
     }
 }
 

@@ -28,8 +28,10 @@ struct Blattprobe : Druckprobe
     explicit Blattprobe(Sparte sparte = Sparte::Topf, const Werte &werte = {}) : Druckprobe(sparte)
     {
         leeren();
-        for (const QStringView tabelle : {eintrag(Sparte::Topf).synonymBotanisch, eintrag(Sparte::Topf).synonymDeutsch})
-            auftrag.arbeit->Execute(QStringLiteral("DELETE FROM %1").arg(tabelle));
+        for (const SpartenEintrag &eine : alleSparten())
+            for (const QStringView tabelle : {eine.synonymBotanisch, eine.synonymDeutsch})
+                if (!tabelle.isEmpty())
+                    auftrag.arbeit->Execute(QStringLiteral("DELETE FROM %1").arg(tabelle));
         setzen({{QStringLiteral("BOT_NAME"), QStringLiteral("Planta prima")}, {QStringLiteral("DTNAM"), QStringLiteral("Erstpflanze")}});
         setzen(werte);
     }
@@ -45,6 +47,9 @@ struct Blattprobe : Druckprobe
 /// The head of that plant's sheet.
 inline Sollseiten blattanfang(Sparte sparte = Sparte::Topf)
 {
-    return Sollseiten().titel(QStringLiteral("Planta prima"))
-        .eintrag(sparte == Sparte::Apfel ? QStringLiteral("Voller Name") : QString(), QStringLiteral("Erstpflanze"));
+    const QString label = sparte == Sparte::Apfel    ? QStringLiteral("Voller Name")
+                        : sparte == Sparte::Gehoelze ? QStringLiteral("Deutscher Name")
+                        : sparte == Sparte::Obst     ? QStringLiteral("Obstart")
+                                                     : QString();
+    return Sollseiten().titel(QStringLiteral("Planta prima")).eintrag(label, QStringLiteral("Erstpflanze"));
 }

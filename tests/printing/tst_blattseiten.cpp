@@ -246,6 +246,42 @@ void TestBlattseiten::jedePflanze_data()
     }
 }
 
+/// What the letters, marks and numbers of single columns say.
+static QString kodierte(const QString &spalte, const QString &wert)
+{
+    if (spalte == u"pflanzart") {
+        const qsizetype stelle = u"12BHSSZGFW"_s.indexOf(wert.left(1));
+        return WL_Pflanzenart.wort(wert.isEmpty() ? 0 : wert == u"Str" ? 6 : int(stelle) + 1).toString();
+    }
+    if (spalte != u"urteil")
+        return (spalte == u"grobeint" ? WL_GeGrobeinteilung : WL_Geselligkeit).wort(wert.toInt()).toString();
+    QStringList worte;
+    const qsizetype sterne = std::min<qsizetype>(wert.count(u'*'), 3);
+    if (sterne > 0)
+        worte += QStringList{u"wertvolle Sorte"_s, u"sehr wertvolle Sorte"_s, u"vorzügliche Sorte"_s}[sterne - 1];
+    if (wert.contains(u'L'))
+        worte += u"Staude für den Pflanzenliebhaber"_s;
+    if (wert.contains(u'S'))
+        worte += u"wertvolle Schnittstaude"_s;
+    if (wert.contains(u"w!", Qt::CaseInsensitive))
+        worte += u"sehr wertvolle Wildstaude"_s;
+    else if (wert.contains(u'w', Qt::CaseInsensitive))
+        worte += u"wertvolle Wildstaude"_s;
+    return worte.join(u", "_s);
+}
+
+static const Druckliste &druckliste(Sparte sparte)
+{
+    switch (sparte) {
+    case Sparte::Topf: return DL_Topf;
+    case Sparte::Stauden: return DL_Stauden;
+    case Sparte::Gehoelze: return DL_Gehoelze;
+    case Sparte::Apfel: return DL_Apfel;
+    case Sparte::Obst: return DL_Obst;
+    default: qFatal("There is no sheet for Sparte %d.", int(sparte));
+    }
+}
+
 /// Text of a stored value, decoded here once more; empty where nothing is printed.
 static QString worte(Druckprobe &probe, const Spalte &spalte, const QString &wert)
 {
@@ -256,7 +292,11 @@ static QString worte(Druckprobe &probe, const Spalte &spalte, const QString &wer
     };
     switch (spalte.art) {
     case Art::Nummer: return spalte.liste->wort(wert.toInt()).toString();
+    case Art::Code: return kodierte(QLatin1String(spalte.name), wert);
     case Art::Flags:
+        if (spalte.schreibweise == Schreibweise::ZahlOderFlags && wert.size() == 1)
+            return spalte.liste->wort(wert.toInt()).toString();
+        [[fallthrough]];
     case Art::Monate:
     case Art::Eigen:
     case Art::Literatur:
@@ -267,7 +307,7 @@ static QString worte(Druckprobe &probe, const Spalte &spalte, const QString &wer
     case Art::Wahrheit: return wert == u"True" ? spalte.satz.toString() : QString();
     case Art::Zahl: return zahlZeigen(wert);
     case Art::Familie: return familienname(probe.auftrag.arbeit, wert);
-    case Art::Quelle: return u"Botanischer Name laut '%1'"_s.arg(nomenklaturwerk(wert, u"zsnc"));
+    case Art::Quelle: return u"Botanischer Name laut '%1'"_s.arg(nomenklaturwerk(wert, probe.auftrag.sparte == Sparte::Gehoelze ? u"zsngc" : u"zsnc"));
     case Art::Bewertung:
     case Art::Schluessel: return {};
     default: return wert;
@@ -281,12 +321,13 @@ static QString alles(Druckprobe &probe)
     const Tabelle *tabelle = schema::haupttabelle(eintrag(sparte).haupttabelle);
     QString text;
     const auto feld = [&](const QString &name) { return probe.pflanzen->Fields(name).Text(); };
-    for (const short code : (sparte == Sparte::Topf ? DL_Topf : DL_Apfel).folge) {
+    for (const short code : druckliste(sparte).folge) {
         const Spalte &spalte = tabelle->spalten[size_t(code)];
         const QString name = QLatin1String(spalte.name), inhalt = worte(probe, spalte, feld(name));
         if (inhalt.isEmpty())
             continue;
-        if (spalte.art == Art::Zahl) {
+        const bool grenze = name.contains(u"MIN") || name.contains(u"MAX");
+        if (spalte.art == Art::Zahl && grenze) {
             const bool unten = name.contains(u"MIN");
             const QString andere = zahlZeigen(feld(QString(name).replace(unten ? u"MIN"_s : u"MAX"_s, unten ? u"MAX"_s : u"MIN"_s)));
             const QString label = name.startsWith(u"BL") ? u"Blütenhöhe"_s : name.contains(u"HOEHE") ? u"Höhe"_s
@@ -295,14 +336,15 @@ static QString alles(Druckprobe &probe)
                 text += label + (andere.isEmpty() ? u"mind."_s + inhalt : inhalt + u'-' + andere) + spalte.einheit.toString();
             else if (andere.isEmpty())
                 text += label + u"max."_s + inhalt + spalte.einheit.toString();
-        } else if (sparte == Sparte::Topf && name == u"DTNAM") {
+        } else if (!eintrag(sparte).synonymDeutsch.isEmpty() && name == u"DTNAM") {
             const auto synonym = [&](bool deutsch) {
                 return ::synonyme(probe.auftrag.arbeit, eintrag(sparte), probe.pflanzen->Schluessel(), deutsch).join(u',');
             };
             const QString deutsche = synonym(true), botanische = synonym(false);
-            text += inhalt + (deutsche.isEmpty() ? QString() : u',' + deutsche) + (botanische.isEmpty() ? QString() : u"Synonyme"_s + botanische);
+            text += spalte.druckname.toString() + inhalt + (deutsche.isEmpty() ? QString() : u',' + deutsche) + (botanische.isEmpty() ? QString() : u"Synonyme"_s + botanische);
         } else {
-            text += (spalte.art == Art::Quelle || name == u"BOT_NAME" ? QString() : spalte.druckname.toString()) + inhalt;
+            text += (spalte.art == Art::Quelle || name == u"BOT_NAME" ? QString() : spalte.druckname.toString()) + inhalt
+                + (spalte.art == Art::Zahl ? spalte.einheit.toString() : QString());
         }
     }
     return text;

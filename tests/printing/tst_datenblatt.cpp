@@ -15,6 +15,8 @@ private slots:
     void wenigeFelder();
     void vieleFelderTopf();
     void vieleFelderApfel();
+    void blattschmuckZweimal();
+    void obstOhneBewertung();
     void pflanzeAmSchirm();
     void grenzen_data();
     void grenzen();
@@ -157,6 +159,33 @@ void TestDatenblatt::vieleFelderApfel()
     const Druckseiten seiten = probe.blatt();
     QCOMPARE(alleZeilen(seiten), erwartet.zeilen());
     QCOMPARE(blattfehler(seiten, probe.programm), QStringList());
+}
+
+/// A perennial's sheet has the leaves twice and the lime of its soil never.
+void TestDatenblatt::blattschmuckZweimal()
+{
+    Blattprobe probe(Sparte::Stauden, {{u"blaschmuck"_s, u"True"_s}, {u"kalk"_s, u"111"_s}, {u"bfeuchte"_s, flags({1})}, {u"licht"_s, flags({1})},
+                                       {u"duengung"_s, u"2 g/m2"_s}, {u"Quelle"_s, u"n"_s}, {u"abstand"_s, u"5"_s}, {u"bewertung"_s, 9}});
+    const Druckseiten seiten = probe.blatt();
+    const Sollseiten erwartet = Sollseiten().titel(u"Planta prima"_s)
+        .text(15, u"Botanischer Name laut 'Namenliste Stauden'"_s).ende()
+        .eintrag({}, u"Erstpflanze"_s)
+        .eintrag({}, u"Blattschmuckstaude"_s)
+        .eintrag(u"Bodenfeuchte"_s, WL_Bodenfeuchte.wort(1).toString())
+        .eintrag(u"Lichtverträglichkeit"_s, u"sonnig"_s)
+        .eintrag({}, u"Blattschmuckstaude"_s)
+        .eintrag(u"Düngung"_s, u"2 g/m²"_s)
+        .eintrag(u"Pflanzabstand"_s, u"5"_s);
+    QCOMPARE(alleZeilen(seiten), erwartet.zeilen());
+    QCOMPARE(blattfehler(seiten, probe.programm), QStringList());
+}
+
+void TestDatenblatt::obstOhneBewertung()
+{
+    Blattprobe probe(Sparte::Obst, {{u"HK"_s, u"Eur."_s}, {u"SOTBEW"_s, u"gut"_s}, {u"bewertung"_s, 9}, {u"Ausbildung"_s, flags({5})}});
+    QCOMPARE(alleZeilen(probe.blatt()), Sollseiten().titel(u"Planta prima"_s)
+        .eintrag(u"Obstart"_s, u"Erstpflanze"_s).eintrag(u"Herkunft"_s, u"Eur."_s).eintrag(u"Sortenbewertung"_s, u"gut"_s)
+        .eintrag(u"Für Azubis"_s, u"bei Obstbauern"_s).zeilen());
 }
 
 /// The plant that the set stands on is the one printed, and the set stays there; without a plant head and foot remain.
@@ -341,8 +370,8 @@ void TestDatenblatt::quadratmeter()
 void TestDatenblatt::benutzernamen_data()
 {
     QTest::addColumn<Sparte>("sparte");
-    QTest::newRow("to") << Sparte::Topf;
-    QTest::newRow("ap") << Sparte::Apfel;
+    for (const Sparte sparte : spartenMitFenster())
+        QTest::newRow(eintrag(sparte).filter) << sparte;
 }
 
 /// Each Sparte has its own names, and those of the moment hold.
