@@ -37,7 +37,7 @@ public:
         const QString tabelle = eintrag(sparte).haupttabelle.toString();
         // One record is enough, and a table without records gets it.
         probe->ordner.db()->Execute(u"DELETE FROM %1"_s.arg(tabelle));
-        probe->ordner.db()->Execute(u"INSERT INTO %1 (ARTNR, BOT_NAME, DTNAM) VALUES (7, 'Planta prima', 'Erste')"_s.arg(tabelle));
+        probe->ordner.db()->Execute(u"INSERT INTO %1 (ARTNR, BOT_NAME, DTNAM, bewertung) VALUES (7, 'Planta prima', 'Erste', 9)"_s.arg(tabelle));
         probe->oeffnen();
     }
 

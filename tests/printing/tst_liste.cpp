@@ -385,7 +385,7 @@ void TestListe::alleKriterien()
     QFETCH(const QPageLayout, blatt);
     QStringList labels{u"Datenbank: "_s};
     for (const Druckzeile &zeile : druckbeschreibung(sparte)->kriterien)
-        if (kriteriumNamens(*filterbeschreibung(sparte), zeile.control)->pruefung != Pruefung::Bereich)
+        if (!zeile.label.isEmpty() && kriteriumNamens(*filterbeschreibung(sparte), zeile.control)->pruefung != Pruefung::Bereich)
             labels += zeile.label.toString() + (zeile.label.endsWith(u' ') ? QString() : u" "_s);
     for (const int worte : {1, 60, 300}) {
         Listenprobe probe(sparte, 40);

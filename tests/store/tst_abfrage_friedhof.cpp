@@ -18,6 +18,8 @@ private slots:
     {
         ordner_.emplace();
         db_ = ordner_->db();
+        for (const char *tabelle : {"Stauden", "Gehoelze", "Friedhof"})
+            db_->Execute(u"DELETE FROM %1"_s.arg(QLatin1String(tabelle)));
         db_->Execute(u"INSERT INTO Stauden (ARTNR, BOT_NAME, Quelle, HK, farben, bluehzeit, MINHOEHE, abstand, heimisch) "
                      "VALUES (900, 'Aster alpinus', 'n', 'Eur.', '0001000000000', '000011000000', 0.1, '20 cm', 'True')"_s);
         db_->Execute(u"INSERT INTO Gehoelze (ARTNR, BOT_NAME, Quelle, hk, grobeint, bluehzeit, groesse) "

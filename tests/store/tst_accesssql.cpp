@@ -17,17 +17,17 @@ private slots:
     void initTestCase()
     {
         db_ = ordner_.db();
-        // The Sparten without plants get two each, so that their statements have something to find.
+        // Each gets two plants, whose numbers no shipped one has, so that all statements have something to find.
         for (const char *tabelle : {"Stauden", "Gehoelze", "Obst", "Friedhof"}) {
             const QString name = QString::fromLatin1(tabelle);
-            for (const auto &[nummer, pflanze] : {std::pair(2001, u"Zinnia"_s), std::pair(2002, u"Ähre"_s)}) {
+            for (const auto &[nummer, pflanze] : {std::pair(30001, u"Zinnia"_s), std::pair(30002, u"Ähre"_s)}) {
                 db_->Execute(u"INSERT INTO %1 (ARTNR, BOT_NAME, DTNAM) VALUES (?, ?, ?)"_s.arg(name), {nummer, pflanze, pflanze});
                 db_->Execute(u"INSERT INTO %1_Bilder (ARTNR, BotName) VALUES (?, ?)"_s.arg(name), {nummer, pflanze});
             }
         }
         for (const char *tabelle : {"Stauden", "Gehoelze"})
             for (const char *art : {"Botanisch", "Deutsch"})
-                db_->Execute(u"INSERT INTO %1_Synonyme_%2 VALUES (2002, 'Anders')"_s.arg(QLatin1String(tabelle), QLatin1String(art)));
+                db_->Execute(u"INSERT INTO %1_Synonyme_%2 VALUES (30002, 'Anders')"_s.arg(QLatin1String(tabelle), QLatin1String(art)));
     }
 
     void like_data()
@@ -175,10 +175,10 @@ private slots:
             const QString tabelle = QString::fromLatin1(bilder) + u"_Bilder"_s;
             zeile(u"SELECT * From %1 WHERE ARTNR LIKE '*' ORDER BY BotName"_s.arg(tabelle), u"SELECT ARTNR FROM "_s + tabelle);
             zeile(u"SELECT * From %1 WHERE ARTNR LIKE '*' ORDER BY BOTNAME"_s.arg(tabelle), u"SELECT ARTNR FROM "_s + tabelle);
-            zeile(u"SELECT * From %1 WHERE ARTNR LIKE 2002"_s.arg(tabelle), u"SELECT ARTNR FROM %1 WHERE ARTNR = 2002"_s.arg(tabelle));
+            zeile(u"SELECT * From %1 WHERE ARTNR LIKE 30002"_s.arg(tabelle), u"SELECT ARTNR FROM %1 WHERE ARTNR = 30002"_s.arg(tabelle));
         }
-        for (const auto &[sparte, nummer, suche] : {std::tuple(u"Topfpfl"_s, 1001, u"Cal"_s), std::tuple(u"Stauden"_s, 2002, u"an"_s),
-                                                    std::tuple(u"Gehoelze"_s, 2002, u"AN"_s)})
+        for (const auto &[sparte, nummer, suche] : {std::tuple(u"Topfpfl"_s, 1001, u"Cal"_s), std::tuple(u"Stauden"_s, 30002, u"an"_s),
+                                                    std::tuple(u"Gehoelze"_s, 30002, u"AN"_s)})
             for (const char *art : {"Botanisch", "Deutsch"}) {
                 const QString tabelle = u"%1_Synonyme_%2"_s.arg(sparte, QLatin1String(art));
                 zeile(u"SELECT * From %1 WHERE ARTNR LIKE %2"_s.arg(tabelle).arg(nummer), u"SELECT ARTNR FROM %1 WHERE ARTNR = %2"_s.arg(tabelle).arg(nummer));
@@ -196,7 +196,7 @@ private slots:
         QFETCH(QString, anweisung);
         QFETCH(QString, gegenprobe);
         QStringList erwartet = werte(*db_, gegenprobe), gefunden;
-        QVERIFY2(!erwartet.isEmpty() || anweisung.contains(u"2002"_s), "The counter-check finds nothing.");
+        QVERIFY2(!erwartet.isEmpty() || anweisung.contains(u"30002"_s), "The counter-check finds nothing.");
         for (Recordset satz(db_, anweisung); !satz.Eof(); satz.MoveNext())
             gefunden += satz.Fields(0).Text();
         erwartet.sort();
@@ -207,7 +207,7 @@ private slots:
     /// A plant without synonyms: an empty list, no error.
     void ohneSynonyme()
     {
-        Recordset satz(db_, u"SELECT * From Stauden_Synonyme_Deutsch WHERE ARTNR LIKE 2001"_s);
+        Recordset satz(db_, u"SELECT * From Stauden_Synonyme_Deutsch WHERE ARTNR LIKE 30001"_s);
         QVERIFY(satz.Eof());
         QCOMPARE(satz.RecordCount(), 0);
     }
