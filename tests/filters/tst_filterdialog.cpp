@@ -599,7 +599,9 @@ void TestFilterdialog::allesMitDerTastaturErreichbar()
         }
     for (const Dateizeile &zeile : dateizeilen(sparte)) {
         const QString name = zeile.element < 0 ? zeile.control : u"%1_%2"_s.arg(zeile.control).arg(zeile.element);
-        QVERIFY2(erreicht.contains(name), qPrintable(name));
+        const Steuerteil &teil = Zustand(sparte).steuerteil(zeile.control.toLatin1());
+        const bool ueberzaehlig = teil.anzahl && zeile.element >= teil.waehlbare(); // stands in the file only
+        QVERIFY2(erreicht.contains(name) != ueberzaehlig, qPrintable(name));
     }
 }
 

@@ -212,8 +212,12 @@ void TestFilterdialogDateien::ladenUeberDenKnopf()
     probe_->klick("cmdFilterLaden");
     QCOMPARE(wahl.dialoge, 1);
     QCOMPARE(wahl.modus, QFileDialog::AcceptOpen);
-    const QStringList muster = sparte == Sparte::Topf ? QStringList{u"Topfpflanzen-Filter (*.fft)"_s}
-                                                      : QStringList{u"Apfelsorten-Filter (*.ffa)"_s, u"Alle Dateien (*)"_s};
+    const QMap<Sparte, QString> erste{{Sparte::Topf, u"Topfpflanzen-Filter (*.fft)"_s}, {Sparte::Stauden, u"Stauden-Filter (*.ffs)"_s},
+                                      {Sparte::Gehoelze, u"Gehölze-Filter (*.ffg)"_s}, {Sparte::Apfel, u"Apfelsorten-Filter (*.ffa)"_s},
+                                      {Sparte::Obst, u"Obstsorten-Filter (*.ffo)"_s}};
+    QStringList muster{erste.value(sparte)};
+    if (sparte != Sparte::Topf)
+        muster += u"Alle Dateien (*)"_s;
     QCOMPARE(wahl.muster, muster);
     // Loaded and shown; the filter does not run before OK.
     QVERIFY(probe_->dialog().isVisible() && probe_->zentrale.gesperrt);
