@@ -49,7 +49,8 @@ constexpr Element wuchs{.muster = Muster::Liste, .control = "lblWuchsVerh", .fel
 constexpr Element pflanzzeit{.muster = Muster::Liste, .control = "lblPflanzzeit", .feld = "pflanzzeit", .titeltext = u"Pflanzzeit:"};
 constexpr Element abstand{.muster = Muster::Text, .control = "lblAbstand", .feld = "Friedhof.abstand", .titeltext = u"Pflanzabstand:"};
 constexpr Element pflege{.muster = Muster::Liste, .control = "lblPflege", .feld = "pflege", .titeltext = u"Pflegeaufwand:", .trenner = u" - "};
-constexpr Element verwendung{.muster = Muster::Liste, .control = "lblVerwendung", .feld = "Friedhof.verwendung", .titeltext = u"Verwendung:"};
+constexpr Element verwendung{.muster = Muster::Liste, .control = "lblVerwendung", .feld = "Friedhof.verwendung", .titeltext = u"Verwendung:",
+                             .trenner = u"; "};
 constexpr Element symbolik{.muster = Muster::Text, .control = "lblSymbolik", .feld = "SYMBOLIK"};
 
 constexpr Anhang anStaudenhoehe[] = {{"Stauden.UNSCHEINBA", u"(unscheinbar)", u" "}};
@@ -85,7 +86,9 @@ constexpr Element ghPflanzentyp[] = {
     {.muster = Muster::Liste, .control = "lblEinteilung", .feld = "*.grobeint", .titeltext = u"Einteilung:", .anhang = anGroesse},
     gehoelz::groesse, gehoelz::durchmesser, gehoelz::merkmale, gehoelz::kennzahl,
 };
-constexpr Element ghHabitus[] = {gehoelz::habitus, wuchs, gehoelz::wurzelform, gehoelz::wurzelempfindlichkeit};
+constexpr Element ghHabitus[] = {
+    gehoelz::habitus, wuchs, mitTitel(gehoelz::wurzelform, u"Wurzelwuchs:"), mitTitel(gehoelz::wurzelempfindlichkeit, u"Wurzel ist:"),
+};
 constexpr Element ghStandort[] = {
     gehoelz::licht, gehoelz::bodenart, gehoelz::bodenfeuchte, gehoelz::boden, statt(staude::naehrstoffe, "NAEHRSTOFF"),
     gehoelz::standorteigenschaften,

@@ -17,7 +17,8 @@ void friedhofFuellen(Datenbank &db, int anzahl)
                       u"CASE WHEN ARTNR % 3 THEN 'dicht' END"_s, ausschnitt("0011010", 3), u"CASE WHEN ARTNR % 4 THEN '30 cm' END"_s, wahr(3), u"9"_s}
               .join(u", ");
     for (const auto &[tabelle, herkunft] : {std::pair(u"Stauden"_s, u"100"_s), {u"Gehoelze"_s, u"010"_s}})
-        db.Execute(u"INSERT INTO Friedhof (ARTNR, BOT_NAME, DTNAM, SYMBOLIK, verwendung, pflege, pflanzzeit, MINHOEHE, MAXHOEHE, blaschmuck, BLUEHSCHMU, "
+        db.Execute(u"INSERT INTO Friedhof (ARTNR, BOT_NAME, DTNAM, SYMBOLIK, verwendung, pflege, pflanzzeit, MINHOEHE, MAXHOEHE, blaschmuck, "
+            "BLUEHSCHMU, "
                    "bluehzeit, fruchtschm, fruchtfarb, fruchtzeit, HERBSTFARB, wuchsgesch, wuchsform, NAEHRSTOFF, abstand, DUFT, bewertung, DB) "
                    "SELECT %1, '%2' FROM %3 WHERE ARTNR NOT IN (SELECT ARTNR FROM Friedhof) ORDER BY ARTNR * 37 % 101, ARTNR LIMIT %4"_s
                        .arg(felder, herkunft, tabelle).arg(anzahl));

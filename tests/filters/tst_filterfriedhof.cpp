@@ -12,7 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList laubfarben{u"hellgrün"_s, u"dunkelgrün"_s, u"weißgrün"_s, u"gelb"_s, u"gelbgrün"_s, u"rotbraun"_s, u"blaugrün"_s, u"silbrig"_s, u"grau"_s,
+const QStringList laubfarben{u"hellgrün"_s, u"dunkelgrün"_s, u"weißgrün"_s, u"gelb"_s, u"gelbgrün"_s, u"rotbraun"_s, u"blaugrün"_s, u"silbrig"_s,
+    u"grau"_s,
                              u"graublau"_s, u"graugrün"_s, u"gestreift"_s, u"gefleckt"_s, u"filzig"_s, u"orange"_s, u"rot"_s, u"bläulich rot"_s};
 const QStringList laubfarbenGehoelze{u"hellgrün"_s, u"dunkelgrün"_s, u"gelbgrün"_s, u"weißgrün"_s, u"gelb"_s, u"orange"_s, u"rot"_s, u"graugrün"_s,
                                      u"blaugrün"_s, u"bläulich rot"_s, u"graugrün"_s, u"gestreift"_s, u"gefleckt"_s};
@@ -75,7 +76,8 @@ bool naiv(const Zustand &z, const Zeile &zeile, const QMap<QString, QString> &fa
     if (!schmuck("chkBluehSchmuck", f("BLUEHSCHMU")) || !schmuck("chkFruchtSchmuck", f("fruchtschm"))
         || !schmuck("chkBlattschmuck", holz ? f("blaschmuck") : je("blaschmuck", "")))
         return false;
-    if (!(holz ? flags("lblFrFarbe", je("", "fruchtfarb")) : einesVon("lblFrFarbe", [&](int i) { return je("fruchtfarb", "") == QString::number(i + 1); })))
+    if (!(holz ? flags("lblFrFarbe", je("", "fruchtfarb")) : einesVon("lblFrFarbe", [&](int i) { return je("fruchtfarb",
+        "") == QString::number(i + 1); })))
         return false;
     if (!flags("lblFrMonat", holz ? f("fruchtzeit") : je("fruchtzeit", "")))
         return false;
@@ -94,12 +96,14 @@ bool naiv(const Zustand &z, const Zeile &zeile, const QMap<QString, QString> &fa
         return false;
     if (!holz && !hoehe("txtBlattMinHoehe", "txtBlattMaxHoehe", je("MINHOEHE", ""), je("MAXHOEHE", "")))
         return false;
-    if (!flags("imgLicht", je("licht", "licht")) || !flags("chkBodenArt", je("bodenart", "bodenart")) || !flags("chkBodenfeuchte", je("bfeuchte", "bfeuchte"))
+    if (!flags("imgLicht", je("licht", "licht")) || !flags("chkBodenArt", je("bodenart", "bodenart")) || !flags("chkBodenfeuchte", je("bfeuchte",
+        "bfeuchte"))
         || !flags("chkKalk", je("kalk", "phboden")) || !flags("chkNaehrstoff", holz ? f("NAEHRSTOFF") : je("salz", "")))
         return false;
     if (!holz && !einesVon("optTyp", [&](int i) { return je("pflanzart", "") == pflanzarten[i]; }))
         return false;
-    if (holz && (!flags("chkGhTyp", je("", "groesse")) || (z.hat("chkGhLaub") != z.hat("chkGhNadel") && je("", "grobeint") != (z.hat("chkGhLaub") ? u"1" : u"2"))))
+    if (holz && (!flags("chkGhTyp", je("", "groesse")) || (z.hat("chkGhLaub") != z.hat("chkGhNadel") && je("",
+        "grobeint") != (z.hat("chkGhLaub") ? u"1" : u"2"))))
         return false;
     if (!(holz ? flags("chkHabitus", je("", "habitus"))
                : einesVon("chkHabitus", [&](int i) { return je("wuchsform", "").contains(wuchsformen[i], Qt::CaseInsensitive); })))
@@ -133,9 +137,12 @@ Zeile zufallszeile(Zufall &zufall, bool holz)
     const QStringList worte{u"Alba"_s, u"Grün, rot"_s, u"GRÜNLICH"_s, u"Malbaum"_s, u"nichts"_s};
     Zeile z;
     z.f = {{u"BOT_NAME"_s, worte[zahl(zufall, 0, 4)]}, {u"DTNAM"_s, eins(worte)}, {u"MINHOEHE"_s, meter(0)}, {u"MAXHOEHE"_s, meter(10)},
-           {u"BLUEHSCHMU"_s, wahr()}, {u"fruchtschm"_s, wahr()}, {u"blaschmuck"_s, wahr()}, {u"HERBSTFARB"_s, wahr()}, {u"fruchtzeit"_s, zufallsflags(zufall, 12)},
-           {u"NAEHRSTOFF"_s, zufallsflags(zufall, 3)}, {u"verwendung"_s, zufallsflags(zufall, 16)}, {u"bewertung"_s, QString::number(zahl(zufall, 1, 9))},
-           {u"benu_bemerkung"_s, eins(worte)}, {u"benu_eigen"_s, zufallsflags(zufall, 5)}, {u"DB"_s, holz ? u"010"_s : einmalIn(zufall, 8) ? u"001"_s : u"100"_s},
+           {u"BLUEHSCHMU"_s, wahr()}, {u"fruchtschm"_s, wahr()}, {u"blaschmuck"_s, wahr()}, {u"HERBSTFARB"_s, wahr()}, {u"fruchtzeit"_s,
+               zufallsflags(zufall, 12)},
+           {u"NAEHRSTOFF"_s, zufallsflags(zufall, 3)}, {u"verwendung"_s, zufallsflags(zufall, 16)}, {u"bewertung"_s, QString::number(zahl(zufall, 1,
+               9))},
+           {u"benu_bemerkung"_s, eins(worte)}, {u"benu_eigen"_s, zufallsflags(zufall, 5)}, {u"DB"_s, holz ? u"010"_s : einmalIn(zufall,
+               8) ? u"001"_s : u"100"_s},
            // What the cemetery table has under a name of both sources says nothing to a filter.
            {u"bluehzeit"_s, zufallsflags(zufall, 12)}, {u"fruchtfarb"_s, zufallsflags(zufall, 14)}, {u"wuchsform"_s, eins(wuchsformen)}};
     const std::map<QString, QString> gemeinsam{
@@ -146,9 +153,11 @@ Zeile zufallszeile(Zufall &zufall, bool holz)
     if (!holz || einmalIn(zufall, 3)) {
         z.s = gemeinsam;
         z.s.merge(std::map<QString, QString>{
-            {u"farben"_s, zufallsflags(zufall, 13)}, {u"BLMINH"_s, meter(0)}, {u"BLMAXH"_s, meter(10)}, {u"fruchtfarb"_s, QString::number(zahl(zufall, 1, 14))},
+            {u"farben"_s, zufallsflags(zufall, 13)}, {u"BLMINH"_s, meter(0)}, {u"BLMAXH"_s, meter(10)}, {u"fruchtfarb"_s,
+                QString::number(zahl(zufall, 1, 14))},
             {u"blattfarbe"_s, zufallsflags(zufall, 14)}, {u"immergruen"_s, wahr()}, {u"MINHOEHE"_s, meter(0)}, {u"MAXHOEHE"_s, meter(10)},
-            {u"blaschmuck"_s, wahr()}, {u"kalk"_s, zufallsflags(zufall, 3)}, {u"salz"_s, zufallsflags(zufall, 3)}, {u"pflanzart"_s, eins(pflanzarten)},
+            {u"blaschmuck"_s, wahr()}, {u"kalk"_s, zufallsflags(zufall, 3)}, {u"salz"_s, zufallsflags(zufall, 3)}, {u"pflanzart"_s,
+                eins(pflanzarten)},
             {u"wuchsform"_s, u"dicht, %1"_s.arg(eins(wuchsformen).toUpper())}});
     }
     if (holz || einmalIn(zufall, 3)) {
@@ -166,7 +175,8 @@ Zeile zufallszeile(Zufall &zufall, bool holz)
 Zustand zufallsdialog(Zufall &zufall)
 {
     Zustand z(Sparte::Friedhof);
-    for (const char *control : {"lblBlFarbe", "lblBlMonat", "lblFrFarbe", "lblFrMonat", "chkLaubFarbe", "chkLaubZeit", "imgLicht", "chkBodenArt", "chkBodenfeuchte",
+    for (const char *control : {"lblBlFarbe", "lblBlMonat", "lblFrFarbe", "lblFrMonat", "chkLaubFarbe", "chkLaubZeit", "imgLicht", "chkBodenArt",
+        "chkBodenfeuchte",
                                 "chkKalk", "chkNaehrstoff", "chkGhTyp", "chkHabitus", "chkVerwendung", "sschkBenutzer", "chkAusbildung"}) {
         if (!einmalIn(zufall, 7))
             continue;
@@ -243,9 +253,12 @@ void TestFilterFriedhof::muster()
     QStringList folge;
     for (const Kriterium &k : b.kriterien)
         folge += QString::fromLatin1(k.a.control);
-    QCOMPARE(folge, u"cmbFamilie chkBild lblBlFarbe lblBlMonat txtMinHoehe chkBluehSchmuck lblFrFarbe lblFrMonat chkFruchtSchmuck chkLaubFarbe chkLaubZeit "
-                    "txtBlattMinHoehe chkBlattschmuck imgLicht chkBodenArt chkBodenfeuchte chkKalk chkNaehrstoff optTyp chkGhTyp chkGhLaub chkHabitus "
-                    "chkVerwendung optBewertung txtbotName txtSynonym txtSynonymDeutsch txtSorte txtBenutzerText sschkBenutzer chkAusbildung"_s.split(u' '));
+    QCOMPARE(folge, u"cmbFamilie chkBild lblBlFarbe lblBlMonat txtMinHoehe chkBluehSchmuck lblFrFarbe lblFrMonat chkFruchtSchmuck chkLaubFarbe "
+        "chkLaubZeit "
+                    "txtBlattMinHoehe chkBlattschmuck imgLicht chkBodenArt chkBodenfeuchte chkKalk chkNaehrstoff optTyp chkGhTyp chkGhLaub "
+                        "chkHabitus "
+                    "chkVerwendung optBewertung txtbotName txtSynonym txtSynonymDeutsch txtSorte txtBenutzerText sschkBenutzer "
+                        "chkAusbildung"_s.split(u' '));
 }
 
 void TestFilterFriedhof::zufaelligeDialoge_data()
@@ -261,9 +274,11 @@ void TestFilterFriedhof::zufaelligeDialoge()
     Zufall zufall(saat);
     Programmordner ordner;
     const auto db = ordner.db();
-    for (const char *name : {"Stauden", "Gehoelze", "Friedhof", "Stauden_Synonyme_Botanisch", "Stauden_Synonyme_Deutsch", "Gehoelze_Synonyme_Botanisch",
-                             "Gehoelze_Synonyme_Deutsch", "Familien"})
+    for (const char *name : {"Stauden", "Gehoelze", "Friedhof", "Stauden_Synonyme_Botanisch", "Stauden_Synonyme_Deutsch",
+        "Gehoelze_Synonyme_Botanisch",
+                             "Gehoelze_Synonyme_Deutsch", "Familien", "Topfpfl", "Apfel", "Obst"})
         db->Execute(u"DELETE FROM %1"_s.arg(QLatin1String(name)));
+    db->Execute(u"VACUUM"_s); // each dialog copies it
     db->Execute(u"INSERT INTO Familien (FAMILIE, FAMNAME) VALUES (1, 'Asteraceae'), (2, 'Aceraceae'), (3, 'Rosaceae')"_s);
     const QMap<QString, QString> familien{{u"Asteraceae"_s, u"1"_s}, {u"Aceraceae"_s, u"2"_s}};
     const auto schreiben = [&](const QString &tabelle, qint64 artnr, const std::map<QString, QString> &felder) {
@@ -350,12 +365,16 @@ void TestFilterFriedhof::beideAus()
     schalten(*probe.fenster);
     QCOMPARE(meldungen.texte, QStringList());
     schalten(*stauden);
-    QCOMPARE(meldungen.texte.join(u'|'), u"Fehler beim Laden des Filters"_s);
+    // The run goes on with what was read until then.
+    QCOMPARE(meldungen.texte.size(), 2);
+    QCOMPARE(meldungen.texte[0], u"Fehler beim Laden des Filters"_s);
+    QVERIFY2(meldungen.texte[1].startsWith(u"Leider gibt es keine Pflanze"), qPrintable(meldungen.texte[1]));
     QVERIFY(stauden->FilterEin && stauden->Anzahl > 0);
+    meldungen.texte.clear();
     QVERIFY(!QFile::exists(probe.ordner.pfad(u"TempFilterSt1.ffs"_s)));
     // It went with the first that read it, and no file can be read any more.
     schalten(*probe.fenster);
-    QCOMPARE(meldungen.texte.size(), 2);
+    QCOMPARE(meldungen.texte, QStringList{u"Fehler beim Laden des Filters"_s});
     QVERIFY(probe.fenster->FilterEin && probe.fenster->Anzahl > 0);
 }
 
