@@ -66,13 +66,13 @@ QSet<qint64> TestBildplaetze::imGleichschritt(Sparte sparte) const
 
 void TestBildplaetze::leeren(Sparte sparte)
 {
-    for (const QStringView tabelle : {eintrag(sparte).haupttabelle, eintrag(sparte).bildtabelle})
+    for (const QString &tabelle : {grundtabelle(sparte), eintrag(sparte).bildtabelle.toString()})
         db_->Execute(u"DELETE FROM %1"_s.arg(tabelle));
 }
 
 void TestBildplaetze::pflanze(Sparte sparte, qint64 nummer, const QVariant &name)
 {
-    db_->Execute(u"INSERT INTO %1 (ARTNR, BOT_NAME) VALUES (?, ?)"_s.arg(eintrag(sparte).haupttabelle), {nummer, name});
+    db_->Execute(u"INSERT INTO %1 (ARTNR, BOT_NAME) VALUES (?, ?)"_s.arg(grundtabelle(sparte)), {nummer, name});
 }
 
 void TestBildplaetze::bildzeile(Sparte sparte, qint64 nummer, const QVariant &name, const QStringList &felder)

@@ -338,7 +338,7 @@ void TestFilterlauf::schreiben(Sparte sparte, const Welt &welt)
         QVariantList werte{p.key()};
         for (const QString &wert : p->values())
             werte += wert;
-        einfuegen(e.haupttabelle, QStringList{u"ARTNR"_s} + p->keys(), werte);
+        einfuegen(grundtabelle(sparte), QStringList{u"ARTNR"_s} + p->keys(), werte);
     }
     for (auto b = welt.bilder.cbegin(); b != welt.bilder.cend(); ++b) {
         QStringList felder{u"ARTNR"_s, u"BotName"_s};

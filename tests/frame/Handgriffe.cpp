@@ -191,13 +191,13 @@ Schreibverbot::Schreibverbot(const Programmordner &ordner) : db_(ordner.db())
 {
     for (const Sparte sparte : spartenMitFenster())
         db_->Execute(u"CREATE TRIGGER halt_%1 BEFORE UPDATE ON \"%1\" BEGIN SELECT RAISE(ABORT, 'halt'); END"_s
-                         .arg(eintrag(sparte).haupttabelle));
+                         .arg(grundtabelle(sparte)));
 }
 
 Schreibverbot::~Schreibverbot()
 {
     for (const Sparte sparte : spartenMitFenster())
-        db_->Execute(u"DROP TRIGGER halt_%1"_s.arg(eintrag(sparte).haupttabelle));
+        db_->Execute(u"DROP TRIGGER halt_%1"_s.arg(grundtabelle(sparte)));
 }
 
 Schreibsperre::Schreibsperre(const QString &pfad)

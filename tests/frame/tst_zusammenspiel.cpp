@@ -100,7 +100,7 @@ private:
 Wanderung::Wanderung(unsigned startwert) : startwert_(startwert), zufall_(startwert)
 {
     for (const Sparte sparte : sparten) {
-        const QString tabelle = eintrag(sparte).haupttabelle.toString();
+        const QString tabelle = grundtabelle(sparte);
         ordner_.db()->Execute(u"DELETE FROM %1 WHERE ARTNR NOT IN (SELECT ARTNR FROM %1 ORDER BY ARTNR LIMIT %2)"_s.arg(tabelle).arg(pflanzen));
         ordner_.db()->Execute(u"UPDATE %1 SET bewertung = 1 + (ARTNR * 7) % 9, benu_bemerkung = NULL, benu_eigen = NULL"_s.arg(tabelle));
         ordner_.db()->Execute(u"UPDATE %1 SET bewertung = 9 WHERE ARTNR = (SELECT min(ARTNR) FROM %1)"_s.arg(tabelle));
