@@ -25,7 +25,7 @@ QByteArrayList saat(Sparte sparte, Zufall &zufall)
 {
     QByteArrayList dateien{vorgabedatei(sparte), vorgabedatei(Sparte::Topf), vorgabedatei(Sparte::Apfel), {}, "\"", ",,,,", "\r\n\r\n", QByteArray("\0\0", 2),
                            "\"\r\n\"\r\n", " 0 , 0 ,-1"};
-    for (int i = 0; i < 8; ++i) {
+    for (int i = 0; i < 12; ++i) {
         const Zustand z = zufallszustand(sparte, zufall, {u"Rose"_s, u"a,b"_s, u"\"q"_s, u"  x"_s, u"ß€"_s}, {u"Araceae"_s, u"Rosaceae"_s});
         dateien += filterSchreiben(z.beschreibung, z.werte);
     }
