@@ -1,4 +1,5 @@
 #include "controls/Steuerelemente.h"
+#include "filters/Filterdatei.h"
 #include "filters/Filterdialog.h"
 #include "frame/Ablauf.h"
 #include "plantwindows/Beschreibung.h"
@@ -26,7 +27,8 @@
 #include <sys/resource.h>
 #endif
 
-/* bench_flox DATABASE   prints each figure with its baseline; medians of several runs in turn. */
+/* bench_flox DATABASE             prints each figure with its baseline; medians of several runs in turn
+   bench_flox --sparten DATABASE   opening, step, filter run and filter file of every Sparte */
 
 namespace {
 
@@ -228,6 +230,101 @@ private:
     Testzentrale zentrale_;
 };
 
+/// Opening, step, filter run and filter file of any Sparte whose window there is; `--sparten` measures these alone.
+class Spartenbank
+{
+public:
+    Spartenbank(const QString &datenbank, Sparte sparte) : sparte_(sparte)
+    {
+        QFile::remove(ordner_.datenbank());
+        QFile::copy(datenbank, ordner_.datenbank());
+        programm_ = ordner_.programm();
+        ordner_.db()->Execute(QStringLiteral("UPDATE %1 SET bewertung = 7, benu_eigen = substr('1 ', 1 + (ARTNR % 2), 1) || '    '")
+                                  .arg(eintrag(sparte).haupttabelle));
+    }
+
+    void messen()
+    {
+        std::unique_ptr<Pflanzenfenster> fenster;
+        std::vector<double> oeffnen;
+        for (int i = 0; i < 5; ++i) {
+            fenster.reset();
+            oeffnen.push_back(einmal([&] {
+                fenster = std::make_unique<Pflanzenfenster>(programm_, zentrale_, *fensterbeschreibung(sparte_), 1);
+                fenster->Form_Activate();
+            }));
+        }
+        const int anzahl = int(fenster->satz().haupt().RecordCount());
+        zeile("open a window", median(oeffnen), "");
+        fenster->show();
+        malen(*fenster);
+        zeile("step with full repaint", median(schritte(*fenster)), "  (goal <= 8, with its strip <= 12)");
+        filter(*fenster);
+        datei(*fenster);
+        std::printf("%-12s %-31s %8d of %d plants\n", name(), "kept by the last run", fenster->Anzahl, anzahl);
+    }
+
+private:
+    const char *name() const { return eintrag(sparte_).filter; }
+    void zeile(const char *was, double ms, const char *ziel) { std::printf("%-12s %-31s %8.2f ms%s\n", name(), was, ms, ziel); }
+
+    static std::vector<double> schritte(Pflanzenfenster &fenster)
+    {
+        auto *cmdNext = fenster.findChild<QAbstractButton *>(QStringLiteral("cmdNext"));
+        std::vector<double> zeiten;
+        for (int i = 0; i < 50; ++i)
+            zeiten.push_back(einmal([&] {
+                cmdNext->click();
+                malen(fenster);
+            }));
+        return zeiten;
+    }
+
+    void filter(Pflanzenfenster &fenster)
+    {
+        Filterdialog *dialog = fenster.filterdialog();
+        dialog->findChild<QCheckBox *>(QStringLiteral("sschkBenutzer_0"))->setChecked(true);
+        std::vector<double> zeiten;
+        for (int i = 0; i < 5; ++i)
+            zeiten.push_back(einmal([&] {
+                dialog->cmdOK_Click();
+                malen(fenster);
+            }));
+        zeile("filter run keeping 50 %", median(zeiten), "");
+    }
+
+    QString dateiMit(const QString &name, const Filterzustand &zustand)
+    {
+        const QString pfad = ordner_.pfad(name);
+        QFile datei(pfad);
+        if (!datei.open(QIODevice::WriteOnly) || datei.write(filterSchreiben(*filterbeschreibung(sparte_), zustand)) < 0)
+            qFatal("The filter file cannot be written.");
+        return pfad;
+    }
+
+    /// A file with every element that can be chosen, into a dialog at its defaults.
+    void datei(Pflanzenfenster &fenster)
+    {
+        const Filterbeschreibung &beschreibung = *filterbeschreibung(sparte_);
+        Filterzustand zustand = vorgabe(beschreibung);
+        for (Kriteriumzustand &kriterium : zustand.kriterien)
+            for (int &wert : kriterium.a.werte)
+                wert = wert == nichtGewaehlt ? monatGewaehlt : 1;
+        const QString voll = dateiMit(QStringLiteral("voll.filter"), zustand), leer = dateiMit(QStringLiteral("leer.filter"), vorgabe(beschreibung));
+        std::vector<double> zeiten;
+        for (int i = 0; i < 7; ++i) {
+            fenster.filterdialog()->FilterLaden(leer);
+            zeiten.push_back(einmal([&] { fenster.filterdialog()->FilterLaden(voll); }));
+        }
+        zeile("load a full filter file", median(zeiten), "  (goal < 50)");
+    }
+
+    Programmordner ordner_;
+    Programm programm_;
+    Testzentrale zentrale_;
+    Sparte sparte_;
+};
+
 /// Waits for the first paint of the window shown last, then ends the process.
 int bisGemalt()
 {
@@ -274,8 +371,13 @@ int main(int anzahl, char **argumente)
         return startSelbst();
     if (anzahl == 2 && qstrcmp(argumente[1], "--leer") == 0)
         return leeresFenster();
+    if (anzahl == 3 && qstrcmp(argumente[1], "--sparten") == 0) {
+        for (const Sparte sparte : spartenMitFenster())
+            Spartenbank(QString::fromLocal8Bit(argumente[2]), sparte).messen();
+        return 0;
+    }
     if (anzahl != 2) {
-        std::fputs("Aufruf: bench_flox DATENBANK\n", stderr);
+        std::fputs("Aufruf: bench_flox [--sparten] DATENBANK\n", stderr);
         return 2;
     }
     std::printf("%s\n", argumente[1]);
