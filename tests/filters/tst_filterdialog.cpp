@@ -15,6 +15,7 @@ private slots:
     void init();
     void anfang_data();
     void anfang();
+    void listenDerObstsorten();
     void beschriftungen_data();
     void beschriftungen();
     void familienliste();
@@ -117,6 +118,31 @@ void TestFilterdialog::anfang()
     const auto *schieber = probe_->finde<QSlider>(u"sldBewertung"_s);
     QCOMPARE(schieber->minimum(), 1);
     QCOMPARE(schieber->maximum(), 5);
+}
+
+/// Kinds of fruit as the working database names them, each once; months for the stores.
+void TestFilterdialog::listenDerObstsorten()
+{
+    probe_ = std::make_unique<Filterprobe>(Sparte::Obst);
+    probe_->arbeitAendern(u"UPDATE Obst SET DTNAM = 'Ölbaum' WHERE ARTNR = (SELECT min(ARTNR) FROM Obst)"_s);
+    probe_->oeffnen();
+    probe_->dialogZeigen();
+    const auto eintraege = [&](const char *name) {
+        QStringList texte;
+        const auto *liste = probe_->finde<QComboBox>(QString::fromLatin1(name));
+        for (int i = 0; i < liste->count(); ++i)
+            texte += liste->itemText(i);
+        return texte;
+    };
+    const QStringList arten = eintraege("cboObstart");
+    QCOMPARE(arten.first(), u"-- Alle --"_s);
+    QCOMPARE(arten.size(), 1 + int(probe_->arbeit(u"ARTNR IN (SELECT min(ARTNR) FROM Obst GROUP BY DTNAM)"_s).size()));
+    const qsizetype oelbaum = arten.indexOf(u"Ölbaum"_s);
+    QVERIFY(oelbaum > 1 && oelbaum < arten.indexOf(u"Pfirsich"_s) && oelbaum > arten.indexOf(u"Kiwi"_s)); // like O, not behind Z
+    const QStringList monate{u"-- Alle --"_s, u"Januar"_s, u"Februar"_s, u"März"_s, u"April"_s, u"Mai"_s, u"Juni"_s, u"Juli"_s, u"August"_s,
+                             u"September"_s, u"Oktober"_s, u"November"_s, u"Dezember"_s};
+    for (const char *lager : {"cboFrischluft", "cboKuehllager", "cboCALager"})
+        QCOMPARE(eintraege(lager), monate);
 }
 
 void TestFilterdialog::beschriftungen_data()
