@@ -61,7 +61,8 @@ struct Regel
     /// Whether its items are alternatives at positions of one field.
     bool gruppe() const
     {
-        return art == Regelart::Flags || art == Regelart::Typen || art == Regelart::Nummer || art == Regelart::NummerOderFlags || art == Regelart::Pflanzenart;
+        return art == Regelart::Flags || art == Regelart::Typen || art == Regelart::Nummer || art == Regelart::NummerOderFlags
+            || art == Regelart::Pflanzenart;
     }
 };
 std::span<const Regel> regeln(Sparte sparte);
