@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QSlider>
+#include <QSet>
 #include <QTest>
 
 #include <map>
@@ -37,6 +38,7 @@ struct Fenstermodell
     qint64 artnr = 0;
     Eintrag jetzt, gezeigt;
     bool markiert = false;
+    bool filterAn = true;
 };
 
 using Ort = std::pair<Sparte, int>;
@@ -67,6 +69,7 @@ private:
         return *std::next(std::begin(liste), zufall(int(std::size(liste))));
     }
     void notieren(const QString &was) { protokoll_ += u"%1 %2"_s.arg(protokoll_.size() + 1).arg(was); }
+    static QString dateiname(QStringView anfang, int nummer, QStringView endung) { return u"%1%2%3"_s.arg(anfang.mid(1)).arg(nummer).arg(endung); }
     static QString name(Ort ort) { return u"%1 %2"_s.arg(eintrag(ort.first).titel).arg(ort.second); }
 
     mdiZentral &zentrale() { return ablauf_->zentrale(); }
@@ -81,6 +84,8 @@ private:
     void mitDialog(Filterdialog &offen, int was);
     void schreiben(Ort ort, bool mitMaus);
     void knopf(Ort ort, const char *name, bool tastatur);
+    void parken();
+    void entparken(Ort ort);
     QString angleichen();
     QString pruefen();
 
@@ -95,6 +100,7 @@ private:
     std::unique_ptr<Ablauf> ablauf_;
     std::map<Ort, Fenstermodell> fenster_;
     std::map<std::pair<Sparte, qint64>, Eintrag> notizen_;
+    QSet<QString> geparkt_; ///< filter files that must be there; two Sparten may share one
 };
 
 Wanderung::Wanderung(unsigned startwert) : startwert_(startwert), zufall_(startwert)
@@ -271,8 +277,32 @@ void Wanderung::mitFenster(Ort ort, int was)
         hand::schliessen(form(ort));
         if (form(ort) && form(ort)->isVisible())
             fehler_ = wer + u" does not close"_s;
+        entparken(ort);
         fenster_.erase(ort);
     }
+}
+
+/// Takes note of filters that were switched off and on.
+void Wanderung::parken()
+{
+    for (auto &[ort, modell] : fenster_) {
+        if (!form(ort) || std::exchange(modell.filterAn, form(ort)->FilterEin) == form(ort)->FilterEin)
+            continue;
+        const SpartenEintrag &zeile = eintrag(ort.first);
+        const QString datei = zeile.parkFilter.isEmpty() ? dateiname(zeile.tempFilter, ort.second, zeile.filterEndung)
+                                                         : dateiname(zeile.parkFilter, ort.second, zeile.parkEndung);
+        if (modell.filterAn)
+            geparkt_.remove(datei);
+        else
+            geparkt_.insert(datei);
+    }
+}
+
+/// A window that closes while its filter is off removes the file of its own name.
+void Wanderung::entparken(Ort ort)
+{
+    if (!fenster_[ort].filterAn)
+        geparkt_.remove(dateiname(eintrag(ort.first).tempFilter, ort.second, eintrag(ort.first).filterEndung));
 }
 
 void Wanderung::mitDialog(Filterdialog &offen, int was)
@@ -347,9 +377,12 @@ QString Wanderung::neustart()
                 speichern({sparte, nummer});
     if (!zentrale().close())
         return u"the program does not end"_s;
+    for (const auto &[ort, modell] : fenster_)
+        entparken(ort);
     fenster_.clear();
     QString fehler = pruefen();
-    if (const QStringList dateien = QDir(ordner_.pfad()).entryList(QDir::Files); dateien != QStringList{u"flox-demo.mdb"_s})
+    const QStringList dateien = QDir(ordner_.pfad()).entryList(QDir::Files);
+    if (QSet<QString>(dateien.begin(), dateien.end()) != geparkt_ + QSet<QString>{u"flox-demo.mdb"_s})
         fehler += u"left behind: %1"_s.arg(dateien.join(u", "_s));
     ablauf_.reset();
     starten();
@@ -367,7 +400,7 @@ QString Wanderung::angleichen()
             continue;
         if (modell.markiert && modell.jetzt != modell.gezeigt)
             return u"%1 left plant %2 without storing '%3'"_s.arg(name(ort)).arg(modell.artnr).arg(modell.jetzt.text);
-        modell = {artnr, notizen_[{ort.first, artnr}], notizen_[{ort.first, artnr}], modell.markiert && form(ort)->DatenGeaendert};
+        modell = {artnr, notizen_[{ort.first, artnr}], notizen_[{ort.first, artnr}], modell.markiert && form(ort)->DatenGeaendert, modell.filterAn};
     }
     return {};
 }
@@ -398,10 +431,11 @@ QString Wanderung::pruefen()
             return u"%1 has %2 plants, its copy %3"_s.arg(name(ort)).arg(dieses->Anzahl).arg(hand::zeilenDerKopie(dieses));
         if (hand::unterfenster(dieses)->isEnabled() == gesperrt(ort.first))
             return u"%1 is %2"_s.arg(name(ort), gesperrt(ort.first) ? u"free beside a dialog"_s : u"locked without a dialog"_s);
-        if (!dieses->FilterEin != QFile::exists(ordner_.pfad(u"%1%2%3"_s.arg(QString(eintrag(ort.first).tempFilter.toString()).remove(u'\\'))
-                                                                  .arg(ort.second).arg(eintrag(ort.first).filterEndung))))
-            return u"%1 and its parked filter disagree"_s.arg(name(ort));
     }
+    parken();
+    const QStringList da = QDir(ordner_.pfad()).entryList({u"TempFilter*"_s}, QDir::Files);
+    if (QSet<QString>(da.begin(), da.end()) != geparkt_)
+        return u"parked are %1, not %2"_s.arg(da.join(u", "_s), QStringList(geparkt_.begin(), geparkt_.end()).join(u", "_s));
     return {};
 }
 
