@@ -9,6 +9,7 @@ namespace gehoelz {
 /// Words of the windows' own; filter and print have the vocabulary's.
 inline constexpr QStringView genusswerte[] = {u"eßbar", u"ungenießbar", u"giftig", u"stark giftig !!!"};
 
+inline constexpr Element einteilung{.muster = Muster::Bildwahl, .control = "imgEigen_0", .feld = "*.grobeint", .symbole = symbole::laubUndNadel};
 inline constexpr Element herkunft{.muster = Muster::Text, .control = "lblHerkunft", .feld = "*.hk", .titeltext = u"Herkunft:", .titel = "Label16",
                                   .umformung = herkunftAusgeschrieben};
 inline constexpr Element bluetenfarben{.muster = Muster::Farbfeld, .control = "lblBlFarbe", .feld = "*.bluehfarb", .titeltext = u"Farben:",

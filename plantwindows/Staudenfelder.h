@@ -8,6 +8,14 @@ namespace staude {
 
 inline constexpr QStringView ohneAngabe = u"Keine Angaben";
 
+inline constexpr Symbol eigenschaften[] = {
+    {"iliEigenschaften/gift", u"Diese Pflanze ist giftig!", u"Giftpflanze", "Stauden.giftig", "iliEigenschaften/gift_n"},
+    {"iliEigenschaften/schere", u"Diese Pflanze ist eine Schnittpflanze", u"Schnittpflanze", "Stauden.schnitt", "iliEigenschaften/schere_n"},
+    {"iliEigenschaften/heim", u"Diese Pflanze ist heimisch", u"heimische Pflanze", "Stauden.heimisch", "iliEigenschaften/heim_n"},
+    {"iliEigenschaften/schmuck", u"Diese Pflanze ist eine Blattschmuckstaude", u"Blattschmuckstaude", "Stauden.blaschmuck", "iliEigenschaften/schmuc_n"},
+    {"iliEigenschaften/immerg", u"Diese Pflanze ist immergrün", u"immergrüne Pflanze", "Stauden.immergruen", "iliEigenschaften/immerg_n"},
+};
+inline constexpr Element marken{.muster = Muster::Symbole, .control = "imgEigen", .symbole = eigenschaften};
 inline constexpr Element herkunft{.muster = Muster::Text, .control = "lblHerkunft", .feld = "*.HK", .titeltext = u"Herkunft:", .titel = "lblHerk",
                                   .umformung = herkunftAusgeschrieben};
 inline constexpr Element bluetenfarben{.muster = Muster::Farbfeld, .control = "lblBlFarbe", .feld = "*.farben", .titeltext = u"Farben:",

@@ -36,22 +36,36 @@ constexpr Element statt(Element element, const char *feld)
 constexpr Element mitTitel(Element element, QStringView titel)
 {
     element.titeltext = titel;
-    element.leer = {};
     element.kasten = false;
     return element;
 }
 
+/// A row of another window, whose words are joined otherwise here.
+constexpr Element mitTrenner(Element element, QStringView trenner)
+{
+    element.trenner = trenner;
+    return element;
+}
+
+/// A row of another window, with another text for an empty field.
+constexpr Element ohneWert(Element element, QStringView leer)
+{
+    element.leer = leer;
+    element.leerNurBeiNull = false;
+    return element;
+}
+
 /* What the cemetery table itself says, of perennials and woody plants alike. */
-constexpr Element bluehschmuck{.muster = Muster::Satz, .control = "lblBluehSchmuck", .feld = "BLUEHSCHMU", .leer = u"Die Blüten sind schmückend!"};
-constexpr Element fruchtschmuck{.muster = Muster::Satz, .control = "lblFruchtSchmuck", .feld = "fruchtschm", .leer = u"Die Früchte sind schmückend!"};
-constexpr Element blattschmuck{.muster = Muster::Satz, .control = "lblBlattSchmuck", .feld = "*.blaschmuck", .leer = u"Die Blätter sind schmückend!"};
-constexpr Element wuchs{.muster = Muster::Liste, .control = "lblWuchsVerh", .feld = "wuchsgesch", .titeltext = u"Wuchsgeschwindigkeit:"};
+constexpr Element bluehschmuck{.muster = Muster::Satz, .control = "lblBluehSchmuck", .feld = "BLUEHSCHMU", .leer = u"Blüten sind schmückend!"};
+constexpr Element fruchtschmuck{.muster = Muster::Satz, .control = "lblFruchtSchmuck", .feld = "fruchtschm", .leer = u"Früchte sind schmückend!"};
+constexpr Element blattschmuck{.muster = Muster::Satz, .control = "lblBlattSchmuck", .feld = "*.blaschmuck", .leer = u"Blätter sind schmückend!"};
+constexpr Element wuchs{.muster = Muster::Liste, .control = "lblWuchsVerh", .feld = "wuchsgesch", .titeltext = u"Wuchsgeschwindigkeit:",
+                        .trenner = u" - "};
 constexpr Element pflanzzeit{.muster = Muster::Liste, .control = "lblPflanzzeit", .feld = "pflanzzeit", .titeltext = u"Pflanzzeit:"};
 constexpr Element abstand{.muster = Muster::Text, .control = "lblAbstand", .feld = "Friedhof.abstand", .titeltext = u"Pflanzabstand:"};
 constexpr Element pflege{.muster = Muster::Liste, .control = "lblPflege", .feld = "pflege", .titeltext = u"Pflegeaufwand:", .trenner = u" - "};
-constexpr Element verwendung{.muster = Muster::Liste, .control = "lblVerwendung", .feld = "Friedhof.verwendung", .titeltext = u"Verwendung:",
-                             .trenner = u"; "};
-constexpr Element symbolik{.muster = Muster::Text, .control = "lblSymbolik", .feld = "SYMBOLIK"};
+constexpr Element verwendung{.muster = Muster::Liste, .control = "lblVerwendung", .feld = "Friedhof.verwendung", .titeltext = u"Verwendung:"};
+constexpr Element symbolik{.muster = Muster::Text, .control = "lblSymbolik", .feld = "SYMBOLIK", .ausArbeit = true};
 
 constexpr Anhang anStaudenhoehe[] = {{"Stauden.UNSCHEINBA", u"(unscheinbar)", u" "}};
 constexpr Anhang anStaudentyp[] = {{"Stauden.immergruen", u"immergrün"}, {"DUFT", u"Duftpflanze"}, {"Friedhof.HERBSTFARB", u"Herbstfärbung!"}};
@@ -64,13 +78,14 @@ constexpr Element bluete[] = {
 };
 constexpr Element frucht[] = {staude::fruchtfarben, staude::fruchtzeit, fruchtschmuck};
 constexpr Element belaubung[] = {staude::laubhoehe, staude::blattform, staude::blattfarbe, staude::herbstfarben, blattschmuck};
-constexpr Element pflanzentyp[] = {mitAnhang(staude::pflanzentyp, anStaudentyp), staude::lebensraum, staude::kennziffer, staude::urteil};
+constexpr Element pflanzentyp[] = {staude::marken, mitAnhang(staude::pflanzentyp, anStaudentyp), staude::lebensraum, staude::kennziffer, staude::urteil};
 constexpr Element habitus[] = {staude::wuchsform, wuchs};
-constexpr Element standort[] = {staude::licht, staude::bodenart, staude::bodenfeuchte, staude::kalk, staude::naehrstoffe};
-constexpr Element pflanzung[] = {pflanzzeit, abstand, staude::geselligkeit, pflege, staude::duengung, staude::vermehrung};
+constexpr Element standort[] = {staude::licht, staude::bodenart, staude::bodenfeuchte, staude::kalk, mitTrenner(staude::naehrstoffe, u" - ")};
+constexpr Element pflanzzeiten[] = {pflanzzeit, pflege};
+constexpr Element pflanzung[] = {staude::pflanzung, abstand, staude::geselligkeit, staude::duengung, staude::vermehrung};
 constexpr Element verwendungen[] = {verwendung, mitTitel(staude::verwendungsart, u"Besondere Verw.:")};
 constexpr Element bedeutung[] = {symbolik};
-constexpr Element bemerkung[] = {mitTitel(gemeinsam::sorten, u"Sorten:"), staude::bemerkung};
+constexpr Element bemerkung[] = {ohneWert(mitTitel(gemeinsam::sorten, u"Sorten:"), u"keine Sortenangaben"), ohneWert(staude::bemerkung, u"Keine Bemerkungen")};
 
 constexpr Element ghBluete[] = {
     gehoelz::bluetenfarben, gehoelz::bluehzeit,
@@ -83,6 +98,7 @@ constexpr Element ghBelaubung[] = {
     mitAnhang(gehoelz::laubzeit, anLaubzeit), gehoelz::laubfarbe, gehoelz::austrieb, statt(blattschmuck, "Friedhof.blaschmuck"),
 };
 constexpr Element ghPflanzentyp[] = {
+    gehoelz::einteilung,
     {.muster = Muster::Liste, .control = "lblEinteilung", .feld = "*.grobeint", .titeltext = u"Einteilung:", .anhang = anGroesse},
     gehoelz::groesse, gehoelz::durchmesser, gehoelz::merkmale, gehoelz::kennzahl,
 };
@@ -90,10 +106,10 @@ constexpr Element ghHabitus[] = {
     gehoelz::habitus, wuchs, mitTitel(gehoelz::wurzelform, u"Wurzelwuchs:"), mitTitel(gehoelz::wurzelempfindlichkeit, u"Wurzel ist:"),
 };
 constexpr Element ghStandort[] = {
-    gehoelz::licht, gehoelz::bodenart, gehoelz::bodenfeuchte, gehoelz::boden, statt(staude::naehrstoffe, "NAEHRSTOFF"),
+    gehoelz::licht, gehoelz::bodenart, gehoelz::bodenfeuchte, gehoelz::boden, mitTrenner(statt(staude::naehrstoffe, "NAEHRSTOFF"), u" - "),
     gehoelz::standorteigenschaften,
 };
-constexpr Element ghPflanzung[] = {pflanzzeit, abstand, pflege};
+constexpr Element ghPflanzung[] = {abstand};
 constexpr Element ghVerwendungen[] = {verwendung, gehoelz::verwendungen};
 constexpr Element ghBemerkung[] = {
     mitTitel(gemeinsam::sorten, u"Sorten:"), mitTitel(gehoelz::bemerkung, u"Bemerkungen:"), mitTitel(gehoelz::schaden, u"Krankheiten, Schädlinge:"),
@@ -133,16 +149,18 @@ constexpr Gruppe wuchsStandort[] = {
     gehoelzgruppe("fraGhStandort", u"Standort", ghStandort),
 };
 constexpr Gruppe pflanzungVerwendung[] = {
-    staudengruppe("fraPflanzzeit", u"Pflanzung und Pflege", pflanzung),
-    staudengruppe("fraVerwendung", u"Verwendung", verwendungen, Gruppenregel::Controls),
+    staudengruppe("fraPflanzzeit", u"Pflanzzeit und Pflege", pflanzzeiten, Gruppenregel::Controls),
+    staudengruppe("fraVerwendung", u"Verwendung", verwendungen),
+    staudengruppe("fraPflanzung", u"Pflanzung", pflanzung),
     staudengruppe("fraSymbolik", u"Symbolik", bedeutung, Gruppenregel::Controls),
-    gehoelzgruppe("fraGhPflanzzeit", u"Pflanzung und Pflege", ghPflanzung, Gruppenregel::Controls),
+    gehoelzgruppe("fraGhPflanzzeit", u"Pflanzzeit und Pflege", pflanzzeiten, Gruppenregel::Controls),
+    gehoelzgruppe("fraGhPflanzung", u"Pflanzung", ghPflanzung, Gruppenregel::Controls),
     gehoelzgruppe("fraGhVerwendung", u"Verwendung", ghVerwendungen, Gruppenregel::Controls),
     gehoelzgruppe("fraGhSymbolik", u"Symbolik", bedeutung, Gruppenregel::Controls),
 };
 constexpr Gruppe sortenBemerkung[] = {
-    staudengruppe("fraBemerkung", u"Sorten und Bemerkungen", bemerkung, Gruppenregel::Controls),
-    gehoelzgruppe("fraGhBemerkung", u"Sorten und Bemerkungen", ghBemerkung, Gruppenregel::Controls),
+    staudengruppe("fraBemerkung", u"Sorten und Bemerkungen", bemerkung),
+    gehoelzgruppe("fraGhBemerkung", u"Sorten und Bemerkungen", ghBemerkung),
 };
 
 constexpr Reiter reiter[] = {

@@ -14,7 +14,7 @@ constexpr Element kopf[] = {
 
 constexpr Element tafel[] = {
     gemeinsam::herkunftsmarke,
-    {.muster = Muster::Bildwahl, .control = "imgEigen_0", .feld = "grobeint", .symbole = symbole::laubUndNadel},
+    gehoelz::einteilung,
     {.muster = Muster::Bewertung, .control = "picBewertung", .feld = "bewertung", .titeltext = u"Bewertung", .ausArbeit = true},
 };
 

@@ -19,17 +19,9 @@ constexpr Element kopf[] = {
     staude::herkunft,
 };
 
-constexpr Symbol eigenschaften[] = {
-    {"iliEigenschaften/gift", u"Diese Pflanze ist giftig!", u"Giftpflanze", "giftig", "iliEigenschaften/gift_n"},
-    {"iliEigenschaften/schere", u"Diese Pflanze ist eine Schnittpflanze", u"Schnittpflanze", "schnitt", "iliEigenschaften/schere_n"},
-    {"iliEigenschaften/heim", u"Diese Pflanze ist heimisch", u"heimische Pflanze", "heimisch", "iliEigenschaften/heim_n"},
-    {"iliEigenschaften/schmuck", u"Diese Pflanze ist eine Blattschmuckstaude", u"Blattschmuckstaude", "blaschmuck", "iliEigenschaften/schmuc_n"},
-    {"iliEigenschaften/immerg", u"Diese Pflanze ist immergrün", u"immergrüne Pflanze", "immergruen", "iliEigenschaften/immerg_n"},
-};
-
 constexpr Element tafel[] = {
     gemeinsam::herkunftsmarke,
-    {.muster = Muster::Symbole, .control = "imgEigen", .symbole = eigenschaften},
+    staude::marken,
     {.muster = Muster::Text, .control = "lblBewertung", .feld = "bewertung", .titeltext = u"Bewertung", .umformung = sortiment, .ausArbeit = true},
 };
 
