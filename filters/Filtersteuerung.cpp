@@ -433,17 +433,20 @@ public:
     void benennen(const QString &gruppe) override
     {
         Filtersteuerung::benennen(gruppe);
-        liste()->lineEdit()->setAccessibleName(gruppe); // it is heard by its text
+        if (QLineEdit *text = liste()->lineEdit())
+            text->setAccessibleName(gruppe); // it is heard by its text
     }
 
 protected:
     QWidget *bauen(int, QWidget *eltern) override
     {
         auto *neu = new QComboBox(eltern);
-        // Any text may stand here: a filter file can name a family that is not in the list.
-        neu->setEditable(true);
-        neu->setValidator(new Einzeiler(neu));
-        neu->setInsertPolicy(QComboBox::NoInsert);
+        // Any text may stand where the database tells the entries: a filter file can name a family that is not in the list.
+        if (teil_.eintraege != Eintraege::Worte) {
+            neu->setEditable(true);
+            neu->setValidator(new Einzeiler(neu));
+            neu->setInsertPolicy(QComboBox::NoInsert);
+        }
         neu->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         neu->addItem(teil_.alle.toString());
         neu->addItems(eintraege());

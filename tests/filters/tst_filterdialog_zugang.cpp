@@ -30,7 +30,9 @@ private:
     static QString ansage(QWidget *widget)
     {
         const auto *liste = qobject_cast<QComboBox *>(widget);
-        return QAccessible::queryAccessibleInterface(liste ? liste->lineEdit() : widget)->text(QAccessible::Name);
+        if (liste && liste->lineEdit())
+            widget = liste->lineEdit();
+        return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
     }
 
     std::unique_ptr<Filterprobe> probe_;
