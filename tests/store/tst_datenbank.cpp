@@ -246,6 +246,8 @@ private slots:
     /// The query becomes a flat table with the same columns, that works like one: key, flags, user's fields.
     void abfrageWirdTabelle()
     {
+        for (const char *tabelle : {"Stauden", "Gehoelze", "Friedhof"})
+            db_->Execute(u"DELETE FROM %1"_s.arg(QLatin1String(tabelle)));
         db_->Execute(u"INSERT INTO Stauden (ARTNR, BOT_NAME, farben, BLMINH) VALUES (900, 'Aster', '0010000000000', 0.5)"_s);
         db_->Execute(u"INSERT INTO Friedhof (ARTNR, BOT_NAME, DB, SYMBOLIK, benu_eigen) VALUES (900, 'Aster', '100', '0100000000000000', '1    ')"_s);
         db_->Execute(u"INSERT INTO Friedhof (ARTNR, BOT_NAME, DB) VALUES (2900, 'Acer', '010')"_s);

@@ -59,7 +59,8 @@ void TestBildnamen::zeilen()
         Pflanzendaten daten(ziel());
         fuellen(daten, "%rec: Topfpfl\n\nARTNR: 1\nBOT_NAME: × Fatshedera lizei\nbewertung: 1\n\n"
                        "%rec: Apfel\n\nARTNR: 2\nBOT_NAME: Schöner aus Boskoop\nbewertung: 1\n\n"
-                       "%rec: Stauden\n\nARTNR: 3\nBOT_NAME: Phlox paniculata\nbewertung: 1\n");
+                       "%rec: Stauden\n\nARTNR: 3\nBOT_NAME: Phlox paniculata\nbewertung: 1\n\n"
+                       "%rec: Friedhof\n\nARTNR: 3\nBOT_NAME: Phlox paniculata\nDB: 100\nbewertung: 1\n");
         daten.abschliessen();
     }
     const auto db = Datenbank::OpenDatabase(ziel());
@@ -72,8 +73,10 @@ void TestBildnamen::zeilen()
         return werte.join(u'|');
     };
     QCOMPARE(zeile("Topfpfl"), QStringLiteral("fatshedera-lizei|Gesamtansicht, schematisch|fatshedera-lizei-detail|Blatt, schematisch|-"));
-    QCOMPARE(zeile("Apfel"), QStringLiteral("schoener-aus-boskoop|Gesamtansicht, schematisch|schoener-aus-boskoop-detail|Frucht außen und im Schnitt, schematisch|-"));
-    QCOMPARE(zeile("Stauden"), QStringLiteral("-|-|-|-|-"));
+    QCOMPARE(zeile("Apfel"), QStringLiteral("schoener-aus-boskoop|Gesamtansicht in Blüte und im Winter, schematisch|schoener-aus-boskoop-detail|Blüte, Blatt und Winterzweig, schematisch|-"));
+    QCOMPARE(zeile("Stauden"), QStringLiteral("phlox-paniculata|Gesamtansicht, schematisch|phlox-paniculata-detail|Blatt, schematisch|-"));
+    // Taken from the perennials, plates and all.
+    QCOMPARE(zeile("Friedhof"), zeile("Stauden"));
 }
 
 void TestBildnamen::doppelt_data()
@@ -84,7 +87,7 @@ void TestBildnamen::doppelt_data()
     QTest::newRow("same stem") << QByteArray(erste + "ARTNR: 2\nBOT_NAME: Ficus 'elastica'\nbewertung: 1\n") << true;
     QTest::newRow("no stem") << QByteArray("%rec: Topfpfl\n\nARTNR: 2\nBOT_NAME: ...\nbewertung: 1\n") << true;
     QTest::newRow("another table") << QByteArray(erste + "%rec: Apfel\n\nARTNR: 2\nBOT_NAME: Ficus 'elastica'\nbewertung: 1\n") << false;
-    QTest::newRow("no plates") << QByteArray("%rec: Stauden\n\nARTNR: 2\nBOT_NAME: ...\nbewertung: 1\n") << false;
+    QTest::newRow("no plates") << QByteArray("%rec: Friedhof\n\nARTNR: 2\nBOT_NAME: ...\nDB: 100\nbewertung: 1\n") << false;
 }
 
 void TestBildnamen::doppelt()
