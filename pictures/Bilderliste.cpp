@@ -26,12 +26,7 @@ bool probenVorhanden(const QString &wurzel)
 
 QString bildordner(Sparte sparte, qint64 artnr)
 {
-    const QStringView fest = eintrag(sparte).bildordner;
-    if (!fest.isEmpty())
-        return fest.toString();
-    // Plants taken from two collections: the number tells which.
-    constexpr qint64 ersteHolzige = 2000, nachHolzigen = 3000;
-    return eintrag(artnr >= ersteHolzige && artnr < nachHolzigen ? Sparte::Gehoelze : Sparte::Stauden).bildordner.toString();
+    return eintrag(herkunftDerNummer(eintrag(sparte), artnr)).bildordner.toString();
 }
 
 QString ersatzbild(const Programm &programm)

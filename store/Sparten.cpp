@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr Herkunft herkuenfteFriedhof[] = {{u"100", Sparte::Stauden}, {u"010", Sparte::Gehoelze}};
+constexpr Herkunft herkuenfteFriedhof[] = {{u"100", Sparte::Stauden}, {u"010", Sparte::Gehoelze, 2000, 3000}};
 
 constexpr std::array<SpartenEintrag, anzahlSparten> tabelle{{
     {.sparte = Sparte::Topf,
@@ -149,6 +149,18 @@ std::optional<Sparte> herkunft(const SpartenEintrag &sparte, QStringView wert)
         if (zeile.wert == wert)
             return zeile.sparte;
     return std::nullopt;
+}
+
+Sparte herkunftDerNummer(const SpartenEintrag &sparte, qint64 artnr)
+{
+    Sparte uebrige = sparte.sparte;
+    for (const Herkunft &zeile : sparte.herkuenfte) {
+        if (artnr >= zeile.ersteNummer && artnr < zeile.nachNummer)
+            return zeile.sparte;
+        if (!zeile.nachNummer)
+            uebrige = zeile.sparte;
+    }
+    return uebrige;
 }
 
 QList<Sparte> herkuenfte(const SpartenEintrag &sparte)

@@ -19,6 +19,7 @@ struct Herkunft
 {
     QStringView wert;
     Sparte sparte;
+    int ersteNummer = 0, nachNummer = 0; ///< its plants' numbers, the second one past the last; 0, 0: all that no other has
 };
 
 struct SpartenEintrag
@@ -54,6 +55,8 @@ const std::array<SpartenEintrag, anzahlSparten> &alleSparten();
 const SpartenEintrag &eintrag(Sparte sparte);
 /// The Sparte that a row is taken from, by the text of its `herkunftsfeld`: without such a field its own; nothing for an unknown text.
 std::optional<Sparte> herkunft(const SpartenEintrag &sparte, QStringView wert);
+/// The same by a plant's number: the picture window knows no more of it.
+Sparte herkunftDerNummer(const SpartenEintrag &sparte, qint64 artnr);
 /// The Sparten that rows can be taken from.
 QList<Sparte> herkuenfte(const SpartenEintrag &sparte);
 /// Sparte of a word such as "Topf"; nothing for any other text.
