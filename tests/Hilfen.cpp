@@ -27,6 +27,13 @@ std::vector<Sparte> spartenMitFenster()
     return sparten;
 }
 
+std::vector<Sparte> spartenEinerHerkunft()
+{
+    std::vector<Sparte> sparten = spartenMitFenster();
+    std::erase_if(sparten, [](Sparte sparte) { return eintrag(sparte).herkunftsfeld; });
+    return sparten;
+}
+
 QString grundtabelle(Sparte sparte)
 {
     const QStringView satz = eintrag(sparte).haupttabelle;

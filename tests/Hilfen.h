@@ -20,6 +20,8 @@ public:
 
 /// What a test that stands for every Sparte loops over.
 std::vector<Sparte> spartenMitFenster();
+/// Those of them whose rows all have one origin; the others have tests of their own.
+std::vector<Sparte> spartenEinerHerkunft();
 /// The table that the rows of a Sparte's main recordset stand in.
 QString grundtabelle(Sparte sparte);
 

@@ -27,6 +27,14 @@ void jedeSparteMitFilter()
         QTest::newRow(kuerzel(sparte)) << sparte;
 }
 
+void jedeSparteMitRegeln()
+{
+    QTest::addColumn<Sparte>("sparte");
+    for (const Sparte sparte : spartenMitFilter())
+        if (!eintrag(sparte).herkunftsfeld)
+            QTest::newRow(kuerzel(sparte)) << sparte;
+}
+
 const std::vector<Dateizeile> &dateizeilen(Sparte sparte)
 {
     static QMap<Sparte, std::vector<Dateizeile>> bekannt;

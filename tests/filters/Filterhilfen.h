@@ -14,6 +14,8 @@
 QList<Sparte> spartenMitFilter();
 /// Adds a column "sparte" with a row for each of them, named as `kuerzel`.
 void jedeSparteMitFilter();
+/// The same for those whose rows all have one origin: they have rules here.
+void jedeSparteMitRegeln();
 /// The two letters that tell the filter of a Sparte: "to".
 QByteArray kuerzel(Sparte sparte);
 

@@ -102,7 +102,7 @@ void TestFilterdateiZufall::veraenderteDateien_data()
     QTest::addColumn<Sparte>("sparte");
     QTest::addColumn<uint>("saatzahl");
     for (const uint saatzahl : {1u, 20261u, 4711u})
-        for (const Sparte sparte : spartenMitFilter())
+        for (const Sparte sparte : spartenEinerHerkunft())
             QTest::addRow("%s %u", kuerzel(sparte).constData(), saatzahl) << sparte << saatzahl;
 }
 
@@ -138,7 +138,7 @@ void TestFilterdateiZufall::beliebigeBytes()
         QByteArray datei(zahl(zufall, 0, 3000), Qt::Uninitialized);
         for (char &zeichen : datei)
             zeichen = char(zahl(zufall, 0, 255));
-        for (const Sparte sparte : spartenMitFenster()) {
+        for (const Sparte sparte : spartenEinerHerkunft()) {
             const Lesung lesung = lesen(sparte, datei);
             QCOMPARE(lesung.fehler, QString());
             QVERIFY(!lesung.ganz);

@@ -91,7 +91,7 @@ void TestFilterdialog::verstellen(uint saat)
 void TestFilterdialog::anfang_data()
 {
     QTest::addColumn<Sparte>("sparte");
-    for (const Sparte sparte : spartenMitFilter())
+    for (const Sparte sparte : spartenEinerHerkunft())
         QTest::newRow("Sparte " + kuerzel(sparte)) << sparte;
 }
 

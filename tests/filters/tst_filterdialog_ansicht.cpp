@@ -185,7 +185,7 @@ void TestFilterdialogAnsicht::zeilenenden()
         }
         // Text and number boxes and lists, in which one can type, have a line each in the file.
         QCOMPARE(felder, int(std::ranges::count_if(dateizeilen(sparte), [](const Dateizeile &zeile) {
-                     return zeile.control.startsWith(u"txt") || zeile.control.startsWith(u"cmb") || zeile.control.startsWith(u"cbo");
+                     return zeile.eigenschaft.isEmpty() && (zeile.art == u"text" || zeile.art == u"number text");
                  })));
     }
 }

@@ -59,7 +59,7 @@ QByteArray TestFilterdialogDateien::inhalt(const QString &pfad)
 
 void TestFilterdialogDateien::alleControls_data()
 {
-    jedeSparteMitFilter();
+    jedeSparteMitRegeln();
 }
 
 void TestFilterdialogDateien::alleControls()

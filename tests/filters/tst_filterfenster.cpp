@@ -94,7 +94,7 @@ void TestFilterfenster::stimmig(Pflanzenfenster &fenster)
 
 void TestFilterfenster::oeffnenFiltertNachBewertung_data()
 {
-    jedeSparteMitFilter();
+    jedeSparteMitRegeln();
 }
 
 void TestFilterfenster::oeffnenFiltertNachBewertung()

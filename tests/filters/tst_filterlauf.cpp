@@ -378,7 +378,7 @@ void TestFilterlauf::zufaelligeDialoge_data()
 {
     QTest::addColumn<Sparte>("sparte");
     QTest::addColumn<uint>("saat");
-    for (const Sparte sparte : spartenMitFilter())
+    for (const Sparte sparte : spartenEinerHerkunft())
         for (uint saat = 1; saat <= 12; ++saat)
             QTest::addRow("%s %u", kuerzel(sparte).constData(), saat) << sparte << saat + uint(sparte) * 100;
 }
@@ -415,7 +415,7 @@ Welt TestFilterlauf::kleineWelt(int anzahl, Sparte sparte)
 
 void TestFilterlauf::nichtsUndAllesBleibt()
 {
-    for (const Sparte sparte : spartenMitFenster()) {
+    for (const Sparte sparte : spartenEinerHerkunft()) {
         Welt welt = kleineWelt(4, sparte);
         welt.pflanzen[3][u"bewertung"_s] = u"4"_s;
         schreiben(sparte, welt);
@@ -491,7 +491,7 @@ void TestFilterlauf::synonymeVerbunden()
 
 void TestFilterlauf::bilderNachPlatz()
 {
-    for (const Sparte sparte : spartenMitFenster()) {
+    for (const Sparte sparte : spartenEinerHerkunft()) {
         Welt welt = kleineWelt(4, sparte);
         welt.bilder[2].felder[0] = u"b.jpg"_s;
         schreiben(sparte, welt);

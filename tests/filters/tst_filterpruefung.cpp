@@ -64,7 +64,7 @@ static void flagreihen(bool einzeln)
     QTest::addColumn<Sparte>("sparte");
     QTest::addColumn<int>("regel");
     QTest::addColumn<int>("element");
-    for (const Sparte sparte : spartenMitFenster())
+    for (const Sparte sparte : spartenEinerHerkunft())
         for (int r = 0; r < int(regeln(sparte).size()); ++r) {
             const Regel &regel = regeln(sparte)[size_t(r)];
             if (!regel.gruppe() || (!einzeln && regel.art == Regelart::Pflanzenart))
@@ -352,7 +352,7 @@ void TestFilterpruefung::texte_data()
 {
     QTest::addColumn<Sparte>("sparte");
     QTest::addColumn<int>("regel");
-    for (const Sparte sparte : spartenMitFenster())
+    for (const Sparte sparte : spartenEinerHerkunft())
         for (int r = 0; r < int(regeln(sparte).size()); ++r)
             if (regeln(sparte)[size_t(r)].art == Regelart::Text)
                 QTest::newRow(reihenname(sparte, regeln(sparte)[size_t(r)].control)) << sparte << r;
@@ -432,7 +432,7 @@ void TestFilterpruefung::familie()
 
 void TestFilterpruefung::bild()
 {
-    for (const Sparte sparte : spartenMitFenster()) {
+    for (const Sparte sparte : spartenEinerHerkunft()) {
         Filterumgebung u;
         u.mitBild = {4};
         Zustand keine(sparte), mit(sparte), ohne(sparte), beide(sparte);
@@ -511,7 +511,7 @@ void TestFilterpruefung::bewertung()
     QFETCH(const bool, minimum);
     QFETCH(const int, von);
     QFETCH(const int, bis);
-    for (const Sparte sparte : spartenMitFenster()) {
+    for (const Sparte sparte : spartenEinerHerkunft()) {
         Zustand z(sparte);
         if (stufe == 3 && minimum) // the default state does the same
             QCOMPARE(Datensatz().mit("bewertung", u"4"_s).passt(z), false);
@@ -523,7 +523,7 @@ void TestFilterpruefung::bewertung()
 
 void TestFilterpruefung::bewertungFehlt()
 {
-    for (const Sparte sparte : spartenMitFenster()) {
+    for (const Sparte sparte : spartenEinerHerkunft()) {
         Zustand z(sparte);
         z.bewertung(1, true);
         for (const QString &wert : {u""_s, u"gut"_s})

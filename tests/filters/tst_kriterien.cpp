@@ -19,7 +19,7 @@ private slots:
     void zeilenDerDatei_data() { jedeSparteMitFilter(); }
     void zeilenDerDatei();
     void zeilenFallenAuf();
-    void reihenfolgeDerPruefungen_data() { jedeSparteMitFilter(); }
+    void reihenfolgeDerPruefungen_data() { jedeSparteMitRegeln(); }
     void reihenfolgeDerPruefungen();
     void fehlerFallenAuf_data();
     void fehlerFallenAuf();
@@ -129,7 +129,7 @@ void TestKriterien::fehlerFallenAuf()
 
 void TestKriterien::ohneTabelle()
 {
-    for (const Sparte sparte : spartenMitFenster())
+    for (const Sparte sparte : spartenEinerHerkunft())
         QVERIFY(filterbeschreibung(sparte));
     // What has no table has no dialog either; it must not be somebody else's.
     for (const SpartenEintrag &e : alleSparten())

@@ -238,7 +238,7 @@ void TestBlattseiten::jedePflanze_data()
     QTest::addColumn<Sparte>("sparte");
     QTest::addColumn<QPageLayout>("blatt");
     const QPageSize a4(QPageSize::A4);
-    for (const Sparte sparte : spartenMitFenster()) {
+    for (const Sparte sparte : spartenEinerHerkunft()) {
         const char *name = eintrag(sparte).filter;
         QTest::addRow("%s A4", name) << sparte << blattA4();
         QTest::addRow("%s margins", name) << sparte << QPageLayout(a4, QPageLayout::Portrait, QMarginsF(6, 6, 6, 6), QPageLayout::Millimeter);

@@ -370,7 +370,7 @@ void TestDatenblatt::quadratmeter()
 void TestDatenblatt::benutzernamen_data()
 {
     QTest::addColumn<Sparte>("sparte");
-    for (const Sparte sparte : spartenMitFenster())
+    for (const Sparte sparte : spartenEinerHerkunft())
         QTest::newRow(eintrag(sparte).filter) << sparte;
 }
 

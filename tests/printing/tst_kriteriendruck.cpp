@@ -305,7 +305,7 @@ class TestKriteriendruck : public QObject
 private slots:
     void initTestCase()
     {
-        for (const Sparte sparte : spartenMitFenster())
+        for (const Sparte sparte : spartenEinerHerkunft())
             for (size_t i = 0; i < std::size(eigeneWorte); ++i)
                 programm_.BenutzerNamen[size_t(sparte)][i] = eigeneWorte[i].toString();
     }
@@ -313,7 +313,7 @@ private slots:
     /// No criterion is forgotten above, and none of them twice.
     void vollstaendig()
     {
-        for (const Sparte sparte : spartenMitFenster()) {
+        for (const Sparte sparte : spartenEinerHerkunft()) {
             QSet<const Steuerteil *> controls;
             for (const Sollzeile &zeile : zeilenVon(sparte))
                 controls += &Zustand(sparte).steuerteil(zeile.control);
@@ -325,7 +325,7 @@ private slots:
 
     void vorgabe()
     {
-        for (const Sparte sparte : spartenMitFenster())
+        for (const Sparte sparte : spartenEinerHerkunft())
             QCOMPARE(gedruckt(Zustand(sparte)), QStringList());
     }
 
@@ -345,7 +345,7 @@ private slots:
         QCOMPARE(labels, labelsVon(sparte, zeile->control));
     }
 
-    void alleInReihenfolge_data() { jedeSparteMitFilter(); }
+    void alleInReihenfolge_data() { jedeSparteMitRegeln(); }
     void alleInReihenfolge()
     {
         QFETCH(Sparte, sparte);
@@ -466,7 +466,7 @@ private slots:
         QTest::addColumn<Sparte>("sparte");
         QTest::addColumn<int>("stufe");
         QTest::addColumn<bool>("minimum");
-        for (const Sparte sparte : spartenMitFenster())
+        for (const Sparte sparte : spartenEinerHerkunft())
             for (int stufe = 1; stufe <= 5; ++stufe)
                 for (const bool minimum : {true, false})
                     QTest::addRow("%d, %s %d", int(sparte), minimum ? "Minimum" : "Maximum", stufe) << sparte << stufe << minimum;
@@ -617,7 +617,7 @@ private slots:
     /// Pictures say nothing about a plant.
     void bilder()
     {
-        for (const Sparte sparte : spartenMitFenster()) {
+        for (const Sparte sparte : spartenEinerHerkunft()) {
             QCOMPARE(gedruckt(Zustand(sparte).waehlen("chkBild")), QStringList());
             QCOMPARE(gedruckt(Zustand(sparte).waehlen("chkBild").waehlen("chkOhneBild")), QStringList());
         }
@@ -644,7 +644,7 @@ private slots:
     {
         Zufall zufall(20240611);
         int leer = 0, viele = 0;
-        const QList<Sparte> sparten = spartenMitFilter();
+        const std::vector<Sparte> sparten = spartenEinerHerkunft();
         for (int i = 0; i < 1000; ++i) {
             const Sparte sparte = sparten[i % sparten.size()];
             const Zustand z = zufallszustand(sparte, zufall, {u""_s, u"a"_s, u"rot"_s}, {u"- Alle -"_s, u"Araceae"_s});
@@ -673,7 +673,7 @@ private:
     {
         QTest::addColumn<Sparte>("sparte");
         QTest::addColumn<const Sollzeile *>("zeile");
-        for (const Sparte sparte : spartenMitFenster())
+        for (const Sparte sparte : spartenEinerHerkunft())
             for (const Sollzeile &zeile : zeilenVon(sparte))
                 if (zeile.worte || !nurGruppen)
                     QTest::addRow("%s %s", eintrag(sparte).filter, zeile.control) << sparte << &zeile;
