@@ -136,8 +136,10 @@ void Pflanzenbild::bluehe(QPointF ort, double grad, double ebene, double groesse
         return bluete(ort, grad, ebene);
     const QRectF r = stand_.rahmen();
     const double soll = std::clamp(s.standgroesse / 100 * px, 10.0, std::max(16.0, bluetenhoehe() * 0.62)) * groesse;
-    const double laenge = soll * 100 / std::max(60.0, -r.top());
-    const QTransform dort = ::lage(ort, grad, laenge);
+    // What hangs is drawn downwards from its stalk, and hangs wherever its shoot points.
+    const bool haengt = r.bottom() > -r.top();
+    const double laenge = soll * 100 / std::max({60.0, -r.top(), r.bottom()});
+    const QTransform dort = ::lage(ort, haengt ? 90 + zufall.streuung(6) : grad, laenge);
     ding(ebene, dort.mapRect(r), [this, dort, t = zufall.streuung(0.06)](QPainter &p) { stand_.malen(p, s.anstrich, dort, t); });
 }
 
