@@ -125,7 +125,8 @@ void Pflanzenbild::bluete(QPointF ort, double grad, double ebene)
 {
     if (!s.zeigtBlueten() || winter)
         return;
-    const double radius = std::clamp(s.bluetengroesse / 200 * px, 3.5, hoehe() * 0.3);
+    // On a tree true flowers would be dots: they are drawn as large as one sees that it flowers.
+    const double radius = std::clamp(s.bluetengroesse / 200 * px, s.verholzt() ? 8.0 : 3.5, hoehe() * 0.3);
     const QTransform dort = ::lage(ort, blueteRund_ ? grad + zufall.streuung(25) : grad, radius * (blueteRund_ ? 1 : 1.3));
     ding(ebene, dort.mapRect(bluete_.rahmen()), [this, dort, t = zufall.streuung(0.07)](QPainter &p) { bluete_.malen(p, s.anstrich, dort, t); });
 }
@@ -135,7 +136,7 @@ void Pflanzenbild::bluehe(QPointF ort, double grad, double ebene, double groesse
     if (!s.stand || !s.zeigtBlueten() || winter)
         return bluete(ort, grad, ebene);
     const QRectF r = stand_.rahmen();
-    const double soll = std::clamp(s.standgroesse / 100 * px, 10.0, std::max(16.0, bluetenhoehe() * 0.62)) * groesse;
+    const double soll = std::clamp(s.standgroesse / 100 * px, s.verholzt() ? 26.0 : 10.0, std::max(26.0, bluetenhoehe() * 0.62)) * groesse;
     // What hangs is drawn downwards from its stalk, and hangs wherever its shoot points.
     const bool haengt = r.bottom() > -r.top();
     const double laenge = soll * 100 / std::max({60.0, -r.top(), r.bottom()});
