@@ -230,7 +230,7 @@ private:
     Testzentrale zentrale_;
 };
 
-/// Opening, step, filter run and filter file of any Sparte whose window there is; `--sparten` measures these alone.
+/// Opening, step, filter run and filter file of any Sparte whose rows have one origin; `--sparten` measures these alone.
 class Spartenbank
 {
 public:
@@ -372,7 +372,7 @@ int main(int anzahl, char **argumente)
     if (anzahl == 2 && qstrcmp(argumente[1], "--leer") == 0)
         return leeresFenster();
     if (anzahl == 3 && qstrcmp(argumente[1], "--sparten") == 0) {
-        for (const Sparte sparte : spartenMitFenster())
+        for (const Sparte sparte : spartenEinerHerkunft())
             Spartenbank(QString::fromLocal8Bit(argumente[2]), sparte).messen();
         return 0;
     }
