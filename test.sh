@@ -1,8 +1,11 @@
 #!/usr/bin/env bash
-# Builds everything with sanitizers and runs every test; then the benchmarks, small, against the release build.
+# Checks the layout of the sources, builds everything with sanitizers and runs every test; then the benchmarks, small,
+# against the release build. Tables between "clang-format off" and "on" are laid out by hand.
 set -euo pipefail
 cd "$(dirname "$0")"
 . tools/einrichten.sh
+find controls data filters frame pictures plantwindows printing store tests tools -name '*.cpp' -o -name '*.h' |
+    xargs clang-format --dry-run -Werror
 cmake --preset sanitize >/dev/null
 cmake --build build/sanitize
 ctest --test-dir build/sanitize --output-on-failure -j2

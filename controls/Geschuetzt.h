@@ -37,7 +37,5 @@ bool geschuetztAusfuehren(QWidget *fenster, Handlung &&handlung)
 template<typename Handlung>
 auto geschuetzt(QWidget *fenster, Handlung handlung)
 {
-    return [fenster = QPointer<QWidget>(fenster), handlung = std::move(handlung)]() mutable {
-        geschuetztAusfuehren(fenster, handlung);
-    };
+    return [fenster = QPointer<QWidget>(fenster), handlung = std::move(handlung)]() mutable { geschuetztAusfuehren(fenster, handlung); };
 }

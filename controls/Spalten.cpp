@@ -116,8 +116,7 @@ Spaltenlayout::Aufteilung Spaltenlayout::aufteilen(int breite) const
     int spaltenbreite = spaltenbreite_;
     for (Karte *karte : karten)
         spaltenbreite = std::max(spaltenbreite, karte->minimumSizeHint().width());
-    const int anzahl = std::clamp((innen + abstand) / (spaltenbreite + abstand), 1,
-                                  std::clamp(int(karten.size()), 1, hoechstensSpalten));
+    const int anzahl = std::clamp((innen + abstand) / (spaltenbreite + abstand), 1, std::clamp(int(karten.size()), 1, hoechstensSpalten));
     Aufteilung teile;
     teile.breite = (innen - (anzahl - 1) * abstand) / anzahl;
     std::vector<int> hoehen;

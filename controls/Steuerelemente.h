@@ -8,8 +8,8 @@
 /* Small controls with the properties by which forms, filter files and tests speak of them. Colours are signed 32-bit
    numbers, 0xBBGGRR; two numbers stand for colours of the palette and stay numbers until they are painted. */
 
-inline constexpr int farbeKnopf = int(0x8000000Fu);   ///< button face: not set
-inline constexpr int farbeTitel = int(0x80000003u);   ///< highlight: month set
+inline constexpr int farbeKnopf = int(0x8000000Fu); ///< button face: not set
+inline constexpr int farbeTitel = int(0x80000003u); ///< highlight: month set
 
 /* Cells and pictures that can be chosen and stand in one parent as "stem_0", "stem_1" ... are a row: Tab reaches the row once,
    the arrow keys, Home and End move inside it, Space chooses. Whether one is set stands in its accessible description. */

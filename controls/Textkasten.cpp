@@ -9,9 +9,9 @@
 
 namespace {
 
-constexpr int fortsetzung = 1;        ///< state of a block that goes on with the line before it
-constexpr int kleinsteZeilen = 3;     ///< lines that always have room
-constexpr int bemesseneZeichen = 4000; ///< of a longer text no more is measured
+constexpr int fortsetzung = 1;             ///< state of a block that goes on with the line before it
+constexpr int kleinsteZeilen = 3;          ///< lines that always have room
+constexpr int bemesseneZeichen = 4000;     ///< of a longer text no more is measured
 constexpr qsizetype grosserText = 100'000; ///< characters
 
 } // namespace

@@ -23,9 +23,9 @@ public:
     QSize sizeHint() const override { return minimumSizeHint(); }
 
 private:
-    QString gesetzt_;          ///< what was set last
-    bool geaendert_ = false;   ///< somebody else has changed it since
-    bool geteilt_ = false;     ///< its blocks are not the lines of the text
+    QString gesetzt_;        ///< what was set last
+    bool geaendert_ = false; ///< somebody else has changed it since
+    bool geteilt_ = false;   ///< its blocks are not the lines of the text
 };
 
 inline constexpr int laengsteZeile = 4000; ///< characters of one line that are laid out together

@@ -248,7 +248,8 @@ bool Filterdialog::ladeDatei(const QString &pfad)
 void Filterdialog::FilterSpeichern(const QString &pfad)
 {
     if (programm_.FilterdateiGestoert)
-        throw Fehler(QStringLiteral("Die Filterdatei '%1' kann nicht geschrieben werden.\n%2").arg(QDir::toNativeSeparators(systemPfad(pfad)), dateisperre));
+        throw Fehler(
+            QStringLiteral("Die Filterdatei '%1' kann nicht geschrieben werden.\n%2").arg(QDir::toNativeSeparators(systemPfad(pfad)), dateisperre));
     schreibeSicher(systemPfad(pfad), filterSchreiben(beschreibung_, zustand()));
 }
 
@@ -259,8 +260,7 @@ void Filterdialog::dateisperreZeigen()
 
 void Filterdialog::DialogLaden()
 {
-    Dateifrage frage(this, QStringLiteral("Filter laden"), beschreibung_.ladeFilter, muster(beschreibung_.speicherFilter),
-                     programm_.FilterOrdner);
+    Dateifrage frage(this, QStringLiteral("Filter laden"), beschreibung_.ladeFilter, muster(beschreibung_.speicherFilter), programm_.FilterOrdner);
     frage.setFileMode(QFileDialog::ExistingFile);
     const QString pfad = frage.fragen();
     if (pfad.isEmpty()) {
@@ -273,7 +273,8 @@ void Filterdialog::DialogLaden()
             findChild<QPushButton *>(QStringLiteral("cmdOK"))->setFocus();
     } catch (const Fehler &fehler) {
         constexpr int unbekannterFehler = 51;
-        QMessageBox::critical(this, QStringLiteral("Laufzeitfehler (Dialog_Laden)"), QStringLiteral("%1 (%2)").arg(fehler.text()).arg(unbekannterFehler));
+        QMessageBox::critical(this, QStringLiteral("Laufzeitfehler (Dialog_Laden)"),
+                              QStringLiteral("%1 (%2)").arg(fehler.text()).arg(unbekannterFehler));
     }
 }
 

@@ -64,8 +64,9 @@ QScrollArea *rolle(QWidget *inhalt)
 } // namespace
 
 Filterdialog::Filterdialog(Programm &programm, Filterziel &ziel, const Filterbeschreibung &beschreibung, int nummer, QWidget *eltern)
-    : QWidget(eltern, Qt::Dialog), programm_(programm), ziel_(ziel), beschreibung_(beschreibung),
-      umgebung_{programm, beschreibung, [this] { zaehlen(); }}
+    : QWidget(eltern, Qt::Dialog), programm_(programm), ziel_(ziel), beschreibung_(beschreibung), umgebung_{programm, beschreibung, [this] {
+                                                                                                                zaehlen();
+                                                                                                            }}
 {
     const SpartenEintrag &sparte = eintrag(beschreibung.sparte);
     setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(sparte.filter)).arg(nummer));

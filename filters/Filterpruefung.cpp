@@ -202,8 +202,8 @@ bool Filterpruefung::bereichPasst(const Probe &probe, qint64 artnr, std::span<co
         const std::string_view text = werte[size_t(stelle)];
         const std::optional<double> wert = text.empty() ? std::optional(0.0) : zahlLesen(text);
         if (!wert)
-            throw Fehler(QStringLiteral("Das Feld '%1' der Pflanze %2 enthält keine Zahl: \"%3\".")
-                             .arg(QLatin1String(feld)).arg(artnr).arg(textVon(text)));
+            throw Fehler(
+                QStringLiteral("Das Feld '%1' der Pflanze %2 enthält keine Zahl: \"%3\".").arg(QLatin1String(feld)).arg(artnr).arg(textVon(text)));
         return *wert;
     };
     const Kriterium &kriterium = *probe.kriterium;

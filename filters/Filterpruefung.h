@@ -20,8 +20,8 @@ struct Filterumgebung
     /// Synonyms of the rows that matched a box, joined by ", ", by record number; nothing: no row matched.
     using Synonyme = std::optional<QHash<qint64, QString>>;
 
-    QString familie;            ///< number of the chosen family; empty for an unknown name
-    QSet<qint64> mitBild;       ///< record numbers whose picture row names a picture
+    QString familie;      ///< number of the chosen family; empty for an unknown name
+    QSet<qint64> mitBild; ///< record numbers whose picture row names a picture
     Synonyme botanisch, deutsch;
     Synonyme andereBotanisch = {}, andereDeutsch = {}; ///< of the other origin
 };
@@ -44,16 +44,16 @@ private:
     {
         const Kriterium *kriterium = nullptr;
         Frage frage;
-        int feld = -1, feld2 = -1;      ///< places in `werte`
-        Positionen gewaehlt;            ///< positions of the selected items
-        Kodierung kodierung;            ///< how the field writes its positions
-        bool erstes = false;            ///< the first control is set
-        bool zweites = false;           ///< the second control is set
-        QString min, max;               ///< boxes of a range
+        int feld = -1, feld2 = -1; ///< places in `werte`
+        Positionen gewaehlt;       ///< positions of the selected items
+        Kodierung kodierung;       ///< how the field writes its positions
+        bool erstes = false;       ///< the first control is set
+        bool zweites = false;      ///< the second control is set
+        QString min, max;          ///< boxes of a range
         std::optional<double> minZahl, maxZahl;
-        QString nadel;                  ///< upper case; Gleich: as it stands
-        std::vector<int> wahre;         ///< AlleWahr, EinsWahr: places of the selected booleans
-        QStringList nadeln;             ///< WortImText: upper case
+        QString nadel;          ///< upper case; Gleich: as it stands
+        std::vector<int> wahre; ///< AlleWahr, EinsWahr: places of the selected booleans
+        QStringList nadeln;     ///< WortImText: upper case
         int schwelle = 0;
         const Filterumgebung::Synonyme *synonyme = nullptr;
     };
@@ -67,7 +67,7 @@ private:
 
     Filterumgebung umgebung_;
     QStringList felder_;
-    int herkunft_ = -1;          ///< place in `werte`; -1: all records are of the first origin
+    int herkunft_ = -1; ///< place in `werte`; -1: all records are of the first origin
     QByteArray andereHerkunft_;
     std::array<std::vector<Probe>, 2> proben_; ///< of the first origin and of the other
 };

@@ -28,7 +28,7 @@ namespace {
 static_assert(nichtGewaehlt == farbeKnopf && monatGewaehlt == farbeTitel);
 
 constexpr int einspaltigBis = 7, zweispaltigBis = 14; // boxes that stand in so many columns
-constexpr int symbolgroesse = 44;   // pixels
+constexpr int symbolgroesse = 44;                     // pixels
 constexpr int zellenJeReihe = 14, bilderJeReihe = 8;
 constexpr int kastenabstand = 10, zellenabstand = 2, wortabstand = 6;
 
@@ -145,9 +145,10 @@ int spaltenFuer(std::span<QWidget *const> widgets, int hoechstens, int raum)
         const size_t zeilen = (widgets.size() + size_t(spalten) - 1) / size_t(spalten);
         int breite = (spalten - 1) * kastenabstand;
         for (size_t anfang = 0; anfang < widgets.size(); anfang += zeilen)
-            breite += std::ranges::max(widgets.subspan(anfang, std::min(zeilen, widgets.size() - anfang)), {}, [](const QWidget *widget) {
-                          return widget->sizeHint().width();
-                      })->sizeHint().width();
+            breite += std::ranges::max(widgets.subspan(anfang, std::min(zeilen, widgets.size() - anfang)), {},
+                                       [](const QWidget *widget) { return widget->sizeHint().width(); })
+                          ->sizeHint()
+                          .width();
         if (breite <= raum)
             return spalten;
     }
@@ -190,7 +191,10 @@ public:
         knopf->setAutoExclusive(ausschliessend);
     }
 
-    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, kriterium_.kastenspalten, raum(), ort); }
+    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override
+    {
+        inSpalten(widgets, kriterium_.kastenspalten, raum(), ort);
+    }
 
 protected:
     int wert(int i) const override { return element<QAbstractButton>(i)->isChecked() ? 1 : 0; }
@@ -367,7 +371,10 @@ public:
 
     Teilzustand zustand() const override { return {{}, element<QLineEdit>(0)->text()}; }
     void setzen(int i, int, const QString &text) override { element<QLineEdit>(i)->setText(text); }
-    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, kriterium_.kastenspalten, raum(), ort); }
+    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override
+    {
+        inSpalten(widgets, kriterium_.kastenspalten, raum(), ort);
+    }
 
 protected:
     QWidget *bauen(int, QWidget *eltern) override { return anschliessen(new QLineEdit(eltern)); }
@@ -429,7 +436,10 @@ public:
         liste()->setCurrentIndex(liste()->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
         liste()->setCurrentText(text);
     }
-    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override { inSpalten(widgets, kriterium_.kastenspalten, raum(), ort); }
+    void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *) override
+    {
+        inSpalten(widgets, kriterium_.kastenspalten, raum(), ort);
+    }
     void benennen(const QString &gruppe) override
     {
         Filtersteuerung::benennen(gruppe);

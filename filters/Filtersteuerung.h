@@ -34,10 +34,12 @@ class Filtersteuerung : public QObject
 public:
     /// With its widgets, named and owned by `eltern`; null for a part without a control.
     static std::unique_ptr<Filtersteuerung> erzeugen(const Kriterium &kriterium, const Steuerteil &teil, const Steuerungsumgebung &umgebung,
-                                                      QWidget *eltern);
+                                                     QWidget *eltern);
 
     Filtersteuerung(const Kriterium &kriterium, const Steuerteil &teil, const Steuerungsumgebung &umgebung)
-        : kriterium_(kriterium), teil_(teil), umgebung_(umgebung) {}
+        : kriterium_(kriterium), teil_(teil), umgebung_(umgebung)
+    {
+    }
 
     /// Those that the dialog shows, in order.
     std::span<QWidget *const> widgets() const { return std::span(widgets_).first(size_t(teil_.waehlbare())); }
@@ -62,7 +64,10 @@ protected:
     void umschalten(int i);
     QString beschriftung(int i) const { return ::beschriftung(umgebung_, kriterium_, teil_, i); }
     template<typename T>
-    T *element(int i) const { return static_cast<T *>(widgets_[size_t(i)]); }
+    T *element(int i) const
+    {
+        return static_cast<T *>(widgets_[size_t(i)]);
+    }
 
     const Kriterium &kriterium_;
     const Steuerteil &teil_;

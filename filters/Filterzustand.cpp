@@ -34,8 +34,9 @@ int anzahlGewaehlt(const Steuerteil &teil, const Teilzustand &zustand)
 void keineZahl(const Kriterium &kriterium, bool zweites, const QString &text)
 {
     const QString gruppe = kriterium.titel.toString().remove(u':').trimmed();
-    throw Eingabefehler(kriterium, zweites, QStringLiteral("%1, %2: \"%3\" ist keine Zahl.")
-                                                .arg(gruppe, zweites ? QStringLiteral("Maximum") : QStringLiteral("Minimum"), text));
+    throw Eingabefehler(
+        kriterium, zweites,
+        QStringLiteral("%1, %2: \"%3\" ist keine Zahl.").arg(gruppe, zweites ? QStringLiteral("Maximum") : QStringLiteral("Minimum"), text));
 }
 
 namespace {

@@ -17,7 +17,8 @@
 
 namespace {
 
-constexpr std::array<const Filterbeschreibung *, anzahlSparten> beschreibungen{&frmFilterTo, &frmFilterSt, &frmFilterGe, &frmFilterAp, &frmFilterOb, &frmFilterFh};
+constexpr std::array<const Filterbeschreibung *, anzahlSparten> beschreibungen{&frmFilterTo, &frmFilterSt, &frmFilterGe,
+                                                                               &frmFilterAp, &frmFilterOb, &frmFilterFh};
 
 } // namespace
 

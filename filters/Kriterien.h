@@ -33,10 +33,10 @@ enum class Dateiform {
     Farbe,       ///< BackColor
     Wahrheit,    ///< True or False
     Text,
-    Zahltext,    ///< the text with a point for the comma
+    Zahltext, ///< the text with a point for the comma
     Stufe,
-    Index,       ///< place of the list's entry, counted from 0
-    Bildname,    ///< key of the picture that is shown; read as set unless it is empty, "0" or ends in "_n"
+    Index,    ///< place of the list's entry, counted from 0
+    Bildname, ///< key of the picture that is shown; read as set unless it is empty, "0" or ends in "_n"
 };
 
 /// Where the entries of a list come from, behind the one that means all.
@@ -47,19 +47,19 @@ inline constexpr QStringView alleEintrag = u"- Alle -";
 struct Steuerteil
 {
     Steuerung art = Steuerung::Text;
-    const char *control = nullptr;        ///< objectName, or its stem for an array; null: no such control
-    int anzahl = 0;                       ///< elements of the array; 0: a single control
-    int zeile = 0;                        ///< first line in the file, counted from 1; 0: not in the file
-    std::span<const QStringView> worte = {}; ///< captions; missing ones come from the field's vocabulary
-    QStringView vorgabe = {};             ///< default text
+    const char *control = nullptr;             ///< objectName, or its stem for an array; null: no such control
+    int anzahl = 0;                            ///< elements of the array; 0: a single control
+    int zeile = 0;                             ///< first line in the file, counted from 1; 0: not in the file
+    std::span<const QStringView> worte = {};   ///< captions; missing ones come from the field's vocabulary
+    QStringView vorgabe = {};                  ///< default text
     Eintraege eintraege = Eintraege::Familien; ///< Liste
-    QStringView alle = alleEintrag;       ///< Liste: the first entry, which switches the criterion off
+    QStringView alle = alleEintrag;            ///< Liste: the first entry, which switches the criterion off
     std::span<const Symbol> bilder = {};
-    const char *satzschild = nullptr;     ///< Bilder: objectName of the label below them that says the sentence of the one under the mouse
+    const char *satzschild = nullptr; ///< Bilder: objectName of the label below them that says the sentence of the one under the mouse
     const Farbliste *farben = nullptr;
-    std::optional<Dateiform> form = {};   ///< where the file has another form than the kind of control asks for
-    int ueberzaehlig = 0;                 ///< boxes at the end of an array that stand in the file only
-    bool ohneWahl = false;                ///< Option: none is chosen at first; else the first one
+    std::optional<Dateiform> form = {}; ///< where the file has another form than the kind of control asks for
+    int ueberzaehlig = 0;               ///< boxes at the end of an array that stand in the file only
+    bool ohneWahl = false;              ///< Option: none is chosen at first; else the first one
 
     int elemente() const { return control ? (anzahl ? anzahl : 1) : 0; }
     /// Elements that can be selected.
@@ -107,24 +107,24 @@ enum class Seite { Beide, Erste, Andere };
 struct Kriterium
 {
     Pruefung pruefung;
-    QStringView titel;        ///< label of the group in the dialog
+    QStringView titel; ///< label of the group in the dialog
     Steuerteil a;
     Steuerteil b = {};
     const char *feld = nullptr;
     const char *feld2 = nullptr;
     std::span<const char *const> felder = {}; ///< AlleWahr, EinsWahr: the boolean of each item
-    std::optional<Schreibweise> liest = {}; ///< how the test reads a coded field; the column's own way where it is not told
-    int reiter = -1;          ///< tab, counted from 0; -1: the panel beside the tabs
+    std::optional<Schreibweise> liest = {};   ///< how the test reads a coded field; the column's own way where it is not told
+    int reiter = -1;                          ///< tab, counted from 0; -1: the panel beside the tabs
     int spalte = 0;
-    int kastenspalten = 0;    ///< columns that the boxes stand in; 0: as many as their number asks for
+    int kastenspalten = 0; ///< columns that the boxes stand in; 0: as many as their number asks for
     Bereichsregel regel = Bereichsregel::Keine;
-    bool untereGegenMax = false; ///< Bereich: the lower field, too, must not exceed the upper box
-    QStringView anfang = {};  ///< Bereich: word before the boxes
-    QStringView mitte = {};   ///< Bereich: word between the boxes
-    QStringView einheit = {}; ///< Bereich: behind the boxes
+    bool untereGegenMax = false;  ///< Bereich: the lower field, too, must not exceed the upper box
+    QStringView anfang = {};      ///< Bereich: word before the boxes
+    QStringView mitte = {};       ///< Bereich: word between the boxes
+    QStringView einheit = {};     ///< Bereich: behind the boxes
     const char *rahmen = nullptr; ///< objectName of the group's frame, where it has one of its own
     Seite gilt = Seite::Beide;
-    std::optional<Frage> anders = {}; ///< what records of the other origin are asked; without a value the same as all
+    std::optional<Frage> anders = {};  ///< what records of the other origin are asked; without a value the same as all
     const Werteliste *liste = nullptr; ///< vocabulary of the captions, where it is not the field's
 };
 
@@ -133,8 +133,8 @@ struct Filterbeschreibung
     Sparte sparte;
     std::span<const QStringView> reiter;
     std::span<const Kriterium> kriterien;
-    int zeilen;                ///< lines of a filter file
-    QStringView ladeFilter;    ///< file dialog, as "text (*.x)|*.x|..."
+    int zeilen;             ///< lines of a filter file
+    QStringView ladeFilter; ///< file dialog, as "text (*.x)|*.x|..."
     QStringView speicherFilter;
 };
 

@@ -57,6 +57,8 @@ constexpr Kriterium kriterien[] = {
 
 } // namespace
 
+// clang-format off
 const Filterbeschreibung frmFilterAp{.sparte = Sparte::Apfel, .reiter = reiter, .kriterien = kriterien, .zeilen = 239,
                                      .ladeFilter = u"Apfelsorten-Filter (*.ffa)|*.ffa|Alle Dateien|*.*",
                                      .speicherFilter = u"Apfelsorten-Filter (*.ffa)|*.ffa|Alle Dateien|*.*"};
+// clang-format on

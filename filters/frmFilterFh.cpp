@@ -43,8 +43,11 @@ constexpr Kriterium mitWorten(const Werteliste &liste, Kriterium kriterium)
 constexpr Kriterium schmuck(QStringView titel, const char *control, int zeile, int tab, std::span<const QStringView> worte,
                             std::span<const char *const> staude, std::span<const char *const> gehoelz)
 {
-    return {.pruefung = Pruefung::AlleWahr, .titel = titel,
-            .a = {.art = Steuerung::Kaestchen, .control = control, .zeile = zeile, .worte = worte}, .felder = staude, .reiter = tab,
+    return {.pruefung = Pruefung::AlleWahr,
+            .titel = titel,
+            .a = {.art = Steuerung::Kaestchen, .control = control, .zeile = zeile, .worte = worte},
+            .felder = staude,
+            .reiter = tab,
             .anders = Frage{.pruefung = Pruefung::AlleWahr, .felder = gehoelz}};
 }
 
@@ -57,6 +60,7 @@ constexpr Kriterium fruchtfarben()
 
 constexpr Dateiform wahrheit = Dateiform::Wahrheit;
 
+// clang-format off
 /// In the order of the row tests.
 constexpr Kriterium kriterien[] = {
     beide(familie(1, "Stauden.FAMILIE"), "Gehoelze.FAMILIE"),
@@ -108,3 +112,4 @@ constexpr Kriterium kriterien[] = {
 const Filterbeschreibung frmFilterFh{.sparte = Sparte::Friedhof, .reiter = reiter, .kriterien = kriterien, .zeilen = 172,
                                      .ladeFilter = u"Friedhof-Filter (*.fff)|*.ffs|Alle Dateien|*.*",
                                      .speicherFilter = u"Friedhof-Filter (*.fff)|*.fff|Alle Dateien|*.*"};
+// clang-format on

@@ -9,6 +9,7 @@ constexpr QStringView reiter[] = {u"Blüte", u"Frucht", u"Laub", u"Standort / Wu
 
 using namespace gemeinsam;
 
+// clang-format off
 /// In the order of the row tests.
 constexpr Kriterium kriterien[] = {
     familie(1),
@@ -52,3 +53,4 @@ constexpr Kriterium kriterien[] = {
 const Filterbeschreibung frmFilterGe{.sparte = Sparte::Gehoelze, .reiter = reiter, .kriterien = kriterien, .zeilen = 190,
                                      .ladeFilter = u"Gehölze-Filter (*.ffg)|*.ffg|Alle Dateien|*.*",
                                      .speicherFilter = u"Gehölze-Filter (*.ffg)|*.ffg|Alle Dateien|*.*"};
+// clang-format on

@@ -14,12 +14,20 @@ constexpr QStringView alleArten = u"-- Alle --";
 /// How long a variety keeps in a kind of store: the month occurs in the field.
 constexpr Kriterium lager(const char *control, const char *feld, int zeile)
 {
-    return {.pruefung = Pruefung::WortImText, .titel = {},
-            .a = {.art = Steuerung::Liste, .control = control, .zeile = zeile, .worte = monatsnamen, .eintraege = Eintraege::Worte, .alle = alleArten,
+    return {.pruefung = Pruefung::WortImText,
+            .titel = {},
+            .a = {.art = Steuerung::Liste,
+                  .control = control,
+                  .zeile = zeile,
+                  .worte = monatsnamen,
+                  .eintraege = Eintraege::Worte,
+                  .alle = alleArten,
                   .form = Dateiform::Index},
-            .feld = feld, .reiter = Lager};
+            .feld = feld,
+            .reiter = Lager};
 }
 
+// clang-format off
 /// In the order of the row tests.
 constexpr Kriterium kriterien[] = {
     {.pruefung = Pruefung::Gleich, .titel = u"Obstart:",
@@ -75,3 +83,4 @@ constexpr Kriterium kriterien[] = {
 const Filterbeschreibung frmFilterOb{.sparte = Sparte::Obst, .reiter = reiter, .kriterien = kriterien, .zeilen = 530,
                                      .ladeFilter = u"Obstsorten-Filter (*.ffo)|*.ffo|Alle Dateien|*.*",
                                      .speicherFilter = u"Obstsorten-Filter (*.ffo)|*.ffo|Alle Dateien|*.*"};
+// clang-format on

@@ -28,6 +28,7 @@ constexpr Kriterium farbzahl(QStringView titel, const char *control, int anzahl,
 
 constexpr Dateiform wahrheit = Dateiform::Wahrheit;
 
+// clang-format off
 /// In the order of the row tests.
 constexpr Kriterium kriterien[] = {
     familie(1),
@@ -67,3 +68,4 @@ constexpr Kriterium kriterien[] = {
 const Filterbeschreibung frmFilterSt{.sparte = Sparte::Stauden, .reiter = reiter, .kriterien = kriterien, .zeilen = 169,
                                      .ladeFilter = u"Stauden-Filter (*.ffs)|*.ffs|Alle Dateien|*.*",
                                      .speicherFilter = u"Stauden-Filter (*.ffs)|*.ffs|Alle Dateien|*.*"};
+// clang-format on

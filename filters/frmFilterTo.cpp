@@ -9,9 +9,9 @@ constexpr QStringView reiter[] = {u"Blüte", u"Frucht", u"Blatt", u"Standort", u
 
 constexpr QStringView typen[] = {u"Grünpflanze", u"Blütenpflanze", u"Fruchtpflanze", u"Sukkulente", u"Carnivore"};
 constexpr QStringView giftpflanze[] = {u"Giftpflanze"};
-constexpr QStringView wuchsformen[] = {u"baumartig", u"strauchartig", u"krautig", u"aufrecht", u"überhängend", u"sparrig", u"unregelmäßig",
-                                       u"gedreht", u"eintriebig", u"horstig", u"polsterbildend", u"teppichbildend", u"rostettenbildend",
-                                       u"kletternd"};
+constexpr QStringView wuchsformen[] = {u"baumartig",      u"strauchartig",   u"krautig",          u"aufrecht",   u"überhängend",
+                                       u"sparrig",        u"unregelmäßig",   u"gedreht",          u"eintriebig", u"horstig",
+                                       u"polsterbildend", u"teppichbildend", u"rostettenbildend", u"kletternd"};
 constexpr QStringView tageslaengen[] = {u"neutral", u"Kurztag", u"Langtag"};
 constexpr QStringView wasserstaende[] = {u"Minimum", u"Optimum", u"Maximum"};
 
@@ -28,6 +28,7 @@ constexpr Symbol orte[] = {
 
 using namespace gemeinsam;
 
+// clang-format off
 /// In the order of the row tests.
 constexpr Kriterium kriterien[] = {
     familie(1),
@@ -74,3 +75,4 @@ constexpr Kriterium kriterien[] = {
 const Filterbeschreibung frmFilterTo{.sparte = Sparte::Topf, .reiter = reiter, .kriterien = kriterien, .zeilen = 152,
                                      .ladeFilter = u"Topfpflanzen-Filter (*.fft)|*.fft",
                                      .speicherFilter = u"Topfpflanzen-Filter (*.fft)|*.fft"};
+// clang-format on

@@ -82,7 +82,8 @@ QString Ablauf::ortsfehler()
     // Paths are kept with "\" as their separator.
     if (ordner.contains(u'\\'))
         return QStringLiteral("Flox kann in diesem Ordner nicht arbeiten:\n%1\n\n"
-                              "Der Name eines Ordners enthält das Zeichen \"\\\". Bitte benennen Sie ihn um.").arg(ordner);
+                              "Der Name eines Ordners enthält das Zeichen \"\\\". Bitte benennen Sie ihn um.")
+            .arg(ordner);
     // Two users of one folder would write into each other's files.
     const QString datenbank = systemPfad(programm_.arbeitsdatenbank());
     if (!QFileInfo::exists(datenbank))
@@ -92,8 +93,8 @@ QString Ablauf::ortsfehler()
     if (sperreNehmen(*datenbanksperre_)) {
         // Who comes after a crash may be another user.
         if (datenbanksperre_->isLocked())
-            QFile::setPermissions(datei, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther
-                                             | QFile::WriteOther);
+            QFile::setPermissions(datei,
+                                  QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther);
         return {};
     }
     qint64 prozess = 0;

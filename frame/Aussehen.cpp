@@ -69,16 +69,17 @@ void anwenden()
     farben.setColor(QPalette::Disabled, QPalette::Highlight, gedaempft);
     QApplication::setPalette(farben);
     QToolTip::setPalette(farben);
-    qApp->setStyleSheet(QStringLiteral("QFrame[karte=\"true\"] { background: white; border: 1px solid #d5dcd0; border-radius: 6px; }"
-                                       "QFrame[karte=\"true\"] QScrollArea, QFrame[karte=\"true\"] QScrollArea > QWidget > QWidget { background: transparent; }"
-                                       "QGroupBox[karte=\"true\"] { background: white; border: 1px solid #d5dcd0; border-radius: 6px; }"
-                                       "QGroupBox[karte=\"true\"] { padding: 26px 6px 4px 6px; font-weight: bold; }"
-                                       "QGroupBox[karte=\"true\"] > QWidget { font-weight: normal; }"
-                                       "QGroupBox[karte=\"true\"]::title { subcontrol-origin: border; left: 10px; top: 8px; color: #2f6b3a; }"
-                                       "QLabel[gruppentitel=\"true\"] { color: #2f6b3a; font-weight: bold; }"
-                                       "QLabel[feldtitel=\"true\"] { color: #5c665a; }"
-                                       "QFrame[karte=\"true\"] QPlainTextEdit { border: 1px solid #e2e7de; border-radius: 4px; background: #fcfdfb; padding: 2px; }"
-                                       "QFrame[karte=\"true\"] QPlainTextEdit:focus { border: 2px solid #233326; padding: 1px; }"));
+    qApp->setStyleSheet(
+        QStringLiteral("QFrame[karte=\"true\"] { background: white; border: 1px solid #d5dcd0; border-radius: 6px; }"
+                       "QFrame[karte=\"true\"] QScrollArea, QFrame[karte=\"true\"] QScrollArea > QWidget > QWidget { background: transparent; }"
+                       "QGroupBox[karte=\"true\"] { background: white; border: 1px solid #d5dcd0; border-radius: 6px; }"
+                       "QGroupBox[karte=\"true\"] { padding: 26px 6px 4px 6px; font-weight: bold; }"
+                       "QGroupBox[karte=\"true\"] > QWidget { font-weight: normal; }"
+                       "QGroupBox[karte=\"true\"]::title { subcontrol-origin: border; left: 10px; top: 8px; color: #2f6b3a; }"
+                       "QLabel[gruppentitel=\"true\"] { color: #2f6b3a; font-weight: bold; }"
+                       "QLabel[feldtitel=\"true\"] { color: #5c665a; }"
+                       "QFrame[karte=\"true\"] QPlainTextEdit { border: 1px solid #e2e7de; border-radius: 4px; background: #fcfdfb; padding: 2px; }"
+                       "QFrame[karte=\"true\"] QPlainTextEdit:focus { border: 2px solid #233326; padding: 1px; }"));
     QApplication::setWindowIcon(QIcon(bilder::pixmap(QStringLiteral("flox"), {64, 64}, 1)));
 }
 

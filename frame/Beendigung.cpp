@@ -54,14 +54,14 @@ bool rohrOeffnen()
 
 Beendigung::Beendigung(std::function<void()> sichern) : sichern_(std::move(sichern))
 {
-    connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { sichern_(); }, Qt::DirectConnection);
+    connect(
+        qApp, &QGuiApplication::commitDataRequest, this, [this] { sichern_(); }, Qt::DirectConnection);
     if (!rohrOeffnen())
         return;
     melder_ = std::make_unique<QSocketNotifier>(rohr[0], QSocketNotifier::Read);
     connect(melder_.get(), &QSocketNotifier::activated, this, [this] {
         char zeichen;
-        while (read(rohr[0], &zeichen, 1) == 1) {
-        }
+        while (read(rohr[0], &zeichen, 1) == 1) {}
         gewuenscht();
     });
     for (const int signal : signale)
@@ -84,7 +84,8 @@ Beendigung::~Beendigung()
 
 Beendigung::Beendigung(std::function<void()> sichern) : sichern_(std::move(sichern))
 {
-    connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { sichern_(); }, Qt::DirectConnection);
+    connect(
+        qApp, &QGuiApplication::commitDataRequest, this, [this] { sichern_(); }, Qt::DirectConnection);
 }
 
 Beendigung::~Beendigung() = default;

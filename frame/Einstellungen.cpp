@@ -60,8 +60,7 @@ void uebernehmen(Programm &programm, const Einstellung &zeile, const QString &te
         return wert && *wert >= klein && *wert <= gross ? *wert : zahlLesen(QString::fromLatin1(zeile.vorgabe)).value_or(0);
     };
     constexpr double weit = std::numeric_limits<int>::max();
-    std::visit(Faelle{[&](QString Programm::*ziel) { programm.*ziel = text; },
-                      [&](bool Programm::*ziel) { programm.*ziel = istWahr(text); },
+    std::visit(Faelle{[&](QString Programm::*ziel) { programm.*ziel = text; }, [&](bool Programm::*ziel) { programm.*ziel = istWahr(text); },
                       [&](int Programm::*ziel) { programm.*ziel = int(zahl(-32768, 32767)); },
                       [&](long Programm::*ziel) { programm.*ziel = long(zahl(-weit, weit)); },
                       [&](double Programm::*ziel) { programm.*ziel = zahl(-weit, weit); }},

@@ -62,8 +62,8 @@ void Flaeche::resizeEvent(QResizeEvent *ereignis)
 bool Flaeche::eventFilter(QObject *quelle, QEvent *ereignis)
 {
     if (ereignis->type() == QEvent::Resize && !selbst_)
-        if (auto *fenster = qobject_cast<QMdiSubWindow *>(quelle); fenster && fenster->isVisible() && !fenster->isMaximized() && !fenster->isMinimized()
-            && fenster->geometry() != lagen_.value(fenster).gesetzt)
+        if (auto *fenster = qobject_cast<QMdiSubWindow *>(quelle); fenster && fenster->isVisible() && !fenster->isMaximized()
+                                                                   && !fenster->isMinimized() && fenster->geometry() != lagen_.value(fenster).gesetzt)
             emit fenstermass(fenster->size(), false);
     return QMdiArea::eventFilter(quelle, ereignis);
 }
@@ -85,9 +85,8 @@ void Flaeche::anordnen(Qt::Orientation richtung)
     for (int i = 0; i < anzahl; ++i) {
         const QRect ganz = viewport()->rect();
         fenster[i]->showNormal();
-        fenster[i]->setGeometry(richtung == Qt::Horizontal
-                                    ? QRect(ganz.width() * i / anzahl, 0, ganz.width() / anzahl, ganz.height())
-                                    : QRect(0, ganz.height() * i / anzahl, ganz.width(), ganz.height() / anzahl));
+        fenster[i]->setGeometry(richtung == Qt::Horizontal ? QRect(ganz.width() * i / anzahl, 0, ganz.width() / anzahl, ganz.height())
+                                                           : QRect(0, ganz.height() * i / anzahl, ganz.width(), ganz.height() / anzahl));
     }
 }
 

@@ -95,8 +95,7 @@ void menueBauen(QMenuBar &leiste, QWidget *fenster, Befehle &befehle)
         eintrag->setSeparator(zeile.text.isEmpty());
         eintrag->setEnabled(zeile.text.isEmpty() || befehle.moeglich(zeile.name));
         offen.back()->addAction(eintrag);
-        QObject::connect(eintrag, &QAction::triggered, fenster, [&zeile, &befehle, fenster] {
-            geschuetztAusfuehren(fenster, [&] { befehle.ausfuehren(zeile.name); });
-        });
+        QObject::connect(eintrag, &QAction::triggered, fenster,
+                         [&zeile, &befehle, fenster] { geschuetztAusfuehren(fenster, [&] { befehle.ausfuehren(zeile.name); }); });
     }
 }

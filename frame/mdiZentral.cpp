@@ -64,7 +64,9 @@ QString fenstermasstext(const Fenstermass &mass)
 {
     const QSize groesse = mass.groesse.isEmpty() ? QSize(0, 0) : mass.groesse;
     return QStringLiteral("%1 %2 %3")
-        .arg(groesse.width() * twipsJePixel).arg(groesse.height() * twipsJePixel).arg(mass.maximiert ? zustandMaximiert : 0);
+        .arg(groesse.width() * twipsJePixel)
+        .arg(groesse.height() * twipsJePixel)
+        .arg(mass.maximiert ? zustandMaximiert : 0);
 }
 
 } // namespace
@@ -135,9 +137,8 @@ void mdiZentral::geometrieAnwenden()
     resize(fensterpixel(double(programm_.MdiBreite)), fensterpixel(double(programm_.MdiHoehe)));
     const QPoint ort(pixel(double(programm_.MdiLinks)), pixel(double(programm_.MdiOben)));
     // A screen that is no longer there must not hide the window.
-    const bool sichtbar = std::ranges::any_of(QGuiApplication::screens(), [&](const QScreen *schirm) {
-        return schirm->availableGeometry().intersects(QRect(ort, QSize(width(), 40)));
-    });
+    const bool sichtbar = std::ranges::any_of(
+        QGuiApplication::screens(), [&](const QScreen *schirm) { return schirm->availableGeometry().intersects(QRect(ort, QSize(width(), 40))); });
     move(sichtbar ? ort : QPoint(0, 0));
     angewandt_ = QRect(pos(), size());
     if (programm_.MdiStatus == 2)
@@ -383,10 +384,13 @@ void mdiZentral::fensterGeschlossen(Sparte sparte, int nummer)
 
 void mdiZentral::namenAendern(QWidget *fenster)
 {
-    frmBenutzer form(programm_, [this] {
+    frmBenutzer form(
+        programm_,
+        [this] {
         if (Pflanzenfenster *aktives = aktivesFenster())
             aktives->eigenschaftenBenennen();
-    }, fenster);
+        },
+        fenster);
     form.exec();
     FormenAktualisieren();
 }
@@ -403,10 +407,13 @@ void mdiZentral::bildZeigen()
     if (bilder_) {
         bilder_->NeuePflanze();
     } else {
-        bilder_ = new frmBilder(programm_, [this] {
+        bilder_ = new frmBilder(
+            programm_,
+            [this] {
             Pflanzenfenster *aktives = aktivesFenster();
             return aktives ? std::optional(aktives->bilderpflanze()) : std::nullopt;
-        }, this);
+            },
+            this);
         bilder_->setAttribute(Qt::WA_DeleteOnClose);
         connect(bilder_, &frmBilder::geschlossen, this, [this] {
             if (Pflanzenfenster *aktives = aktivesFenster())
@@ -421,15 +428,20 @@ void mdiZentral::bildZeigen()
 void mdiZentral::drucken()
 {
     Systemdrucker drucker;
-    frmDrucken form(programm_, [this]() -> std::optional<Druckauftrag> {
-        Pflanzenfenster *aktives = aktivesFenster();
-        if (!aktives)
-            return std::nullopt;
-        return Druckauftrag{.sparte = aktives->sparte(), .pflanzen = aktives->satz().offen() ? &aktives->satz().haupt() : nullptr,
-                            .arbeit = Datenbank::OpenDatabase(programm_.arbeitsdatenbank()),
-                            .filter = aktives->filterdialog() ? aktives->filterdialog()->zustand() : Filterzustand(),
-                            .FilterEin = aktives->FilterEin, .FilterGesetzt = aktives->FilterGesetzt};
-    }, drucker, this);
+    frmDrucken form(
+        programm_,
+        [this]() -> std::optional<Druckauftrag> {
+            Pflanzenfenster *aktives = aktivesFenster();
+            if (!aktives)
+                return std::nullopt;
+            return Druckauftrag{.sparte = aktives->sparte(),
+                                .pflanzen = aktives->satz().offen() ? &aktives->satz().haupt() : nullptr,
+                                .arbeit = Datenbank::OpenDatabase(programm_.arbeitsdatenbank()),
+                                .filter = aktives->filterdialog() ? aktives->filterdialog()->zustand() : Filterzustand(),
+                                .FilterEin = aktives->FilterEin,
+                                .FilterGesetzt = aktives->FilterGesetzt};
+        },
+        drucker, this);
     form.exec();
     if (!form.gespeichert().isEmpty())
         statusBar()->showMessage(QStringLiteral("Gespeichert: %1").arg(QDir::toNativeSeparators(form.gespeichert())), meldungsdauer);
@@ -444,9 +456,7 @@ void mdiZentral::pflanzeGewechselt(Sparte sparte, int nummer)
     bilder_->NeuePflanze();
 }
 
-void mdiZentral::hilfeZeigen(const QString &)
-{
-}
+void mdiZentral::hilfeZeigen(const QString &) {}
 
 void mdiZentral::erlauben(const char *eintrag, bool erlaubt)
 {
@@ -475,8 +485,9 @@ bool mdiZentral::eventFilter(QObject *quelle, QEvent *ereignis)
         if (maus->button() == Qt::RightButton && !flaeche_->viewport()->childAt(maus->position().toPoint())) {
             if (maus->modifiers() == Qt::ControlModifier) {
                 programm_.HausModus = !programm_.HausModus;
-                QMessageBox::information(this, programmtitel.toString(), programm_.HausModus ? QStringLiteral("Haus-Modus eingeschaltet")
-                                                                                             : QStringLiteral("Haus-Modus ausgeschaltet"));
+                QMessageBox::information(this, programmtitel.toString(),
+                                         programm_.HausModus ? QStringLiteral("Haus-Modus eingeschaltet")
+                                                             : QStringLiteral("Haus-Modus ausgeschaltet"));
             } else {
                 emit wahlGewuenscht();
             }

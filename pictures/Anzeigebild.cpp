@@ -49,8 +49,7 @@ Anzeigebild::Stand Anzeigebild::anfordern(const QString &datei, double anteil)
     }
     if (quelle_.datei.isEmpty())
         return Stand::Fehlt;
-    for (stufe_ = anzahlStufen - 1; stufe_ > 0 && anteil * (1 << stufe_) > 1; --stufe_) {
-    }
+    for (stufe_ = anzahlStufen - 1; stufe_ > 0 && anteil * (1 << stufe_) > 1; --stufe_) {}
     weiter();
     return stufen_[size_t(stufe_)].isNull() ? Stand::Kommt : Stand::Fertig;
 }
@@ -81,7 +80,8 @@ void Anzeigebild::weiter()
     lader_.start([this, woher = quelle_, stufe = stufe_, vorlage, bild = stufen_[size_t(vorlage)]] {
         const QImage fertig = stufeMachen(woher.datei, stufe, bild, vorlage);
         // The thread ends before this object does; the call waits for the message loop.
-        QMetaObject::invokeMethod(this, [this, woher, stufe, fertig] { angekommen(woher, stufe, fertig); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this, woher, stufe, fertig] { angekommen(woher, stufe, fertig); }, Qt::QueuedConnection);
     });
 }
 

@@ -12,10 +12,10 @@
 /// A picture to show: a file that exists and begins like a picture, or the substitute for one that does not.
 struct Bildeintrag
 {
-    QString pfad;         ///< as the program writes paths
+    QString pfad; ///< as the program writes paths
     QString beschreibung;
     bool vorhanden = false;
-    QString ersatz = {};  ///< shown in its place where the file proves unreadable; empty: nothing is
+    QString ersatz = {}; ///< shown in its place where the file proves unreadable; empty: nothing is
 };
 
 /// Folder word of a plant's pictures.

@@ -74,8 +74,9 @@ public:
         setToolTip(echt ? hinweis() : QString());
         // Named by what it shows; what a click does is said after it.
         const QString bild = QStringLiteral("Bild %1").arg(index_ + 1), ohne = QStringLiteral("Kein Bild");
-        setAccessibleName(!echt ? ohne + (unterschrift.isEmpty() ? QString() : QStringLiteral(": ") + unterschrift)
-                          : unterschrift.isEmpty() ? bild : unterschrift);
+        setAccessibleName(!echt                    ? ohne + (unterschrift.isEmpty() ? QString() : QStringLiteral(": ") + unterschrift)
+                          : unterschrift.isEmpty() ? bild
+                                                   : unterschrift);
         setAccessibleDescription(toolTip());
         setProperty("MousePointer", echt ? eigenerZeiger : 0);
         setFocusPolicy(echt ? Qt::TabFocus : Qt::NoFocus);
@@ -232,14 +233,17 @@ void Bilderstreifen::laden(int i, const QString &pfad)
         QImage bild = ladeSkaliert(datei, kasten);
         bild.setDevicePixelRatio(skala);
         // The thread ends before this object does; the call waits for the message loop.
-        QMetaObject::invokeMethod(this, [this, i, bild, schluessel, zeigen, satz] {
+        QMetaObject::invokeMethod(
+            this,
+            [this, i, bild, schluessel, zeigen, satz] {
             if (bild.isNull())
                 return satz == satz_ ? ersetzen(i) : void();
             const QPixmap fertig = QPixmap::fromImage(bild);
             QPixmapCache::insert(schluessel, fertig);
             if (satz == satz_)
                 zeigen(fertig);
-        }, Qt::QueuedConnection);
+            },
+            Qt::QueuedConnection);
     });
 }
 

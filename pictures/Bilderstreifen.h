@@ -56,5 +56,5 @@ private:
     QString ersatz_;
     int anzahl_ = 0;
     int radrest_ = 0; ///< turns of the wheel too small for a step, eighths of a degree
-    int satz_ = 0; ///< counts the records shown: a picture that comes too late belongs to none
+    int satz_ = 0;    ///< counts the records shown: a picture that comes too late belongs to none
 };

@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr double anteil = 0.85;                // of the main window
-constexpr QMargins innenrand{8, 8, 8, 8};      // pixels
+constexpr double anteil = 0.85;           // of the main window
+constexpr QMargins innenrand{8, 8, 8, 8}; // pixels
 
 } // namespace
 

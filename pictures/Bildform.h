@@ -6,7 +6,7 @@
 /// What a bare form of one picture is.
 struct Bildformular
 {
-    const char *form;    ///< objectName of the form
+    const char *form; ///< objectName of the form
     QStringView titel;
     const char *control; ///< objectName of the picture in it
     const char *bild;    ///< "list/key"

@@ -25,7 +25,7 @@ constexpr int bildpunkt = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? TJPF_BGRA : TJPF_ARG
 bool zulaessig(QSize groesse)
 {
     return !groesse.isEmpty() && groesse.width() <= groessteSeite && groesse.height() <= groessteSeite
-        && qint64(groesse.width()) * groesse.height() <= groesstesBild;
+           && qint64(groesse.width()) * groesse.height() <= groesstesBild;
 }
 
 /// A scan spends at least one bit on a block of 64 pixels; twice that distance is allowed for odd samplings.
@@ -52,8 +52,7 @@ Format format(QFile &datei)
         return Format::Png;
     if (anfang.startsWith("BM"))
         return Format::Bmp;
-    return QFileInfo(datei.fileName()).suffix().compare(QStringLiteral("svg"), Qt::CaseInsensitive) == 0 ? Format::Svg
-                                                                                                        : Format::Keines;
+    return QFileInfo(datei.fileName()).suffix().compare(QStringLiteral("svg"), Qt::CaseInsensitive) == 0 ? Format::Svg : Format::Keines;
 }
 
 QByteArray formatname(Format format)
@@ -159,8 +158,7 @@ bool harmlos(const char *warnung)
     if (std::sscanf(warnung, "Corrupt JPEG data: %u extraneous bytes", &anzahl) == 1)
         return anzahl <= streubytes;
     const QByteArrayView text(warnung);
-    return text.contains("Invalid SOS parameters") || text.contains("unknown JFIF revision")
-        || text.contains("Unknown Adobe color transform");
+    return text.contains("Invalid SOS parameters") || text.contains("unknown JFIF revision") || text.contains("Unknown Adobe color transform");
 }
 
 /// A JPEG in memory whose head has passed all checks.

@@ -23,8 +23,7 @@ std::vector<Spanne> spannen(int quelle, int ziel)
     for (qint64 i = 0; i < ziel; ++i) {
         const qint64 links = i * quelle, rechts = links + quelle;
         const qint64 von = links / ziel, bis = (rechts - 1) / ziel;
-        liste.push_back({int(von), int(bis), quint32(std::min(rechts, (von + 1) * ziel) - links), quint32(ziel),
-                         quint32(rechts - bis * ziel)});
+        liste.push_back({int(von), int(bis), quint32(std::min(rechts, (von + 1) * ziel) - links), quint32(ziel), quint32(rechts - bis * ziel)});
     }
     return liste;
 }

@@ -130,14 +130,13 @@ qint32 cDIBSection::BytesPerScanLine() const
     return qint32(bytes & ~qint64(3));
 }
 
-void cDIBSection::LoadPictureBlt(const QImage &quelle, qint32 quelleLinks, qint32 quelleOben, qint32 quelleBreite,
-                                 qint32 quelleHoehe, quint32 rasterop)
+void cDIBSection::LoadPictureBlt(const QImage &quelle, qint32 quelleLinks, qint32 quelleOben, qint32 quelleBreite, qint32 quelleHoehe,
+                                 quint32 rasterop)
 {
     const auto weise = malweise(rasterop);
     if (!hDib_ || !weise)
         return;
-    const QRect gewuenscht(quelleLinks, quelleOben, quelleBreite == -1 ? breite_ : quelleBreite,
-                           quelleHoehe == -1 ? hoehe_ : quelleHoehe);
+    const QRect gewuenscht(quelleLinks, quelleOben, quelleBreite == -1 ? breite_ : quelleBreite, quelleHoehe == -1 ? hoehe_ : quelleHoehe);
     const QRect bereich = gewuenscht & quelle.rect();
     if (bereich.isEmpty())
         return;
@@ -152,14 +151,13 @@ void cDIBSection::LoadPictureBlt(const QImage &quelle, qint32 quelleLinks, qint3
     ersetzen(bild);
 }
 
-void cDIBSection::PaintPicture(QPainter *ziel, qint32 zielLinks, qint32 zielOben, qint32 zielBreite, qint32 zielHoehe,
-                               qint32 quelleLinks, qint32 quelleOben, quint32 rasterop) const
+void cDIBSection::PaintPicture(QPainter *ziel, qint32 zielLinks, qint32 zielOben, qint32 zielBreite, qint32 zielHoehe, qint32 quelleLinks,
+                               qint32 quelleOben, quint32 rasterop) const
 {
     const auto weise = malweise(rasterop);
     if (!hDib_ || !ziel || !weise)
         return;
-    const QRect gewuenscht(quelleLinks, quelleOben, zielBreite == -1 ? breite_ : zielBreite,
-                           zielHoehe == -1 ? hoehe_ : zielHoehe);
+    const QRect gewuenscht(quelleLinks, quelleOben, zielBreite == -1 ? breite_ : zielBreite, zielHoehe == -1 ? hoehe_ : zielHoehe);
     const QRect bereich = gewuenscht & hDib_->rect();
     if (bereich.isEmpty())
         return;

@@ -49,8 +49,8 @@ public:
     qint32 Width() const { return breite_; }
     qint32 Height() const { return hoehe_; }
     /// Draws the part of `quelle` to the top left corner, clipped; -1 stands for this bitmap's own size.
-    void LoadPictureBlt(const QImage &quelle, qint32 quelleLinks = 0, qint32 quelleOben = 0, qint32 quelleBreite = -1,
-                        qint32 quelleHoehe = -1, quint32 rasterop = SRCCOPY);
+    void LoadPictureBlt(const QImage &quelle, qint32 quelleLinks = 0, qint32 quelleOben = 0, qint32 quelleBreite = -1, qint32 quelleHoehe = -1,
+                        quint32 rasterop = SRCCOPY);
     /// Draws into `ziel`; -1 stands for this bitmap's own size. An empty object draws nothing.
     void PaintPicture(QPainter *ziel, qint32 zielLinks = 0, qint32 zielOben = 0, qint32 zielBreite = -1, qint32 zielHoehe = -1,
                       qint32 quelleLinks = 0, qint32 quelleOben = 0, quint32 rasterop = SRCCOPY) const;

@@ -20,8 +20,8 @@ struct Bilderpflanze
 {
     Sparte sparte;
     qint64 artnr = 0;
-    QString botName, deuName;          ///< texts of the window's two name labels
-    std::optional<Bildzeile> zeile;    ///< nothing: no picture row matches
+    QString botName, deuName;       ///< texts of the window's two name labels
+    std::optional<Bildzeile> zeile; ///< nothing: no picture row matches
 };
 
 /* The one window that shows the pictures of the current plant at full size, with a zoom in tenths, scroll bars and a walk

@@ -19,8 +19,8 @@ bool SaveJPG(const cDIBSection &dib, const QString &dateiname, qint32 qualitaet)
         throw JPEGFehler(QStringLiteral("IJL-Library kann nicht initialisiert werden: %1").arg(tjGetErrorCode(nullptr)));
     unsigned char *puffer = nullptr;
     unsigned long bytes = 0;
-    const int status = tjCompress2(bibliothek.get(), dib.DIBSectionBitsPtr(), dib.Width(), dib.BytesPerScanLine(), dib.Height(),
-                                   TJPF_BGR, &puffer, &bytes, TJSAMP_420, qualitaet, TJFLAG_BOTTOMUP);
+    const int status = tjCompress2(bibliothek.get(), dib.DIBSectionBitsPtr(), dib.Width(), dib.BytesPerScanLine(), dib.Height(), TJPF_BGR, &puffer,
+                                   &bytes, TJSAMP_420, qualitaet, TJFLAG_BOTTOMUP);
     const std::unique_ptr<unsigned char, decltype(&tjFree)> besitz(puffer, tjFree);
     const auto misslungen = [] { return JPEGFehler(QStringLiteral("Speichern fehlgeschlagen")); };
     if (status != 0)

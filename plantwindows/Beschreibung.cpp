@@ -17,7 +17,7 @@
 namespace {
 
 constexpr std::array<const Fensterbeschreibung *, anzahlSparten> beschreibungen{&frmAnzeigeTopfpflanzen, &frmAnzeigeStauden, &frmAnzeigeGehoelze,
-                                                                                &frmAnzeigeApfel, &frmAnzeigeObst, &frmAnzeigeFriedhof};
+                                                                                &frmAnzeigeApfel,        &frmAnzeigeObst,    &frmAnzeigeFriedhof};
 
 QString wort(const char *name)
 {
@@ -61,8 +61,7 @@ QString unpassend(const Element &element, Sparte sparte)
         return vorhanden || !fehler.isEmpty() ? fehler : QStringLiteral("%1: Bilder, Wörter oder Farben fehlen").arg(wort(element.control));
     };
     switch (element.muster) {
-    case Muster::Text:
-        return verlangt(element.feld, {Art::Name, Art::Text, Art::Memo, Art::Code, Art::Zahl, Art::Bewertung});
+    case Muster::Text: return verlangt(element.feld, {Art::Name, Art::Text, Art::Memo, Art::Code, Art::Zahl, Art::Bewertung});
     case Muster::BotName:
         if (const QString fehler = element.feld2 ? verlangt(element.feld2, {Art::Quelle}) : QString(); !fehler.isEmpty())
             return fehler;

@@ -51,27 +51,27 @@ struct Anhang
 struct Element
 {
     Muster muster;
-    const char *control; ///< objectName, or its stem for an array
-    const char *feld = nullptr;      ///< "*.NAME" is the column NAME of the Sparte that the row is taken from
+    const char *control;        ///< objectName, or its stem for an array
+    const char *feld = nullptr; ///< "*.NAME" is the column NAME of the Sparte that the row is taken from
     const char *feld2 = nullptr;
-    QStringView titeltext = {};      ///< caption; it vanishes with an empty control
-    const char *titel = nullptr;     ///< objectName of the caption label, which rows of a group may share; without a text the field's
-                                     ///< print label is the caption
+    QStringView titeltext = {};  ///< caption; it vanishes with an empty control
+    const char *titel = nullptr; ///< objectName of the caption label, which rows of a group may share; without a text the field's
+                                 ///< print label is the caption
     QStringView trenner = u", ";
-    QStringView leer = {};           ///< text of an empty field
-    QStringView einheit = {};        ///< behind a range or a text that is not empty, with its leading blank
+    QStringView leer = {};                           ///< text of an empty field
+    QStringView einheit = {};                        ///< behind a range or a text that is not empty, with its leading blank
     QString (*umformung)(const QString &) = nullptr; ///< last step before the text is shown
     std::span<const Anhang> anhang = {};             ///< behind the text, `leer` excepted
     std::span<const Symbol> symbole = {};
     std::span<const QStringView> worte = {};
     const Farbliste *farben = nullptr;
     const Bildformular *formular = nullptr;
-    const char *buntZiel = nullptr;  ///< row whose last swatch this field's last position marks
-    const char *panel = nullptr;     ///< Farbfeld, Monate: name of the row's own panel, which vanishes with its caption while nothing is set
-    bool nullObergrenze = false;     ///< VonBisMindest: an empty upper bound counts as none, not only "0"
-    bool leerNurBeiNull = false;     ///< `leer` stands for a null only, an empty text shows as empty
-    bool kasten = false;             ///< a scrolling text box in place of a label
-    bool ausArbeit = false;          ///< read from the working database at every view, not from the window's copy
+    const char *buntZiel = nullptr; ///< row whose last swatch this field's last position marks
+    const char *panel = nullptr;    ///< Farbfeld, Monate: name of the row's own panel, which vanishes with its caption while nothing is set
+    bool nullObergrenze = false;    ///< VonBisMindest: an empty upper bound counts as none, not only "0"
+    bool leerNurBeiNull = false;    ///< `leer` stands for a null only, an empty text shows as empty
+    bool kasten = false;            ///< a scrolling text box in place of a label
+    bool ausArbeit = false;         ///< read from the working database at every view, not from the window's copy
 };
 
 enum class Gruppenregel {
@@ -91,16 +91,16 @@ struct Gruppe
 {
     const char *name; ///< objectName of the frame
     QStringView titel;
-    const char *titelname = nullptr; ///< objectName of the title's label
+    const char *titelname = nullptr;            ///< objectName of the title's label
     const Ueberschrift *ueberschrift = nullptr; ///< the groups that name it stand together below it
     std::span<const Element> elemente;
     Gruppenregel regel = Gruppenregel::Immer;
     const char *regelfeld = nullptr;
     std::span<const char *const> regelcontrols = {};
     std::optional<Sparte> herkunft = {}; ///< shown only for rows taken from this Sparte; while the origin is unknown it stays as it is
-    const char *einschub = nullptr; ///< stands behind the prefix of its controls' names, so that rows of another group can be used twice
-    bool wachsend = false; ///< takes the height that is left on the page
-    bool loeschtHinweis = false; ///< the mouse over it empties the hint in the status bar
+    const char *einschub = nullptr;      ///< stands behind the prefix of its controls' names, so that rows of another group can be used twice
+    bool wachsend = false;               ///< takes the height that is left on the page
+    bool loeschtHinweis = false;         ///< the mouse over it empties the hint in the status bar
 };
 
 /// A tab; its groups flow into as many columns as there is room for, in this order.
@@ -113,8 +113,8 @@ struct Reiter
 struct Fensterbeschreibung
 {
     Sparte sparte;
-    std::span<const Element> kopf;        ///< record head, the first element is the name
-    std::span<const Element> tafel;       ///< marks beside the head: properties, rating, origin
+    std::span<const Element> kopf;  ///< record head, the first element is the name
+    std::span<const Element> tafel; ///< marks beside the head: properties, rating, origin
     std::span<const Reiter> reiter;
     std::optional<Sparte> ohneNummer = {}; ///< while a subset is open, rows of this Sparte leave the number of the record as it stands
 };

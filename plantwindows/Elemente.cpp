@@ -46,10 +46,7 @@ public:
     }
 
     /// Positions that the current record means; none without a field.
-    Positionen gesetzt(Pflanzensatz &satz) const
-    {
-        return element_.feld ? positionen(kodierung_, einText(element_, satz)) : Positionen();
-    }
+    Positionen gesetzt(Pflanzensatz &satz) const { return element_.feld ? positionen(kodierung_, einText(element_, satz)) : Positionen(); }
 
 private:
     const Element &element_;
@@ -151,8 +148,8 @@ public:
     {
         Textelement::zeigen(satz);
         const std::optional<Sparte> herkunft = satz.herkunft();
-        schild()->setToolTip(element_.feld2 && herkunft
-                                 ? nomenklatur(satz.Auslesen(feldname(element_.feld2)), eintrag(*herkunft).quellenBuchstaben) : QString());
+        schild()->setToolTip(element_.feld2 && herkunft ? nomenklatur(satz.Auslesen(feldname(element_.feld2)), eintrag(*herkunft).quellenBuchstaben)
+                                                        : QString());
     }
 
     void schriftgroesse(double punkt) override
@@ -202,9 +199,7 @@ public:
         const bool monate = element_.muster == Muster::Monate;
         const int letzte = int(zellen_.size()) - 1;
         for (int i = 0; i < (monate ? letzte + 1 : letzte); ++i)
-            zellen_[size_t(i)]->setBackColor(!gesetzt.hat(i + 1) ? farbeKnopf
-                                             : monate            ? farbeTitel
-                                                                 : element_.farben->werte[size_t(i)]);
+            zellen_[size_t(i)]->setBackColor(!gesetzt.hat(i + 1) ? farbeKnopf : monate ? farbeTitel : element_.farben->werte[size_t(i)]);
         vorlesen(gesetzt);
         if (monate)
             return;
@@ -289,9 +284,8 @@ public:
             feld->setAccessibleName(symbolname(symbol, element, umgebung));
             feld->setToolTip(symbol.name.toString());
             feld->hide();
-            hinweisGeben(feld, umgebung, [feld, &symbol] {
-                return feld->bild() == QLatin1String(symbol.bild) ? symbol.hinweis.toString() : QString();
-            });
+            hinweisGeben(feld, umgebung,
+                         [feld, &symbol] { return feld->bild() == QLatin1String(symbol.bild) ? symbol.hinweis.toString() : QString(); });
             if (anordnung)
                 anordnung->addWidget(feld);
             felder_.push_back(feld);
@@ -353,7 +347,9 @@ class Bildwahl : public Anzeigeelement
 {
 public:
     Bildwahl(const Element &element, const Elementumgebung &umgebung, QWidget *eltern)
-        : Anzeigeelement(element), umgebung_(umgebung), feld_(element, umgebung.fenster.sparte),
+        : Anzeigeelement(element),
+          umgebung_(umgebung),
+          feld_(element, umgebung.fenster.sparte),
           bild_(new Bildfeld({symbolgroesse, symbolgroesse}, eltern))
     {
         bild_->setObjectName(QString::fromLatin1(element.control));
@@ -423,9 +419,9 @@ public:
     void zeigen(Pflanzensatz &satz) override
     {
         const QString feld = feldname(element_.feld);
-        const std::optional<QString> text = element_.ausArbeit ? satz.ausArbeit(feld)
-                                          : satz.istNull(feld) ? std::nullopt
-                                                               : std::optional(satz.Auslesen(feld));
+        const std::optional<QString> text = element_.ausArbeit   ? satz.ausArbeit(feld)
+                                            : satz.istNull(feld) ? std::nullopt
+                                                                 : std::optional(satz.Auslesen(feld));
         // Without a rating the indicator stays where it was; beyond the scale of 1 to 9 it goes one step off its end.
         if (const std::optional<double> wert = text ? zahlLesen(*text) : std::nullopt)
             leiste_->setWert(int(std::clamp(*wert, 0.0, 10.0)));
@@ -475,14 +471,19 @@ private:
 class Benutzertext : public Anzeigeelement
 {
 public:
-    Benutzertext(const Element &element, const Elementumgebung &umgebung, QWidget *eltern)
-        : Anzeigeelement(element), kasten_(new Textkasten(eltern))
+    Benutzertext(const Element &element, const Elementumgebung &umgebung, QWidget *eltern) : Anzeigeelement(element), kasten_(new Textkasten(eltern))
     {
         kasten_->setObjectName(QString::fromLatin1(element.control));
         kasten_->setPlaceholderText(QStringLiteral("Hier können Sie sich etwas zu dieser Pflanze notieren."));
         kasten_->setAccessibleName(QStringLiteral("Eigene Bemerkung"));
         const auto betreten = [this] { betreten_ = true; };
-        auto *waechter = new Eingabewaechter(kasten_, [betreten, geaendert = umgebung.geaendert] { betreten(); geaendert(); }, betreten);
+        auto *waechter = new Eingabewaechter(
+            kasten_,
+            [betreten, geaendert = umgebung.geaendert] {
+            betreten();
+            geaendert();
+            },
+            betreten);
         kasten_->installEventFilter(waechter);
         kasten_->viewport()->installEventFilter(waechter);
         // However a change is made, by key, by paste or by an input method: it is the user's once he has gone into the note himself.
@@ -628,8 +629,8 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
         return text([zahl](const Element &e, Pflanzensatz &satz) { return zahl ? zahlZeigen(einText(e, satz)) : einText(e, satz); });
     }
     case Muster::Liste:
-        return text([feld = Kodefeld(element, umgebung.fenster.sparte), worte = worteFuer(umgebung.fenster.sparte, element)]
-                    (const Element &e, Pflanzensatz &satz) { return worteVon(feld.gesetzt(satz), worte, e.trenner); });
+        return text([feld = Kodefeld(element, umgebung.fenster.sparte), worte = worteFuer(umgebung.fenster.sparte, element)](
+                        const Element &e, Pflanzensatz &satz) { return worteVon(feld.gesetzt(satz), worte, e.trenner); });
     case Muster::VonBisMeter:
         return text([](const Element &e, Pflanzensatz &satz) {
             return vonBisMeter(satz.Auslesen(feldname(e.feld)), satz.Auslesen(feldname(e.feld2)), e.einheit);
@@ -639,16 +640,12 @@ std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const El
             return vonBisMindest(satz.Auslesen(feldname(e.feld)), satz.Auslesen(feldname(e.feld2)), e.einheit, e.nullObergrenze);
         });
     case Muster::Satz:
-        return text([](const Element &e, Pflanzensatz &satz) {
-            return istWahr(satz.Auslesen(feldname(e.feld))) ? e.leer.toString() : QString();
-        });
+        return text([](const Element &e, Pflanzensatz &satz) { return istWahr(satz.Auslesen(feldname(e.feld))) ? e.leer.toString() : QString(); });
     case Muster::BotName: return std::make_unique<Namenselement>(element, eltern, einText);
     case Muster::DtName:
     case Muster::Synonyme: return text(namenMitSynonymen);
-    case Muster::Familie:
-        return text([](const Element &e, Pflanzensatz &satz) { return satz.familie(satz.Auslesen(feldname(e.feld))); });
-    case Muster::Ausbildung:
-        return text([](const Element &e, Pflanzensatz &satz) { return ausbildungstext(satz.Auslesen(feldname(e.feld))); });
+    case Muster::Familie: return text([](const Element &e, Pflanzensatz &satz) { return satz.familie(satz.Auslesen(feldname(e.feld))); });
+    case Muster::Ausbildung: return text([](const Element &e, Pflanzensatz &satz) { return ausbildungstext(satz.Auslesen(feldname(e.feld))); });
     case Muster::Monate:
     case Muster::Farbfeld: return std::make_unique<Zellenreihe>(element, umgebung, eltern);
     case Muster::Symbole:

@@ -52,10 +52,10 @@ struct Elementumgebung
 {
     Programm &programm;
     const Fensterbeschreibung &fenster;
-    QWidget *form;                                   ///< other elements' controls are found below it
-    std::function<void(const QString &)> hinweis;    ///< text for the hint panel
-    std::function<void()> geaendert;                 ///< a mouse press in the user's fields, or its equal by keyboard
-    QString gruppe = {};                             ///< heading of the group, for who hears the window
+    QWidget *form;                                ///< other elements' controls are found below it
+    std::function<void(const QString &)> hinweis; ///< text for the hint panel
+    std::function<void()> geaendert;              ///< a mouse press in the user's fields, or its equal by keyboard
+    QString gruppe = {};                          ///< heading of the group, for who hears the window
 };
 
 std::unique_ptr<Anzeigeelement> elementErzeugen(const Element &element, const Elementumgebung &umgebung, QWidget *eltern);

@@ -10,6 +10,7 @@ namespace gehoelz {
 inline constexpr QStringView genusswerte[] = {u"eßbar", u"ungenießbar", u"giftig", u"stark giftig !!!"};
 
 inline constexpr Element einteilung{.muster = Muster::Bildwahl, .control = "imgEigen_0", .feld = "*.grobeint", .symbole = symbole::laubUndNadel};
+// clang-format off
 inline constexpr Element herkunft{.muster = Muster::Text, .control = "lblHerkunft", .feld = "*.hk", .titeltext = u"Herkunft:", .titel = "Label16",
                                   .umformung = herkunftAusgeschrieben};
 inline constexpr Element bluetenfarben{.muster = Muster::Farbfeld, .control = "lblBlFarbe", .feld = "*.bluehfarb", .titeltext = u"Farben:",
@@ -47,5 +48,6 @@ inline constexpr Element verwendungen{.muster = Muster::Symbole, .control = "img
                                       .symbole = symbole::verwendungGehoelze};
 inline constexpr Element bemerkung{.muster = Muster::Text, .control = "txtBemerkung", .feld = "*.BEMERKUNG", .leer = u"Keine Bemerkungen",
                                    .umformung = ohneZeilenmarken, .kasten = true};
+// clang-format on
 
 } // namespace gehoelz

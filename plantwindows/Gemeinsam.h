@@ -18,9 +18,11 @@ inline QString quadratmeter(const QString &text)
     return QString(text).replace(QStringLiteral("m2"), QStringLiteral("m²"));
 }
 
+// clang-format off
 /// Varieties of a perennial or a woody plant.
 inline constexpr Element sorten{.muster = Muster::Text, .control = "txtSorten", .feld = "*.SORTEN", .leer = u"Keine Sortenangaben",
                                 .umformung = ohneZeilenmarken, .leerNurBeiNull = true, .kasten = true, .ausArbeit = true};
+// clang-format on
 inline constexpr Element eigeneBemerkung[] = {
     {.muster = Muster::Benutzertext, .control = "txtEigeneBemerkung", .feld = "benu_bemerkung"},
 };

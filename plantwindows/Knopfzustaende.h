@@ -16,10 +16,10 @@ struct Knopfzeile
     Knopf knopf;
     const char *name;
     QStringView hinweis;
-    QStringView bild;  ///< base key; the toggling buttons have another in their second state
-    bool kannGrau;     ///< has a greyed picture
-    bool navigation;   ///< shows the hourglass while pressed
-    bool nurDeutsch;   ///< missing in windows without German order
+    QStringView bild;            ///< base key; the toggling buttons have another in their second state
+    bool kannGrau;               ///< has a greyed picture
+    bool navigation;             ///< shows the hourglass while pressed
+    bool nurDeutsch;             ///< missing in windows without German order
     const char *taste = nullptr; ///< shortcut of its action
 };
 

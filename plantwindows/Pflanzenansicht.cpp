@@ -23,13 +23,13 @@
 namespace {
 
 constexpr int abstand = 10;
-constexpr int namensbreite = 190;   // pixels: the names of the head before the record scrolls sideways
-constexpr int kopfhoehe = 104;      // pixels: record head at the usual size of type
-constexpr int seitenhoehe = 130;    // pixels: what is left of a page before the record as a whole scrolls
-constexpr int spaltenbreite = 330;  // pixels: a column of groups at the usual size of type
-constexpr int zeilenluft = 6;       // pixels between the lines of a group at the usual size of type
+constexpr int namensbreite = 190;  // pixels: the names of the head before the record scrolls sideways
+constexpr int kopfhoehe = 104;     // pixels: record head at the usual size of type
+constexpr int seitenhoehe = 130;   // pixels: what is left of a page before the record as a whole scrolls
+constexpr int spaltenbreite = 330; // pixels: a column of groups at the usual size of type
+constexpr int zeilenluft = 6;      // pixels between the lines of a group at the usual size of type
 
-constexpr int zeilenabstand = 2;    // rows of a group's grid from one element to the next
+constexpr int zeilenabstand = 2; // rows of a group's grid from one element to the next
 
 /// How much larger than usual the record is set in a window of this size, in eighths, so that few steps of a resize change it.
 double schriftstufe(QSize fenster)
@@ -419,8 +419,7 @@ Karte *Pflanzenansicht::gruppeBauen(const Gruppe &gruppe, QWidget *eltern)
 Anzeigeelement *Pflanzenansicht::elementBauen(const Element &element, QWidget *eltern, const QString &gruppe)
 {
     elemente_.push_back(elementErzeugen(
-        element,
-        {programm_, beschreibung_, this, [this](const QString &text) { emit hinweis(text); }, [this] { emit geaendert(); }, gruppe},
+        element, {programm_, beschreibung_, this, [this](const QString &text) { emit hinweis(text); }, [this] { emit geaendert(); }, gruppe},
         eltern));
     Anzeigeelement *anzeige = elemente_.back().get();
     if (element.muster == Muster::Benutzertext)

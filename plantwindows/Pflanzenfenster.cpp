@@ -163,12 +163,15 @@ void Pflanzenfenster::herkunftMelden()
     if (std::exchange(meldet_, true))
         return;
     // A box runs events, and whoever shows a record has more to do.
-    QMetaObject::invokeMethod(this, [this] {
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
         const QPointer<Pflanzenfenster> ich(this);
         QMessageBox::warning(this, programmtitel.toString(), QStringLiteral("Unbekannte Datenbank!"));
         if (ich)
             meldet_ = false;
-    }, Qt::QueuedConnection);
+        },
+        Qt::QueuedConnection);
 }
 
 void Pflanzenfenster::benutzerfelderZeigen()
@@ -295,16 +298,15 @@ void Pflanzenfenster::knoepfeVerbinden()
             });
         }
     // Let go, these two show what their click brings.
-    connect(knopf(Knopf::FilterEin), &Bildknopf::mausLosgelassen, this, [this] {
-        knopf(Knopf::FilterEin)->setBild(FilterEin ? QStringLiteral("filter") : QStringLiteral("filter_n"));
-    });
+    connect(knopf(Knopf::FilterEin), &Bildknopf::mausLosgelassen, this,
+            [this] { knopf(Knopf::FilterEin)->setBild(FilterEin ? QStringLiteral("filter") : QStringLiteral("filter_n")); });
     connect(knopf(Knopf::Filter), &Bildknopf::mausLosgelassen, this, [this] { reihe_.malen(*knopf(Knopf::Filter), Knopfzustand::Normal); });
     const auto beiKlick = [this](Knopf welcher, auto handlung) {
         if (Bildknopf *button = knopf(welcher))
             connect(button, &Bildknopf::clicked, this, geschuetzt(this, [this, handlung = std::move(handlung)] {
-                aktivMelden();
-                handlung();
-            }));
+                        aktivMelden();
+                        handlung();
+                    }));
     };
     beiKlick(Knopf::First, [this] { bewegen(&Recordset::MoveFirst); });
     beiKlick(Knopf::Back, [this] { bewegen(&Recordset::MovePrevious); });
@@ -353,9 +355,7 @@ void Pflanzenfenster::BenutzerdatenSpeichern()
         zentrale_.notizGespeichert(sparte(), Fensternummer, eingabe);
     }
     if (!satz_.kopieSchreiben(eigeneNummer(), eingabe) && !dauerhaft)
-        throw Fehler(QStringLiteral("Der Datensatz %1 der Tabelle '%2' ist nicht mehr vorhanden.")
-                         .arg(gezeigt_)
-                         .arg(eintrag(sparte()).haupttabelle));
+        throw Fehler(QStringLiteral("Der Datensatz %1 der Tabelle '%2' ist nicht mehr vorhanden.").arg(gezeigt_).arg(eintrag(sparte()).haupttabelle));
     notizGespeichert();
 }
 

@@ -168,6 +168,6 @@ private:
     qint64 gezeigt_ = 0; ///< number of the record last shown: the user's fields belong to it
     QString gezeigterName_;
     bool hatKopie_ = false, geschlossen_ = false;
-    bool meldet_ = false; ///< a box tells of an unknown origin
+    bool meldet_ = false;           ///< a box tells of an unknown origin
     QPointer<QWidget> fokusVorher_; ///< had the focus when the filter dialog opened
 };

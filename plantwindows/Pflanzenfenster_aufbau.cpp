@@ -46,9 +46,9 @@ void Pflanzenfenster::aufbauen()
     connect(ansicht_, &Pflanzenansicht::hinweis, this, &Pflanzenfenster::hinweis);
     connect(ansicht_, &Pflanzenansicht::geaendert, this, [this] { DatenGeaendert = true; });
     connect(ansicht_, &Pflanzenansicht::namenGewuenscht, this, geschuetzt(this, [this] {
-        aktivMelden();
-        zentrale_.namenAendern(this);
-    }));
+                aktivMelden();
+                zentrale_.namenAendern(this);
+            }));
     // In a window too low for head and page the record as a whole scrolls; bar and status bar stay.
     auto *rolle = new QScrollArea(this);
     rolle->setObjectName(QStringLiteral("rolDaten"));

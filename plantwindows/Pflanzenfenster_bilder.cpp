@@ -26,10 +26,10 @@ void Pflanzenfenster::bilderZeigen()
 void Pflanzenfenster::bildAngeklickt(int index)
 {
     while (mediumFehlt(programm_)) {
-        const auto antwort = QMessageBox::warning(this, QStringLiteral("Flox-CD nicht gefunden!"),
-                                                  QStringLiteral("Die Flox-CD konnte nicht gefunden werden!\rBitte die richtige CD in das Laufwerk %1 einlegen!")
-                                                      .arg(programm_.BilderPfad),
-                                                  QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok);
+        const auto antwort = QMessageBox::warning(
+            this, QStringLiteral("Flox-CD nicht gefunden!"),
+            QStringLiteral("Die Flox-CD konnte nicht gefunden werden!\rBitte die richtige CD in das Laufwerk %1 einlegen!").arg(programm_.BilderPfad),
+            QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok);
         if (antwort != QMessageBox::Ok)
             return;
     }
@@ -40,6 +40,9 @@ void Pflanzenfenster::bildAngeklickt(int index)
 
 Bilderpflanze Pflanzenfenster::bilderpflanze()
 {
-    return {.sparte = sparte(), .artnr = satz_.artnr(), .botName = ansicht_->kopftext(0), .deuName = ansicht_->kopftext(1),
+    return {.sparte = sparte(),
+            .artnr = satz_.artnr(),
+            .botName = ansicht_->kopftext(0),
+            .deuName = ansicht_->kopftext(1),
             .zeile = satz_.artnr() ? satz_.bilder() : std::nullopt};
 }

@@ -8,6 +8,7 @@ namespace staude {
 
 inline constexpr QStringView ohneAngabe = u"Keine Angaben";
 
+// clang-format off
 inline constexpr Symbol eigenschaften[] = {
     {"iliEigenschaften/gift", u"Diese Pflanze ist giftig!", u"Giftpflanze", "Stauden.giftig", "iliEigenschaften/gift_n"},
     {"iliEigenschaften/schere", u"Diese Pflanze ist eine Schnittpflanze", u"Schnittpflanze", "Stauden.schnitt", "iliEigenschaften/schere_n"},
@@ -59,5 +60,6 @@ inline constexpr Element verwendungsart{.muster = Muster::Text, .control = "lblV
                                         .leer = ohneAngabe};
 inline constexpr Element bemerkung{.muster = Muster::Text, .control = "lblBemerkungen", .feld = "*.BEMERKUNG", .titeltext = u"Bemerkungen:",
                                    .titel = "Label32", .umformung = ohneZeilenmarken};
+// clang-format on
 
 } // namespace staude

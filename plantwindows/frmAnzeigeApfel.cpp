@@ -127,6 +127,7 @@ constexpr Gruppe kelchStielReiter[] = {
     {.name = "fraStiel", .titel = u"Stiel", .elemente = stiel, .regel = Gruppenregel::Controls},
     {.name = "fraStielgrube", .titel = u"Stielgrube", .elemente = stielgrube, .regel = Gruppenregel::Controls},
 };
+// clang-format off
 constexpr Gruppe innenReiter[] = {
     {.name = "SSFrame9", .titel = u"Kelchhöhle und Kelchröhre", .elemente = kelchhoehle, .regel = Gruppenregel::Controls,
      .regelcontrols = kelchhoehlenregel},
@@ -136,6 +137,7 @@ constexpr Gruppe innenReiter[] = {
     {.name = "fraFleisch", .titel = u"Fruchtfleisch", .elemente = fleisch, .regel = Gruppenregel::Controls},
     {.name = "fraGeschmack", .titel = u"Schale und Geschmack", .elemente = geschmack, .regel = Gruppenregel::Controls},
 };
+// clang-format on
 constexpr Gruppe sonstigesReiter[] = {
     {.name = "fraLiteratur", .titel = u"Beschrieben in", .elemente = literatur},
     {.name = "fraSorten", .titel = u"Mutanten und Typen", .elemente = sorten, .regel = Gruppenregel::Controls},

@@ -59,8 +59,8 @@ constexpr Element ohneWert(Element element, QStringView leer)
 constexpr Element bluehschmuck{.muster = Muster::Satz, .control = "lblBluehSchmuck", .feld = "BLUEHSCHMU", .leer = u"Blüten sind schmückend!"};
 constexpr Element fruchtschmuck{.muster = Muster::Satz, .control = "lblFruchtSchmuck", .feld = "fruchtschm", .leer = u"Früchte sind schmückend!"};
 constexpr Element blattschmuck{.muster = Muster::Satz, .control = "lblBlattSchmuck", .feld = "*.blaschmuck", .leer = u"Blätter sind schmückend!"};
-constexpr Element wuchs{.muster = Muster::Liste, .control = "lblWuchsVerh", .feld = "wuchsgesch", .titeltext = u"Wuchsgeschwindigkeit:",
-                        .trenner = u" - "};
+constexpr Element wuchs{
+    .muster = Muster::Liste, .control = "lblWuchsVerh", .feld = "wuchsgesch", .titeltext = u"Wuchsgeschwindigkeit:", .trenner = u" - "};
 constexpr Element pflanzzeit{.muster = Muster::Liste, .control = "lblPflanzzeit", .feld = "pflanzzeit", .titeltext = u"Pflanzzeit:"};
 constexpr Element abstand{.muster = Muster::Text, .control = "lblAbstand", .feld = "Friedhof.abstand", .titeltext = u"Pflanzabstand:"};
 constexpr Element pflege{.muster = Muster::Liste, .control = "lblPflege", .feld = "pflege", .titeltext = u"Pflegeaufwand:", .trenner = u" - "};
@@ -78,15 +78,18 @@ constexpr Element bluete[] = {
 };
 constexpr Element frucht[] = {staude::fruchtfarben, staude::fruchtzeit, fruchtschmuck};
 constexpr Element belaubung[] = {staude::laubhoehe, staude::blattform, staude::blattfarbe, staude::herbstfarben, blattschmuck};
-constexpr Element pflanzentyp[] = {staude::marken, mitAnhang(staude::pflanzentyp, anStaudentyp), staude::lebensraum, staude::kennziffer, staude::urteil};
+constexpr Element pflanzentyp[] = {staude::marken, mitAnhang(staude::pflanzentyp, anStaudentyp), staude::lebensraum, staude::kennziffer,
+                                   staude::urteil};
 constexpr Element habitus[] = {staude::wuchsform, wuchs};
 constexpr Element standort[] = {staude::licht, staude::bodenart, staude::bodenfeuchte, staude::kalk, mitTrenner(staude::naehrstoffe, u" - ")};
 constexpr Element pflanzzeiten[] = {pflanzzeit, pflege};
 constexpr Element pflanzung[] = {staude::pflanzung, abstand, staude::geselligkeit, staude::duengung, staude::vermehrung};
 constexpr Element verwendungen[] = {verwendung, mitTitel(staude::verwendungsart, u"Besondere Verw.:")};
 constexpr Element bedeutung[] = {symbolik};
-constexpr Element bemerkung[] = {ohneWert(mitTitel(gemeinsam::sorten, u"Sorten:"), u"keine Sortenangaben"), ohneWert(staude::bemerkung, u"Keine Bemerkungen")};
+constexpr Element bemerkung[] = {ohneWert(mitTitel(gemeinsam::sorten, u"Sorten:"), u"keine Sortenangaben"),
+                                 ohneWert(staude::bemerkung, u"Keine Bemerkungen")};
 
+// clang-format off
 constexpr Element ghBluete[] = {
     gehoelz::bluetenfarben, gehoelz::bluehzeit,
     {.muster = Muster::VonBisMeter, .control = "lblBluetHoehe", .feld = "Friedhof.MINHOEHE", .feld2 = "Friedhof.MAXHOEHE",
@@ -114,6 +117,7 @@ constexpr Element ghVerwendungen[] = {verwendung, gehoelz::verwendungen};
 constexpr Element ghBemerkung[] = {
     mitTitel(gemeinsam::sorten, u"Sorten:"), mitTitel(gehoelz::bemerkung, u"Bemerkungen:"), mitTitel(gehoelz::schaden, u"Krankheiten, Schädlinge:"),
 };
+// clang-format on
 
 /// A frame of the perennials.
 constexpr Gruppe staudengruppe(const char *name, QStringView titel, std::span<const Element> elemente, Gruppenregel regel = Gruppenregel::Immer,
@@ -141,12 +145,9 @@ constexpr Gruppe blattBluete[] = {
     gehoelzgruppe("fraGhBelaubung", u"Belaubung", ghBelaubung),
 };
 constexpr Gruppe wuchsStandort[] = {
-    staudengruppe("fraPflanzentyp", u"Pflanzentyp", pflanzentyp),
-    staudengruppe("fraHabitus", u"Habitus", habitus),
-    staudengruppe("fraStandort", u"Standort", standort),
-    gehoelzgruppe("fraGhPflanzentyp", u"Pflanzentyp", ghPflanzentyp),
-    gehoelzgruppe("fraGhHabitus", u"Habitus", ghHabitus),
-    gehoelzgruppe("fraGhStandort", u"Standort", ghStandort),
+    staudengruppe("fraPflanzentyp", u"Pflanzentyp", pflanzentyp), staudengruppe("fraHabitus", u"Habitus", habitus),
+    staudengruppe("fraStandort", u"Standort", standort),          gehoelzgruppe("fraGhPflanzentyp", u"Pflanzentyp", ghPflanzentyp),
+    gehoelzgruppe("fraGhHabitus", u"Habitus", ghHabitus),         gehoelzgruppe("fraGhStandort", u"Standort", ghStandort),
 };
 constexpr Gruppe pflanzungVerwendung[] = {
     staudengruppe("fraPflanzzeit", u"Pflanzzeit und Pflege", pflanzzeiten, Gruppenregel::Controls),
@@ -173,5 +174,5 @@ constexpr Reiter reiter[] = {
 
 } // namespace
 
-const Fensterbeschreibung frmAnzeigeFriedhof{.sparte = Sparte::Friedhof, .kopf = kopf, .tafel = tafel, .reiter = reiter,
-                                             .ohneNummer = Sparte::Gehoelze};
+const Fensterbeschreibung frmAnzeigeFriedhof{
+    .sparte = Sparte::Friedhof, .kopf = kopf, .tafel = tafel, .reiter = reiter, .ohneNummer = Sparte::Gehoelze};

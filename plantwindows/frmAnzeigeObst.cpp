@@ -58,10 +58,8 @@ constexpr Element anbau[] = {
     worte("lblObPflanzenschutz", "PFLSHTZ", "Label16"),
 };
 constexpr Element bluete[] = {
-    worte("lblObFrostempfindlichkeit", "FROEMF", "Label18"),
-    worte("lblObBluetezeit", "BLUETE", "Label19"),
-    worte("lblObFruchtstand", "FRUSTAN", "Label20"),
-    worte("lblObBefruchtung", "BEFRU", "Label26"),
+    worte("lblObFrostempfindlichkeit", "FROEMF", "Label18"), worte("lblObBluetezeit", "BLUETE", "Label19"),
+    worte("lblObFruchtstand", "FRUSTAN", "Label20"),         worte("lblObBefruchtung", "BEFRU", "Label26"),
     worte("lblObAlsBefruchtersorte", "BEFRSOR", "Label27"),
 };
 constexpr Element befruchtersorten[] = {
@@ -98,10 +96,8 @@ constexpr Element ernte[] = {
     worte("lblObVerwendung", "VERWEND", "Label11"),
 };
 constexpr Element lager[] = {
-    worte("lblObLagereignung", "LAGEIG", "Label32"),
-    text("lblObFrischluftLager", "FRILUFLAG", "Label40"),
-    text("lblObKuehllager", "KUEHLLAG", "Label46"),
-    text("lblObCALager", "CALAGER", "Label48"),
+    worte("lblObLagereignung", "LAGEIG", "Label32"),       text("lblObFrischluftLager", "FRILUFLAG", "Label40"),
+    text("lblObKuehllager", "KUEHLLAG", "Label46"),        text("lblObCALager", "CALAGER", "Label48"),
     worte("lblObLagerkrankheiten", "LAGKRANK", "Label50"),
 };
 
@@ -130,11 +126,8 @@ constexpr Gruppe ernteReiter[] = {
 };
 
 constexpr Reiter reiter[] = {
-    {u"Wuchs/Anbau", wuchsAnbau},
-    {u"Blüte/Befruchtung", bluetenReiter},
-    {u"Frucht", fruchtReiter},
-    {u"Ernte/Lager", ernteReiter},
-    {u"Benutzer / Ausbildung", gemeinsam::benutzer},
+    {u"Wuchs/Anbau", wuchsAnbau},  {u"Blüte/Befruchtung", bluetenReiter},           {u"Frucht", fruchtReiter},
+    {u"Ernte/Lager", ernteReiter}, {u"Benutzer / Ausbildung", gemeinsam::benutzer},
 };
 
 } // namespace

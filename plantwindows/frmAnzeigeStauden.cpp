@@ -46,11 +46,7 @@ constexpr Element lebensraum[] = {
     {.muster = Muster::Bildoeffner, .control = "picLebensraum", .formular = &lebensbereiche},
 };
 constexpr Element standort[] = {
-    staude::licht,
-    staude::bodenart,
-    staude::bodenfeuchte,
-    staude::kalk,
-    staude::naehrstoffe,
+    staude::licht, staude::bodenart, staude::bodenfeuchte, staude::kalk, staude::naehrstoffe,
 };
 constexpr Element pflanzung[] = {staude::pflanzung, staude::geselligkeit, staude::duengung, staude::vermehrung, staude::verwendungsart};
 
@@ -59,6 +55,7 @@ constexpr Element bemerkung[] = {staude::bemerkung};
 
 constexpr Ueberschrift ueberPflanze{"Label2", u"Blüte, Frucht und Blatt"};
 
+// clang-format off
 constexpr Gruppe blattBluete[] = {
     {.name = "Frame3D2", .titel = u"Blüte", .ueberschrift = &ueberPflanze, .elemente = bluete, .regel = Gruppenregel::Feld, .regelfeld = "bluehzeit"},
     {.name = "fraFrucht", .titel = u"Frucht", .ueberschrift = &ueberPflanze, .elemente = frucht, .regel = Gruppenregel::Feld, .regelfeld = "fruchtzeit"},
@@ -66,6 +63,7 @@ constexpr Gruppe blattBluete[] = {
     {.name = "fraPflanzentyp", .titel = u"Wuchs", .elemente = pflanzentyp},
     {.name = "fraLebensraum", .titel = u"Lebensraum", .elemente = lebensraum},
 };
+// clang-format on
 constexpr Gruppe standortReiter[] = {
     {.name = "fraStandort", .titel = u"Standort", .elemente = standort, .loeschtHinweis = true},
     {.name = "fraPflanzung", .titel = u"Pflanzung und Pflege", .elemente = pflanzung},

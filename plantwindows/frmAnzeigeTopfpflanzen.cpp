@@ -6,6 +6,7 @@
 
 namespace {
 
+// clang-format off
 constexpr Element kopf[] = {
     {.muster = Muster::BotName, .control = "lblBotName", .feld = "BOT_NAME", .feld2 = "*.Quelle"},
     {.muster = Muster::DtName, .control = "lblDtName", .feld = "DTNAM", .titeltext = u"Deutscher Name:"},
@@ -104,6 +105,7 @@ constexpr Element sorten[] = {
     {.muster = Muster::Text, .control = "txtSorten", .feld = "SORTEN", .leer = u"Keine Sortenangaben", .umformung = ohneZeilenmarken,
      .leerNurBeiNull = true, .kasten = true},
 };
+// clang-format on
 constexpr Element bemerkung[] = {
     {.muster = Muster::Text, .control = "txtBemerkung", .feld = "BEMERKUNG", .umformung = ohneZeilenmarken, .kasten = true},
 };

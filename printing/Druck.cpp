@@ -12,21 +12,21 @@
 namespace {
 
 // Millimetres on the page.
-constexpr double seitenrand = 15;       // origin of the page inside the printable area
-constexpr double wertspalte = 65;       // origin of the values of a data sheet
-constexpr double labelspalte = -50;     // from there
+constexpr double seitenrand = 15;   // origin of the page inside the printable area
+constexpr double wertspalte = 65;   // origin of the values of a data sheet
+constexpr double labelspalte = -50; // from there
 constexpr double listenrand = 20;
-constexpr double listeDeutsch = 90;     // German names of the list
+constexpr double listeDeutsch = 90; // German names of the list
 constexpr double spaltenabstand = 2;
 constexpr double kleinsteBreite = 10;
 constexpr double kopfhoehe = 20;
-constexpr double ersteZeile = 25;       // below the head
-constexpr double fussluecke = 5;        // between the foot's text and the number of the page
-constexpr double fussabstand = 25;      // foot rule to the end of ScaleHeight
+constexpr double ersteZeile = 25;  // below the head
+constexpr double fussluecke = 5;   // between the foot's text and the number of the page
+constexpr double fussabstand = 25; // foot rule to the end of ScaleHeight
 
 // Lines of a page.
-constexpr int eintragZeilen = 64;       // an entry begins on a page with no more lines than these
-constexpr int textZeilen = 65;          // a line within a text
+constexpr int eintragZeilen = 64; // an entry begins on a page with no more lines than these
+constexpr int textZeilen = 65;    // a line within a text
 constexpr int listenZeilen = 68;
 
 /// Characters by which a text without a label is named.
@@ -93,8 +93,12 @@ QStringList absaetze(QString text)
 } // namespace
 
 Druck::Druck(Programm &programm, const Druckauftrag &auftrag, Printer &drucker)
-    : programm_(programm), auftrag_(auftrag), drucker_(drucker), sparte_(eintrag(auftrag.sparte)),
-      beschreibung_(druckbeschreibung(auftrag.sparte)), worte_{programm, sparte_, auftrag.arbeit}
+    : programm_(programm),
+      auftrag_(auftrag),
+      drucker_(drucker),
+      sparte_(eintrag(auftrag.sparte)),
+      beschreibung_(druckbeschreibung(auftrag.sparte)),
+      worte_{programm, sparte_, auftrag.arbeit}
 {
     drucker_.PrintQuality = 300;
     drucker_.ScaleLeft = -seitenrand;

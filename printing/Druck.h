@@ -16,9 +16,9 @@ struct Druckbeschreibung;
 struct Druckauftrag
 {
     Sparte sparte;
-    Recordset *pflanzen = nullptr;      ///< stands on the plant on screen and is not moved
-    std::shared_ptr<Datenbank> arbeit;  ///< synonyms and families
-    Filterzustand filter;               ///< the dialog's controls as they are
+    Recordset *pflanzen = nullptr;     ///< stands on the plant on screen and is not moved
+    std::shared_ptr<Datenbank> arbeit; ///< synonyms and families
+    Filterzustand filter;              ///< the dialog's controls as they are
     bool FilterEin = false, FilterGesetzt = false;
 };
 

@@ -9,9 +9,9 @@
 /// Where words beyond the vocabularies come from.
 struct Wortquelle
 {
-    const Programm &programm;             ///< names of the user's properties
+    const Programm &programm; ///< names of the user's properties
     const SpartenEintrag &sparte;
-    std::shared_ptr<Datenbank> arbeit = {}; ///< names of families
+    std::shared_ptr<Datenbank> arbeit = {};   ///< names of families
     const SpartenEintrag *herkunft = nullptr; ///< of the row, where it is taken from another Sparte: letters of its source
 };
 

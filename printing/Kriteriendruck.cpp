@@ -2,7 +2,6 @@
 
 #include "store/Fehler.h"
 
-
 namespace {
 
 QString gruppenworte(const Filterbeschreibung &beschreibung, const Kriterium &k, const Kriteriumzustand &z, const Wortquelle &quelle)
@@ -58,7 +57,7 @@ QString bereichsworte(const Kriterium &k, const Kriteriumzustand &z)
 bool gesetzt(const Kriterium &k, const Kriteriumzustand &z)
 {
     const bool gruppe = k.pruefung == Pruefung::Flags || k.pruefung == Pruefung::FlagsNachWort || k.pruefung == Pruefung::FlagsOderWahr
-        || k.pruefung == Pruefung::EinsWahr;
+                        || k.pruefung == Pruefung::EinsWahr;
     return gruppe ? anzahlGewaehlt(k.a, z.a) + anzahlGewaehlt(k.b, z.b) > 0 : zeigtAktiv(k, z);
 }
 
@@ -93,7 +92,8 @@ QString worte(const Filterbeschreibung &beschreibung, const Kriterium &k, const 
     case Pruefung::Bereich: return bereichsworte(k, z);
     case Pruefung::Bewertung:
         return QStringLiteral("%1 %2    (Stufe 1: Rarität / Stufe 5:  Standardsortiment)")
-            .arg(gewaehlt(k.a, z.a, 0) ? QStringLiteral("ab Stufe") : QStringLiteral("bis Stufe")).arg(z.b.werte[0]);
+            .arg(gewaehlt(k.a, z.a, 0) ? QStringLiteral("ab Stufe") : QStringLiteral("bis Stufe"))
+            .arg(z.b.werte[0]);
     case Pruefung::AlleWahr:
     case Pruefung::EinsWahr: return wahreWorte(beschreibung, k, z.a);
     case Pruefung::Gleich: return z.a.text;
@@ -106,8 +106,8 @@ QString worte(const Filterbeschreibung &beschreibung, const Kriterium &k, const 
 
 } // namespace
 
-std::vector<Kriteriumzeile> kriterienzeilen(std::span<const Druckzeile> druckzeilen, const Filterbeschreibung &beschreibung, const Filterzustand &zustand,
-                                            const Wortquelle &quelle)
+std::vector<Kriteriumzeile> kriterienzeilen(std::span<const Druckzeile> druckzeilen, const Filterbeschreibung &beschreibung,
+                                            const Filterzustand &zustand, const Wortquelle &quelle)
 {
     std::vector<Kriteriumzeile> zeilen;
     bool davor = false; // whether the line that the next row may join is there

@@ -14,5 +14,5 @@ struct Kriteriumzeile
 
 /// The criteria that are set, line by line. A group counts when one item is set, even where all are or where its items
 /// have no words; never throws.
-std::vector<Kriteriumzeile> kriterienzeilen(std::span<const Druckzeile> druckzeilen, const Filterbeschreibung &beschreibung, const Filterzustand &zustand,
-                                            const Wortquelle &quelle);
+std::vector<Kriteriumzeile> kriterienzeilen(std::span<const Druckzeile> druckzeilen, const Filterbeschreibung &beschreibung,
+                                            const Filterzustand &zustand, const Wortquelle &quelle);

@@ -18,7 +18,7 @@ public:
     int PrintQuality = 300;             ///< dots to the inch, the measure of DrawWidth
     int DrawWidth = 1;                  ///< width of lines, in dots
     double ScaleLeft = 0, ScaleTop = 0;
-    double CurrentX = 0, CurrentY = 0;  ///< left end and top of the next text
+    double CurrentX = 0, CurrentY = 0; ///< left end and top of the next text
     Druckschrift Font;
 
     /// Number of the paper size, 9 for A4.

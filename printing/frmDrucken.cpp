@@ -229,7 +229,7 @@ void frmDrucken::vorschauen()
 void frmDrucken::seiteBenennen()
 {
     const int anzahl = int(vorschau_->seiten().seiten.size()), seite = vorschau_->seite() + 1;
-    lblSeite_->setText(anzahl == 0  ? QString()
+    lblSeite_->setText(anzahl == 0 ? QString()
                        : gezaehlt_ ? QStringLiteral("Seite %1 von %2").arg(seite).arg(anzahl)
                                    : QStringLiteral("Seite %1").arg(seite));
     vorschau_->setAccessibleName(anzahl == 0 ? QStringLiteral("Vorschau") : QStringLiteral("Vorschau: %1").arg(lblSeite_->text()));
@@ -306,8 +306,7 @@ void frmDrucken::cmdDruck_Click()
             QMessageBox::information(this, programmtitel.toString(), satzUeberGekuerzte(ausdruck->gekuerzt));
         const Sanduhr sanduhr(this);
         Fortschrittsfenster fenster(this, QStringLiteral("Der Ausdruck wird ausgegeben ..."), geduld);
-        geraet_.drucken(ausdruck->seiten, ausdruck->titel, datei,
-                        [&](qsizetype fertig, qsizetype gesamt) { fenster.melden(fertig, gesamt); });
+        geraet_.drucken(ausdruck->seiten, ausdruck->titel, datei, [&](qsizetype fertig, qsizetype gesamt) { fenster.melden(fertig, gesamt); });
         gespeichert_ = datei;
         if (!datei.isEmpty())
             programm_.DruckOrdner = QFileInfo(datei).absolutePath();

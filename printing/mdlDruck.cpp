@@ -269,7 +269,8 @@ constexpr Druckzeile kriterienObst[] = {
     {u"Bewertung: ", "optBewertung"},
 };
 
-constexpr std::array<const Druckbeschreibung *, anzahlSparten> beschreibungen{&DruckTopf, &DruckStauden, &DruckGehoelze, &DruckApfel, &DruckObst, &DruckFriedhof};
+constexpr std::array<const Druckbeschreibung *, anzahlSparten> beschreibungen{&DruckTopf,  &DruckStauden, &DruckGehoelze,
+                                                                              &DruckApfel, &DruckObst,    &DruckFriedhof};
 
 } // namespace
 
@@ -316,7 +317,8 @@ QString druckfehler(const Druckbeschreibung &beschreibung)
         gedruckt.insert(QString::fromLatin1(zeile.control));
     }
     for (const Kriterium &kriterium : filter ? filter->kriterien : std::span<const Kriterium>())
-        if (kriterium.pruefung != Pruefung::Bild && kriterium.pruefung != Pruefung::Keine && !gedruckt.contains(QString::fromLatin1(kriterium.a.control)))
+        if (kriterium.pruefung != Pruefung::Bild && kriterium.pruefung != Pruefung::Keine
+            && !gedruckt.contains(QString::fromLatin1(kriterium.a.control)))
             return QStringLiteral("%1 wird nicht gedruckt").arg(QLatin1String(kriterium.a.control));
     return {};
 }

@@ -7,10 +7,10 @@
    schema's. */
 
 enum class Druckart {
-    Titel,         ///< heads the sheet in the large font, without a label
-    MitSynonymen,  ///< the name with its German synonyms; the botanical ones as an entry of their own
-    Zeile,         ///< a line across both columns, without a label
-    Bereich,       ///< `feld` is the lower, `feld2` the upper bound; both make one entry
+    Titel,        ///< heads the sheet in the large font, without a label
+    MitSynonymen, ///< the name with its German synonyms; the botanical ones as an entry of their own
+    Zeile,        ///< a line across both columns, without a label
+    Bereich,      ///< `feld` is the lower, `feld2` the upper bound; both make one entry
 };
 
 struct Druckausnahme
@@ -25,10 +25,10 @@ struct Druckausnahme
 struct Druckzeile
 {
     QStringView label;
-    const char *control;         ///< objectName, or its stem, of the criterion's first control
-    QStringView anschluss = {};  ///< what joins the words to the line before, where that is printed; empty: always a line of its own
+    const char *control;                     ///< objectName, or its stem, of the criterion's first control
+    QStringView anschluss = {};              ///< what joins the words to the line before, where that is printed; empty: always a line of its own
     int von = 1, bis = Positionen::groesste; ///< of a group, only items of these positions, counted from 1
-    QStringView wort = {};       ///< what stands there in place of the items' words; empty, but not null: the label alone
+    QStringView wort = {};                   ///< what stands there in place of the items' words; empty, but not null: the label alone
 };
 
 struct Druckbeschreibung

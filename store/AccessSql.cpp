@@ -13,13 +13,10 @@ enum class Sorte { Wort, Text, Zahl, Zeichen, Ende };
 struct Stueck
 {
     Sorte sorte = Sorte::Ende;
-    QString text;     ///< a word without its brackets, a literal without its quotes
+    QString text; ///< a word without its brackets, a literal without its quotes
     qsizetype anfang = 0, ende = 0;
 
-    bool ist(const char *wort) const
-    {
-        return sorte == Sorte::Wort && text.compare(QLatin1String(wort), Qt::CaseInsensitive) == 0;
-    }
+    bool ist(const char *wort) const { return sorte == Sorte::Wort && text.compare(QLatin1String(wort), Qt::CaseInsensitive) == 0; }
 };
 
 QList<Stueck> zerlegen(const QString &sql)
@@ -80,8 +77,7 @@ QString bezeichner(const QString &name)
 }
 
 /// Condition in SQLite's words. LIKE '*' and LIKE with a number on an INTEGER column become tests that can use an index.
-QString bedingungAus(const QString &sql, const QList<Stueck> &stuecke, qsizetype von, qsizetype bis, const QString &tabelle,
-                     Datenbank &db)
+QString bedingungAus(const QString &sql, const QList<Stueck> &stuecke, qsizetype von, qsizetype bis, const QString &tabelle, Datenbank &db)
 {
     QString aus;
     for (qsizetype i = von; i < bis; ++i) {
@@ -152,14 +148,13 @@ Auswahl auswahlLesen(const QString &recordSource, Datenbank &db)
 
 std::optional<Kopierauftrag> kopierauftragLesen(const QString &sql)
 {
-    static const QRegularExpression form(
-        QStringLiteral(R"(^\s*SELECT\s+(.+?)\s+INTO\s+\[?(\w+)\]?\s+IN\s+'((?:[^']|'')*)'\s+FROM\s+(.+?)\s*;?\s*$)"),
-        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression form(QStringLiteral(R"(^\s*SELECT\s+(.+?)\s+INTO\s+\[?(\w+)\]?\s+IN\s+'((?:[^']|'')*)'\s+FROM\s+(.+?)\s*;?\s*$)"),
+                                         QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     const QRegularExpressionMatch treffer = form.match(sql);
     if (!treffer.hasMatch())
         return std::nullopt;
-    return Kopierauftrag{treffer.captured(1), treffer.captured(2),
-                         treffer.captured(3).replace(QStringLiteral("''"), QStringLiteral("'")), treffer.captured(4)};
+    return Kopierauftrag{treffer.captured(1), treffer.captured(2), treffer.captured(3).replace(QStringLiteral("''"), QStringLiteral("'")),
+                         treffer.captured(4)};
 }
 
 namespace {

@@ -26,8 +26,7 @@ QString benutzernamenLesen(Programm &programm)
             programm.BenutzerNamen[size_t(sparte.sparte)][r] = satz.Fields(QString::fromLatin1(sparte.namenSpalte)).Text();
     if (satz.RecordCount() <= anzahlEigenschaften)
         return {};
-    return QStringLiteral("Die Tabelle 'Namen_Benutzer_Optionen' hat mehr als %1 Zeilen. Die ersten %1 werden verwendet.")
-        .arg(anzahlEigenschaften);
+    return QStringLiteral("Die Tabelle 'Namen_Benutzer_Optionen' hat mehr als %1 Zeilen. Die ersten %1 werden verwendet.").arg(anzahlEigenschaften);
 }
 
 void benutzernamenSchreiben(const Programm &programm)

@@ -73,7 +73,10 @@ QString abfragespalten(const Anweisung &abfrage)
     QStringList spalten;
     for (int i = 0; i < abfrage.spalten(); ++i) {
         const QString name = abfrage.spaltenname(i), typ = abfrage.spaltentyp(i);
-        spalten += QStringLiteral("\"%1\" %2").arg(name, name == u"ARTNR" ? QStringLiteral("INTEGER PRIMARY KEY") : typ.isEmpty() ? QStringLiteral("TEXT") : typ);
+        spalten += QStringLiteral("\"%1\" %2")
+                       .arg(name, name == u"ARTNR" ? QStringLiteral("INTEGER PRIMARY KEY")
+                                  : typ.isEmpty()  ? QStringLiteral("TEXT")
+                                                   : typ);
     }
     return u'(' + spalten.join(QStringLiteral(", ")) + u')';
 }
@@ -186,8 +189,8 @@ Datenbank::Datenbank(const QString &pfad, int schalter) : pfad_(pfad)
     sqlite3_db_config(db_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     // A name that is no column must be an error, not a text.
     sqlite3_db_config(db_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    sqlite3_create_function_v2(db_, "like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, nullptr, likeFunktion, nullptr,
-                               nullptr, nullptr);
+    sqlite3_create_function_v2(db_, "like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, nullptr, likeFunktion, nullptr, nullptr,
+                               nullptr);
 }
 
 Datenbank::~Datenbank()
@@ -304,8 +307,7 @@ void Datenbank::Execute(const QString &sql, const QVariantList &werte)
     Anweisung &anweisung = vorbereitet(sql);
     for (int i = 0; i < werte.size(); ++i)
         anweisung.binden(i, werte[i]);
-    while (anweisung.schritt()) {
-    }
+    while (anweisung.schritt()) {}
 }
 
 void Datenbank::tabelleKopieren(const QString &spalten, const QString &ziel, const QString &datei, const QString &rest)
@@ -337,8 +339,9 @@ void Datenbank::tabelleKopieren(const QString &spalten, const QString &ziel, con
         else
             indexe += QStringLiteral("CREATE INDEX ziel.\"%1\" ON %2 %3").arg(vorbild.text(2), zielname, klammer);
     }
-    const QString quelle = QStringLiteral("SELECT %1 FROM main.\"%2\"%3")
-                               .arg(auswahl.spalten, auswahl.tabelle, auswahl.bedingung.isEmpty() ? QString() : QStringLiteral(" WHERE ") + auswahl.bedingung);
+    const QString quelle =
+        QStringLiteral("SELECT %1 FROM main.\"%2\"%3")
+            .arg(auswahl.spalten, auswahl.tabelle, auswahl.bedingung.isEmpty() ? QString() : QStringLiteral(" WHERE ") + auswahl.bedingung);
     if (istAbfrage(auswahl.tabelle))
         spaltenliste = abfragespalten(vorbereitet(quelle));
     Transaktion transaktion(*this);
@@ -411,12 +414,12 @@ void Datenbank::durchlaufen(const QString &tabelle, const QStringList &ausdrueck
     Ansicht ansicht{ansehen, std::vector<std::string_view>(size_t(ausdruecke.size())), {}};
     constexpr const char *name = "flox_ansehen";
     sqlite3_create_function_v2(db_, name, -1, SQLITE_UTF8 | SQLITE_DIRECTONLY, &ansicht, nullptr, ansehenFunktion, ansehenEnde, nullptr);
-    const auto abmelden = [](sqlite3 *db) {
-        sqlite3_create_function_v2(db, name, -1, SQLITE_UTF8, nullptr, nullptr, nullptr, nullptr, nullptr);
-    };
+    const auto abmelden = [](sqlite3 *db) { sqlite3_create_function_v2(db, name, -1, SQLITE_UTF8, nullptr, nullptr, nullptr, nullptr, nullptr); };
     const std::unique_ptr<sqlite3, decltype(abmelden)> halter(db_, abmelden);
+    // clang-format off
     const QByteArray sql = QStringLiteral("SELECT %1(%2) FROM [%3] WHERE ARTNR IS NOT NULL")
                                .arg(QLatin1String(name), (QStringList{QStringLiteral("ARTNR")} + ausdruecke).join(u','), tabelle).toUtf8();
+    // clang-format on
     const int ergebnis = sqlite3_exec(db_, sql.constData(), nullptr, nullptr, nullptr);
     if (ansicht.fehler)
         std::rethrow_exception(ansicht.fehler);
@@ -427,7 +430,8 @@ void Datenbank::durchlaufen(const QString &tabelle, const QStringList &ausdrueck
 void Datenbank::indexeFallenLassen(const QString &tabelle)
 {
     QStringList namen;
-    Anweisung &anweisung = vorbereitet(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'index' AND sql IS NOT NULL AND lower(tbl_name) = lower(?)"));
+    Anweisung &anweisung =
+        vorbereitet(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'index' AND sql IS NOT NULL AND lower(tbl_name) = lower(?)"));
     anweisung.binden(0, tabelle);
     while (anweisung.schritt())
         namen += anweisung.text(0);
@@ -443,9 +447,7 @@ void Datenbank::loescheAusser(const QString &tabelle, const QStringList &felder,
     Durchgang durchgang{behalten, std::vector<std::string_view>(size_t(felder.size())), {}};
     constexpr const char *name = "flox_behalten";
     sqlite3_create_function_v2(db_, name, -1, SQLITE_UTF8 | SQLITE_DIRECTONLY, &durchgang, behaltenFunktion, nullptr, nullptr, nullptr);
-    const auto abmelden = [](sqlite3 *db) {
-        sqlite3_create_function_v2(db, name, -1, SQLITE_UTF8, nullptr, nullptr, nullptr, nullptr, nullptr);
-    };
+    const auto abmelden = [](sqlite3 *db) { sqlite3_create_function_v2(db, name, -1, SQLITE_UTF8, nullptr, nullptr, nullptr, nullptr, nullptr); };
     const std::unique_ptr<sqlite3, decltype(abmelden)> halter(db_, abmelden);
     QStringList argumente{QStringLiteral("ARTNR")};
     for (const QString &feld : felder)
@@ -461,8 +463,8 @@ void Datenbank::loescheAusser(const QString &tabelle, const QStringList &felder,
 QStringList Datenbank::TableDefs()
 {
     QStringList namen;
-    Anweisung &anweisung = vorbereitet(
-        QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT GLOB 'sqlite_*' ORDER BY lower(name)"));
+    Anweisung &anweisung =
+        vorbereitet(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT GLOB 'sqlite_*' ORDER BY lower(name)"));
     while (anweisung.schritt())
         namen += anweisung.text(0);
     return namen;
@@ -501,9 +503,10 @@ bool Datenbank::istAbfrage(const QString &name)
 bool Datenbank::istGanzzahl(const QString &tabelle, const QString &spalte)
 {
     const char *typ = nullptr;
-    return sqlite3_table_column_metadata(db_, "main", tabelle.toUtf8().constData(), spalte.toUtf8().constData(), &typ, nullptr, nullptr,
-                                         nullptr, nullptr) == SQLITE_OK
-        && typ && sqlite3_stricmp(typ, "INTEGER") == 0;
+    return sqlite3_table_column_metadata(db_, "main", tabelle.toUtf8().constData(), spalte.toUtf8().constData(), &typ, nullptr, nullptr, nullptr,
+                                         nullptr)
+               == SQLITE_OK
+           && typ && sqlite3_stricmp(typ, "INTEGER") == 0;
 }
 
 bool Datenbank::schreibgeschuetzt() const

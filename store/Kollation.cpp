@@ -32,13 +32,20 @@ QString sortiername(QStringView name)
     rein.reserve(name.size());
     for (QChar zeichen : name) {
         switch (zeichen.unicode()) {
-        case u'×': case u'\'': case u'"': case u'‘': case u'’': case u'‚': case u'“': case u'”': case u'„': case u'`': case u'´':
-            continue;
-        case u'-': case u'\t':
-            zeichen = u' ';
-            break;
-        default:
-            break;
+        case u'×':
+        case u'\'':
+        case u'"':
+        case u'‘':
+        case u'’':
+        case u'‚':
+        case u'“':
+        case u'”':
+        case u'„':
+        case u'`':
+        case u'´': continue;
+        case u'-':
+        case u'\t': zeichen = u' '; break;
+        default: break;
         }
         if (zeichen == u' ' && (rein.isEmpty() || rein.back() == u' '))
             continue;

@@ -24,7 +24,7 @@ bool sperren(QLockFile &sperre)
     qint64 prozess = 0;
     QString rechner, name;
     return sperre.error() == QLockFile::LockFailedError && !sperre.getLockInfo(&prozess, &rechner, &name) && sperre.removeStaleLockFile()
-        && sperre.tryLock(0);
+           && sperre.tryLock(0);
 }
 
 } // namespace
@@ -41,7 +41,7 @@ void laufordnerFegen(const QString &ordner)
     for (const SpartenEintrag &sparte : alleSparten()) {
         namen += QRegularExpression::escape(sparte.tempDatenbank.mid(1)) + QStringLiteral("\\d+\\.tmp(-journal)?");
         namen += QRegularExpression::escape(sparte.tempFilter.mid(1)) + QStringLiteral("\\d+") + QRegularExpression::escape(sparte.filterEndung)
-            + QStringLiteral("(\\.[A-Za-z]{6})?");
+                 + QStringLiteral("(\\.[A-Za-z]{6})?");
     }
     namen += QStringLiteral(".+\\.pdf\\.[A-Za-z]{6}");
     const QRegularExpression reste(QRegularExpression::anchoredPattern(namen.join(u'|')), QRegularExpression::CaseInsensitiveOption);
@@ -103,6 +103,6 @@ QString nichtGespeichertes(const Programm &programm)
     const QString datenbank = QDir::toNativeSeparators(systemPfad(programm.arbeitsdatenbank()));
     return (ordner ? QStringLiteral("Die Datenbank des Programms ist schreibgeschützt:\n%1").arg(datenbank)
                    : QStringLiteral("Der Ordner des Programms ist schreibgeschützt:\n%1").arg(programm.ProgrammPfad))
-        + QStringLiteral("\n\nPflanzen können angesehen, gefiltert und gedruckt werden. Eigene Bemerkungen, benutzerdefinierte Eigenschaften "
-                         "und deren Namen werden nicht gespeichert.");
+           + QStringLiteral("\n\nPflanzen können angesehen, gefiltert und gedruckt werden. Eigene Bemerkungen, benutzerdefinierte Eigenschaften "
+                            "und deren Namen werden nicht gespeichert.");
 }

@@ -16,7 +16,8 @@ QStringList synonyme(const std::shared_ptr<Datenbank> &arbeit, const SpartenEint
     if (tabelle.isEmpty() || artnr == 0 || !arbeit->hatTabelle(tabelle.toString()))
         return {};
     QStringList gefunden;
-    for (Recordset satz(arbeit, QStringLiteral("SELECT * From %1 WHERE ARTNR LIKE ?").arg(tabelle), QVariantList{artnr}); !satz.Eof(); satz.MoveNext())
+    for (Recordset satz(arbeit, QStringLiteral("SELECT * From %1 WHERE ARTNR LIKE ?").arg(tabelle), QVariantList{artnr}); !satz.Eof();
+         satz.MoveNext())
         if (!satz.Fields(u"SYN").IsNull())
             gefunden += satz.Fields(u"SYN").Text();
     return gefunden;

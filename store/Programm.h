@@ -10,30 +10,30 @@
    or the system's separator and no trailing one; `pfadAus` joins. */
 struct Programm
 {
-    QString ProgrammVersion; ///< major.minor.revision
-    QString ProgrammPfad;    ///< folder of the executable; all data files are found from here
-    QString LaufPfad;        ///< folder of private copies and parked filters where it is not the program's; empty: it is
-    QString IniPfad;         ///< named for compatibility; no file is read or written there
-    QString BilderPfad;      ///< picture folder; empty: none is known, every probe fails
+    QString ProgrammVersion;      ///< major.minor.revision
+    QString ProgrammPfad;         ///< folder of the executable; all data files are found from here
+    QString LaufPfad;             ///< folder of private copies and parked filters where it is not the program's; empty: it is
+    QString IniPfad;              ///< named for compatibility; no file is read or written there
+    QString BilderPfad;           ///< picture folder; empty: none is known, every probe fails
     QString VermissterBilderPfad; ///< picture folder of this run that was given up because it was away; never stored
-    QString MulkoPfad;       ///< folder of the design program, with trailing "\"
-    QString EditorPfad;      ///< folder of the database editor, with trailing "\"
-    QString DruckOrdner;     ///< folder that a printout was last saved in; the system's path
+    QString MulkoPfad;            ///< folder of the design program, with trailing "\"
+    QString EditorPfad;           ///< folder of the database editor, with trailing "\"
+    QString DruckOrdner;          ///< folder that a printout was last saved in; the system's path
 
     bool StartPhase = false;
     bool HausModus = false;
     bool OriginalDatenbank = true;
     bool BilderAufCD = false;
     bool LokaleVorschauBilder = false;
-    double BilderFormBreite = 10110; ///< twips
-    double BilderFormHoehe = 9225;   ///< twips
-    long MdiHoehe = 14520;           ///< twips
-    long MdiBreite = 19320;          ///< twips
-    long MdiLinks = 0;               ///< twips
-    long MdiOben = 0;                ///< twips
-    long MdiStatus = 2;              ///< 0 normal, 1 minimised, 2 maximised
+    double BilderFormBreite = 10110;                       ///< twips
+    double BilderFormHoehe = 9225;                         ///< twips
+    long MdiHoehe = 14520;                                 ///< twips
+    long MdiBreite = 19320;                                ///< twips
+    long MdiLinks = 0;                                     ///< twips
+    long MdiOben = 0;                                      ///< twips
+    long MdiStatus = 2;                                    ///< 0 normal, 1 minimised, 2 maximised
     QString PflanzenfensterMass = QStringLiteral("0 0 0"); ///< width and height of plant windows in twips, 0: not set; 2: maximised
-    int MonatsDarstellung = 1;       ///< 0: month numbers, otherwise letters
+    int MonatsDarstellung = 1;                             ///< 0: month numbers, otherwise letters
     bool OriginalGroesse = true;
     std::array<bool, 3> HinweisAus{}; ///< entries 1 and 2 are used
 

@@ -67,8 +67,7 @@ void Recordset::vorbereiten()
 {
     db_->tabelleFordern(auswahl_.tabelle);
     schluesselspalte_ = db_->istAbfrage(auswahl_.tabelle) ? QStringLiteral("ARTNR") : QStringLiteral("rowid");
-    zeilenSql_ = QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?")
-                     .arg(auswahl_.spalten, inAnfuehrung(auswahl_.tabelle), schluesselspalte_);
+    zeilenSql_ = QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?").arg(auswahl_.spalten, inAnfuehrung(auswahl_.tabelle), schluesselspalte_);
     const Anweisung &zeile = db_->vorbereitet(zeilenSql_);
     for (int i = 0; i < zeile.spalten(); ++i)
         namen_ += zeile.spaltenname(i);
@@ -76,8 +75,9 @@ void Recordset::vorbereiten()
 
 void Recordset::schluesselLesen(const QVariantList &werte)
 {
-    const QString rest = QStringLiteral(" FROM %1%2").arg(inAnfuehrung(auswahl_.tabelle),
-                                                          auswahl_.bedingung.isEmpty() ? QString() : QStringLiteral(" WHERE ") + auswahl_.bedingung);
+    const QString rest =
+        QStringLiteral(" FROM %1%2")
+            .arg(inAnfuehrung(auswahl_.tabelle), auswahl_.bedingung.isEmpty() ? QString() : QStringLiteral(" WHERE ") + auswahl_.bedingung);
     const auto binden = [&](Anweisung &anweisung) {
         for (int i = 0; i < werte.size(); ++i)
             anweisung.binden(i, werte[i]);
@@ -98,9 +98,10 @@ void Recordset::schluesselLesen(const QVariantList &werte)
         };
         std::vector<Eintrag> eintraege;
         const int nummer = finden(u"ARTNR");
-        Anweisung &anweisung = db_->vorbereitet(QStringLiteral("SELECT %1, %2, %3").arg(
-                                                    inAnfuehrung(auswahl_.sortierfeld), nummer >= 0 ? QStringLiteral("ARTNR") : schluesselspalte_,
-                                                    schluesselspalte_) + rest);
+        Anweisung &anweisung = db_->vorbereitet(
+            QStringLiteral("SELECT %1, %2, %3")
+                .arg(inAnfuehrung(auswahl_.sortierfeld), nummer >= 0 ? QStringLiteral("ARTNR") : schluesselspalte_, schluesselspalte_)
+            + rest);
         binden(anweisung);
         while (anweisung.schritt())
             eintraege.push_back({anweisung.istNull(0) ? std::string() : sortierschluessel(anweisung.text(0)), anweisung.zahl(1), anweisung.zahl(2)});
@@ -148,8 +149,8 @@ bool Recordset::Finden(qint64 schluessel)
 
 bool Recordset::FindFirst(const QString &feld, const QString &text)
 {
-    Anweisung &anweisung = db_->vorbereitet(QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?")
-                                                .arg(schluesselspalte_, inAnfuehrung(auswahl_.tabelle), inAnfuehrung(namen_[ordinal(feld)])));
+    Anweisung &anweisung = db_->vorbereitet(
+        QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?").arg(schluesselspalte_, inAnfuehrung(auswahl_.tabelle), inAnfuehrung(namen_[ordinal(feld)])));
     anweisung.binden(0, text);
     std::vector<qint64> treffer;
     while (anweisung.schritt())
@@ -229,8 +230,8 @@ QString Recordset::textBei(qsizetype stelle, QStringView feld)
 {
     if (stelle < 0 || stelle >= qsizetype(schluessel_.size()))
         return {};
-    Anweisung &anweisung = db_->vorbereitet(QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?")
-                                                .arg(inAnfuehrung(namen_[ordinal(feld)]), inAnfuehrung(auswahl_.tabelle), schluesselspalte_));
+    Anweisung &anweisung = db_->vorbereitet(
+        QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?").arg(inAnfuehrung(namen_[ordinal(feld)]), inAnfuehrung(auswahl_.tabelle), schluesselspalte_));
     anweisung.binden(0, schluessel_[size_t(stelle)]);
     const QString text = anweisung.schritt() && !anweisung.istNull(0) ? anweisung.text(0) : QString();
     anweisung.zuruecksetzen();
@@ -260,8 +261,9 @@ void Recordset::Update()
         werte += wert;
     }
     werte += Schluessel();
-    db_->Execute(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ?")
-                     .arg(inAnfuehrung(auswahl_.tabelle), setzen.join(QStringLiteral(", ")), schluesselspalte_), werte);
+    db_->Execute(
+        QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ?").arg(inAnfuehrung(auswahl_.tabelle), setzen.join(QStringLiteral(", ")), schluesselspalte_),
+        werte);
     gelesen_ = false;
     if (schluesselspalte_ == u"rowid" && db_->geaendert() == 0)
         throw Fehler(QStringLiteral("Der Datensatz %1 der Tabelle '%2' ist nicht mehr vorhanden.").arg(Schluessel()).arg(auswahl_.tabelle));

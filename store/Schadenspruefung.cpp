@@ -42,7 +42,8 @@ bool beschaedigt(const QString &pfad, std::atomic<bool> &abgebrochen)
         return false;
     sqlite3_busy_timeout(db, 2000);
     constexpr int schritte = 1000;
-    sqlite3_progress_handler(db, schritte, [](void *halt) { return int(static_cast<std::atomic<bool> *>(halt)->load()); }, &abgebrochen);
+    sqlite3_progress_handler(
+        db, schritte, [](void *halt) { return int(static_cast<std::atomic<bool> *>(halt)->load()); }, &abgebrochen);
     sqlite3_stmt *stmt = nullptr;
     ergebnis = sqlite3_prepare_v2(db, "PRAGMA quick_check(1)", -1, &stmt, nullptr);
     const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> anweisung(stmt, sqlite3_finalize);
@@ -67,9 +68,8 @@ void suchen(const QString &pfad)
     const QFileInfo datei(systemPfad(pfad));
     auto suche = std::make_shared<Suche>();
     const auto art = datei.size() < grosseDatei ? std::launch::deferred : std::launch::async;
-    suche->befund = std::async(art, [echt = datei.filePath(), &halt = suche->abgebrochen] {
-        return beschaedigt(echt, halt) ? satz(echt) : QString();
-    }).share();
+    suche->befund =
+        std::async(art, [echt = datei.filePath(), &halt = suche->abgebrochen] { return beschaedigt(echt, halt) ? satz(echt) : QString(); }).share();
     if (const auto alte = sucheNach(pfad))
         alte->abgebrochen = true;
     alleSuchen().insert(datei.canonicalFilePath(), std::move(suche));

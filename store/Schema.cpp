@@ -18,14 +18,16 @@ constexpr Spalte wahr(const char *name, QStringView satz, QStringView druckname 
 }
 
 /// A coded column that is not written as flags.
-constexpr Spalte kodiert(const char *name, Art art, const Werteliste *liste, QStringView druckname, Schreibweise weise, std::span<const Marke> marken = {})
+constexpr Spalte kodiert(const char *name, Art art, const Werteliste *liste, QStringView druckname, Schreibweise weise,
+                         std::span<const Marke> marken = {})
 {
     return {.name = name, .art = art, .liste = liste, .druckname = druckname, .schreibweise = weise, .marken = marken};
 }
 
-constexpr Marke markenPflanzenart[] = {{u"1", 1}, {u"2", 2}, {u"B", 3}, {u"H", 4}, {u"Str", 6}, {u"S", 5}, {u"Z", 7}, {u"G", 8}, {u"F", 9}, {u"W", 10}};
+constexpr Marke markenPflanzenart[] = {{u"1", 1}, {u"2", 2}, {u"B", 3}, {u"H", 4}, {u"Str", 6},
+                                       {u"S", 5}, {u"Z", 7}, {u"G", 8}, {u"F", 9}, {u"W", 10}};
 constexpr int sorte = 1, wildstaude = 2; // groups of the verdict
-constexpr Marke markenUrteil[] = {{u"***", 1, sorte}, {u"**", 2, sorte}, {u"*", 3, sorte}, {u"L", 4}, {u"S", 5}, {u"w!", 6, wildstaude},
+constexpr Marke markenUrteil[] = {{u"***", 1, sorte},     {u"**", 2, sorte},     {u"*", 3, sorte},     {u"L", 4}, {u"S", 5}, {u"w!", 6, wildstaude},
                                   {u"W!", 6, wildstaude}, {u"w", 7, wildstaude}, {u"W", 7, wildstaude}};
 
 constexpr Spalte spaltenTopfpfl[] = {
@@ -435,29 +437,24 @@ constexpr Abfragespalte spaltenAbfrageFriedhof[] = {
 };
 static_assert(std::size(spaltenAbfrageFriedhof) == 105);
 
-constexpr short folgeTopf[] = {
-    0, 1, 37, 2, 3, 4, 5, 6, 7, 17, 18, 15, 10, 12, 13, 8, 9, 11, 14, 31, 16, 29, 20, 19, 21, 22, 23, 24, 25, 35,
-    36, 26, 27, 28, 30, 33, 34, 32, 38, 39, 40, 41, 42};
+constexpr short folgeTopf[] = {0,  1,  37, 2,  3,  4,  5,  6,  7,  17, 18, 15, 10, 12, 13, 8,  9,  11, 14, 31, 16, 29,
+                               20, 19, 21, 22, 23, 24, 25, 35, 36, 26, 27, 28, 30, 33, 34, 32, 38, 39, 40, 41, 42};
 static_assert(std::size(folgeTopf) == 43);
 
-constexpr short folgeStauden[] = {
-    0, 1, 44, 2, 37, 3, 4, 5, 6, 8, 9, 13, 26, 23, 20, 21, 17, 22, 24, 16, 10, 11, 12, 14, 18, 15, 39, 19, 43, 28,
-    27, 30, 31, 29, 22, 33, 34, 36, 38, 7, 35, 25, 41, 40, 42, 45, 46, 47, 48};
+constexpr short folgeStauden[] = {0,  1,  44, 2,  37, 3,  4,  5,  6,  8,  9,  13, 26, 23, 20, 21, 17, 22, 24, 16, 10, 11, 12, 14, 18,
+                                  15, 39, 19, 43, 28, 27, 30, 31, 29, 22, 33, 34, 36, 38, 7,  35, 25, 41, 40, 42, 45, 46, 47, 48};
 static_assert(std::size(folgeStauden) == 49);
 
-constexpr short folgeGehoelze[] = {
-    0, 2, 33, 3, 5, 4, 6, 7, 8, 9, 10, 24, 1, 13, 18, 19, 17, 11, 12, 14, 15, 16, 20, 21, 26, 27, 28, 25, 22, 29,
-    23, 31, 30, 32, 34, 35, 36, 37};
+constexpr short folgeGehoelze[] = {0,  2,  33, 3,  5,  4,  6,  7,  8,  9,  10, 24, 1,  13, 18, 19, 17, 11, 12,
+                                   14, 15, 16, 20, 21, 26, 27, 28, 25, 22, 29, 23, 31, 30, 32, 34, 35, 36, 37};
 static_assert(std::size(folgeGehoelze) == 38);
 
-constexpr short folgeApfel[] = {
-    0, 1, 2, 3, 4, 5, 6, 7, 8, 16, 17, 9, 10, 11, 12, 13, 14, 15, 18, 19, 20, 21, 22, 23, 24, 27, 28, 25, 26, 29,
-    30, 31, 32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43, 44, 45, 46, 47, 48, 49, 50};
+constexpr short folgeApfel[] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  16, 17, 9,  10, 11, 12, 13, 14, 15, 18, 19, 20, 21, 22, 23, 24, 27,
+                                28, 25, 26, 29, 30, 31, 32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43, 44, 45, 46, 47, 48, 49, 50};
 static_assert(std::size(folgeApfel) == 51);
 
-constexpr short folgeObst[] = {
-    0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 41, 42, 43, 44, 45, 46, 47, 13, 14, 19, 15, 16, 18, 17, 21, 22, 23,
-    24, 25, 26, 27, 28, 20, 29, 31, 32, 30, 39, 33, 40, 34, 35, 36, 37, 38, 49, 48, 50, 51, 52, 53, 54, 55};
+constexpr short folgeObst[] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 41, 42, 43, 44, 45, 46, 47, 13, 14, 19, 15, 16, 18, 17, 21,
+                               22, 23, 24, 25, 26, 27, 28, 20, 29, 31, 32, 30, 39, 33, 40, 34, 35, 36, 37, 38, 49, 48, 50, 51, 52, 53, 54, 55};
 static_assert(std::size(folgeObst) == 56);
 
 /// The name and its source first, then the query's columns as they stand, the remark and the varieties of the perennial last.
@@ -481,8 +478,7 @@ constexpr Tabelle tabellen[] = {
 /// Every name in a print order stands inside the table, counted in one pass.
 constexpr bool gueltig(std::span<const short> folge, size_t spalten, size_t eintraege)
 {
-    return eintraege <= spalten && folge.size() <= eintraege
-        && std::ranges::all_of(folge, [&](short s) { return s >= 0 && size_t(s) < eintraege; });
+    return eintraege <= spalten && folge.size() <= eintraege && std::ranges::all_of(folge, [&](short s) { return s >= 0 && size_t(s) < eintraege; });
 }
 static_assert(gueltig(folgeTopf, std::size(spaltenTopfpfl), 43));
 static_assert(gueltig(folgeStauden, std::size(spaltenStauden), 49));
@@ -491,11 +487,10 @@ static_assert(gueltig(folgeApfel, std::size(spaltenApfel), 51));
 static_assert(gueltig(folgeObst, std::size(spaltenObst), 56));
 static_assert(gueltig(folgeFriedhof, std::size(spaltenAbfrageFriedhof), 101));
 
-constexpr const char *bildtabellen[] = {"Topfpfl_Bilder", "Stauden_Bilder", "Gehoelze_Bilder", "Apfel_Bilder",
-                                        "Obst_Bilder", "Friedhof_Bilder", "BeetBalkon_Bilder"};
-constexpr const char *synonymtabellen[] = {"Topfpfl_Synonyme_Botanisch", "Topfpfl_Synonyme_Deutsch",
-                                           "Stauden_Synonyme_Botanisch", "Stauden_Synonyme_Deutsch",
-                                           "Gehoelze_Synonyme_Botanisch", "Gehoelze_Synonyme_Deutsch",
+constexpr const char *bildtabellen[] = {"Topfpfl_Bilder", "Stauden_Bilder",  "Gehoelze_Bilder",  "Apfel_Bilder",
+                                        "Obst_Bilder",    "Friedhof_Bilder", "BeetBalkon_Bilder"};
+constexpr const char *synonymtabellen[] = {"Topfpfl_Synonyme_Botanisch",    "Topfpfl_Synonyme_Deutsch",    "Stauden_Synonyme_Botanisch",
+                                           "Stauden_Synonyme_Deutsch",      "Gehoelze_Synonyme_Botanisch", "Gehoelze_Synonyme_Deutsch",
                                            "BeetBalkon_Synonyme_Botanisch", "BeetBalkon_Synonyme_Deutsch"};
 constexpr const char *pflicht[] = {"Topfpfl", "Stauden", "Gehoelze", "Apfel", "Obst", "Familien", "Namen_Benutzer_Optionen"};
 
@@ -544,10 +539,10 @@ QString abfrageAusdruck(const Abfragespalte &spalte)
 {
     const QLatin1String name(spalte.spalte);
     if (!spalte.quelle) {
-        const QString bedingung = name == QLatin1String("stauden")  ? QStringLiteral("f.DB = '100'")
-                                : name == QLatin1String("gehoelze") ? QStringLiteral("f.DB = '010'")
-                                : name == QLatin1String("laub")     ? QStringLiteral("g.grobeint = '1'")
-                                                                    : QStringLiteral("g.grobeint = '2'");
+        const QString bedingung = name == QLatin1String("stauden")    ? QStringLiteral("f.DB = '100'")
+                                  : name == QLatin1String("gehoelze") ? QStringLiteral("f.DB = '010'")
+                                  : name == QLatin1String("laub")     ? QStringLiteral("g.grobeint = '1'")
+                                                                      : QStringLiteral("g.grobeint = '2'");
         return QStringLiteral("CASE WHEN %1 THEN 'True' ELSE 'False' END").arg(bedingung);
     }
     const QChar kuerzel = QChar::fromLatin1(spalte.quelle[0]).toLower();
@@ -575,9 +570,8 @@ bool gleicherName(QStringView a, QStringView b)
 
 const Spalte *Tabelle::spalte(QStringView gesucht) const
 {
-    const auto gefunden = std::ranges::find_if(spalten, [&](const Spalte &spalte) {
-        return gesucht.compare(QLatin1String(spalte.name), Qt::CaseInsensitive) == 0;
-    });
+    const auto gefunden =
+        std::ranges::find_if(spalten, [&](const Spalte &spalte) { return gesucht.compare(QLatin1String(spalte.name), Qt::CaseInsensitive) == 0; });
     return gefunden == spalten.end() ? nullptr : &*gefunden;
 }
 
@@ -590,9 +584,8 @@ std::span<const Tabelle> haupttabellen()
 
 const Tabelle *haupttabelle(QStringView name)
 {
-    const auto gefunden = std::ranges::find_if(tabellen, [&](const Tabelle &tabelle) {
-        return name.compare(QLatin1String(tabelle.name), Qt::CaseInsensitive) == 0;
-    });
+    const auto gefunden =
+        std::ranges::find_if(tabellen, [&](const Tabelle &tabelle) { return name.compare(QLatin1String(tabelle.name), Qt::CaseInsensitive) == 0; });
     return gefunden == std::end(tabellen) ? nullptr : &*gefunden;
 }
 
@@ -684,7 +677,7 @@ bool kommtAus(QStringView satz, QStringView gesucht, QStringView quelle)
         return satz.compare(quelle, Qt::CaseInsensitive) == 0;
     return std::ranges::any_of(spaltenAbfrageFriedhof, [&](const Abfragespalte &spalte) {
         return spalte.quelle && quelle.compare(QLatin1String(spalte.quelle), Qt::CaseInsensitive) == 0
-            && gesucht.compare(QLatin1String(spalte.name), Qt::CaseInsensitive) == 0;
+               && gesucht.compare(QLatin1String(spalte.name), Qt::CaseInsensitive) == 0;
     });
 }
 
@@ -695,8 +688,7 @@ std::span<const char *const> pflichttabellen()
 
 QStringList anlegen()
 {
-    QStringList befehle{QStringLiteral("PRAGMA page_size = 16384"),
-                        QStringLiteral("PRAGMA application_id = %1").arg(anwendungsnummer),
+    QStringList befehle{QStringLiteral("PRAGMA page_size = 16384"), QStringLiteral("PRAGMA application_id = %1").arg(anwendungsnummer),
                         QStringLiteral("PRAGMA user_version = %1").arg(version)};
     for (const Tabelle &tabelle : tabellen) {
         befehle += hauptAnlegen(tabelle);

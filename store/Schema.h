@@ -12,19 +12,19 @@ enum class Art {
     Schluessel, ///< record number
     Name,       ///< name in the one German order; indexed
     Text,
-    Memo,       ///< running text
-    Flags,      ///< positions of the column's vocabulary, in words in the sources
-    Nummer,     ///< one position of the column's vocabulary, its word in the sources; a user's row may hold flags
-    Monate,     ///< flag string of 12 months, position 1 = January
-    Eigen,      ///< five characters, "1" or blank: the user's own properties
-    Literatur,  ///< flag string over the list of works
-    Wahrheit,   ///< "True" or "False"
-    Zahl,       ///< metres, Lux, degrees Celsius or plants per square metre
-    Bewertung,  ///< the rating, 1 to 9
-    Quelle,     ///< letter of the work that the botanical name is taken from
+    Memo,      ///< running text
+    Flags,     ///< positions of the column's vocabulary, in words in the sources
+    Nummer,    ///< one position of the column's vocabulary, its word in the sources; a user's row may hold flags
+    Monate,    ///< flag string of 12 months, position 1 = January
+    Eigen,     ///< five characters, "1" or blank: the user's own properties
+    Literatur, ///< flag string over the list of works
+    Wahrheit,  ///< "True" or "False"
+    Zahl,      ///< metres, Lux, degrees Celsius or plants per square metre
+    Bewertung, ///< the rating, 1 to 9
+    Quelle,    ///< letter of the work that the botanical name is taken from
     Ganzzahl,
-    Code,       ///< positions of the column's vocabulary, as stored in the sources too; without a vocabulary described at its reader
-    Familie,    ///< key into Familien
+    Code,    ///< positions of the column's vocabulary, as stored in the sources too; without a vocabulary described at its reader
+    Familie, ///< key into Familien
 };
 
 struct Spalte
@@ -34,7 +34,7 @@ struct Spalte
     const Werteliste *liste = nullptr;
     QStringView druckname = {}; ///< empty: not printed with a label
     QStringView einheit = {};
-    QStringView satz = {};     ///< Wahrheit: what print says of a true one; empty: nothing
+    QStringView satz = {};                           ///< Wahrheit: what print says of a true one; empty: nothing
     Schreibweise schreibweise = Schreibweise::Flags; ///< of a column with a vocabulary, of months and the user's properties
     std::span<const Marke> marken = {};              ///< Schreibweise Anfang and Marken
 
@@ -42,7 +42,10 @@ struct Spalte
 };
 
 /// Positions that a stored text of this column means.
-inline Positionen positionen(const Spalte &spalte, QStringView text) { return positionen(spalte.kodierung(), text); }
+inline Positionen positionen(const Spalte &spalte, QStringView text)
+{
+    return positionen(spalte.kodierung(), text);
+}
 
 /// A column of the query that joins cemetery plants with their sources; `quelle` null: computed.
 struct Abfragespalte

@@ -25,11 +25,11 @@ struct Herkunft
 struct SpartenEintrag
 {
     Sparte sparte;
-    QStringView wort;            ///< value of AktiveSparte
-    QStringView titel;           ///< title of its plant windows
-    const char *fenster;         ///< class name of the plant window
-    const char *filter;          ///< class name of the filter dialog
-    QStringView haupttabelle;    ///< main recordset, as the statements write it
+    QStringView wort;         ///< value of AktiveSparte
+    QStringView titel;        ///< title of its plant windows
+    const char *fenster;      ///< class name of the plant window
+    const char *filter;       ///< class name of the filter dialog
+    QStringView haupttabelle; ///< main recordset, as the statements write it
     QStringView bildtabelle;
     QStringView synonymBotanisch = {}; ///< empty: no synonym tables
     QStringView synonymDeutsch = {};
@@ -41,14 +41,14 @@ struct SpartenEintrag
     const char *namenSpalte;     ///< column of Namen_Benutzer_Optionen
     QStringView bildordner = {}; ///< folder of its pictures; empty: that of the plant's origin
     QStringView hilfethema;
-    const char *menue;           ///< menu entry that opens a window
+    const char *menue; ///< menu entry that opens a window
     QStringView menuetext;
-    const char *wahlknopf;       ///< button of the chooser
-    const char *wahlbild;        ///< picture of that button
-    QStringView quellenBuchstaben = {}; ///< letters of its Quelle, in the order of testing; empty: that of the origin, or none
-    bool hatDeutscheOrdnung = false;    ///< can be sorted by German name, has month rows
-    const char *herkunftsfeld = nullptr;         ///< column that names a row's origin; null: all rows are its own
-    std::span<const Herkunft> herkuenfte = {};   ///< its values
+    const char *wahlknopf;                     ///< button of the chooser
+    const char *wahlbild;                      ///< picture of that button
+    QStringView quellenBuchstaben = {};        ///< letters of its Quelle, in the order of testing; empty: that of the origin, or none
+    bool hatDeutscheOrdnung = false;           ///< can be sorted by German name, has month rows
+    const char *herkunftsfeld = nullptr;       ///< column that names a row's origin; null: all rows are its own
+    std::span<const Herkunft> herkuenfte = {}; ///< its values
 };
 
 const std::array<SpartenEintrag, anzahlSparten> &alleSparten();

@@ -49,7 +49,8 @@ std::optional<double> zahlLesen(std::string_view utf8)
     double wert = 0;
     const char *ende = utf8.data() + utf8.size();
     const bool ziffer = !utf8.empty() && utf8.back() >= '0' && utf8.back() <= '9';
-    if (const auto [rest, fehler] = std::from_chars(utf8.data(), ende, wert, std::chars_format::fixed); ziffer && fehler == std::errc() && rest == ende)
+    if (const auto [rest, fehler] = std::from_chars(utf8.data(), ende, wert, std::chars_format::fixed);
+        ziffer && fehler == std::errc() && rest == ende)
         return wert;
     return zahlLesen(QString::fromUtf8(utf8.data(), qsizetype(utf8.size())));
 }
@@ -112,9 +113,9 @@ QString herkunftAusgeschrieben(const QString &hk)
 {
     QString text = hk;
     static constexpr std::pair<QStringView, QStringView> ersatz[] = {
-        {u"Eur.", u"Europa"},      {u"Sib.", u"Sibirien"},          {u"Am.", u"Amerika"},    {u"As.", u"Asien"},
-        {u"Afr.", u"Afrika"},      {u"Kauk.", u"Kaukasus"},         {u"Him.", u"Himalaya"},  {u"Kl. Asien", u"Kleinasien"},
-        {u"Anat.", u"Anatolien"},  {u"Kl.Asien", u"Kleinasien"},    {u"Rußl.", u"Rußland"},
+        {u"Eur.", u"Europa"},     {u"Sib.", u"Sibirien"},       {u"Am.", u"Amerika"},   {u"As.", u"Asien"},
+        {u"Afr.", u"Afrika"},     {u"Kauk.", u"Kaukasus"},      {u"Him.", u"Himalaya"}, {u"Kl. Asien", u"Kleinasien"},
+        {u"Anat.", u"Anatolien"}, {u"Kl.Asien", u"Kleinasien"}, {u"Rußl.", u"Rußland"},
     };
     for (const auto &[von, nach] : ersatz)
         text = ErsetzeAlle(text, von.toString(), nach.toString());
@@ -168,8 +169,8 @@ QByteArray nachCp1252(const QString &text)
 {
     UErrorCode fehler = U_ZERO_ERROR;
     QByteArray bytes(text.size() + 1, Qt::Uninitialized);
-    const int32_t laenge = ucnv_fromUChars(cp1252(), bytes.data(), int32_t(bytes.size()), reinterpret_cast<const UChar *>(text.utf16()),
-                                           int32_t(text.size()), &fehler);
+    const int32_t laenge =
+        ucnv_fromUChars(cp1252(), bytes.data(), int32_t(bytes.size()), reinterpret_cast<const UChar *>(text.utf16()), int32_t(text.size()), &fehler);
     if (U_FAILURE(fehler))
         throw Fehler(QStringLiteral("Der Text lässt sich nicht in die Codeseite 1252 wandeln."));
     bytes.truncate(laenge);
@@ -180,8 +181,8 @@ QString ausCp1252(const QByteArray &bytes)
 {
     UErrorCode fehler = U_ZERO_ERROR;
     QString text(bytes.size() + 1, Qt::Uninitialized);
-    const int32_t laenge = ucnv_toUChars(cp1252(), reinterpret_cast<UChar *>(text.data()), int32_t(text.size()), bytes.constData(),
-                                         int32_t(bytes.size()), &fehler);
+    const int32_t laenge =
+        ucnv_toUChars(cp1252(), reinterpret_cast<UChar *>(text.data()), int32_t(text.size()), bytes.constData(), int32_t(bytes.size()), &fehler);
     if (U_FAILURE(fehler))
         throw Fehler(QStringLiteral("Der Text lässt sich nicht aus der Codeseite 1252 wandeln."));
     text.truncate(laenge);

@@ -4,241 +4,196 @@
 
 namespace {
 
-constexpr QStringView zeilenLicht[] = {
-    u"sonnig", u"halbschattig", u"schattig"};
+constexpr QStringView zeilenLicht[] = {u"sonnig", u"halbschattig", u"schattig"};
 static_assert(std::size(zeilenLicht) == 3);
 
-constexpr QStringView zeilenBodenart[] = {
-    u"humos", u"steinig", u"sandig", u"mittelschwer", u"lehmig", u"durchlässig"};
+constexpr QStringView zeilenBodenart[] = {u"humos", u"steinig", u"sandig", u"mittelschwer", u"lehmig", u"durchlässig"};
 static_assert(std::size(zeilenBodenart) == 6);
 
-constexpr QStringView zeilenBodenfeuchte[] = {
-    u"trocken", u"frisch", u"feucht", u"dauernaß"};
+constexpr QStringView zeilenBodenfeuchte[] = {u"trocken", u"frisch", u"feucht", u"dauernaß"};
 static_assert(std::size(zeilenBodenfeuchte) == 4);
 
-constexpr QStringView zeilenKalk[] = {
-    u"kalkarm", u"leicht sauer", u"kalkreich"};
+constexpr QStringView zeilenKalk[] = {u"kalkarm", u"leicht sauer", u"kalkreich"};
 static_assert(std::size(zeilenKalk) == 3);
 
-constexpr QStringView zeilenNaehrstoff[] = {
-    u"nährstoffarm", u"mittel", u"nährstoffreich"};
+constexpr QStringView zeilenNaehrstoff[] = {u"nährstoffarm", u"mittel", u"nährstoffreich"};
 static_assert(std::size(zeilenNaehrstoff) == 3);
 
-constexpr QStringView zeilenGeselligkeit[] = {
-    u"möglichst einzeln oder in kleinen Tuffs pflanzen", u"in kleinen Trupps von etwa 3-10 Pflanzen gruppieren",
-    u"größere Gruppen von über 10-20 Pflanzen", u"in großen Kolonien, ausgesprochen flächig pflanzen",
-    u"vorwiegend großflächig pflanzen"};
+constexpr QStringView zeilenGeselligkeit[] = {u"möglichst einzeln oder in kleinen Tuffs pflanzen",
+                                              u"in kleinen Trupps von etwa 3-10 Pflanzen gruppieren", u"größere Gruppen von über 10-20 Pflanzen",
+                                              u"in großen Kolonien, ausgesprochen flächig pflanzen", u"vorwiegend großflächig pflanzen"};
 static_assert(std::size(zeilenGeselligkeit) == 5);
 
 constexpr QStringView zeilenLebensbereich[] = {
-    u"I G", u"II GR", u"III Fr", u"FR-b", u"Frl", u"Frl-b", u"Fr2", u"Fr2-b", u"Fr3", u"Fr3-b", u"SH", u"H",
-    u"IV St", u"FS", u"M", u"SF", u"V A", u"VI B", u"VII WR", u"WR1", u"WR2", u"VIII W", u"W1", u"W2", u"W3", u"G1",
-    u"G2", u"G3", u"GR1", u"GR2", u"GR3"};
+    u"I G", u"II GR", u"III Fr", u"FR-b", u"Frl", u"Frl-b",  u"Fr2", u"Fr2-b", u"Fr3", u"Fr3-b", u"SH", u"H",  u"IV St", u"FS",  u"M",  u"SF",
+    u"V A", u"VI B",  u"VII WR", u"WR1",  u"WR2", u"VIII W", u"W1",  u"W2",    u"W3",  u"G1",    u"G2", u"G3", u"GR1",   u"GR2", u"GR3"};
 static_assert(std::size(zeilenLebensbereich) == 31);
 
-constexpr QStringView zeilenPflanzenart[] = {
-    u"einjährig", u"zweijährig", u"Baum", u"Halbstrauch", u"Staude", u"Strauch", u"Zwiebel/Knolle", u"Gras",
-    u"Farn", u"Wasserpflanze"};
+constexpr QStringView zeilenPflanzenart[] = {u"einjährig", u"zweijährig",     u"Baum", u"Halbstrauch", u"Staude",
+                                             u"Strauch",   u"Zwiebel/Knolle", u"Gras", u"Farn",        u"Wasserpflanze"};
 static_assert(std::size(zeilenPflanzenart) == 10);
 
 constexpr QStringView zeilenUrteil[] = {
-    u"vorzügliche Sorte", u"sehr wertvolle Sorte", u"wertvolle Sorte", u"Staude für den Pflanzenliebhaber",
+    u"vorzügliche Sorte",       u"sehr wertvolle Sorte",      u"wertvolle Sorte",     u"Staude für den Pflanzenliebhaber",
     u"wertvolle Schnittstaude", u"sehr wertvolle Wildstaude", u"wertvolle Wildstaude"};
 static_assert(std::size(zeilenUrteil) == 7);
 
-constexpr QStringView zeilenBluetenfarbe[] = {
-    u"weiß", u"gelb", u"orange", u"rosa", u"rot", u"dunkelrot", u"purpur", u"violett", u"lila", u"blau", u"braun",
-    u"grau", u"bunt"};
+constexpr QStringView zeilenBluetenfarbe[] = {u"weiß",    u"gelb", u"orange", u"rosa",  u"rot",  u"dunkelrot", u"purpur",
+                                              u"violett", u"lila", u"blau",   u"braun", u"grau", u"bunt"};
 static_assert(std::size(zeilenBluetenfarbe) == 13);
 
-constexpr QStringView zeilenFruchtfarbe[] = {
-    u"weiß", u"gelb", u"orange", u"rosa", u"rot", u"purpur", u"violett", u"lila", u"blau", u"braun", u"grau",
-    u"grün", u"schwarz", u"bunt"};
+constexpr QStringView zeilenFruchtfarbe[] = {u"weiß", u"gelb", u"orange", u"rosa", u"rot",  u"purpur",  u"violett",
+                                             u"lila", u"blau", u"braun",  u"grau", u"grün", u"schwarz", u"bunt"};
 static_assert(std::size(zeilenFruchtfarbe) == 14);
 
-constexpr QStringView zeilenAusbildung[] = {
-    u"bei Zierpflanzengärtnern", u"bei Baumschulgärtnern", u"bei Staudengärtnern", u"bei Friedhofsgärtnern",
-    u"bei Obstbauern", u"bei Landschaftsgärtnern"};
+constexpr QStringView zeilenAusbildung[] = {u"bei Zierpflanzengärtnern", u"bei Baumschulgärtnern", u"bei Staudengärtnern",
+                                            u"bei Friedhofsgärtnern",    u"bei Obstbauern",        u"bei Landschaftsgärtnern"};
 static_assert(std::size(zeilenAusbildung) == 6);
 
-constexpr QStringView zeilenStBlattfarbe[] = {
-    u"hellgrün", u"dunkelgrün", u"weißgrün", u"gelb", u"gelbgrün", u"rotbraun", u"blaugrün", u"silbrig", u"grau",
-    u"graublau", u"graugrün", u"gestreift", u"gefleckt", u"filzig"};
+constexpr QStringView zeilenStBlattfarbe[] = {u"hellgrün", u"dunkelgrün", u"weißgrün", u"gelb",     u"gelbgrün",  u"rotbraun", u"blaugrün",
+                                              u"silbrig",  u"grau",       u"graublau", u"graugrün", u"gestreift", u"gefleckt", u"filzig"};
 static_assert(std::size(zeilenStBlattfarbe) == 14);
 
-constexpr QStringView zeilenToPflanztyp[] = {
-    u"Grünpflanze", u"Blütenpflanze", u"Fruchtpflanze", u"Sukkulente", u"Carnivore", u"Giftpflanze"};
+constexpr QStringView zeilenToPflanztyp[] = {u"Grünpflanze", u"Blütenpflanze", u"Fruchtpflanze", u"Sukkulente", u"Carnivore", u"Giftpflanze"};
 static_assert(std::size(zeilenToPflanztyp) == 6);
 
-constexpr QStringView zeilenToBlattfarbe[] = {
-    u"hellgrün", u"dunkelgrün", u"silbrig", u"gelbgrün", u"weißgrün", u"rotgrün", u"gefleckt", u"gestreift",
-    u"panaschiert"};
+constexpr QStringView zeilenToBlattfarbe[] = {u"hellgrün", u"dunkelgrün", u"silbrig",   u"gelbgrün",   u"weißgrün",
+                                              u"rotgrün",  u"gefleckt",   u"gestreift", u"panaschiert"};
 static_assert(std::size(zeilenToBlattfarbe) == 9);
 
-constexpr QStringView zeilenToFruchtfarbe[] = {
-    u"weiß", u"gelb", u"orange", u"rosa", u"rot", u"purpur", u"lila", u"violett", u"blau", u"braun", u"grau",
-    u"schwarz", u"bunt"};
+constexpr QStringView zeilenToFruchtfarbe[] = {u"weiß",    u"gelb", u"orange", u"rosa", u"rot",     u"purpur", u"lila",
+                                               u"violett", u"blau", u"braun",  u"grau", u"schwarz", u"bunt"};
 static_assert(std::size(zeilenToFruchtfarbe) == 13);
 
-constexpr QStringView zeilenToTageslaenge[] = {
-    u"neutral", u"Kurztagpflanze", u"Langtagpflanze"};
+constexpr QStringView zeilenToTageslaenge[] = {u"neutral", u"Kurztagpflanze", u"Langtagpflanze"};
 static_assert(std::size(zeilenToTageslaenge) == 3);
 
-constexpr QStringView zeilenToHWasserstand[] = {
-    u"Minimum (niedrig < 1 cm)", u"Optimum (mittel 1-3 cm)", u"Maximum (hoch 3-5 cm)"};
+constexpr QStringView zeilenToHWasserstand[] = {u"Minimum (niedrig < 1 cm)", u"Optimum (mittel 1-3 cm)", u"Maximum (hoch 3-5 cm)"};
 static_assert(std::size(zeilenToHWasserstand) == 3);
 
-constexpr QStringView zeilenToHPh[] = {
-    u"niedrig (4-5)", u"hoch (6-7)"};
+constexpr QStringView zeilenToHPh[] = {u"niedrig (4-5)", u"hoch (6-7)"};
 static_assert(std::size(zeilenToHPh) == 2);
 
-constexpr QStringView zeilenToHVerwendung[] = {
-    u"Solitär", u"Hauptpflanze", u"Begleitpflanze", u"Rankpflanze", u"Hängepflanze"};
+constexpr QStringView zeilenToHVerwendung[] = {u"Solitär", u"Hauptpflanze", u"Begleitpflanze", u"Rankpflanze", u"Hängepflanze"};
 static_assert(std::size(zeilenToHVerwendung) == 5);
 
-constexpr QStringView zeilenToKrankheit[] = {
-    u"gering", u"mittel", u"hoch"};
+constexpr QStringView zeilenToKrankheit[] = {u"gering", u"mittel", u"hoch"};
 static_assert(std::size(zeilenToKrankheit) == 3);
 
-constexpr QStringView zeilenToNachduengung[] = {
-    u"schwach", u"mittel", u"stark"};
+constexpr QStringView zeilenToNachduengung[] = {u"schwach", u"mittel", u"stark"};
 static_assert(std::size(zeilenToNachduengung) == 3);
 
-constexpr QStringView zeilenToWuchsform[] = {
-    u"baumartig", u"strauchartig", u"krautig", u"aufrecht", u"überhängend", u"sparrig", u"unregelmäßig", u"gedreht",
-    u"eintriebig", u"horstig", u"polsterbildend", u"teppichbildend", u"rosettenbildend", u"kletternd"};
+constexpr QStringView zeilenToWuchsform[] = {u"baumartig",      u"strauchartig",   u"krautig",         u"aufrecht",   u"überhängend",
+                                             u"sparrig",        u"unregelmäßig",   u"gedreht",         u"eintriebig", u"horstig",
+                                             u"polsterbildend", u"teppichbildend", u"rosettenbildend", u"kletternd"};
 static_assert(std::size(zeilenToWuchsform) == 14);
 
-constexpr QStringView zeilenToHaltbarkeit[] = {
-    u"kurz", u"mittel", u"lang"};
+constexpr QStringView zeilenToHaltbarkeit[] = {u"kurz", u"mittel", u"lang"};
 static_assert(std::size(zeilenToHaltbarkeit) == 3);
 
-constexpr QStringView zeilenToVerwendung[] = {
-    u"für den Innenraum", u"für die Fensterbank", u"als Kübelpflanze", u"für die Blumenampel", u"für das Beet",
-    u"für den Balkon", u"für den Wintergarten", u"für die Vitrine"};
+constexpr QStringView zeilenToVerwendung[] = {u"für den Innenraum", u"für die Fensterbank", u"als Kübelpflanze",     u"für die Blumenampel",
+                                              u"für das Beet",      u"für den Balkon",      u"für den Wintergarten", u"für die Vitrine"};
 static_assert(std::size(zeilenToVerwendung) == 8);
 
-constexpr QStringView zeilenGeLaubfarbe[] = {
-    u"hellgrün", u"dunkelgrün", u"gelbgrün", u"weißgrün", u"gelb", u"orange", u"rot", u"graugrün", u"blaugrün",
-    u"bläulich rot", u"graugrün", u"gestreift", u"gefleckt"};
+constexpr QStringView zeilenGeLaubfarbe[] = {u"hellgrün", u"dunkelgrün", u"gelbgrün",     u"weißgrün", u"gelb",      u"orange",  u"rot",
+                                             u"graugrün", u"blaugrün",   u"bläulich rot", u"graugrün", u"gestreift", u"gefleckt"};
 static_assert(std::size(zeilenGeLaubfarbe) == 13);
 
 constexpr QStringView zeilenGeGrobeinteilung[] = {u"Laubgehölz", u"Nadelgehölz"};
 
-constexpr QStringView zeilenGeGenuss[] = {
-    u"eßbar", u"ungeniessbar", u"giftig", u"Stark giftig!!!"};
+constexpr QStringView zeilenGeGenuss[] = {u"eßbar", u"ungeniessbar", u"giftig", u"Stark giftig!!!"};
 static_assert(std::size(zeilenGeGenuss) == 4);
 
-constexpr QStringView zeilenGeBesMerkmale[] = {
-    u"dornig", u"stachelig", u"auffällige Borke", u"Triebe behaart/filzig"};
+constexpr QStringView zeilenGeBesMerkmale[] = {u"dornig", u"stachelig", u"auffällige Borke", u"Triebe behaart/filzig"};
 static_assert(std::size(zeilenGeBesMerkmale) == 4);
 
-constexpr QStringView zeilenGeBodenart[] = {
-    u"humos", u"steinig", u"sandig", u"mittelschwer", u"lehmig", u"durchlässig", u"tiefgründig"};
+constexpr QStringView zeilenGeBodenart[] = {u"humos", u"steinig", u"sandig", u"mittelschwer", u"lehmig", u"durchlässig", u"tiefgründig"};
 static_assert(std::size(zeilenGeBodenart) == 7);
 
-constexpr QStringView zeilenGeBodenfeuchte[] = {
-    u"trocken", u"frisch", u"feucht", u"nass"};
+constexpr QStringView zeilenGeBodenfeuchte[] = {u"trocken", u"frisch", u"feucht", u"nass"};
 static_assert(std::size(zeilenGeBodenfeuchte) == 4);
 
-constexpr QStringView zeilenGeLaubzeit[] = {
-    u"sommergrün", u"wintergrün", u"immergrün", u"Herbstfärbung!"};
+constexpr QStringView zeilenGeLaubzeit[] = {u"sommergrün", u"wintergrün", u"immergrün", u"Herbstfärbung!"};
 static_assert(std::size(zeilenGeLaubzeit) == 4);
 
-constexpr QStringView zeilenGeWurzelform[] = {
-    u"ausläuferbildend", u"Herzwurzeln", u"flach", u"extrem flach", u"tief", u"locker", u"dicht"};
+constexpr QStringView zeilenGeWurzelform[] = {u"ausläuferbildend", u"Herzwurzeln", u"flach", u"extrem flach", u"tief", u"locker", u"dicht"};
 static_assert(std::size(zeilenGeWurzelform) == 7);
 
-constexpr QStringView zeilenGeWurzelempf[] = {
-    u"tolerant", u"empfindlich", u"sehr empfindlich"};
+constexpr QStringView zeilenGeWurzelempf[] = {u"tolerant", u"empfindlich", u"sehr empfindlich"};
 static_assert(std::size(zeilenGeWurzelempf) == 3);
 
-constexpr QStringView zeilenGeBodenPh[] = {
-    u"sauer", u"neutral", u"basisch"};
+constexpr QStringView zeilenGeBodenPh[] = {u"sauer", u"neutral", u"basisch"};
 static_assert(std::size(zeilenGeBodenPh) == 3);
 
-constexpr QStringView zeilenGeBesEigenschaften[] = {
-    u"windfest", u"Industriegehölz", u"salzverträglich", u"rauchhart", u"stadtklimafest"};
+constexpr QStringView zeilenGeBesEigenschaften[] = {u"windfest", u"Industriegehölz", u"salzverträglich", u"rauchhart", u"stadtklimafest"};
 static_assert(std::size(zeilenGeBesEigenschaften) == 5);
 
 constexpr QStringView zeilenGeGroesse[] = {
-    u"Großbaum (20-40 m)", u"mittelgroßer Baum (12/15-20 m)", u"Kleinbaum (7-12/15 m)", u"Großstrauch (3-5/7 m)",
-    u"Normalstrauch (1,5-3 m)", u"Kleinstrauch (0,5-1,5 m)", u"Zwergstrauch (0,1-0,5 m)", u"Klettergehölz"};
+    u"Großbaum (20-40 m)",      u"mittelgroßer Baum (12/15-20 m)", u"Kleinbaum (7-12/15 m)",    u"Großstrauch (3-5/7 m)",
+    u"Normalstrauch (1,5-3 m)", u"Kleinstrauch (0,5-1,5 m)",       u"Zwergstrauch (0,1-0,5 m)", u"Klettergehölz"};
 static_assert(std::size(zeilenGeGroesse) == 8);
 
 constexpr QStringView zeilenGeHabitus[] = {
-    u"bizarre Wuchsform", u"kegelförmig", u"kugelförmig", u"säulenförmig", u"schirmartig", u"schleppenartig",
-    u"überhängend", u"breit ausladend", u"vasenförmig", u"gedrungen", u"kriechend", u"kletternd", u"polsterbildend",
-    u"ausbreitend", u"horstig", u"rasenbildend"};
+    u"bizarre Wuchsform", u"kegelförmig", u"kugelförmig", u"säulenförmig", u"schirmartig",    u"schleppenartig", u"überhängend", u"breit ausladend",
+    u"vasenförmig",       u"gedrungen",   u"kriechend",   u"kletternd",    u"polsterbildend", u"ausbreitend",    u"horstig",     u"rasenbildend"};
 static_assert(std::size(zeilenGeHabitus) == 16);
 
-constexpr QStringView zeilenGeWuchs[] = {
-    u"schnell", u"mittel", u"langsam"};
+constexpr QStringView zeilenGeWuchs[] = {u"schnell", u"mittel", u"langsam"};
 static_assert(std::size(zeilenGeWuchs) == 3);
 
 constexpr QStringView zeilenGeVerwendung[] = {
-    u"als heimische Pflanze", u"zur Heckenpflanzung", u"als Bienenweide", u"als Vogelnährgehölz",
-    u"zur Hangbefestigung", u"für die Auenlandschaft", u"als Hausbaum", u"als Straßenbaum", u"im Garten",
-    u"als Bodendecker", u"als Schnittgehölz", u"zur Fassadenbegrünung", u"zur Dachbegrünung", u"im Heidegarten",
-    u"als Kübelpflanze", u"als Pioniergehölz", u"als Obstgehölz", u"in Einzelstellung", u"in Gruppenstellung",
-    u"in einer Parkanlage", u"zur Verkehrsbegleitung", u"als Grabbepflanzung", u"zur Treiberei"};
+    u"als heimische Pflanze",  u"zur Heckenpflanzung",   u"als Bienenweide",   u"als Vogelnährgehölz", u"zur Hangbefestigung",
+    u"für die Auenlandschaft", u"als Hausbaum",          u"als Straßenbaum",   u"im Garten",           u"als Bodendecker",
+    u"als Schnittgehölz",      u"zur Fassadenbegrünung", u"zur Dachbegrünung", u"im Heidegarten",      u"als Kübelpflanze",
+    u"als Pioniergehölz",      u"als Obstgehölz",        u"in Einzelstellung", u"in Gruppenstellung",  u"in einer Parkanlage",
+    u"zur Verkehrsbegleitung", u"als Grabbepflanzung",   u"zur Treiberei"};
 static_assert(std::size(zeilenGeVerwendung) == 23);
 
-constexpr QStringView zeilenApHaltbark[] = {
-    u"Sommer (bis 9)", u"Herbst (bis 11)", u"Winter (bis 3)", u"Lager (> 3)"};
+constexpr QStringView zeilenApHaltbark[] = {u"Sommer (bis 9)", u"Herbst (bis 11)", u"Winter (bis 3)", u"Lager (> 3)"};
 static_assert(std::size(zeilenApHaltbark) == 4);
 
-constexpr QStringView zeilenApFruchtgr[] = {
-    u"klein", u"mittelgroß", u"groß", u"sehr groß"};
+constexpr QStringView zeilenApFruchtgr[] = {u"klein", u"mittelgroß", u"groß", u"sehr groß"};
 static_assert(std::size(zeilenApFruchtgr) == 4);
 
-constexpr QStringView zeilenApFormL[] = {
-    u"flach", u"kugelig", u"hoch", u"kegelförmig", u"walzenförmig/faßförmig", u"mittelbauchig", u"stielbauchig",
-    u"kelchbauchig", u"schiefgebaut", u"symmetrisch"};
+constexpr QStringView zeilenApFormL[] = {u"flach",         u"kugelig",      u"hoch",         u"kegelförmig",  u"walzenförmig/faßförmig",
+                                         u"mittelbauchig", u"stielbauchig", u"kelchbauchig", u"schiefgebaut", u"symmetrisch"};
 static_assert(std::size(zeilenApFormL) == 10);
 
-constexpr QStringView zeilenApFormQ[] = {
-    u"rund", u"oval", u"unregelmäßig rund", u"rundkantig", u"kantig"};
+constexpr QStringView zeilenApFormQ[] = {u"rund", u"oval", u"unregelmäßig rund", u"rundkantig", u"kantig"};
 static_assert(std::size(zeilenApFormQ) == 5);
 
-constexpr QStringView zeilenApFruchtrel[] = {
-    u"Kanten", u"Rippen", u"Naht", u"Beulen", u"Warzen", u"ebenmäßig"};
+constexpr QStringView zeilenApFruchtrel[] = {u"Kanten", u"Rippen", u"Naht", u"Beulen", u"Warzen", u"ebenmäßig"};
 static_assert(std::size(zeilenApFruchtrel) == 6);
 
 constexpr QStringView zeilenApAussehen[] = {
-    u"glatt", u"rauh", u"matt", u"glänzend", u"trocken", u"geschmeidig", u"fettig", u"klebrig",
-    u"Schalenpunkte/Rost spürbar", u"narbig", u"schwammig"};
+    u"glatt",  u"rauh",     u"matt", u"glänzend", u"trocken", u"geschmeidig", u"fettig", u"klebrig", u"Schalenpunkte/Rost spürbar",
+    u"narbig", u"schwammig"};
 static_assert(std::size(zeilenApAussehen) == 11);
 
-constexpr QStringView zeilenApDruck[] = {
-    u"weich", u"mittel", u"hart"};
+constexpr QStringView zeilenApDruck[] = {u"weich", u"mittel", u"hart"};
 static_assert(std::size(zeilenApDruck) == 3);
 
-constexpr QStringView zeilenApGrundfarbe[] = {
-    u"grün", u"grüngelb", u"gelb", u"weißlich", u"trüb", u"leuchtend", u"scheckig"};
+constexpr QStringView zeilenApGrundfarbe[] = {u"grün", u"grüngelb", u"gelb", u"weißlich", u"trüb", u"leuchtend", u"scheckig"};
 static_assert(std::size(zeilenApGrundfarbe) == 7);
 
-constexpr QStringView zeilenApDeckfarbe[] = {
-    u"orange", u"hellrot", u"rot", u"dunkelrot", u"nicht vorhanden"};
+constexpr QStringView zeilenApDeckfarbe[] = {u"orange", u"hellrot", u"rot", u"dunkelrot", u"nicht vorhanden"};
 static_assert(std::size(zeilenApDeckfarbe) == 5);
 
-constexpr QStringView zeilenApDfArt[] = {
-    u"gesprenkelt", u"gestreift/geflammt", u"marmoriert", u"Farbchimären", u"gleichmäßig", u"trüb", u"zart",
-    u"kräftig", u"verwaschen"};
+constexpr QStringView zeilenApDfArt[] = {u"gesprenkelt", u"gestreift/geflammt", u"marmoriert", u"Farbchimären", u"gleichmäßig", u"trüb", u"zart",
+                                         u"kräftig",     u"verwaschen"};
 static_assert(std::size(zeilenApDfArt) == 9);
 
-constexpr QStringView zeilenApDfAusdehn[] = {
-    u"wenig", u"Backe", u"großflächig", u"ganz"};
+constexpr QStringView zeilenApDfAusdehn[] = {u"wenig", u"Backe", u"großflächig", u"ganz"};
 static_assert(std::size(zeilenApDfAusdehn) == 4);
 
-constexpr QStringView zeilenApRost[] = {
-    u"flächig", u"netzartig", u"figurenartig", u"nicht vorhanden", u"fein", u"rauh", u"schuppig", u"schollig"};
+constexpr QStringView zeilenApRost[] = {u"flächig", u"netzartig", u"figurenartig", u"nicht vorhanden", u"fein", u"rauh", u"schuppig", u"schollig"};
 static_assert(std::size(zeilenApRost) == 8);
 
-constexpr QStringView zeilenApReif[] = {
-    u"abwischbar", u"nicht abwischbar", u"nicht vorhanden", u"bläulich", u"weißlich", u"silbrig", u"fein", u"stark"};
+constexpr QStringView zeilenApReif[] = {u"abwischbar", u"nicht abwischbar", u"nicht vorhanden", u"bläulich", u"weißlich", u"silbrig", u"fein",
+                                        u"stark"};
 static_assert(std::size(zeilenApReif) == 8);
 
+// clang-format off
 constexpr QStringView zeilenApSchPunkt[] = {
     u"auffällig", u"nicht auffällig", u"nicht vorhanden", u"wenig", u"zahlreich", u"sehr fein", u"fein", u"mittel",
     u"groß", u"sehr groß", u"veränderlich, je nach Lage", u"punktförmig", u"eckig", u"sternchenförmig",
@@ -572,6 +527,7 @@ constexpr QStringView zeilenObLagkrank[] = {
     u"keine", u"Früchte werden schnell teigig", u"Schalenbräune", u"Fleischbräune", u"Grünfäule", u"Bitterfäule",
     u"Trockenfäule", u"Stippe", u"Glasigkeit", u"Welkeschäden", u"empfindlich für hohen CO2-Gehalt",
     u"empfindlich gegen zu tiefe Temperaturen", u"Nachlagerung notwendig"};
+// clang-format on
 static_assert(std::size(zeilenObLagkrank) == 13);
 
 /// A vocabulary that begins with another one.
@@ -585,34 +541,31 @@ constexpr std::array<QStringView, N + M> erweitert(const QStringView (&zeilen)[N
 constexpr auto zeilenFhLaubfarbe = erweitert(zeilenStBlattfarbe, {u"orange", u"rot", u"bläulich rot"});
 static_assert(std::size(zeilenFhLaubfarbe) == 17);
 
-constexpr QStringView zeilenFhPflanzzeit[] = {
-    u"Frühjahr", u"Sommer", u"Herbst"};
+constexpr QStringView zeilenFhPflanzzeit[] = {u"Frühjahr", u"Sommer", u"Herbst"};
 static_assert(std::size(zeilenFhPflanzzeit) == 3);
 
-constexpr QStringView zeilenFhPflege[] = {
-    u"gering", u"mittel", u"hoch"};
+constexpr QStringView zeilenFhPflege[] = {u"gering", u"mittel", u"hoch"};
 static_assert(std::size(zeilenFhPflege) == 3);
 
+// clang-format off
 constexpr QStringView zeilenFhSymbolik[] = {
     u"Grabbeet, eigtl. Grab (GB)", u"GB-Bodendecker", u"GB-Gruppe", u"GB-Einfassungspflanze",
     u"GB-Wechselbepflanzung", u"GB-Gerüstpflanze", u"GB-Schale", u"GB-Vase", u"GB-Solitär",
     u"Grabfeld, eigtl. Friedhof (GF)", u"GF-Bodendecker", u"GF-Gruppe", u"GF-Solitär", u"GF-Wechselbepflanzung",
     u"GF-Hecke", u"GF-Kübelpflanze"};
+// clang-format on
 static_assert(std::size(zeilenFhSymbolik) == 16);
 
-constexpr int farbenBluetenfarbeRGB[] = {
-    0xFFFFFF, 0x00FFFF, 0x00AFFF, 0xAFAFFF, 0x0000FF, 0x2814FF, 0xAF00FF, 0xFF00AF, 0xFF00FF, 0xFF0000, 0x0058FF,
-    0xAFAFAF};
+constexpr int farbenBluetenfarbeRGB[] = {0xFFFFFF, 0x00FFFF, 0x00AFFF, 0xAFAFFF, 0x0000FF, 0x2814FF,
+                                         0xAF00FF, 0xFF00AF, 0xFF00FF, 0xFF0000, 0x0058FF, 0xAFAFAF};
 static_assert(std::size(farbenBluetenfarbeRGB) == 12);
 
-constexpr int farbenFruchtfarbeRGB[] = {
-    0xFFFFFF, 0x00FFFF, 0x00AFFF, 0xAFAFFF, 0x0000FF, 0xAF00FF, 0xFF00AF, 0xFF00FF, 0xFF0000, 0x0058FF, 0xAFAFAF,
-    0x00FF00, 0x000000};
+constexpr int farbenFruchtfarbeRGB[] = {0xFFFFFF, 0x00FFFF, 0x00AFFF, 0xAFAFFF, 0x0000FF, 0xAF00FF, 0xFF00AF,
+                                        0xFF00FF, 0xFF0000, 0x0058FF, 0xAFAFAF, 0x00FF00, 0x000000};
 static_assert(std::size(farbenFruchtfarbeRGB) == 13);
 
-constexpr int farbenToFruchtfarbeRGB[] = {
-    0xFFFFFF, 0x00FFFF, 0x00AFFF, 0xAFAFFF, 0x0000FF, 0xAF00FF, 0xFF00FF, 0xFF00AF, 0xFF0000, 0x0058FF, 0xAFAFAF,
-    0x000000};
+constexpr int farbenToFruchtfarbeRGB[] = {0xFFFFFF, 0x00FFFF, 0x00AFFF, 0xAFAFFF, 0x0000FF, 0xAF00FF,
+                                          0xFF00FF, 0xFF00AF, 0xFF0000, 0x0058FF, 0xAFAFAF, 0x000000};
 static_assert(std::size(farbenToFruchtfarbeRGB) == 12);
 
 } // namespace

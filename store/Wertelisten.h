@@ -23,6 +23,7 @@ struct Farbliste
     std::span<const int> werte;
 };
 
+// clang-format off
 /// The pomological works that an apple can be described in.
 inline constexpr auto werkeDerLiteratur = std::to_array<QStringView>({
     u"Illustrirtes Handbuch der Obstkunde", u"Lauche: Deutsche Pomologie", u"Engelbrecht: Deutschlands Apfelsorten",
@@ -32,9 +33,10 @@ inline constexpr auto werkeDerLiteratur = std::to_array<QStringView>({
     u"Krümmel u. a.: Deutsche Obstsorten", u"Aeppli u. a.: Kernobstsorten", u"Petzold: Apfelsorten",
     u"Silbereisen u. a.: Obstsorten-Atlas", u"Votteler: Verzeichnis der Sorten", u"Fischer: Farbatlas Obstsorten",
     u"Hartmann: Farbatlas alte Obstsorten"});
+// clang-format on
 
-inline constexpr auto monatsnamen = std::to_array<QStringView>({u"Januar", u"Februar", u"März", u"April", u"Mai", u"Juni", u"Juli", u"August",
-                                                                u"September", u"Oktober", u"November", u"Dezember"});
+inline constexpr auto monatsnamen = std::to_array<QStringView>(
+    {u"Januar", u"Februar", u"März", u"April", u"Mai", u"Juni", u"Juli", u"August", u"September", u"Oktober", u"November", u"Dezember"});
 
 extern const Werteliste WL_Monate;
 extern const Werteliste WL_Licht;

@@ -23,15 +23,11 @@ std::shared_ptr<Datenbank> leereDatenbank(const QString &ziel)
     return db;
 }
 
-constexpr QStringView quellen[][2] = {{u"Zander", u"z"},
-                                      {u"spezielle Erklärung", u"s"},
-                                      {u"Namenliste Stauden", u"n"},
-                                      {u"Namenliste Gehölze", u"g"},
-                                      {u"Tulpenregister", u"c"}};
+constexpr QStringView quellen[][2] = {
+    {u"Zander", u"z"}, {u"spezielle Erklärung", u"s"}, {u"Namenliste Stauden", u"n"}, {u"Namenliste Gehölze", u"g"}, {u"Tulpenregister", u"c"}};
 
 /// Pairs of columns of which the first must not exceed the second.
-constexpr QStringView spannen[][2] = {
-    {u"BLMINH", u"BLMAXH"}, {u"MINHOEHE", u"MAXHOEHE"}, {u"LICHTMIN", u"LICHTMAX"}, {u"TEMPMIN", u"TEMPMAX"}};
+constexpr QStringView spannen[][2] = {{u"BLMINH", u"BLMAXH"}, {u"MINHOEHE", u"MAXHOEHE"}, {u"LICHTMIN", u"LICHTMAX"}, {u"TEMPMIN", u"TEMPMAX"}};
 
 /// What fits beside a drawing.
 constexpr int laengstesMerkmal = 60, meisteMerkmale = 5;
@@ -290,8 +286,9 @@ void Pflanzendaten::bilderEintragen()
 {
     const Formen formen = Formen::laden(QStringLiteral(FLOX_FORMEN));
     for (const Sammlung &sammlung : sammlungen()) {
-        const QString befehl = QStringLiteral("UPDATE %1_Bilder SET \"%2\" = ?, \"%3\" = ?, \"%4\" = ?, \"%5\" = ? WHERE ARTNR = ?")
-                                   .arg(sammlung.tabelle, bildspalte('G', 1), bildbemerkungsspalte('G', 1), bildspalte('D', 1), bildbemerkungsspalte('D', 1));
+        const QString befehl =
+            QStringLiteral("UPDATE %1_Bilder SET \"%2\" = ?, \"%3\" = ?, \"%4\" = ?, \"%5\" = ? WHERE ARTNR = ?")
+                .arg(sammlung.tabelle, bildspalte('G', 1), bildbemerkungsspalte('G', 1), bildspalte('D', 1), bildbemerkungsspalte('D', 1));
         for (const Datensatz &pflanze : Datensatz::alle(*db_, sammlung.tabelle)) {
             const QString stamm = bildname(pflanze.name());
             const Steckbrief s(pflanze, sammlung, formen);
@@ -308,7 +305,8 @@ void Pflanzendaten::bilderDerHerkunft()
         spalten += {QStringLiteral("\"%1\"").arg(bildspalte(haelfte, 1)), QStringLiteral("\"%1\"").arg(bildbemerkungsspalte(haelfte, 1))};
     for (const SpartenEintrag &zeile : alleSparten())
         for (const Herkunft &herkunft : zeile.herkuenfte)
-            db_->Execute(QStringLiteral("UPDATE %1 SET (%2) = (SELECT %2 FROM %3 WHERE %3.ARTNR = %1.ARTNR) WHERE ARTNR IN (SELECT ARTNR FROM %4 WHERE %5 = ?)")
+            db_->Execute(QStringLiteral(
+                             "UPDATE %1 SET (%2) = (SELECT %2 FROM %3 WHERE %3.ARTNR = %1.ARTNR) WHERE ARTNR IN (SELECT ARTNR FROM %4 WHERE %5 = ?)")
                              .arg(zeile.bildtabelle, spalten.join(QStringLiteral(", ")), eintrag(herkunft.sparte).bildtabelle, zeile.haupttabelle,
                                   QLatin1String(zeile.herkunftsfeld)),
                          {herkunft.wert.toString()});

@@ -30,8 +30,8 @@ struct Knopfbild
 
 /// The switch for the filter and the pressed button for saving have keys of their own.
 constexpr Knopfbild einzelne[] = {
-    {"filter", "filter_aus", hervorgehoben}, {"filter_n", "filter", hervorgehoben}, {"filter_n_n", "filter", normal},
-    {"filter_n_u", "filter", gedrueckt},     {"filter_n2", "filter_aus", normal},   {"filter_u", "filter", gedrueckt},
+    {"filter", "filter_aus", hervorgehoben}, {"filter_n", "filter", hervorgehoben},  {"filter_n_n", "filter", normal},
+    {"filter_n_u", "filter", gedrueckt},     {"filter_n2", "filter_aus", normal},    {"filter_u", "filter", gedrueckt},
     {"filter_u_n", "filter", grau},          {"filter_u2", "filter_aus", gedrueckt}, {"filtersu", "filters", gedrueckt},
 };
 constexpr const char *mitGrau[] = {"back", "next", "first", "last", "filterl", "filters"};
@@ -76,8 +76,8 @@ void knopf(const QDir &quelle, const QDir &ziel, const QString &schluessel, cons
     svg.replace("currentColor", zustand.farbe);
     const qsizetype inhalt = svg.indexOf('>', svg.indexOf("<svg")) + 1;
     // The glyph stands a little smaller on its plate.
-    svg.insert(inhalt, QByteArray("<rect x=\"0.5\" y=\"0.5\" width=\"31\" height=\"31\" rx=\"6\" fill=\"") + zustand.platte + "\" stroke=\"" + zustand.rand
-                           + "\"/><g transform=\"translate(3.2 3.2) scale(0.8)\">");
+    svg.insert(inhalt, QByteArray("<rect x=\"0.5\" y=\"0.5\" width=\"31\" height=\"31\" rx=\"6\" fill=\"") + zustand.platte + "\" stroke=\""
+                           + zustand.rand + "\"/><g transform=\"translate(3.2 3.2) scale(0.8)\">");
     svg.replace("</svg>", "</g></svg>");
     schreiben(ziel.filePath(QStringLiteral("iliIcons/%1.svg").arg(schluessel)), svg);
 }
@@ -117,7 +117,8 @@ int main(int anzahl, char **argumente)
         for (const QFileInfo &datei : QDir(quelle.filePath(QLatin1String(ordner))).entryInfoList({QStringLiteral("*.svg")}, QDir::Files))
             schreiben(ziel.filePath(QStringLiteral("%1/%2").arg(QLatin1String(liste), datei.fileName())), lesen(datei.filePath()));
     for (int n = 1; n <= 8; ++n)
-        malen(quelle.filePath(QStringLiteral("hintergrund/hintergrund%1.svg").arg(n)), ziel.filePath(QStringLiteral("hintergrund%1.jpg").arg(n)), {1920, 1200});
+        malen(quelle.filePath(QStringLiteral("hintergrund/hintergrund%1.svg").arg(n)), ziel.filePath(QStringLiteral("hintergrund%1.jpg").arg(n)),
+              {1920, 1200});
     // Pixels at twice its size: the splash must be there before a drawing that large could be.
     malen(quelle.filePath(QStringLiteral("start.svg")), ziel.filePath(QStringLiteral("start.jpg")), {1280, 800});
     malen(quelle.filePath(QStringLiteral("bildfehlt.svg")), ziel.filePath(QStringLiteral("bildfehlt.jpg")), {800, 600});

@@ -24,7 +24,8 @@ void woerterZeigen()
                 QStringList worte;
                 for (const QStringView wort : spalte.liste->zeilen)
                     worte += wort.trimmed().toString();
-                zeile(stdout, QStringLiteral("%1.%2: %3").arg(QLatin1String(tabelle.name), QLatin1String(spalte.name), worte.join(QStringLiteral(", "))));
+                zeile(stdout,
+                      QStringLiteral("%1.%2: %3").arg(QLatin1String(tabelle.name), QLatin1String(spalte.name), worte.join(QStringLiteral(", "))));
             }
 }
 

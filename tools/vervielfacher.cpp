@@ -29,20 +29,28 @@ void vervielfachen(Datenbank &db, const QString &tabelle, qint64 anzahl)
     for (const Spalte &spalte : schema::haupttabelle(tabelle)->spalten) {
         const QString name = u'"' + QString::fromLatin1(spalte.name) + u'"';
         alle += name;
-        neue += spalte.art == Art::Schluessel ? QStringLiteral("ARTNR + ?1") : name == u"\"BOT_NAME\"" ? QStringLiteral("BOT_NAME || ' Nr. ' || ?2") : name;
+        neue += spalte.art == Art::Schluessel ? QStringLiteral("ARTNR + ?1")
+                : name == u"\"BOT_NAME\""     ? QStringLiteral("BOT_NAME || ' Nr. ' || ?2")
+                                              : name;
     }
     Transaktion transaktion(db);
     qint64 vorhanden = echte;
     for (qint64 runde = 1; vorhanden < anzahl; ++runde) {
         const qint64 noch = qMin(echte, anzahl - vorhanden);
         db.Execute(QStringLiteral("INSERT INTO %1 (%2) SELECT %3 FROM %1 WHERE ARTNR <= %4 ORDER BY ARTNR LIMIT ?3")
-                       .arg(tabelle, alle.join(u','), neue.join(u',')).arg(groesste), {runde * groesste, runde, noch});
+                       .arg(tabelle, alle.join(u','), neue.join(u','))
+                       .arg(groesste),
+                   {runde * groesste, runde, noch});
         vorhanden += noch;
     }
     for (const char *art : {"Botanisch", "Deutsch"})
         if (const QString syn = QStringLiteral("%1_Synonyme_%2").arg(tabelle, QLatin1String(art)); db.hatTabelle(syn))
             for (qint64 runde = 1; runde * echte < anzahl; ++runde)
-                db.Execute(QStringLiteral("INSERT INTO %1 SELECT ARTNR + ?1, SYN FROM %1 WHERE ARTNR <= %2 AND ARTNR + ?1 IN (SELECT ARTNR FROM %3)").arg(syn).arg(groesste).arg(tabelle), {runde * groesste});
+                db.Execute(QStringLiteral("INSERT INTO %1 SELECT ARTNR + ?1, SYN FROM %1 WHERE ARTNR <= %2 AND ARTNR + ?1 IN (SELECT ARTNR FROM %3)")
+                               .arg(syn)
+                               .arg(groesste)
+                               .arg(tabelle),
+                           {runde * groesste});
     db.Execute(QStringLiteral("DELETE FROM %1_Bilder").arg(tabelle));
     db.Execute(QStringLiteral("INSERT INTO %1_Bilder (ARTNR, BotName) SELECT ARTNR, BOT_NAME FROM %1").arg(tabelle));
     transaktion.festschreiben();

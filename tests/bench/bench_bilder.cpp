@@ -83,25 +83,34 @@ int main()
         for (const QString &pfad : pfade)
             fordern(ladeSkaliert(pfad, kasten), kasten);
     };
-    vergleich("previews, to an eighth decoded in memory", 1.15, [] {}, vorschauen, [&] {
+    vergleich(
+        "previews, to an eighth decoded in memory", 1.15, [] {}, vorschauen,
+        [&] {
         for (const QByteArray &bytes : inhalte)
             fordern(ganzeFelder(achtel(bytes), kasten), kasten);
-    }, 9);
-    vergleich("previews, to full decode and smooth scaling", 1 / 2.5, [] {}, vorschauen, [&] {
+        },
+        9);
+    vergleich(
+        "previews, to full decode and smooth scaling", 1 / 2.5, [] {}, vorschauen,
+        [&] {
         for (const QString &pfad : pfade)
             fordern(QImage(pfad).scaled(kasten, Qt::KeepAspectRatio, Qt::SmoothTransformation), kasten);
-    });
+        });
     constexpr int grosserOrdner = 5300, fehlende = 6;
     for (int i = 0; i < grosserOrdner; ++i)
         ordner.schreibe("x", QStringLiteral("pflanze-%1.jpg").arg(i));
     int lauf = 0;
-    vergleich("six missing pictures, to reading their folder", 1.2, [&] { ordner.schreibe("x", QStringLiteral("neu-%1.jpg").arg(++lauf)); }, [&] {
+    vergleich(
+        "six missing pictures, to reading their folder", 1.2, [&] { ordner.schreibe("x", QStringLiteral("neu-%1.jpg").arg(++lauf)); },
+        [&] {
         for (int i = 0; i < fehlende; ++i)
             if (dateiVorhanden(ordner.pfad(QStringLiteral("fehlt-%1-%2.jpg").arg(lauf).arg(i))))
                 std::abort();
-    }, [&] {
+        },
+        [&] {
         if (QDir(ordner.pfad({})).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size() < grosserOrdner)
             std::abort();
-    }, 9);
+    },
+        9);
     return 0;
 }

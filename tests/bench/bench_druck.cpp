@@ -52,8 +52,10 @@ int main(int argc, char **argv)
     // A window's copy of the database is its own.
     const std::shared_ptr<Datenbank> db = Datenbank::OpenDatabase(programm.arbeitsdatenbank(), Datenbank::Zugriff::Privat);
     Recordset pflanzen(db, QStringLiteral("SELECT * From TOPFPFL WHERE BOT_NAME LIKE '*' ORDER BY BOT_NAME"));
+    // clang-format off
     const Druckauftrag auftrag{.sparte = Sparte::Topf, .pflanzen = &pflanzen, .arbeit = db, .filter = vorgabe(*filterbeschreibung(Sparte::Topf)),
                                .FilterEin = true, .FilterGesetzt = true};
+    // clang-format on
     const QString datei = ordner.pfad(QStringLiteral("liste.pdf"));
     Druckseiten seiten;
     const auto auslegen = [&] {
@@ -83,7 +85,8 @@ int main(int argc, char **argv)
         });
     };
     std::printf("printing a list of %d plants, %d pages\n", int(namen.size()), anzahlSeiten);
-    vergleich("print the list, to plain text drawing", 2, [] {}, drucken, zeichnen, 5);
+    vergleich(
+        "print the list, to plain text drawing", 2, [] {}, drucken, zeichnen, 5);
     std::vector<double> ganz, leer;
     for (int i = 0; i < 3; ++i) {
         ganz.push_back(einmal(drucken));

@@ -82,20 +82,22 @@ public:
         };
         // A new one each time: the order is remembered for as long as a window lives.
         std::optional<Pflanzensatz> satz;
-        vergleich("open a window, its data", 1.5, [&] { satz.emplace(programm_, eintrag(Sparte::Topf)); },
-                  [&] {
-                      satz->auffuellen(2);
-                      satz->oeffnen(2);
-                      satz->sortieren(QStringLiteral("BOT_NAME"));
-                  },
-                  grundlage);
+        vergleich(
+            "open a window, its data", 1.5, [&] { satz.emplace(programm_, eintrag(Sparte::Topf)); },
+            [&] {
+            satz->auffuellen(2);
+            satz->oeffnen(2);
+            satz->sortieren(QStringLiteral("BOT_NAME"));
+            },
+            grundlage);
         satz.reset();
-        vergleich("open a window, controls and first filter run", 1.5, [&] { fenster.reset(); },
-                  [&] {
-                      fenster = neu();
-                      fenster->Form_Activate();
-                  },
-                  grundlage);
+        vergleich(
+            "open a window, controls and first filter run", 1.5, [&] { fenster.reset(); },
+            [&] {
+            fenster = neu();
+            fenster->Form_Activate();
+            },
+            grundlage);
     }
 
     /// The picture criterion against a run of another one that leaves as many plants. `zustand` tells of the picture table.
@@ -114,13 +116,15 @@ public:
             };
         };
         const QByteArray name = QByteArray("\"mit Bild\" against another criterion, ") + zustand;
-        vergleich(name.constData(), 1.5, [] {}, lauf(true), lauf(false));
+        vergleich(
+            name.constData(), 1.5, [] {}, lauf(true), lauf(false));
     }
     /// Half of the plants, those of the other criterion of `filterMitBild`.
     void halbeBilder()
     {
-        ordner_.db()->Execute(QStringLiteral("UPDATE Topfpfl_Bilder SET \"BILD1-G\" = CASE WHEN ARTNR % 100 >= 50 THEN 'fehlt' ELSE 'begonia-rex' END, "
-                                             "\"BILD1-D\" = NULL"));
+        ordner_.db()->Execute(
+            QStringLiteral("UPDATE Topfpfl_Bilder SET \"BILD1-G\" = CASE WHEN ARTNR % 100 >= 50 THEN 'fehlt' ELSE 'begonia-rex' END, "
+                           "\"BILD1-D\" = NULL"));
     }
     void bilderzeileStreichen()
     {
@@ -179,12 +183,13 @@ public:
         std::printf("%-44s %8.3f ms  (goal <= 0.2)\n", "step, data part", median(daten));
         auto *cmdBotDeu = fenster->findChild<QAbstractButton *>(QStringLiteral("cmdBotDeu"));
         const std::shared_ptr<Datenbank> db = ordner_.db();
-        vergleich("switch botanical/German", 1.5, [] {},
-                  [&] {
-                      cmdBotDeu->click();
-                      malen(*fenster);
-                  },
-                  [&] { namenSortieren(*db, QStringLiteral("DTNAM")); });
+        vergleich(
+            "switch botanical/German", 1.5, [] {},
+            [&] {
+            cmdBotDeu->click();
+            malen(*fenster);
+            },
+            [&] { namenSortieren(*db, QStringLiteral("DTNAM")); });
     }
 
     void filter()
@@ -198,24 +203,22 @@ public:
             for (int i = 0; i < 3; ++i)
                 dialog->findChild<QCheckBox *>(QStringLiteral("sschkBenutzer_%1").arg(i))->setChecked(i == kaestchen);
             const QByteArray name = QByteArray("filter run keeping ") + anteil;
-            vergleich(name.constData(), 1.3, [] {},
-                      [&] {
-                          dialog->cmdOK_Click();
-                          malen(*fenster);
-                      },
-                      [&] {
-                          kopiereUeber(ordner_.datenbank(), kopie);
-                          allesLesen(*Datenbank::OpenDatabase(kopie, Datenbank::Zugriff::Privat));
-                      });
+            vergleich(
+                name.constData(), 1.3, [] {},
+                [&] {
+                dialog->cmdOK_Click();
+                malen(*fenster);
+                },
+                [&] {
+                kopiereUeber(ordner_.datenbank(), kopie);
+                allesLesen(*Datenbank::OpenDatabase(kopie, Datenbank::Zugriff::Privat));
+            });
         }
         std::printf("%-44s %8d of %d plants\n", "kept by the last run", fenster->Anzahl, int(fenster->satz().haupt().RecordCount()));
     }
 
 private:
-    std::unique_ptr<Pflanzenfenster> neu()
-    {
-        return std::make_unique<Pflanzenfenster>(programm_, zentrale_, *fensterbeschreibung(Sparte::Topf), 1);
-    }
+    std::unique_ptr<Pflanzenfenster> neu() { return std::make_unique<Pflanzenfenster>(programm_, zentrale_, *fensterbeschreibung(Sparte::Topf), 1); }
     std::unique_ptr<Pflanzenfenster> gezeigt()
     {
         std::unique_ptr<Pflanzenfenster> fenster = neu();
@@ -239,8 +242,8 @@ public:
         QFile::remove(ordner_.datenbank());
         QFile::copy(datenbank, ordner_.datenbank());
         programm_ = ordner_.programm();
-        ordner_.db()->Execute(QStringLiteral("UPDATE %1 SET bewertung = 7, benu_eigen = substr('1 ', 1 + (ARTNR % 2), 1) || '    '")
-                                  .arg(eintrag(sparte).haupttabelle));
+        ordner_.db()->Execute(
+            QStringLiteral("UPDATE %1 SET bewertung = 7, benu_eigen = substr('1 ', 1 + (ARTNR % 2), 1) || '    '").arg(eintrag(sparte).haupttabelle));
     }
 
     void messen()
@@ -358,7 +361,8 @@ void start(const QString &datenbank)
                 qFatal("A measured process failed.");
         };
     };
-    vergleich("start to the painted splash, whole process", 2, [] {}, prozess("--start"), prozess("--leer"), 9);
+    vergleich(
+        "start to the painted splash, whole process", 2, [] {}, prozess("--start"), prozess("--leer"), 9);
     QFile::remove(arbeit);
 }
 

@@ -66,7 +66,7 @@ QString zeilenart(const Dateistelle &stelle)
     case Dateiform::Kennzeichen: return u"flag"_s;
     case Dateiform::Wert:
         return stelle.teil->art == Steuerung::Kaestchen ? u"value CheckBoxValue"_s
-             : stelle.teil->art == Steuerung::Bilder    ? u"value BorderStyle"_s
+               : stelle.teil->art == Steuerung::Bilder  ? u"value BorderStyle"_s
                                                         : u"value BackStyle"_s;
     case Dateiform::Farbe: return u"colour"_s;
     case Dateiform::Wahrheit: return u"boolean"_s;
@@ -123,8 +123,8 @@ QByteArray vorgabezeile(Sparte sparte, const Dateizeile &zeile)
     if (zeile.art == u"boolean")
         return zeile.control == u"optBewertung" && zeile.element == 0 ? "True" : "False";
     if (zeile.art == u"number text") {
-        const QMap<QString, QByteArray> zahlen{{u"txtMinHoehe"_s, "0.00"}, {u"txtMaxHoehe"_s, "99.00"}, {u"txtMinLicht"_s, "0"},
-                                               {u"txtMaxLicht"_s, "3000"}, {u"txtMinTemp"_s, "-20"}, {u"txtMaxTemp"_s, "50"},
+        const QMap<QString, QByteArray> zahlen{{u"txtMinHoehe"_s, "0.00"},      {u"txtMaxHoehe"_s, "99.00"},     {u"txtMinLicht"_s, "0"},
+                                               {u"txtMaxLicht"_s, "3000"},      {u"txtMinTemp"_s, "-20"},        {u"txtMaxTemp"_s, "50"},
                                                {u"txtBlattMinHoehe"_s, "0.00"}, {u"txtBlattMaxHoehe"_s, "99.00"}};
         return zahlen.value(zeile.control, "(?)");
     }

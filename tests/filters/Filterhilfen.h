@@ -37,14 +37,23 @@ QByteArray vorgabezeile(Sparte sparte, const Dateizeile &zeile);
 QByteArray vorgabedatei(Sparte sparte);
 
 enum class Regelart {
-    Familie, Bild, Flags, Typen, Hoehe, Spanne, Text, SynonymBotanisch, SynonymDeutsch, Bewertung,
-    Nummer,     ///< the number of one position and nothing else
+    Familie,
+    Bild,
+    Flags,
+    Typen,
+    Hoehe,
+    Spanne,
+    Text,
+    SynonymBotanisch,
+    SynonymDeutsch,
+    Bewertung,
+    Nummer, ///< the number of one position and nothing else
     NummerOderFlags,
     Pflanzenart, ///< the letter of one position
-    AlleWahr,   ///< a boolean for each item
-    Gleich,     ///< the entry of a list
-    Monat,      ///< the month of a list occurs in the field
-    Keine,      ///< no test
+    AlleWahr,    ///< a boolean for each item
+    Gleich,      ///< the entry of a list
+    Monat,       ///< the month of a list occurs in the field
+    Keine,       ///< no test
 };
 
 /// A row test; the rules of a Sparte stand in the order of the tests.
@@ -56,7 +65,7 @@ struct Regel
     const char *feld = nullptr;
     const char *control2 = nullptr;
     const char *feld2 = nullptr;
-    int ueberzaehlig = 0; ///< of the elements, those at the end that nobody can choose
+    int ueberzaehlig = 0;                     ///< of the elements, those at the end that nobody can choose
     std::span<const char *const> felder = {}; ///< AlleWahr
 
     int waehlbar() const { return anzahl - ueberzaehlig; }
@@ -64,7 +73,7 @@ struct Regel
     bool gruppe() const
     {
         return art == Regelart::Flags || art == Regelart::Typen || art == Regelart::Nummer || art == Regelart::NummerOderFlags
-            || art == Regelart::Pflanzenart;
+               || art == Regelart::Pflanzenart;
     }
 };
 std::span<const Regel> regeln(Sparte sparte);

@@ -46,8 +46,8 @@ void Filterprobe::klicken(QWidget *control)
 {
     zeigen(control);
     // A box is wider than what answers to the mouse.
-    const QPoint stelle = qobject_cast<QCheckBox *>(control) || qobject_cast<QRadioButton *>(control) ? QPoint(8, control->height() / 2)
-                                                                                                      : control->rect().center();
+    const QPoint stelle =
+        qobject_cast<QCheckBox *>(control) || qobject_cast<QRadioButton *>(control) ? QPoint(8, control->height() / 2) : control->rect().center();
     QTest::mouseClick(control, Qt::LeftButton, {}, stelle);
 }
 

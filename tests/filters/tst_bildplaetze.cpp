@@ -80,8 +80,9 @@ void TestBildplaetze::bildzeile(Sparte sparte, qint64 nummer, const QVariant &na
     QVariantList werte{nummer, name};
     for (const QString &feld : felder)
         werte += feld.isNull() ? QVariant() : QVariant(feld);
-    db_->Execute(u"INSERT INTO %1 (ARTNR, BotName, \"BILD1-G\", \"BILD5-G\", \"BILD1-D\", \"BILD5-D\") VALUES (?, ?, ?, ?, ?, ?)"_s
-                     .arg(eintrag(sparte).bildtabelle), werte);
+    db_->Execute(u"INSERT INTO %1 (ARTNR, BotName, \"BILD1-G\", \"BILD5-G\", \"BILD1-D\", \"BILD5-D\") VALUES (?, ?, ?, ?, ?, ?)"_s.arg(
+                     eintrag(sparte).bildtabelle),
+                 werte);
 }
 
 void TestBildplaetze::ausgeliefert()
@@ -103,8 +104,10 @@ void TestBildplaetze::zufall_data()
 void TestBildplaetze::zufall()
 {
     QFETCH(const QString, art);
+    // clang-format off
     const QStringList namen{u"Ficus benjamina"_s, u"Ficus × benjamina"_s, u"Ficus 'benjamina'"_s, u"Ficus-benjamina"_s, u"ficus benjamina"_s, u"Äsculus"_s,
                             u"Aesculus"_s, u"Asculus"_s, u"Zamia"_s, u"Örtlich"_s, u"Straße"_s, u"Strasse"_s, u""_s};
+    // clang-format on
     int einige = 0;
     for (uint saat = 1; saat <= 12; ++saat) {
         Zufall zufall(saat);
@@ -195,7 +198,7 @@ void TestBildplaetze::eineZeileJeBild()
     db_->Execute(u"CREATE TABLE Topfpfl_Bilder (ARTNR INTEGER, BotName TEXT, BILD TEXT, BEMERKUNG TEXT)"_s);
     QCOMPARE(plaetze(Sparte::Topf), QSet<qint64>());
     const std::pair<qint64, QVariant> zeilen[] = {{5, u"fehlt"_s}, {3, QVariant()}, {2, u"fehlt"_s},
-                                                  {2, u"zwei"_s}, {5, QVariant()}, {4, u"Fehlt"_s}};
+                                                  {2, u"zwei"_s},  {5, QVariant()}, {4, u"Fehlt"_s}};
     for (const auto &[nummer, bild] : zeilen)
         db_->Execute(u"INSERT INTO Topfpfl_Bilder VALUES (?, 'x', ?, NULL)"_s, {nummer, bild});
     // Plant 1 has no row at all, and pushes nobody on.

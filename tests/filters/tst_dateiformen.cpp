@@ -8,10 +8,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr Symbol marken[] = {{"iliEigenschaften/schmuck", u"", u"Blattschmuck", nullptr, "iliEigenschaften/schmuc_n"}, {"iliEigenschaften/gift", u"", u"giftig", nullptr, "iliEigenschaften/gift_n"}};
+constexpr Symbol marken[] = {{"iliEigenschaften/schmuck", u"", u"Blattschmuck", nullptr, "iliEigenschaften/schmuc_n"},
+                             {"iliEigenschaften/gift", u"", u"giftig", nullptr, "iliEigenschaften/gift_n"}};
 constexpr const char *felder[] = {"blaschmuck", "giftig"};
 constexpr QStringView monate[] = {u"Januar", u"Februar", u"März"};
 
+// clang-format off
 constexpr Kriterium kriterien[] = {
     {.pruefung = Pruefung::AlleWahr, .titel = u"Marken", .a = {.art = Steuerung::Bilder, .control = "imgEigen", .anzahl = 2, .zeile = 1, .bilder = marken, .form = Dateiform::Bildname},
      .felder = felder},
@@ -21,13 +23,16 @@ constexpr Kriterium kriterien[] = {
     {.pruefung = Pruefung::Flags, .titel = u"Licht", .a = {.art = Steuerung::Kaestchen, .control = "chkLicht", .anzahl = 5, .zeile = 4, .ueberzaehlig = 2}, .feld = "licht"},
     {.pruefung = Pruefung::Flags, .titel = u"Boden", .a = {.art = Steuerung::Kaestchen, .control = "chkBoden", .anzahl = 2, .zeile = 9, .form = Dateiform::Wahrheit}, .feld = "bodenart"},
 };
-constexpr Filterbeschreibung beschreibung{.sparte = Sparte::Stauden, .reiter = {}, .kriterien = kriterien, .zeilen = 10, .ladeFilter = {}, .speicherFilter = {}};
+// clang-format on
+constexpr Filterbeschreibung beschreibung{
+    .sparte = Sparte::Stauden, .reiter = {}, .kriterien = kriterien, .zeilen = 10, .ladeFilter = {}, .speicherFilter = {}};
 
 /// The state that a file's lines give; nothing where a line cannot be read.
 std::optional<Filterzustand> gelesen(const QStringList &zeilen)
 {
     Filterzustand zustand = vorgabe(beschreibung);
-    const bool ganz = filterLesen(beschreibung, (zeilen.join(u"\r\n"_s) + u"\r\n"_s).toLatin1(), [&](int k, bool zweites, int element, int wert, const QString &text) {
+    const bool ganz = filterLesen(beschreibung, (zeilen.join(u"\r\n"_s) + u"\r\n"_s).toLatin1(),
+                                  [&](int k, bool zweites, int element, int wert, const QString &text) {
         Kriteriumzustand &kriterium = zustand.kriterien[size_t(k)];
         Teilzustand &teil = zweites ? kriterium.b : kriterium.a;
         if (teil.werte.empty())

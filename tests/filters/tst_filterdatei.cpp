@@ -168,20 +168,52 @@ void TestFilterdatei::leseregeln_data()
     };
     const QVariant fehler;
     // Boxes: any number but 0 sets them.
-    for (const auto &[sparte, zeile] : {std::pair(Sparte::Topf, 2), {Sparte::Topf, 147}, {Sparte::Apfel, 1}, {Sparte::Apfel, 234}, {Sparte::Apfel, 132}})
-        reihe(sparte, zeile, {{" 0 ", 0}, {"-1 ", 1}, {" 1 ", 1}, {"7", 1}, {"0.5", 1}, {"\"-1\"", 1}, {"\t 1", 1}, {"x", fehler}, {"1x", fehler},
-                              {"True", fehler}, {"", fehler}, {"--1", fehler}});
+    for (const auto &[sparte, zeile] :
+         {std::pair(Sparte::Topf, 2), {Sparte::Topf, 147}, {Sparte::Apfel, 1}, {Sparte::Apfel, 234}, {Sparte::Apfel, 132}})
+        reihe(sparte, zeile,
+              {{" 0 ", 0},
+               {"-1 ", 1},
+               {" 1 ", 1},
+               {"7", 1},
+               {"0.5", 1},
+               {"\"-1\"", 1},
+               {"\t 1", 1},
+               {"x", fehler},
+               {"1x", fehler},
+               {"True", fehler},
+               {"", fehler},
+               {"--1", fehler}});
     // Booleans.
     for (const auto &[sparte, zeile] : {std::pair(Sparte::Topf, 139), {Sparte::Apfel, 223}})
-        reihe(sparte, zeile, {{"True", 1}, {"False", 0}, {"Wahr", 1}, {"Falsch", 0}, {"#TRUE#", 1}, {"#FALSE#", 0}, {"-1", 1}, {" 0 ", 0}, {"3", 1},
-                              {"true", 1}, {"ja", fehler}, {"#WAHR", fehler}, {"", fehler}});
+        reihe(sparte, zeile,
+              {{"True", 1},
+               {"False", 0},
+               {"Wahr", 1},
+               {"Falsch", 0},
+               {"#TRUE#", 1},
+               {"#FALSE#", 0},
+               {"-1", 1},
+               {" 0 ", 0},
+               {"3", 1},
+               {"true", 1},
+               {"ja", fehler},
+               {"#WAHR", fehler},
+               {"", fehler}});
     // Styles.
     for (const int zeile : {25, 50, 106, 136})
         reihe(Sparte::Topf, zeile, {{" 0 ", 0}, {" 1 ", 1}, {"2", fehler}, {"-1", fehler}, {"-2147483633", fehler}, {"True", fehler}});
     // Colours are kept as they stand.
     for (const int zeile : {13, 26, 74})
-        reihe(Sparte::Topf, zeile, {{"-2147483633 ", int(0x8000000Fu)}, {"-2147483645", int(0x80000003u)}, {"255", 255}, {" 0 ", 0},
-                                    {"2147483647", 2147483647}, {"2147483648", fehler}, {"-2147483649", fehler}, {"&H8000000F", fehler}, {"rot", fehler}});
+        reihe(Sparte::Topf, zeile,
+              {{"-2147483633 ", int(0x8000000Fu)},
+               {"-2147483645", int(0x80000003u)},
+               {"255", 255},
+               {" 0 ", 0},
+               {"2147483647", 2147483647},
+               {"2147483648", fehler},
+               {"-2147483649", fehler},
+               {"&H8000000F", fehler},
+               {"rot", fehler}});
     for (const auto &[sparte, zeile] : {std::pair(Sparte::Topf, 140), {Sparte::Apfel, 224}})
         reihe(sparte, zeile, {{"1", 1}, {" 5 ", 5}, {"0", fehler}, {"6", fehler}, {"-3", fehler}, {"1e9", fehler}, {"drei", fehler}});
     // Texts take anything.

@@ -23,8 +23,16 @@ namespace {
 
 QByteArrayList saat(Sparte sparte, Zufall &zufall)
 {
-    QByteArrayList dateien{vorgabedatei(sparte), vorgabedatei(Sparte::Topf), vorgabedatei(Sparte::Apfel), {}, "\"", ",,,,", "\r\n\r\n", QByteArray("\0\0", 2),
-                           "\"\r\n\"\r\n", " 0 , 0 ,-1"};
+    QByteArrayList dateien{vorgabedatei(sparte),
+                           vorgabedatei(Sparte::Topf),
+                           vorgabedatei(Sparte::Apfel),
+                           {},
+                           "\"",
+                           ",,,,",
+                           "\r\n\r\n",
+                           QByteArray("\0\0", 2),
+                           "\"\r\n\"\r\n",
+                           " 0 , 0 ,-1"};
     for (int i = 0; i < 12; ++i) {
         const Zustand z = zufallszustand(sparte, zufall, {u"Rose"_s, u"a,b"_s, u"\"q"_s, u"  x"_s, u"ß€"_s}, {u"Araceae"_s, u"Rosaceae"_s});
         dateien += filterSchreiben(z.beschreibung, z.werte);
@@ -34,8 +42,10 @@ QByteArrayList saat(Sparte sparte, Zufall &zufall)
 
 void verderben(QByteArray &datei, Zufall &zufall)
 {
+    // clang-format off
     static const QByteArrayList brocken{"\"", ",", "\r", "\n", "\r\n", "\t", "-", "1e308", "1e999", "nan", "inf", "99999999999999999999", "True",
                                         "#FALSE#", "&H1", QByteArray(1, '\0'), "\xff\x81", "-2147483648 ", "0x10", "1.5.2"};
+    // clang-format on
     const qsizetype stelle = zahl(zufall, 0, int(datei.size()));
     const qsizetype laenge = std::min<qsizetype>(zahl(zufall, 1, 40), datei.size() - stelle);
     switch (zahl(zufall, 0, 6)) {

@@ -64,7 +64,8 @@ static QLineEdit *namensfeld(QFileDialog &dialog)
 void TestFilterdateifrage::init()
 {
     probe_.reset();
-    probe_ = std::make_unique<Filterprobe>(QTest::currentDataTag() && QByteArray(QTest::currentDataTag()).contains("ap") ? Sparte::Apfel : Sparte::Topf);
+    probe_ =
+        std::make_unique<Filterprobe>(QTest::currentDataTag() && QByteArray(QTest::currentDataTag()).contains("ap") ? Sparte::Apfel : Sparte::Topf);
     probe_->oeffnen();
 }
 
@@ -180,18 +181,30 @@ void TestFilterdateifrage::vorschlag_data()
     QTest::addColumn<Setzen>("setzen");
     QTest::addColumn<QString>("name");
     const auto reihe = [](const char *name, Setzen setzen, const QString &soll) { QTest::newRow(name) << std::move(setzen) << soll; };
-    reihe("nichts", [](Zustand &) {}, u""_s);
-    reihe("alles einer Gruppe", [](Zustand &z) { z.alle("chkKrank"); }, u""_s);
-    reihe("Blüte und Frucht", [](Zustand &z) { z.waehlen("lblBlFarbe", 1).waehlen("lblFrMonat", 4); }, u"Blüte lblBlFarbe1, Frucht lblFrMonat4"_s);
-    reihe("mehrere", [](Zustand &z) { z.waehlen("chkKrank", 0).waehlen("chkKrank", 1); }, u"Krankheitsanfälligkeit chkKrank0+chkKrank1"_s);
-    reihe("Familie und Bild", [](Zustand &z) { z.text("cmbFamilie", u"Araceae"_s).waehlen("chkBild"); }, u"Araceae, chkBild0"_s);
-    reihe("Bereiche", [](Zustand &z) { z.text("txtMinHoehe", u"0,5"_s).text("txtMaxTemp", u"30"_s).text("txtMinLicht", u"5"_s).text("txtMaxLicht", u"9"_s); },
-          u"Höhe ab 0,5 m, Beleuchtungsstärke 5-9 Lux, Temperatur bis 30 °C"_s);
-    reihe("Gift", [](Zustand &z) { z.waehlen("chkGift"); }, u"Pflanzentyp chkGift0"_s);
-    reihe("verbotene Zeichen", [](Zustand &z) { z.text("txtSorte", u"a/b\\c:d*e?f\"g<h>i|j.k"_s); }, u"Sorte a b c d e f g h i j k"_s);
-    reihe("Bewertung", [](Zustand &z) { z.bewertung(4, false); }, u"Bewertung bis 4"_s);
-    reihe("zu lang", [](Zustand &z) { z.waehlen("chkKrank", 0).text("txtSorte", QString(200, u'x')); }, u"Krankheitsanfälligkeit chkKrank0"_s);
-    reihe("eines zu lang", [](Zustand &z) { z.text("txtSorte", QString(200, u'x')); }, u"Sorte "_s + QString(74, u'x'));
+    reihe(
+        "nichts", [](Zustand &) {}, u""_s);
+    reihe(
+        "alles einer Gruppe", [](Zustand &z) { z.alle("chkKrank"); }, u""_s);
+    reihe(
+        "Blüte und Frucht", [](Zustand &z) { z.waehlen("lblBlFarbe", 1).waehlen("lblFrMonat", 4); }, u"Blüte lblBlFarbe1, Frucht lblFrMonat4"_s);
+    reihe(
+        "mehrere", [](Zustand &z) { z.waehlen("chkKrank", 0).waehlen("chkKrank", 1); }, u"Krankheitsanfälligkeit chkKrank0+chkKrank1"_s);
+    reihe(
+        "Familie und Bild", [](Zustand &z) { z.text("cmbFamilie", u"Araceae"_s).waehlen("chkBild"); }, u"Araceae, chkBild0"_s);
+    reihe(
+        "Bereiche",
+        [](Zustand &z) { z.text("txtMinHoehe", u"0,5"_s).text("txtMaxTemp", u"30"_s).text("txtMinLicht", u"5"_s).text("txtMaxLicht", u"9"_s); },
+        u"Höhe ab 0,5 m, Beleuchtungsstärke 5-9 Lux, Temperatur bis 30 °C"_s);
+    reihe(
+        "Gift", [](Zustand &z) { z.waehlen("chkGift"); }, u"Pflanzentyp chkGift0"_s);
+    reihe(
+        "verbotene Zeichen", [](Zustand &z) { z.text("txtSorte", u"a/b\\c:d*e?f\"g<h>i|j.k"_s); }, u"Sorte a b c d e f g h i j k"_s);
+    reihe(
+        "Bewertung", [](Zustand &z) { z.bewertung(4, false); }, u"Bewertung bis 4"_s);
+    reihe(
+        "zu lang", [](Zustand &z) { z.waehlen("chkKrank", 0).text("txtSorte", QString(200, u'x')); }, u"Krankheitsanfälligkeit chkKrank0"_s);
+    reihe(
+        "eines zu lang", [](Zustand &z) { z.text("txtSorte", QString(200, u'x')); }, u"Sorte "_s + QString(74, u'x'));
 }
 
 void TestFilterdateifrage::vorschlag()
@@ -218,7 +231,8 @@ void TestFilterdateifrage::vorschlagImDialog()
         static_cast<QDialog &>(dialog).accept();
     });
     probe_->klick("cmdFilterSpeichern");
-    QCOMPARE(name, u"Blüte %1, Haltbarkeit kurz.fft"_s.arg(WL_BluetenfarbeRGB.werte.empty() ? QString() : probe_->element(u"lblBlFarbe"_s, 1)->toolTip()));
+    QCOMPARE(name,
+             u"Blüte %1, Haltbarkeit kurz.fft"_s.arg(WL_BluetenfarbeRGB.werte.empty() ? QString() : probe_->element(u"lblBlFarbe"_s, 1)->toolTip()));
     QVERIFY(QFile::exists(probe_->ordner.pfad(name)));
 }
 

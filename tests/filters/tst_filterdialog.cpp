@@ -105,7 +105,8 @@ void TestFilterdialog::anfang()
     QVERIFY(dialog.zustand() == Zustand(sparte).werte);
     QCOMPARE(filterSchreiben(*filterbeschreibung(sparte), dialog.zustand()), vorgabedatei(sparte));
     for (const Dateizeile &zeile : dateizeilen(sparte))
-        QVERIFY2(dialog.findChild<QWidget *>(zeile.element < 0 ? zeile.control : u"%1_%2"_s.arg(zeile.control).arg(zeile.element)), qPrintable(zeile.control));
+        QVERIFY2(dialog.findChild<QWidget *>(zeile.element < 0 ? zeile.control : u"%1_%2"_s.arg(zeile.control).arg(zeile.element)),
+                 qPrintable(zeile.control));
     QStringList reiter;
     auto *SSTab1 = probe_->finde<QTabWidget>(u"SSTab1"_s);
     for (int i = 0; i < SSTab1->count(); ++i)
@@ -139,8 +140,8 @@ void TestFilterdialog::listenDerObstsorten()
     QCOMPARE(arten.size(), 1 + int(probe_->arbeit(u"ARTNR IN (SELECT min(ARTNR) FROM Obst GROUP BY DTNAM)"_s).size()));
     const qsizetype oelbaum = arten.indexOf(u"Ölbaum"_s);
     QVERIFY(oelbaum > 1 && oelbaum < arten.indexOf(u"Pfirsich"_s) && oelbaum > arten.indexOf(u"Kiwi"_s)); // like O, not behind Z
-    const QStringList monate{u"-- Alle --"_s, u"Januar"_s, u"Februar"_s, u"März"_s, u"April"_s, u"Mai"_s, u"Juni"_s, u"Juli"_s, u"August"_s,
-                             u"September"_s, u"Oktober"_s, u"November"_s, u"Dezember"_s};
+    const QStringList monate{u"-- Alle --"_s, u"Januar"_s, u"Februar"_s,   u"März"_s,    u"April"_s,    u"Mai"_s,     u"Juni"_s,
+                             u"Juli"_s,       u"August"_s, u"September"_s, u"Oktober"_s, u"November"_s, u"Dezember"_s};
     for (const char *lager : {"cboFrischluft", "cboKuehllager", "cboCALager"})
         QCOMPARE(eintraege(lager), monate);
 }
@@ -149,7 +150,9 @@ void TestFilterdialog::beschriftungen_data()
 {
     QTest::addColumn<QString>("stamm");
     QTest::addColumn<QStringList>("worte");
-    const auto reihe = [](const char *stamm, QStringView worte) { QTest::newRow(stamm) << QString::fromLatin1(stamm) << worte.toString().split(u','); };
+    const auto reihe = [](const char *stamm, QStringView worte) {
+        QTest::newRow(stamm) << QString::fromLatin1(stamm) << worte.toString().split(u',');
+    };
     reihe("chkTyp", u"Grünpflanze,Blütenpflanze,Fruchtpflanze,Sukkulente,Carnivore");
     reihe("chkHaltbarkeit", u"kurz,mittel,lang");
     reihe("chkLaubFarbe", u"hellgrün,dunkelgrün,silbrig,gelbgrün,weißgrün,rotgrün,gefleckt,gestreift,panaschiert");
@@ -254,8 +257,10 @@ void TestFilterdialog::monate()
 static void doppelklicken(QWidget *control)
 {
     const QPointF hier(control->rect().center());
+    // clang-format off
     const std::pair<QEvent::Type, Qt::MouseButtons> folge[] = {{QEvent::MouseButtonPress, Qt::LeftButton}, {QEvent::MouseButtonRelease, Qt::NoButton},
                                                                {QEvent::MouseButtonDblClick, Qt::LeftButton}, {QEvent::MouseButtonRelease, Qt::NoButton}};
+    // clang-format on
     for (const auto &[art, gedrueckt] : folge) {
         QMouseEvent ereignis(art, hier, control->mapToGlobal(hier), Qt::LeftButton, gedrueckt, {});
         QApplication::sendEvent(control, &ereignis);
@@ -402,10 +407,20 @@ void TestFilterdialog::minTempWirdGeglaettet_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("danach");
-    for (const auto &[text, danach] : {std::pair(u"-12,50"_s, u"-12,5"_s), {u"007"_s, u"7"_s}, {u"-0,0"_s, u"0"_s}, {u",5"_s, u"0,5"_s}, {u""_s, u""_s},
-                                       {u"-"_s, u"-"_s}, {u"1,2,3"_s, u"1,2,3"_s}, {u"5-"_s, u"5-"_s}, {u"-20"_s, u"-20"_s}, {u"1234567"_s, u"1234567"_s},
-                                       {u"0,123456"_s, u"0,123456"_s}, {u"-12,34567"_s, u"-12,34567"_s},
-                                       {u"1,23456789"_s, u"1,234568"_s}, {u"0,00010"_s, u"0,0001"_s}})
+    for (const auto &[text, danach] : {std::pair(u"-12,50"_s, u"-12,5"_s),
+                                       {u"007"_s, u"7"_s},
+                                       {u"-0,0"_s, u"0"_s},
+                                       {u",5"_s, u"0,5"_s},
+                                       {u""_s, u""_s},
+                                       {u"-"_s, u"-"_s},
+                                       {u"1,2,3"_s, u"1,2,3"_s},
+                                       {u"5-"_s, u"5-"_s},
+                                       {u"-20"_s, u"-20"_s},
+                                       {u"1234567"_s, u"1234567"_s},
+                                       {u"0,123456"_s, u"0,123456"_s},
+                                       {u"-12,34567"_s, u"-12,34567"_s},
+                                       {u"1,23456789"_s, u"1,234568"_s},
+                                       {u"0,00010"_s, u"0,0001"_s}})
         QTest::addRow("<%s>", qPrintable(text)) << text << danach;
 }
 
@@ -432,7 +447,8 @@ void TestFilterdialog::minTempWirdGeglaettet()
 
 void TestFilterdialog::satzUnterDenBildern()
 {
-    const QStringView orte[] = {u"den Innenraum", u"die Fensterbank", u"den Kübel", u"die Ampel", u"das Beet", u"den Balkon", u"den Wintergarten", u"die Vitrine"};
+    const QStringView orte[] = {u"den Innenraum", u"die Fensterbank", u"den Kübel",        u"die Ampel",
+                                u"das Beet",      u"den Balkon",      u"den Wintergarten", u"die Vitrine"};
     auto *satz = probe_->finde<QLabel>(u"lblVerwendung"_s);
     auto *rahmen = probe_->finde(u"SSFrame6"_s);
     for (int i = 0; i < 8; ++i) {
@@ -597,8 +613,10 @@ void TestFilterdialog::groesseUndOrt()
     // In the middle of the window, as far as the screen lets it.
     const QRect schirm = dialog.screen()->availableGeometry();
     const auto ort = [](int mitte, int laenge, int anfang, int ende) { return std::max(anfang, std::min(mitte, ende - laenge)); };
-    QCOMPARE(dialog.pos().x(), ort(fenster.left() + (fenster.width() - dialog.width()) / 2, dialog.frameGeometry().width(), schirm.left(), schirm.right() + 1));
-    QCOMPARE(dialog.pos().y(), ort(fenster.top() + (fenster.height() - dialog.height()) / 2, dialog.frameGeometry().height(), schirm.top(), schirm.bottom() + 1));
+    QCOMPARE(dialog.pos().x(),
+             ort(fenster.left() + (fenster.width() - dialog.width()) / 2, dialog.frameGeometry().width(), schirm.left(), schirm.right() + 1));
+    QCOMPARE(dialog.pos().y(),
+             ort(fenster.top() + (fenster.height() - dialog.height()) / 2, dialog.frameGeometry().height(), schirm.top(), schirm.bottom() + 1));
     for (const char *name : {"cmdOK", "cmdRuecksetzen", "cmdAbbruch"}) {
         auto *taste = probe_->finde(QString::fromLatin1(name));
         QVERIFY(dialog.rect().contains(QRect(taste->mapTo(&dialog, QPoint(0, 0)), taste->size())));

@@ -69,7 +69,11 @@ void TestFilterdialogAnsicht::nichtsZuRollen()
             ++sichtbar;
             const QSize bedarf = flaeche->widget()->minimumSizeHint(), platz = flaeche->viewport()->size();
             QVERIFY2(bedarf.width() <= platz.width() && bedarf.height() <= platz.height(),
-                     qPrintable(u"%1: %2 x %3 in %4 x %5"_s.arg(reiter->tabText(i)).arg(bedarf.width()).arg(bedarf.height()).arg(platz.width()).arg(platz.height())));
+                     qPrintable(u"%1: %2 x %3 in %4 x %5"_s.arg(reiter->tabText(i))
+                                    .arg(bedarf.width())
+                                    .arg(bedarf.height())
+                                    .arg(platz.width())
+                                    .arg(platz.height())));
             QCOMPARE(flaeche->horizontalScrollBar()->maximum(), 0);
         }
         QCOMPARE(sichtbar, 2);
@@ -239,7 +243,7 @@ void TestFilterdialogAnsicht::fehlerZeigtSeinFeld()
     probe_->taste("cmdOK");
     QCOMPARE(meldungen.texte.size(), 1);
     QVERIFY2(meldungen.texte[0].startsWith(meldung), qPrintable(meldungen.texte[0]));
-    QVERIFY(feld->isVisible()); // its tab is in front
+    QVERIFY(feld->isVisible());        // its tab is in front
     probe_->dialog().activateWindow(); // as a window manager does once the message is gone
     QTRY_COMPARE(QApplication::focusWidget(), feld);
     QCOMPARE(feld->selectedText(), text); // typing replaces it

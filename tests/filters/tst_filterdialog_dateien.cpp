@@ -100,7 +100,8 @@ void TestFilterdialogDateien::jedeOption()
         zeilen[137] = min + '\r';
         zeilen[138] = max + '\r';
         dialog.FilterLaden(datei(zeilen.join('\n')));
-        return std::pair(probe_->element<QRadioButton>(u"optBewertung"_s, 0)->isChecked(), probe_->element<QRadioButton>(u"optBewertung"_s, 1)->isChecked());
+        return std::pair(probe_->element<QRadioButton>(u"optBewertung"_s, 0)->isChecked(),
+                         probe_->element<QRadioButton>(u"optBewertung"_s, 1)->isChecked());
     };
     QCOMPARE(laedt("False", "True"), std::pair(false, true));
     QCOMPARE(laedt("True", "False"), std::pair(true, false));
@@ -137,7 +138,8 @@ void TestFilterdialogDateien::lesefehlerWirktWeiter()
 {
     const auto apfel = probe_->weiteres(Sparte::Apfel, 1);
     apfel->Form_Activate();
-    const QString gut = datei(vorgabedatei(Sparte::Topf)), gutAp = datei(vorgabedatei(Sparte::Apfel), u"gut.ffa"_s), schlecht = datei("x", u"schlecht"_s);
+    const QString gut = datei(vorgabedatei(Sparte::Topf)), gutAp = datei(vorgabedatei(Sparte::Apfel), u"gut.ffa"_s),
+                  schlecht = datei("x", u"schlecht"_s);
     Meldungsfaenger meldungen;
     const QString meldung = u"Fehler beim Laden des Filters"_s;
     probe_->dialog().FilterLaden(schlecht); // short
@@ -212,9 +214,11 @@ void TestFilterdialogDateien::ladenUeberDenKnopf()
     probe_->klick("cmdFilterLaden");
     QCOMPARE(wahl.dialoge, 1);
     QCOMPARE(wahl.modus, QFileDialog::AcceptOpen);
+    // clang-format off
     const QMap<Sparte, QString> erste{{Sparte::Topf, u"Topfpflanzen-Filter (*.fft)"_s}, {Sparte::Stauden, u"Stauden-Filter (*.ffs)"_s},
                                       {Sparte::Gehoelze, u"Gehölze-Filter (*.ffg)"_s}, {Sparte::Apfel, u"Apfelsorten-Filter (*.ffa)"_s},
                                       {Sparte::Obst, u"Obstsorten-Filter (*.ffo)"_s}};
+    // clang-format on
     QStringList muster{erste.value(sparte)};
     if (sparte != Sparte::Topf)
         muster += u"Alle Dateien (*)"_s;

@@ -87,7 +87,8 @@ void TestFilterfenster::stimmig(Pflanzenfenster &fenster)
     QCOMPARE(auswahl->currentIndex(), int(stelle));
     QCOMPARE(fenster.findChild<QLabel *>(u"stbAnzeige_4"_s)->text(), u"%1/%2"_s.arg(stelle + 1).arg(anzahl));
     QCOMPARE(fenster.findChild<QLabel *>(u"lblArtNr"_s)->text(), QString::number(fenster.satz().artnr()));
-    for (const auto &[name, geht] : {std::pair("cmdFirst", stelle > 0), {"cmdBack", stelle > 0}, {"cmdNext", stelle < anzahl - 1}, {"cmdLast", stelle < anzahl - 1}})
+    for (const auto &[name, geht] :
+         {std::pair("cmdFirst", stelle > 0), {"cmdBack", stelle > 0}, {"cmdNext", stelle < anzahl - 1}, {"cmdLast", stelle < anzahl - 1}})
         QVERIFY2(fenster.findChild<QWidget *>(QString::fromLatin1(name))->isEnabledTo(&fenster) == geht, name);
     QVERIFY(!wartet(fenster));
 }
@@ -240,8 +241,9 @@ void TestFilterfenster::bildUndOhneBild()
     probe_->programm.HausModus = true;
     probe_->oeffnen();
     // Pictures for three plants that the rating keeps; names of plants and picture rows are in step as shipped.
-    probe_->arbeitAendern(u"UPDATE Topfpfl_Bilder SET \"BILD1-G\" = NULL, \"BILD2-G\" = NULL, \"BILD3-G\" = NULL, \"BILD4-G\" = NULL, \"BILD5-G\" = NULL, "
-                          "\"BILD1-D\" = 'fehlt', \"BILD2-D\" = NULL, \"BILD3-D\" = NULL, \"BILD4-D\" = NULL, \"BILD5-D\" = NULL"_s);
+    probe_->arbeitAendern(
+        u"UPDATE Topfpfl_Bilder SET \"BILD1-G\" = NULL, \"BILD2-G\" = NULL, \"BILD3-G\" = NULL, \"BILD4-G\" = NULL, \"BILD5-G\" = NULL, "
+        "\"BILD1-D\" = 'fehlt', \"BILD2-D\" = NULL, \"BILD3-D\" = NULL, \"BILD4-D\" = NULL, \"BILD5-D\" = NULL"_s);
     const QList<qint64> gute = probe_->pflanzen();
     const QList<qint64> mit{gute[0], gute[7], gute[20]};
     for (const qint64 artnr : mit)
@@ -406,8 +408,10 @@ void TestFilterfenster::fehlerImLauf_data()
     QTest::newRow("Licht 5,,") << QByteArray("txtMaxLicht") << u"5,,"_s << u""_s;
     QTest::newRow("Apostroph botanisch") << QByteArray("txtSynonym") << u"d'Or"_s << u""_s;
     QTest::newRow("Apostroph deutsch") << QByteArray("txtSynonymDeutsch") << u"'"_s << u""_s;
-    QTest::newRow("Bewertung leer") << QByteArray() << u""_s << u"UPDATE TOPFPFL SET bewertung = NULL WHERE ARTNR = (SELECT max(ARTNR) FROM TOPFPFL)"_s;
-    QTest::newRow("Gift leer") << QByteArray("chkGift") << u""_s << u"UPDATE TOPFPFL SET GIFTIG = NULL WHERE ARTNR = (SELECT max(ARTNR) FROM TOPFPFL)"_s;
+    QTest::newRow("Bewertung leer") << QByteArray() << u""_s
+                                    << u"UPDATE TOPFPFL SET bewertung = NULL WHERE ARTNR = (SELECT max(ARTNR) FROM TOPFPFL)"_s;
+    QTest::newRow("Gift leer") << QByteArray("chkGift") << u""_s
+                               << u"UPDATE TOPFPFL SET GIFTIG = NULL WHERE ARTNR = (SELECT max(ARTNR) FROM TOPFPFL)"_s;
     QTest::newRow("Nummer zu groß") << QByteArray("txtSynonym") << u"a"_s
                                     << u"UPDATE TOPFPFL SET ARTNR = 40000, bewertung = 9 WHERE ARTNR = (SELECT max(ARTNR) FROM TOPFPFL)"_s;
 }

@@ -12,14 +12,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList laubfarben{u"hellgrün"_s, u"dunkelgrün"_s, u"weißgrün"_s, u"gelb"_s, u"gelbgrün"_s, u"rotbraun"_s, u"blaugrün"_s, u"silbrig"_s,
-    u"grau"_s,
-                             u"graublau"_s, u"graugrün"_s, u"gestreift"_s, u"gefleckt"_s, u"filzig"_s, u"orange"_s, u"rot"_s, u"bläulich rot"_s};
-const QStringList laubfarbenGehoelze{u"hellgrün"_s, u"dunkelgrün"_s, u"gelbgrün"_s, u"weißgrün"_s, u"gelb"_s, u"orange"_s, u"rot"_s, u"graugrün"_s,
-                                     u"blaugrün"_s, u"bläulich rot"_s, u"graugrün"_s, u"gestreift"_s, u"gefleckt"_s};
+const QStringList laubfarben{u"hellgrün"_s, u"dunkelgrün"_s, u"weißgrün"_s, u"gelb"_s,     u"gelbgrün"_s,    u"rotbraun"_s,
+                             u"blaugrün"_s, u"silbrig"_s,    u"grau"_s,     u"graublau"_s, u"graugrün"_s,    u"gestreift"_s,
+                             u"gefleckt"_s, u"filzig"_s,     u"orange"_s,   u"rot"_s,      u"bläulich rot"_s};
+const QStringList laubfarbenGehoelze{u"hellgrün"_s, u"dunkelgrün"_s, u"gelbgrün"_s,     u"weißgrün"_s, u"gelb"_s,      u"orange"_s,  u"rot"_s,
+                                     u"graugrün"_s, u"blaugrün"_s,   u"bläulich rot"_s, u"graugrün"_s, u"gestreift"_s, u"gefleckt"_s};
+// clang-format off
 const QStringList wuchsformen{u"bizarre Wuchsform"_s, u"kegelförmig"_s, u"kugelförmig"_s, u"säulenförmig"_s, u"schirmartig"_s, u"schleppenartig"_s,
                               u"überhängend"_s, u"breit ausladend"_s, u"vasenförmig"_s, u"gedrungen"_s, u"kriechend"_s, u"kletternd"_s,
                               u"polsterbildend"_s, u"ausbreitend"_s, u"horstig"_s, u"rasenbildend"_s};
+// clang-format on
 const QStringList pflanzarten{u"1"_s, u"2"_s, u"B"_s, u"H"_s, u"S"_s, u"Str"_s, u"Z"_s, u"G"_s, u"F"_s, u"W"_s};
 const QStringList suchtexte{u"alba"_s, u"ROT"_s, u"grün"_s, u"zz"_s};
 
@@ -76,8 +78,8 @@ bool naiv(const Zustand &z, const Zeile &zeile, const QMap<QString, QString> &fa
     if (!schmuck("chkBluehSchmuck", f("BLUEHSCHMU")) || !schmuck("chkFruchtSchmuck", f("fruchtschm"))
         || !schmuck("chkBlattschmuck", holz ? f("blaschmuck") : je("blaschmuck", "")))
         return false;
-    if (!(holz ? flags("lblFrFarbe", je("", "fruchtfarb")) : einesVon("lblFrFarbe", [&](int i) { return je("fruchtfarb",
-        "") == QString::number(i + 1); })))
+    if (!(holz ? flags("lblFrFarbe", je("", "fruchtfarb"))
+               : einesVon("lblFrFarbe", [&](int i) { return je("fruchtfarb", "") == QString::number(i + 1); })))
         return false;
     if (!flags("lblFrMonat", holz ? f("fruchtzeit") : je("fruchtzeit", "")))
         return false;
@@ -91,19 +93,20 @@ bool naiv(const Zustand &z, const Zeile &zeile, const QMap<QString, QString> &fa
         }))
         return false;
     if (!(holz ? flags("chkLaubZeit", je("", "laubzeit")) : einesVon("chkLaubZeit", [&](int i) {
-              return (i == 2 && je("immergruen", "") == u"True") || (i == 3 && f("HERBSTFARB") == u"True");
-          })))
+            return (i == 2 && je("immergruen", "") == u"True") || (i == 3 && f("HERBSTFARB") == u"True");
+        })))
         return false;
     if (!holz && !hoehe("txtBlattMinHoehe", "txtBlattMaxHoehe", je("MINHOEHE", ""), je("MAXHOEHE", "")))
         return false;
-    if (!flags("imgLicht", je("licht", "licht")) || !flags("chkBodenArt", je("bodenart", "bodenart")) || !flags("chkBodenfeuchte", je("bfeuchte",
-        "bfeuchte"))
-        || !flags("chkKalk", je("kalk", "phboden")) || !flags("chkNaehrstoff", holz ? f("NAEHRSTOFF") : je("salz", "")))
+    if (!flags("imgLicht", je("licht", "licht")) || !flags("chkBodenArt", je("bodenart", "bodenart"))
+        || !flags("chkBodenfeuchte", je("bfeuchte", "bfeuchte")) || !flags("chkKalk", je("kalk", "phboden"))
+        || !flags("chkNaehrstoff", holz ? f("NAEHRSTOFF") : je("salz", "")))
         return false;
     if (!holz && !einesVon("optTyp", [&](int i) { return je("pflanzart", "") == pflanzarten[i]; }))
         return false;
-    if (holz && (!flags("chkGhTyp", je("", "groesse")) || (z.hat("chkGhLaub") != z.hat("chkGhNadel") && je("",
-        "grobeint") != (z.hat("chkGhLaub") ? u"1" : u"2"))))
+    if (holz
+        && (!flags("chkGhTyp", je("", "groesse"))
+            || (z.hat("chkGhLaub") != z.hat("chkGhNadel") && je("", "grobeint") != (z.hat("chkGhLaub") ? u"1" : u"2"))))
         return false;
     if (!(holz ? flags("chkHabitus", je("", "habitus"))
                : einesVon("chkHabitus", [&](int i) { return je("wuchsform", "").contains(wuchsformen[i], Qt::CaseInsensitive); })))
@@ -114,9 +117,9 @@ bool naiv(const Zustand &z, const Zeile &zeile, const QMap<QString, QString> &fa
     if (z.hat("optBewertung", 0) ? bewertung < stufe : bewertung > stufe)
         return false;
     return enthaelt("txtbotName", f("BOT_NAME")) && enthaelt("txtSynonym", zeile.botanisch)
-        && enthaelt("txtSynonymDeutsch", f("DTNAM") + u", "_s + zeile.deutsch) && enthaelt("txtSorte", je("SORTEN", "SORTEN"))
-        && enthaelt("txtBenutzerText", f("benu_bemerkung")) && flags("sschkBenutzer", f("benu_eigen"))
-        && flags("chkAusbildung", je("Ausbildung", "Ausbildung"));
+           && enthaelt("txtSynonymDeutsch", f("DTNAM") + u", "_s + zeile.deutsch) && enthaelt("txtSorte", je("SORTEN", "SORTEN"))
+           && enthaelt("txtBenutzerText", f("benu_bemerkung")) && flags("sschkBenutzer", f("benu_eigen"))
+           && flags("chkAusbildung", je("Ausbildung", "Ausbildung"));
 }
 
 QString zufallsflags(Zufall &zufall, int n)
@@ -136,36 +139,60 @@ Zeile zufallszeile(Zufall &zufall, bool holz)
     const auto eins = [&](const QStringList &liste) { return einmalIn(zufall, 6) ? QString() : liste[zahl(zufall, 0, int(liste.size()) - 1)]; };
     const QStringList worte{u"Alba"_s, u"Grün, rot"_s, u"GRÜNLICH"_s, u"Malbaum"_s, u"nichts"_s};
     Zeile z;
-    z.f = {{u"BOT_NAME"_s, worte[zahl(zufall, 0, 4)]}, {u"DTNAM"_s, eins(worte)}, {u"MINHOEHE"_s, meter(0)}, {u"MAXHOEHE"_s, meter(10)},
-           {u"BLUEHSCHMU"_s, wahr()}, {u"fruchtschm"_s, wahr()}, {u"blaschmuck"_s, wahr()}, {u"HERBSTFARB"_s, wahr()}, {u"fruchtzeit"_s,
-               zufallsflags(zufall, 12)},
-           {u"NAEHRSTOFF"_s, zufallsflags(zufall, 3)}, {u"verwendung"_s, zufallsflags(zufall, 16)}, {u"bewertung"_s, QString::number(zahl(zufall, 1,
-               9))},
-           {u"benu_bemerkung"_s, eins(worte)}, {u"benu_eigen"_s, zufallsflags(zufall, 5)}, {u"DB"_s, holz ? u"010"_s : einmalIn(zufall,
-               8) ? u"001"_s : u"100"_s},
+    z.f = {{u"BOT_NAME"_s, worte[zahl(zufall, 0, 4)]},
+           {u"DTNAM"_s, eins(worte)},
+           {u"MINHOEHE"_s, meter(0)},
+           {u"MAXHOEHE"_s, meter(10)},
+           {u"BLUEHSCHMU"_s, wahr()},
+           {u"fruchtschm"_s, wahr()},
+           {u"blaschmuck"_s, wahr()},
+           {u"HERBSTFARB"_s, wahr()},
+           {u"fruchtzeit"_s, zufallsflags(zufall, 12)},
+           {u"NAEHRSTOFF"_s, zufallsflags(zufall, 3)},
+           {u"verwendung"_s, zufallsflags(zufall, 16)},
+           {u"bewertung"_s, QString::number(zahl(zufall, 1, 9))},
+           {u"benu_bemerkung"_s, eins(worte)},
+           {u"benu_eigen"_s, zufallsflags(zufall, 5)},
+           {u"DB"_s, holz                  ? u"010"_s
+                     : einmalIn(zufall, 8) ? u"001"_s
+                                           : u"100"_s},
            // What the cemetery table has under a name of both sources says nothing to a filter.
-           {u"bluehzeit"_s, zufallsflags(zufall, 12)}, {u"fruchtfarb"_s, zufallsflags(zufall, 14)}, {u"wuchsform"_s, eins(wuchsformen)}};
+           {u"bluehzeit"_s, zufallsflags(zufall, 12)},
+           {u"fruchtfarb"_s, zufallsflags(zufall, 14)},
+           {u"wuchsform"_s, eins(wuchsformen)}};
+    // clang-format off
     const std::map<QString, QString> gemeinsam{
         {u"FAMILIE"_s, QString::number(zahl(zufall, 1, 3))}, {u"bluehzeit"_s, zufallsflags(zufall, 12)}, {u"fruchtzeit"_s, zufallsflags(zufall, 12)},
         {u"licht"_s, zufallsflags(zufall, 3)}, {u"bodenart"_s, zufallsflags(zufall, holz ? 7 : 6)}, {u"bfeuchte"_s, zufallsflags(zufall, 4)},
         {u"SORTEN"_s, eins(worte)}, {u"Ausbildung"_s, zufallsflags(zufall, 6)}};
+    // clang-format on
     // Now and then the other table has a row of the same number.
     if (!holz || einmalIn(zufall, 3)) {
         z.s = gemeinsam;
-        z.s.merge(std::map<QString, QString>{
-            {u"farben"_s, zufallsflags(zufall, 13)}, {u"BLMINH"_s, meter(0)}, {u"BLMAXH"_s, meter(10)}, {u"fruchtfarb"_s,
-                QString::number(zahl(zufall, 1, 14))},
-            {u"blattfarbe"_s, zufallsflags(zufall, 14)}, {u"immergruen"_s, wahr()}, {u"MINHOEHE"_s, meter(0)}, {u"MAXHOEHE"_s, meter(10)},
-            {u"blaschmuck"_s, wahr()}, {u"kalk"_s, zufallsflags(zufall, 3)}, {u"salz"_s, zufallsflags(zufall, 3)}, {u"pflanzart"_s,
-                eins(pflanzarten)},
-            {u"wuchsform"_s, u"dicht, %1"_s.arg(eins(wuchsformen).toUpper())}});
+        z.s.merge(std::map<QString, QString>{{u"farben"_s, zufallsflags(zufall, 13)},
+                                             {u"BLMINH"_s, meter(0)},
+                                             {u"BLMAXH"_s, meter(10)},
+                                             {u"fruchtfarb"_s, QString::number(zahl(zufall, 1, 14))},
+                                             {u"blattfarbe"_s, zufallsflags(zufall, 14)},
+                                             {u"immergruen"_s, wahr()},
+                                             {u"MINHOEHE"_s, meter(0)},
+                                             {u"MAXHOEHE"_s, meter(10)},
+                                             {u"blaschmuck"_s, wahr()},
+                                             {u"kalk"_s, zufallsflags(zufall, 3)},
+                                             {u"salz"_s, zufallsflags(zufall, 3)},
+                                             {u"pflanzart"_s, eins(pflanzarten)},
+                                             {u"wuchsform"_s, u"dicht, %1"_s.arg(eins(wuchsformen).toUpper())}});
     }
     if (holz || einmalIn(zufall, 3)) {
         z.g = gemeinsam;
-        z.g.merge(std::map<QString, QString>{
-            {u"bluehfarb"_s, zufallsflags(zufall, 13)}, {u"fruchtfarb"_s, zufallsflags(zufall, 14)}, {u"laubfarb"_s, zufallsflags(zufall, 13)},
-            {u"laubzeit"_s, zufallsflags(zufall, 4)}, {u"phboden"_s, zufallsflags(zufall, 3)}, {u"groesse"_s, zufallsflags(zufall, 8)},
-            {u"grobeint"_s, eins({u"1"_s, u"2"_s})}, {u"habitus"_s, zufallsflags(zufall, 16)}});
+        z.g.merge(std::map<QString, QString>{{u"bluehfarb"_s, zufallsflags(zufall, 13)},
+                                             {u"fruchtfarb"_s, zufallsflags(zufall, 14)},
+                                             {u"laubfarb"_s, zufallsflags(zufall, 13)},
+                                             {u"laubzeit"_s, zufallsflags(zufall, 4)},
+                                             {u"phboden"_s, zufallsflags(zufall, 3)},
+                                             {u"groesse"_s, zufallsflags(zufall, 8)},
+                                             {u"grobeint"_s, eins({u"1"_s, u"2"_s})},
+                                             {u"habitus"_s, zufallsflags(zufall, 16)}});
     }
     z.botanisch = eins(worte);
     z.deutsch = eins(worte);
@@ -175,9 +202,9 @@ Zeile zufallszeile(Zufall &zufall, bool holz)
 Zustand zufallsdialog(Zufall &zufall)
 {
     Zustand z(Sparte::Friedhof);
-    for (const char *control : {"lblBlFarbe", "lblBlMonat", "lblFrFarbe", "lblFrMonat", "chkLaubFarbe", "chkLaubZeit", "imgLicht", "chkBodenArt",
-        "chkBodenfeuchte",
-                                "chkKalk", "chkNaehrstoff", "chkGhTyp", "chkHabitus", "chkVerwendung", "sschkBenutzer", "chkAusbildung"}) {
+    for (const char *control :
+         {"lblBlFarbe", "lblBlMonat", "lblFrFarbe", "lblFrMonat", "chkLaubFarbe", "chkLaubZeit", "imgLicht", "chkBodenArt", "chkBodenfeuchte",
+          "chkKalk", "chkNaehrstoff", "chkGhTyp", "chkHabitus", "chkVerwendung", "sschkBenutzer", "chkAusbildung"}) {
         if (!einmalIn(zufall, 7))
             continue;
         const bool ganz = einmalIn(zufall, 5);
@@ -254,11 +281,11 @@ void TestFilterFriedhof::muster()
     for (const Kriterium &k : b.kriterien)
         folge += QString::fromLatin1(k.a.control);
     QCOMPARE(folge, u"cmbFamilie chkBild lblBlFarbe lblBlMonat txtMinHoehe chkBluehSchmuck lblFrFarbe lblFrMonat chkFruchtSchmuck chkLaubFarbe "
-        "chkLaubZeit "
+                    "chkLaubZeit "
                     "txtBlattMinHoehe chkBlattschmuck imgLicht chkBodenArt chkBodenfeuchte chkKalk chkNaehrstoff optTyp chkGhTyp chkGhLaub "
-                        "chkHabitus "
+                    "chkHabitus "
                     "chkVerwendung optBewertung txtbotName txtSynonym txtSynonymDeutsch txtSorte txtBenutzerText sschkBenutzer "
-                        "chkAusbildung"_s.split(u' '));
+                    "chkAusbildung"_s.split(u' '));
 }
 
 void TestFilterFriedhof::zufaelligeDialoge_data()
@@ -275,8 +302,7 @@ void TestFilterFriedhof::zufaelligeDialoge()
     Programmordner ordner;
     const auto db = ordner.db();
     for (const char *name : {"Stauden", "Gehoelze", "Friedhof", "Stauden_Synonyme_Botanisch", "Stauden_Synonyme_Deutsch",
-        "Gehoelze_Synonyme_Botanisch",
-                             "Gehoelze_Synonyme_Deutsch", "Familien", "Topfpfl", "Apfel", "Obst"})
+                             "Gehoelze_Synonyme_Botanisch", "Gehoelze_Synonyme_Deutsch", "Familien", "Topfpfl", "Apfel", "Obst"})
         db->Execute(u"DELETE FROM %1"_s.arg(QLatin1String(name)));
     db->Execute(u"VACUUM"_s); // each dialog copies it
     db->Execute(u"INSERT INTO Familien (FAMILIE, FAMNAME) VALUES (1, 'Asteraceae'), (2, 'Aceraceae'), (3, 'Rosaceae')"_s);

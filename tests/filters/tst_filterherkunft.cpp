@@ -14,8 +14,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// clang-format off
 constexpr QStringView laubfarben[] = {u"hellgrün", u"dunkelgrün", u"weißgrün", u"gelb", u"gelbgrün", u"rotbraun", u"blaugrün", u"silbrig", u"grau",
                                       u"graublau", u"graugrün", u"gestreift", u"gefleckt", u"filzig", u"orange", u"rot", u"bläulich rot"};
+// clang-format on
 constexpr QStringView boeden[] = {u"humos", u"steinig", u"sandig", u"mittelschwer", u"lehmig", u"durchlässig", u"tiefgründig"};
 constexpr QStringView bluehschmuck[] = {u"Blütenschmuck"};
 constexpr QStringView blattschmuck[] = {u"Blattschmuck"};
@@ -36,6 +38,7 @@ constexpr Steuerteil zahl(const char *control, QStringView vorgabe, int zeile)
     return {.art = Steuerung::Zahl, .control = control, .zeile = zeile, .vorgabe = vorgabe};
 }
 
+// clang-format off
 constexpr Kriterium kriterien[] = {
     {.pruefung = Pruefung::Familie, .titel = u"Familie", .a = {.art = Steuerung::Liste, .control = "cmbFamilie", .zeile = 1},
      .feld = "Stauden.familie",
@@ -75,8 +78,9 @@ constexpr Kriterium kriterien[] = {
     {.pruefung = Pruefung::Enthaelt, .titel = u"Sorte", .a = {.control = "txtSorte", .zeile = 103}, .feld = "Stauden.sorten",
      .anders = Frage{.pruefung = Pruefung::Enthaelt, .feld = "Gehoelze.sorten"}},
 };
-constexpr Filterbeschreibung beschreibung{.sparte = Sparte::Friedhof, .reiter = {}, .kriterien = kriterien, .zeilen = 103, .ladeFilter = {},
-                                          .speicherFilter = {}};
+// clang-format on
+constexpr Filterbeschreibung beschreibung{
+    .sparte = Sparte::Friedhof, .reiter = {}, .kriterien = kriterien, .zeilen = 103, .ladeFilter = {}, .speicherFilter = {}};
 
 constexpr int aster = 900, funkie = 901, ahorn = 2100, eibe = 2200, verwaist = 3000;
 
@@ -127,34 +131,64 @@ void TestHerkunft::initTestCase()
 {
     const auto db = ordner_.db();
     for (const char *name : {"Stauden", "Gehoelze", "Friedhof", "Stauden_Synonyme_Botanisch", "Stauden_Synonyme_Deutsch",
-        "Gehoelze_Synonyme_Botanisch",
-                             "Gehoelze_Synonyme_Deutsch", "Familien"})
+                             "Gehoelze_Synonyme_Botanisch", "Gehoelze_Synonyme_Deutsch", "Familien"})
         db->Execute(u"DELETE FROM %1"_s.arg(QLatin1String(name)));
     db->Execute(u"INSERT INTO Familien (FAMILIE, FAMNAME) VALUES (1, 'Asteraceae')"_s);
     db->Execute(u"INSERT INTO Familien (FAMILIE, FAMNAME) VALUES (2, 'Aceraceae')"_s);
-    satz(u"Stauden"_s, {{u"ARTNR"_s, aster}, {u"BOT_NAME"_s, u"Aster"_s}, {u"FAMILIE"_s, 1}, {u"bluehzeit"_s, flags({5})}, {u"BLMINH"_s, 0.2},
-        {u"BLMAXH"_s, 0.3},
-                        {u"fruchtfarb"_s, u"5"_s}, {u"blattfarbe"_s, flags({11})}, {u"immergruen"_s, u"True"_s}, {u"MINHOEHE"_s, 0.1},
-                         {u"MAXHOEHE"_s, 0.2},
-                        {u"blaschmuck"_s, u"True"_s}, {u"bodenart"_s, flags({6})}, {u"kalk"_s, flags({1})}, {u"pflanzart"_s, u"Str"_s},
-                        {u"wuchsform"_s, u"locker, Überhängend"_s}, {u"SORTEN"_s, u"'Alba'"_s}});
-    satz(u"Stauden"_s, {{u"ARTNR"_s, funkie}, {u"BOT_NAME"_s, u"Hosta"_s}, {u"FAMILIE"_s, 2}, {u"bluehzeit"_s, flags({6})},
-        {u"fruchtfarb"_s, flags({5})},
-                        {u"blattfarbe"_s, flags({14})}, {u"immergruen"_s, u"False"_s}, {u"MINHOEHE"_s, 0.5}, {u"MAXHOEHE"_s, 0.6},
-                         {u"blaschmuck"_s, u"False"_s},
+    satz(u"Stauden"_s, {{u"ARTNR"_s, aster},
+                        {u"BOT_NAME"_s, u"Aster"_s},
+                        {u"FAMILIE"_s, 1},
+                        {u"bluehzeit"_s, flags({5})},
+                        {u"BLMINH"_s, 0.2},
+                        {u"BLMAXH"_s, 0.3},
+                        {u"fruchtfarb"_s, u"5"_s},
+                        {u"blattfarbe"_s, flags({11})},
+                        {u"immergruen"_s, u"True"_s},
+                        {u"MINHOEHE"_s, 0.1},
+                        {u"MAXHOEHE"_s, 0.2},
+                        {u"blaschmuck"_s, u"True"_s},
+                        {u"bodenart"_s, flags({6})},
+                        {u"kalk"_s, flags({1})},
+                        {u"pflanzart"_s, u"Str"_s},
+                        {u"wuchsform"_s, u"locker, Überhängend"_s},
+                        {u"SORTEN"_s, u"'Alba'"_s}});
+    satz(u"Stauden"_s, {{u"ARTNR"_s, funkie},
+                        {u"BOT_NAME"_s, u"Hosta"_s},
+                        {u"FAMILIE"_s, 2},
+                        {u"bluehzeit"_s, flags({6})},
+                        {u"fruchtfarb"_s, flags({5})},
+                        {u"blattfarbe"_s, flags({14})},
+                        {u"immergruen"_s, u"False"_s},
+                        {u"MINHOEHE"_s, 0.5},
+                        {u"MAXHOEHE"_s, 0.6},
+                        {u"blaschmuck"_s, u"False"_s},
                         {u"pflanzart"_s, u"Std"_s}});
-    satz(u"Gehoelze"_s, {{u"ARTNR"_s, ahorn}, {u"BOT_NAME"_s, u"Acer"_s}, {u"FAMILIE"_s, 2}, {u"bluehzeit"_s, flags({5})},
-        {u"fruchtfarb"_s, flags({5})},
-                         {u"laubfarb"_s, flags({11})}, {u"laubzeit"_s, flags({1, 4})}, {u"bodenart"_s, flags({7})}, {u"phboden"_s, flags({1})},
-                         {u"groesse"_s, flags({3})}, {u"grobeint"_s, u"1"_s}, {u"habitus"_s, flags({7})}, {u"SORTEN"_s, u"'Atropurpureum'"_s}});
-    satz(u"Gehoelze"_s, {{u"ARTNR"_s, eibe}, {u"BOT_NAME"_s, u"Taxus"_s}, {u"fruchtfarb"_s, u"5"_s}, {u"laubfarb"_s, flags({8, 7})},
-        {u"laubzeit"_s, flags({3})},
+    satz(u"Gehoelze"_s, {{u"ARTNR"_s, ahorn},
+                         {u"BOT_NAME"_s, u"Acer"_s},
+                         {u"FAMILIE"_s, 2},
+                         {u"bluehzeit"_s, flags({5})},
+                         {u"fruchtfarb"_s, flags({5})},
+                         {u"laubfarb"_s, flags({11})},
+                         {u"laubzeit"_s, flags({1, 4})},
+                         {u"bodenart"_s, flags({7})},
+                         {u"phboden"_s, flags({1})},
+                         {u"groesse"_s, flags({3})},
+                         {u"grobeint"_s, u"1"_s},
+                         {u"habitus"_s, flags({7})},
+                         {u"SORTEN"_s, u"'Atropurpureum'"_s}});
+    satz(u"Gehoelze"_s, {{u"ARTNR"_s, eibe},
+                         {u"BOT_NAME"_s, u"Taxus"_s},
+                         {u"fruchtfarb"_s, u"5"_s},
+                         {u"laubfarb"_s, flags({8, 7})},
+                         {u"laubzeit"_s, flags({3})},
                          {u"grobeint"_s, u"2"_s}});
+    // clang-format off
     const auto friedhof = [this](int nummer, const QString &name, const QString &herkunft, const QString &bluete, const QString &herbst) {
         satz(u"Friedhof"_s, {{u"ARTNR"_s, nummer}, {u"BOT_NAME"_s, name}, {u"DTNAM"_s, name + u"name"_s}, {u"DB"_s, herkunft}, {u"MINHOEHE"_s, 2},
             {u"MAXHOEHE"_s, 3},
                              {u"BLUEHSCHMU"_s, bluete}, {u"HERBSTFARB"_s, herbst}, {u"blaschmuck"_s, herbst}});
     };
+    // clang-format on
     friedhof(aster, u"Aster"_s, u"100"_s, u"True"_s, u"False"_s);
     friedhof(funkie, u"Hosta"_s, u"100"_s, u"False"_s, u"True"_s);
     friedhof(ahorn, u"Acer"_s, u"010"_s, u"True"_s, u"False"_s);
@@ -286,18 +320,33 @@ void TestHerkunft::fehlerFallenAuf_data()
     using K = std::vector<Kriterium>;
     using B = Filterbeschreibung;
     zeile("unverändert", [](K &, B &) {}, {});
-    zeile("ohne Herkunft", [](K &, B &b) { b.sparte = Sparte::Stauden; }, u"cmbFamilie: keine zwei Seiten"_s);
-    zeile("eine Seite, zwei Fragen", [](K &k, B &) { k[1].gilt = Seite::Erste; }, u"lblBlMonat: keine zwei Seiten"_s);
-    zeile("Feld der anderen", [](K &k, B &) { k[1].anders->feld = "Gehoelze.farben"; }, u"kein Feld Gehoelze.farben"_s);
-    zeile("zweites Feld der anderen", [](K &k, B &) { k[2].anders->feld2 = "maxhoehe"; }, u"kein Feld maxhoehe"_s);
-    zeile("Wahrheit der anderen", [](K &k, B &) { k[8].anders->felder = {}; }, u"chkBlattschmuck: 0 Felder für 1 Kästchen"_s);
-    zeile("alle wahr braucht jedes Feld", [](K &k, B &) { k[6].pruefung = Pruefung::AlleWahr; }, u" ist kein Wahrheitswert"_s);
-    zeile("fremdes Wort",
-          [](K &k, B &) { k[5].a.worte = std::span(laubfarben).first(16); k[5].a.anzahl = 16; k[5].a.zeile = 0; k[5].feld = "laubfarb"; },
-          u"chkLaubFarbe: \"rotbraun\" ist kein Wort des Feldes"_s);
-    zeile("Wörter der anderen", [](K &k, B &) { k[10].anders->worte = std::span(phworte).first(2); }, u"chkKalk: 2 Wörter für 3 Kästchen"_s);
-    zeile("zu viele für beide", [](K &k, B &) { k[4].a.anzahl = 15; }, u"chkFrFarbe: mehr Kästchen als Wörter"_s);
-    zeile("zwei Kästchen zu viel", [](K &k, B &) { k[13].a.anzahl = 2; }, u"chkGhLaub: mehr Kästchen als Wörter"_s);
+    zeile(
+        "ohne Herkunft", [](K &, B &b) { b.sparte = Sparte::Stauden; }, u"cmbFamilie: keine zwei Seiten"_s);
+    zeile(
+        "eine Seite, zwei Fragen", [](K &k, B &) { k[1].gilt = Seite::Erste; }, u"lblBlMonat: keine zwei Seiten"_s);
+    zeile(
+        "Feld der anderen", [](K &k, B &) { k[1].anders->feld = "Gehoelze.farben"; }, u"kein Feld Gehoelze.farben"_s);
+    zeile(
+        "zweites Feld der anderen", [](K &k, B &) { k[2].anders->feld2 = "maxhoehe"; }, u"kein Feld maxhoehe"_s);
+    zeile(
+        "Wahrheit der anderen", [](K &k, B &) { k[8].anders->felder = {}; }, u"chkBlattschmuck: 0 Felder für 1 Kästchen"_s);
+    zeile(
+        "alle wahr braucht jedes Feld", [](K &k, B &) { k[6].pruefung = Pruefung::AlleWahr; }, u" ist kein Wahrheitswert"_s);
+    zeile(
+        "fremdes Wort",
+        [](K &k, B &) {
+        k[5].a.worte = std::span(laubfarben).first(16);
+        k[5].a.anzahl = 16;
+        k[5].a.zeile = 0;
+        k[5].feld = "laubfarb";
+        },
+        u"chkLaubFarbe: \"rotbraun\" ist kein Wort des Feldes"_s);
+    zeile(
+        "Wörter der anderen", [](K &k, B &) { k[10].anders->worte = std::span(phworte).first(2); }, u"chkKalk: 2 Wörter für 3 Kästchen"_s);
+    zeile(
+        "zu viele für beide", [](K &k, B &) { k[4].a.anzahl = 15; }, u"chkFrFarbe: mehr Kästchen als Wörter"_s);
+    zeile(
+        "zwei Kästchen zu viel", [](K &k, B &) { k[13].a.anzahl = 2; }, u"chkGhLaub: mehr Kästchen als Wörter"_s);
 }
 
 void TestHerkunft::fehlerFallenAuf()

@@ -332,7 +332,8 @@ void TestFilterlauf::schreiben(Sparte sparte, const Welt &welt)
     const auto db = Datenbank::OpenDatabase(arbeit_);
     Transaktion transaktion(*db);
     const auto einfuegen = [&](QStringView tabelle, const QStringList &felder, const QVariantList &werte) {
-        db->Execute(u"INSERT INTO %1 (\"%2\") VALUES (%3)"_s.arg(tabelle, felder.join(u"\", \""_s), QStringList(felder.size(), u"?"_s).join(u", "_s)), werte);
+        db->Execute(u"INSERT INTO %1 (\"%2\") VALUES (%3)"_s.arg(tabelle, felder.join(u"\", \""_s), QStringList(felder.size(), u"?"_s).join(u", "_s)),
+                    werte);
     };
     for (auto p = welt.pflanzen.cbegin(); p != welt.pflanzen.cend(); ++p) {
         QVariantList werte{p.key()};
@@ -530,9 +531,12 @@ void TestFilterlauf::fehler_data()
     QTest::addColumn<QString>("feld");
     QTest::addColumn<QString>("meldung");
     const QString keineZahl = u"%1: \"%2\" ist keine Zahl."_s;
-    for (const auto &[control, name] : {std::pair("txtMinHoehe", u"Höhe, Minimum"_s), {"txtMaxHoehe", u"Höhe, Maximum"_s},
-                                        {"txtMinLicht", u"Beleuchtungsstärke, Minimum"_s}, {"txtMaxLicht", u"Beleuchtungsstärke, Maximum"_s},
-                                        {"txtMinTemp", u"Temperatur, Minimum"_s}, {"txtMaxTemp", u"Temperatur, Maximum"_s}})
+    for (const auto &[control, name] : {std::pair("txtMinHoehe", u"Höhe, Minimum"_s),
+                                        {"txtMaxHoehe", u"Höhe, Maximum"_s},
+                                        {"txtMinLicht", u"Beleuchtungsstärke, Minimum"_s},
+                                        {"txtMaxLicht", u"Beleuchtungsstärke, Maximum"_s},
+                                        {"txtMinTemp", u"Temperatur, Minimum"_s},
+                                        {"txtMaxTemp", u"Temperatur, Maximum"_s}})
         for (const QString &text : {u""_s, u"1,2,3"_s})
             QTest::addRow("%s <%s>", control, qPrintable(text)) << QByteArray(control) << text << QString() << keineZahl.arg(name, text);
     QTest::newRow("Bewertung") << QByteArray() << QString() << u"bewertung"_s << u"Die Pflanze 2 hat keine Bewertung."_s;

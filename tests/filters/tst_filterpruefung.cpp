@@ -223,7 +223,9 @@ void TestFilterpruefung::nummernUndFlags()
 
 void TestFilterpruefung::pflanzenart()
 {
-    const auto passt = [](int option, const QString &art) { return Datensatz().mit("pflanzart", art).passt(Zustand(Sparte::Stauden).waehlen("optTyp", option)); };
+    const auto passt = [](int option, const QString &art) {
+        return Datensatz().mit("pflanzart", art).passt(Zustand(Sparte::Stauden).waehlen("optTyp", option));
+    };
     const QStringList arten{u"1"_s, u"2"_s, u"B"_s, u"H"_s, u"Std"_s, u"Str"_s, u"Z"_s, u"G"_s, u"F"_s, u"W"_s};
     for (int option = 0; option < 10; ++option) {
         for (int i = 0; i < 10; ++i)
@@ -262,7 +264,9 @@ void TestFilterpruefung::eigenschaftenDerStauden()
 
 void TestFilterpruefung::obstart()
 {
-    const auto passt = [](const QString &wahl, const QString &art) { return Datensatz().mit("dtnam", art).passt(Zustand(Sparte::Obst).text("cboObstart", wahl)); };
+    const auto passt = [](const QString &wahl, const QString &art) {
+        return Datensatz().mit("dtnam", art).passt(Zustand(Sparte::Obst).text("cboObstart", wahl));
+    };
     QVERIFY(passt(u"-- Alle --"_s, u"Birne"_s));
     QVERIFY(Datensatz().ohne("dtnam").passt(Zustand(Sparte::Obst)));
     QVERIFY(passt(u"Birne"_s, u"Birne"_s));
@@ -290,8 +294,8 @@ void TestFilterpruefung::lagerzeiten()
 {
     QFETCH(const QByteArray, control);
     QFETCH(const QByteArray, feld);
-    const QStringList monate{u"Januar"_s, u"Februar"_s, u"März"_s, u"April"_s, u"Mai"_s, u"Juni"_s, u"Juli"_s, u"August"_s, u"September"_s, u"Oktober"_s,
-                             u"November"_s, u"Dezember"_s};
+    const QStringList monate{u"Januar"_s, u"Februar"_s, u"März"_s,      u"April"_s,   u"Mai"_s,      u"Juni"_s,
+                             u"Juli"_s,   u"August"_s,  u"September"_s, u"Oktober"_s, u"November"_s, u"Dezember"_s};
     QVERIFY(Datensatz().ohne(feld).passt(Zustand(Sparte::Obst)));
     for (int m = 0; m < 12; ++m) {
         Zustand z(Sparte::Obst);
@@ -439,7 +443,8 @@ void TestFilterpruefung::bild()
         mit.waehlen("chkBild");
         ohne.waehlen("chkOhneBild");
         beide.waehlen("chkBild").waehlen("chkOhneBild");
-        for (const auto &[zustand, hat, hatNicht] : {std::tuple(&keine, true, true), {&mit, true, false}, {&ohne, false, true}, {&beide, false, false}}) {
+        for (const auto &[zustand, hat, hatNicht] :
+             {std::tuple(&keine, true, true), {&mit, true, false}, {&ohne, false, true}, {&beide, false, false}}) {
             QCOMPARE(Datensatz().passt(*zustand, u, 4), hat);
             QCOMPARE(Datensatz().passt(*zustand, u, 5), hatNicht);
         }
@@ -553,17 +558,34 @@ void TestFilterpruefung::bereiche_data()
                 << QString::fromLatin1(f.oben) << f.passt;
     };
     reihen("txtMinHoehe", "txtMaxHoehe",
-           {{"1,00", "2,00", "0.5", "1.5", false}, {"1,00", "2,00", "1", "2", true}, {"1,00", "2,00", "1.5", "2.01", false},
+           {{"1,00", "2,00", "0.5", "1.5", false},
+            {"1,00", "2,00", "1", "2", true},
+            {"1,00", "2,00", "1.5", "2.01", false},
             {"1,00", "2,00", "3", "1.5", true}, // a lower end above the upper one is not looked at
-            {"0", "2", "", "", true}, {"0,01", "99", "", "", false}, {"0", "0,9", "0.5", "0.9", true}, {"1.5", "2.5", "1,5", "2,5", true},
-            {"0", "98", "0", "99", false}, {"0", "2", "0,5", "", true}});
+            {"0", "2", "", "", true},
+            {"0,01", "99", "", "", false},
+            {"0", "0,9", "0.5", "0.9", true},
+            {"1.5", "2.5", "1,5", "2,5", true},
+            {"0", "98", "0", "99", false},
+            {"0", "2", "0,5", "", true}});
     reihen("txtMinLicht", "txtMaxLicht",
-           {{"500", "1000", "500", "1000", true}, {"500", "1000", "499", "1000", false}, {"500", "1000", "500", "1001", false},
+           {{"500", "1000", "500", "1000", true},
+            {"500", "1000", "499", "1000", false},
+            {"500", "1000", "500", "1001", false},
             {"500", "1000", "1200", "900", false}, // its lower end lies above the box
-            {"500", "1000", "900", "800", true}, {"1", "3000", "", "", false}, {"0,0", "3000", "", "", true}, {"0", "3000,0", "0", "3001", false}});
+            {"500", "1000", "900", "800", true},
+            {"1", "3000", "", "", false},
+            {"0,0", "3000", "", "", true},
+            {"0", "3000,0", "0", "3001", false}});
     reihen("txtMinTemp", "txtMaxTemp",
-           {{"-5", "20", "-5", "20", true}, {"-5", "20", "-6", "10", false}, {"-5", "20", "0", "21", false}, {"-5", "20", "22", "18", false},
-            {"-5", "20", "", "0", true}, {"5", "20", "", "", false}, {"5", "50", "5", "0", true}, {"5,5", "50", "5.4", "20", false},
+           {{"-5", "20", "-5", "20", true},
+            {"-5", "20", "-6", "10", false},
+            {"-5", "20", "0", "21", false},
+            {"-5", "20", "22", "18", false},
+            {"-5", "20", "", "0", true},
+            {"5", "20", "", "", false},
+            {"5", "50", "5", "0", true},
+            {"5,5", "50", "5.4", "20", false},
             {"-20", "-1", "-10", "", false}});
 }
 
@@ -591,7 +613,8 @@ void TestFilterpruefung::bereichsvorgaben_data()
     QTest::addColumn<QString>("max");
     QTest::addColumn<bool>("an");
     const auto reihe = [](const char *unten, const char *oben, const char *min, const char *max, bool an) {
-        QTest::addRow("%s <%s> <%s>", unten, min, max) << QByteArray(unten) << QByteArray(oben) << QString::fromLatin1(min) << QString::fromLatin1(max) << an;
+        QTest::addRow("%s <%s> <%s>", unten, min, max)
+            << QByteArray(unten) << QByteArray(oben) << QString::fromLatin1(min) << QString::fromLatin1(max) << an;
     };
     // Height compares numbers.
     reihe("txtMinHoehe", "txtMaxHoehe", "0,00", "99,00", false);

@@ -27,10 +27,11 @@ constexpr QStringView reiter[] = {u"Eins"};
 constexpr QStringView dauer[] = {u"kurz", u"lang", u"sehr lang"};
 constexpr QStringView schmuckwort[] = {u"Blattschmuck"};
 constexpr Symbol marken[] = {{"iliEigenschaften/schmuck", u"", u"Blattschmuck", nullptr, "iliEigenschaften/schmuc_n"},
-                                 {"iliEigenschaften/gift", u"", u"giftig", nullptr, "iliEigenschaften/gift_n"}};
+                             {"iliEigenschaften/gift", u"", u"giftig", nullptr, "iliEigenschaften/gift_n"}};
 constexpr const char *markenfelder[] = {"blaschmuck", "giftig"};
 constexpr const char *schmuckfeld[] = {"blaschmuck"};
 
+// clang-format off
 constexpr Kriterium listen[] = {
     {.pruefung = Pruefung::Gleich, .titel = u"Obstart",
      .a = {.art = Steuerung::Liste, .control = "cboObstart", .zeile = 1, .eintraege = Eintraege::Feldwerte, .alle = u"-- Alle --"}, .feld = "DTNAM",
@@ -59,8 +60,9 @@ constexpr Kriterium gruppen[] = {
      .worte = schmuckwort},
      .felder = schmuckfeld, .reiter = 0},
 };
-constexpr Filterbeschreibung mitGruppen{.sparte = Sparte::Stauden, .reiter = reiter, .kriterien = gruppen, .zeilen = 18, .ladeFilter = {},
-                                        .speicherFilter = {}};
+// clang-format on
+constexpr Filterbeschreibung mitGruppen{
+    .sparte = Sparte::Stauden, .reiter = reiter, .kriterien = gruppen, .zeilen = 18, .ladeFilter = {}, .speicherFilter = {}};
 
 /// Nobody's window: these dialogs do not run.
 class Keinziel : public Filterziel
@@ -193,8 +195,8 @@ void TestFiltersteuerung::listeZurueckgesetzt()
     QCOMPARE(reitertext(), u"Eins"_s);
 }
 
-static const QStringList vorgabezeilen = QStringList{u"schmuc_n"_s, u"gift_n"_s} + QStringList(5, u" 0 "_s)
-                                       + QStringList(10, u"False"_s) + QStringList(1, u" 0 "_s);
+static const QStringList vorgabezeilen =
+    QStringList{u"schmuc_n"_s, u"gift_n"_s} + QStringList(5, u" 0 "_s) + QStringList(10, u"False"_s) + QStringList(1, u" 0 "_s);
 
 /// They keep what a file says of them until all is put back, and nobody sees or counts them.
 void TestFiltersteuerung::ueberzaehligeKaestchen()
@@ -307,12 +309,15 @@ void TestFiltersteuerung::groesseDatei()
     for (int i = 0; i < anzahl; ++i)
         namen.push_back("chkProbe" + QByteArray::number(i) + 'x');
     for (int i = 0; i < anzahl; ++i)
-        kriterien.push_back({.pruefung = Pruefung::Flags, .titel = u"Wuchs",
-                             .a = {.art = Steuerung::Kaestchen, .control = namen[size_t(i)].constData(), .anzahl = jeGruppe,
-                                 .zeile = 1 + i * jeGruppe}, .feld = "WUCHS",
-                             .reiter = 0, .spalte = i % 3});
-    const Filterbeschreibung viele{.sparte = Sparte::Obst, .reiter = reiter, .kriterien = kriterien, .zeilen = anzahl * jeGruppe, .ladeFilter = {},
-                                   .speicherFilter = {}};
+        kriterien.push_back(
+            {.pruefung = Pruefung::Flags,
+             .titel = u"Wuchs",
+             .a = {.art = Steuerung::Kaestchen, .control = namen[size_t(i)].constData(), .anzahl = jeGruppe, .zeile = 1 + i * jeGruppe},
+             .feld = "WUCHS",
+             .reiter = 0,
+             .spalte = i % 3});
+    const Filterbeschreibung viele{
+        .sparte = Sparte::Obst, .reiter = reiter, .kriterien = kriterien, .zeilen = anzahl * jeGruppe, .ladeFilter = {}, .speicherFilter = {}};
     QCOMPARE(filterfehler(viele), QString());
     oeffnen(viele);
     const QStringList leer(viele.zeilen, u" 0 "_s);

@@ -63,6 +63,7 @@ void TestKriterien::zeilenFallenAuf()
 void TestKriterien::reihenfolgeDerPruefungen()
 {
     QFETCH(const Sparte, sparte);
+    // clang-format off
     const QMap<Pruefung, QList<Regelart>> arten{
         {Pruefung::Familie, {Regelart::Familie}}, {Pruefung::Bild, {Regelart::Bild}},
         {Pruefung::Flags, {Regelart::Flags, Regelart::Nummer, Regelart::NummerOderFlags, Regelart::Pflanzenart}},
@@ -71,6 +72,7 @@ void TestKriterien::reihenfolgeDerPruefungen()
         {Pruefung::FlagsOderWahr, {Regelart::Typen}}, {Pruefung::Bereich, {Regelart::Hoehe, Regelart::Spanne}},
         {Pruefung::Enthaelt, {Regelart::Text}}, {Pruefung::SynonymBotanisch, {Regelart::SynonymBotanisch}},
         {Pruefung::SynonymDeutsch, {Regelart::SynonymDeutsch}}, {Pruefung::Bewertung, {Regelart::Bewertung}}};
+    // clang-format on
     const std::span<const Kriterium> kriterien = filterbeschreibung(sparte)->kriterien;
     QCOMPARE(kriterien.size(), regeln(sparte).size());
     for (size_t i = 0; i < kriterien.size(); ++i) {
@@ -100,21 +102,31 @@ void TestKriterien::fehlerFallenAuf_data()
     QTest::addColumn<QString>("meldung");
     const auto zeile = [](const char *name, Aenderung aenderung, const QString &meldung) { QTest::newRow(name) << aenderung << meldung; };
     zeile("unverändert", [](std::vector<Kriterium> &, Filterbeschreibung &) {}, {});
-    zeile("Feld", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[3].feld = "FARBE"; }, u"kein Feld FARBE"_s);
-    zeile("zweites Feld", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[2].feld2 = "GIFT"; }, u"kein Feld GIFT"_s);
-    zeile("Reiter", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[3].reiter = 7; }, u"lblBlFarbe: kein Reiter 7"_s);
-    zeile("doppelt", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[5].a.control = "lblBlFarbe"; }, u"lblBlFarbe steht doppelt"_s);
-    zeile("Farben", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[3].a.farben = nullptr; },
-          u"lblBlFarbe: Farben und Anzahl passen nicht zusammen"_s);
-    zeile("Wörter", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[8].a.anzahl = 4; }, u"chkHaltbarkeit: mehr Kästchen als Wörter"_s);
-    zeile("eigene Wörter", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[10].a.anzahl = 13; },
-          u"chkWuchsForm: 14 Wörter für 13 Kästchen"_s);
-    zeile("Zeile doppelt", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[1].a.zeile = 1; },
-          u"chkBild: Zeile 1 steht doppelt oder gibt es nicht"_s);
-    zeile("Zeile zu groß", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[1].a.zeile = 153; },
-          u"chkBild: Zeile 153 steht doppelt oder gibt es nicht"_s);
-    zeile("Zeile fehlt", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[1].a.zeile = 0; }, u"Zeile 2 fehlt"_s);
-    zeile("Zeile zu viel", [](std::vector<Kriterium> &, Filterbeschreibung &b) { ++b.zeilen; }, u"Zeile 153 fehlt"_s);
+    zeile(
+        "Feld", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[3].feld = "FARBE"; }, u"kein Feld FARBE"_s);
+    zeile(
+        "zweites Feld", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[2].feld2 = "GIFT"; }, u"kein Feld GIFT"_s);
+    zeile(
+        "Reiter", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[3].reiter = 7; }, u"lblBlFarbe: kein Reiter 7"_s);
+    zeile(
+        "doppelt", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[5].a.control = "lblBlFarbe"; }, u"lblBlFarbe steht doppelt"_s);
+    zeile(
+        "Farben", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[3].a.farben = nullptr; },
+        u"lblBlFarbe: Farben und Anzahl passen nicht zusammen"_s);
+    zeile(
+        "Wörter", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[8].a.anzahl = 4; }, u"chkHaltbarkeit: mehr Kästchen als Wörter"_s);
+    zeile(
+        "eigene Wörter", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[10].a.anzahl = 13; }, u"chkWuchsForm: 14 Wörter für 13 Kästchen"_s);
+    zeile(
+        "Zeile doppelt", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[1].a.zeile = 1; },
+        u"chkBild: Zeile 1 steht doppelt oder gibt es nicht"_s);
+    zeile(
+        "Zeile zu groß", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[1].a.zeile = 153; },
+        u"chkBild: Zeile 153 steht doppelt oder gibt es nicht"_s);
+    zeile(
+        "Zeile fehlt", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[1].a.zeile = 0; }, u"Zeile 2 fehlt"_s);
+    zeile(
+        "Zeile zu viel", [](std::vector<Kriterium> &, Filterbeschreibung &b) { ++b.zeilen; }, u"Zeile 153 fehlt"_s);
 }
 
 void TestKriterien::fehlerFallenAuf()

@@ -12,6 +12,7 @@ constexpr const char *marken[] = {"schnitt", "heimisch", "giftig"};
 constexpr QStringView markenworte[] = {u"Schnitt", u"heimisch", u"giftig"};
 constexpr QStringView wuchs[] = {u"kugelförmig", u"Überhängend", u"horstig"};
 
+// clang-format off
 constexpr Kriterium alleWahr{.pruefung = Pruefung::AlleWahr, .titel = u"Marken", .a = {.art = Steuerung::Kaestchen, .control = "chkA", .anzahl = 3, .zeile = 1, .worte = markenworte},
                              .felder = marken};
 constexpr Kriterium einsWahr{.pruefung = Pruefung::EinsWahr, .titel = u"Marken", .a = {.art = Steuerung::Kaestchen, .control = "chkA", .anzahl = 3, .zeile = 1, .worte = markenworte},
@@ -24,6 +25,7 @@ constexpr Kriterium art{.pruefung = Pruefung::Flags, .titel = u"Art", .a = {.art
 constexpr Kriterium farbe{.pruefung = Pruefung::Flags, .titel = u"Farbe", .a = {.art = Steuerung::Kaestchen, .control = "chkA", .anzahl = 14, .zeile = 1}, .feld = "fruchtfarb"};
 constexpr Kriterium nurZahl{.pruefung = Pruefung::Flags, .titel = u"Farbe", .a = {.art = Steuerung::Kaestchen, .control = "chkA", .anzahl = 14, .zeile = 1}, .feld = "fruchtfarb",
                             .liest = Schreibweise::Zahl};
+// clang-format on
 
 } // namespace
 
@@ -40,7 +42,10 @@ private slots:
     void tabellen();
 
 private:
-    static Filterbeschreibung beschreibung(std::span<const Kriterium> kriterien) { return {.sparte = Sparte::Stauden, .reiter = {}, .kriterien = kriterien, .zeilen = 3, .ladeFilter = {}, .speicherFilter = {}}; }
+    static Filterbeschreibung beschreibung(std::span<const Kriterium> kriterien)
+    {
+        return {.sparte = Sparte::Stauden, .reiter = {}, .kriterien = kriterien, .zeilen = 3, .ladeFilter = {}, .speicherFilter = {}};
+    }
 };
 
 void TestPruefungsarten::passt_data()
@@ -51,9 +56,8 @@ void TestPruefungsarten::passt_data()
     QTest::addColumn<QStringList>("werte"); // of the fields that the test asks for, in the order of their items
     QTest::addColumn<bool>("aktiv");
     QTest::addColumn<bool>("ergebnis");
-    const auto zeile = [](const char *name, const Kriterium &k, const QList<int> &gewaehlt, const QString &text, const QStringList &werte, bool aktiv, bool ergebnis) {
-        QTest::newRow(name) << &k << gewaehlt << text << werte << aktiv << ergebnis;
-    };
+    const auto zeile = [](const char *name, const Kriterium &k, const QList<int> &gewaehlt, const QString &text, const QStringList &werte, bool aktiv,
+                          bool ergebnis) { QTest::newRow(name) << &k << gewaehlt << text << werte << aktiv << ergebnis; };
     const QString ja = u"True"_s, nein = u"False"_s, alle = u"-- Alle --"_s;
     zeile("alle wahr: keines", alleWahr, {}, {}, {}, false, true);
     zeile("alle wahr: eines, ja", alleWahr, {1}, {}, {ja}, true, true);

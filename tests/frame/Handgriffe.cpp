@@ -139,8 +139,7 @@ void druecken(QWidget *dialog, const char *name)
 QString gespeichert(const Programmordner &ordner, Sparte sparte, qint64 artnr)
 {
     const auto db = ordner.db();
-    Anweisung &anweisung = db->vorbereitet(
-        u"SELECT benu_bemerkung, benu_eigen FROM \"%1\" WHERE ARTNR = ?"_s.arg(eintrag(sparte).haupttabelle));
+    Anweisung &anweisung = db->vorbereitet(u"SELECT benu_bemerkung, benu_eigen FROM \"%1\" WHERE ARTNR = ?"_s.arg(eintrag(sparte).haupttabelle));
     anweisung.binden(0, artnr);
     const QString text = anweisung.schritt() ? anweisung.text(0) + u'/' + anweisung.text(1) : u"(kein Datensatz)"_s;
     anweisung.zuruecksetzen();
@@ -190,8 +189,7 @@ void Antworten::antworten(QMessageBox &box)
 Schreibverbot::Schreibverbot(const Programmordner &ordner) : db_(ordner.db())
 {
     for (const Sparte sparte : spartenMitFenster())
-        db_->Execute(u"CREATE TRIGGER halt_%1 BEFORE UPDATE ON \"%1\" BEGIN SELECT RAISE(ABORT, 'halt'); END"_s
-                         .arg(grundtabelle(sparte)));
+        db_->Execute(u"CREATE TRIGGER halt_%1 BEFORE UPDATE ON \"%1\" BEGIN SELECT RAISE(ABORT, 'halt'); END"_s.arg(grundtabelle(sparte)));
 }
 
 Schreibverbot::~Schreibverbot()
@@ -202,8 +200,7 @@ Schreibverbot::~Schreibverbot()
 
 Schreibsperre::Schreibsperre(const QString &pfad)
 {
-    if (sqlite3_open(pfad.toUtf8().constData(), &db_) != SQLITE_OK
-        || sqlite3_exec(db_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK)
+    if (sqlite3_open(pfad.toUtf8().constData(), &db_) != SQLITE_OK || sqlite3_exec(db_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK)
         qFatal("The database cannot be locked: %s", sqlite3_errmsg(db_));
 }
 

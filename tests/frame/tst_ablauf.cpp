@@ -198,9 +198,12 @@ void TestAblauf::fehlendeDatenbank_data()
 {
     QTest::addColumn<QString>("inhalt"); // of the file; "-": none
     QTest::addColumn<QString>("teil");
-    QTest::newRow("missing") << "-" << "wurde nicht gefunden";
-    QTest::newRow("empty") << "" << "'flox-demo.mdb'";
-    QTest::newRow("no database") << "Dies ist keine Datenbank, sondern ein Text, der lang genug ist." << "ist keine Datenbank";
+    QTest::newRow("missing") << "-"
+                             << "wurde nicht gefunden";
+    QTest::newRow("empty") << ""
+                           << "'flox-demo.mdb'";
+    QTest::newRow("no database") << "Dies ist keine Datenbank, sondern ein Text, der lang genug ist."
+                                 << "ist keine Datenbank";
 }
 
 void TestAblauf::fehlendeDatenbank()
@@ -251,7 +254,7 @@ bool TestAblauf::laeuft(QProcess &prozess)
 {
     // The settings are written once the lock is held.
     return QTest::qWaitFor([&] { return prozess.state() != QProcess::Running || QFile::exists(ablage_->datei()); }, 60000)
-        && prozess.state() == QProcess::Running;
+           && prozess.state() == QProcess::Running;
 }
 
 void TestAblauf::zweiteInstanz()

@@ -70,7 +70,8 @@ void TestDialoge::init()
 void TestDialoge::benutzerOeffnen(const QString &sparte)
 {
     probe_->programm.AktiveSparte = sparte;
-    benutzer_ = std::make_unique<frmBenutzer>(probe_->programm, [this] { ++umbenannt_; }, nullptr);
+    benutzer_ = std::make_unique<frmBenutzer>(
+        probe_->programm, [this] { ++umbenannt_; }, nullptr);
     benutzer_->show();
 }
 
@@ -80,7 +81,8 @@ void TestDialoge::benutzerAufbau()
     QCOMPARE(benutzer_->windowTitle(), u"Benutzerdefinierte Eigenschaften"_s);
     QCOMPARE(benutzer_->findChild<QGroupBox *>(u"fraEigenschaft"_s)->title(), u"Eigenschaft Nr"_s);
     QCOMPARE(benutzer_->findChildren<QRadioButton *>().size(), 5);
-    for (const auto &[name, text] : {std::pair("cmdOK", u"OK"_s), std::pair("cmdSpeichern", u"Speichern"_s), std::pair("cmdAbbrechen", u"Abbrechen"_s)})
+    for (const auto &[name, text] :
+         {std::pair("cmdOK", u"OK"_s), std::pair("cmdSpeichern", u"Speichern"_s), std::pair("cmdAbbrechen", u"Abbrechen"_s)})
         QCOMPARE(benutzer_->findChild<QPushButton *>(QLatin1String(name))->text(), text);
     QStringList schilder;
     for (const auto *schild : benutzer_->findChildren<QLabel *>())

@@ -150,7 +150,8 @@ QString TestDrucken::lage(Pflanzenfenster &fenster)
         panels += fenster.findChild<QLabel *>(u"stbAnzeige_%1"_s.arg(i))->text();
     const bool topf = fenster.sparte() == Sparte::Topf;
     const QString name = fenster.findChild<QWidget *>(topf ? u"lblBotName"_s : u"lblName"_s)->property("text").toString();
-    return u"%1 an %2, gewählt %3, gezeigt %4, %5"_s.arg(fenster.satz().artnr()).arg(fenster.satz().haupt().AbsolutePosition())
+    return u"%1 an %2, gewählt %3, gezeigt %4, %5"_s.arg(fenster.satz().artnr())
+        .arg(fenster.satz().haupt().AbsolutePosition())
         .arg(fenster.findChild<QComboBox *>(u"cboArten"_s)->currentText(), name, panels.join(u'/'));
 }
 

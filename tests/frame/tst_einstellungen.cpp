@@ -55,7 +55,8 @@ QString schluessel(const Einstellung &zeile)
 /// Puts a stored text into the program's state.
 void setzen(Programm &programm, const Einstellung &zeile, const QString &text)
 {
-    std::visit([&](auto ziel) {
+    std::visit(
+        [&](auto ziel) {
         auto &wert = programm.*ziel;
         using Typ = std::remove_reference_t<decltype(wert)>;
         if constexpr (std::is_same_v<Typ, QString>)
@@ -64,7 +65,8 @@ void setzen(Programm &programm, const Einstellung &zeile, const QString &text)
             wert = text == u"True";
         else
             wert = Typ(text.toDouble());
-    }, zeile.ziel);
+        },
+        zeile.ziel);
 }
 
 bool nurGeschrieben(const Zeile &zeile)
@@ -180,17 +182,61 @@ void TestEinstellungen::vorrangDerSchluessel_data()
     QTest::addColumn<QString>("eigen");
     QTest::addColumn<QString>("editorPfad");
     QTest::addColumn<QString>("mulkoPfad");
-    QTest::newRow("none") << "" << "" << "" << "" << "";
-    QTest::newRow("editor") << "E:\\a" << "" << "" << "E:\\a\\" << "E:\\a\\";
-    QTest::newRow("editor with stroke") << "E:\\a\\" << "" << "" << "E:\\a\\" << "E:\\a\\";
-    QTest::newRow("design program") << "" << "M:\\b" << "" << "M:\\b" << "M:\\b\\";
-    QTest::newRow("design program wins") << "E:\\a" << "M:\\b" << "" << "M:\\b" << "M:\\b\\";
-    QTest::newRow("own") << "" << "" << "O:\\c\\" << "O:\\c\\" << "O:\\c\\";
-    QTest::newRow("own wins") << "E:\\a" << "M:\\b" << "O:\\c\\" << "O:\\c\\" << "O:\\c\\";
-    QTest::newRow("own wins over editor") << "E:\\a" << "" << "O:\\c\\" << "O:\\c\\" << "O:\\c\\";
-    QTest::newRow("blanks do not win") << "E:\\a" << " " << " " << "E:\\a\\" << "E:\\a\\";
-    QTest::newRow("own blank") << "" << "M:\\b\\" << " " << "M:\\b\\" << "M:\\b\\";
-    QTest::newRow("all blank") << " " << " " << " " << "" << "";
+    QTest::newRow("none") << ""
+                          << ""
+                          << ""
+                          << ""
+                          << "";
+    QTest::newRow("editor") << "E:\\a"
+                            << ""
+                            << ""
+                            << "E:\\a\\"
+                            << "E:\\a\\";
+    QTest::newRow("editor with stroke") << "E:\\a\\"
+                                        << ""
+                                        << ""
+                                        << "E:\\a\\"
+                                        << "E:\\a\\";
+    QTest::newRow("design program") << ""
+                                    << "M:\\b"
+                                    << ""
+                                    << "M:\\b"
+                                    << "M:\\b\\";
+    QTest::newRow("design program wins") << "E:\\a"
+                                         << "M:\\b"
+                                         << ""
+                                         << "M:\\b"
+                                         << "M:\\b\\";
+    QTest::newRow("own") << ""
+                         << ""
+                         << "O:\\c\\"
+                         << "O:\\c\\"
+                         << "O:\\c\\";
+    QTest::newRow("own wins") << "E:\\a"
+                              << "M:\\b"
+                              << "O:\\c\\"
+                              << "O:\\c\\"
+                              << "O:\\c\\";
+    QTest::newRow("own wins over editor") << "E:\\a"
+                                          << ""
+                                          << "O:\\c\\"
+                                          << "O:\\c\\"
+                                          << "O:\\c\\";
+    QTest::newRow("blanks do not win") << "E:\\a"
+                                       << " "
+                                       << " "
+                                       << "E:\\a\\"
+                                       << "E:\\a\\";
+    QTest::newRow("own blank") << ""
+                               << "M:\\b\\"
+                               << " "
+                               << "M:\\b\\"
+                               << "M:\\b\\";
+    QTest::newRow("all blank") << " "
+                               << " "
+                               << " "
+                               << ""
+                               << "";
 }
 
 void TestEinstellungen::vorrangDerSchluessel()
@@ -268,12 +314,18 @@ void TestEinstellungen::hinweise_data()
     QTest::addColumn<QString>("zwei");
     QTest::addColumn<bool>("aus1");
     QTest::addColumn<bool>("aus2");
-    QTest::newRow("nothing stored") << "" << "" << false << false;
-    QTest::newRow("second alone does not count") << "" << "True" << false << false;
-    QTest::newRow("first is blank") << " " << "True" << false << false;
-    QTest::newRow("first") << "True" << "" << true << false;
-    QTest::newRow("first false, second true") << "False" << "True" << false << true;
-    QTest::newRow("both") << "True" << "True" << true << true;
+    QTest::newRow("nothing stored") << ""
+                                    << "" << false << false;
+    QTest::newRow("second alone does not count") << ""
+                                                 << "True" << false << false;
+    QTest::newRow("first is blank") << " "
+                                    << "True" << false << false;
+    QTest::newRow("first") << "True"
+                           << "" << true << false;
+    QTest::newRow("first false, second true") << "False"
+                                              << "True" << false << true;
+    QTest::newRow("both") << "True"
+                          << "True" << true << true;
 }
 
 void TestEinstellungen::hinweise()
@@ -338,7 +390,9 @@ void TestEinstellungen::unsinn_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("ergebnis");
-    const auto zeile = [](const char *name, const char *text, const char *ergebnis) { QTest::addRow("%s '%s'", name, text) << name << text << ergebnis; };
+    const auto zeile = [](const char *name, const char *text, const char *ergebnis) {
+        QTest::addRow("%s '%s'", name, text) << name << text << ergebnis;
+    };
     zeile("MonatsDarstellung", "Quatsch", "1");
     zeile("MonatsDarstellung", "40000", "1");
     zeile("MonatsDarstellung", "nan", "1");

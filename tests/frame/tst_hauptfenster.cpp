@@ -221,8 +221,10 @@ void TestHauptfenster::dialogeImAussehenDesHauses()
     aussehen::anwenden();
     probe_->programm.AktiveSparte = u"Topf"_s;
     Systemdrucker drucker;
-    frmDrucken drucken(probe_->programm, [] { return std::nullopt; }, drucker, nullptr);
-    frmBenutzer namen(probe_->programm, [] {}, nullptr);
+    frmDrucken drucken(
+        probe_->programm, [] { return std::nullopt; }, drucker, nullptr);
+    frmBenutzer namen(
+        probe_->programm, [] {}, nullptr);
     for (QDialog *dialog : std::initializer_list<QDialog *>{&drucken, &namen}) {
         // A group is a white card with rounded edges and a green title, as everywhere.
         auto *gruppe = dialog->findChild<QGroupBox *>();

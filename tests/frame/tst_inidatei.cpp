@@ -44,9 +44,17 @@ void TestInidatei::init()
 void TestInidatei::formatWirdGelesen()
 {
     QRandomGenerator zufall(42);
-    QMap<QString, QString> werte{{u"Software/FH Lindenhof/FLOX3-DEMO/MDI/Hoehe"_s, u"14520"_s}, {u"ohne"_s, u"Abschnitt"_s}, {u"General/eigen"_s, u"1"_s},
-                                 {u"A/leer"_s, u""_s}, {u"A/blank"_s, u" "_s}, {u"A/Zeilen"_s, u"a\nb\r\n\tc"_s}, {u"A/Größe %"_s, u"C:\\Maß, 5 = \"x\"; #"_s},
-                                 {u"A/at"_s, u"@Invalid()"_s}, {u"A/at2"_s, u"@@"_s}, {u"A/x"_s, u"äb\u00e9f\u20acdD\U0001F34E9"_s}, {u"\u0416/\u0416"_s, u"\u0416"_s}};
+    QMap<QString, QString> werte{{u"Software/FH Lindenhof/FLOX3-DEMO/MDI/Hoehe"_s, u"14520"_s},
+                                 {u"ohne"_s, u"Abschnitt"_s},
+                                 {u"General/eigen"_s, u"1"_s},
+                                 {u"A/leer"_s, u""_s},
+                                 {u"A/blank"_s, u" "_s},
+                                 {u"A/Zeilen"_s, u"a\nb\r\n\tc"_s},
+                                 {u"A/Größe %"_s, u"C:\\Maß, 5 = \"x\"; #"_s},
+                                 {u"A/at"_s, u"@Invalid()"_s},
+                                 {u"A/at2"_s, u"@@"_s},
+                                 {u"A/x"_s, u"äb\u00e9f\u20acdD\U0001F34E9"_s},
+                                 {u"\u0416/\u0416"_s, u"\u0416"_s}};
     for (int i = 0; i < 300; ++i) {
         QString text;
         for (int n = zufall.bounded(12); n > 0; --n)

@@ -53,14 +53,14 @@ void TestVordergrund::init()
 
 void TestVordergrund::nachDemFilterdialog_data()
 {
-    QTest::addColumn<int>("anzahl");     // windows, opened one after another
-    QTest::addColumn<int>("eigenes");    // number of the window whose dialog opens
-    QTest::addColumn<int>("minimiert");  // number of a minimised window; 0: none
-    QTest::addColumn<QString>("taste");  // that leaves the dialog
+    QTest::addColumn<int>("anzahl");    // windows, opened one after another
+    QTest::addColumn<int>("eigenes");   // number of the window whose dialog opens
+    QTest::addColumn<int>("minimiert"); // number of a minimised window; 0: none
+    QTest::addColumn<QString>("taste"); // that leaves the dialog
     for (const char *taste : {"cmdOK", "cmdAbbruch"})
-        for (const auto &[anzahl, eigenes, minimiert] : {std::tuple(1, 1, 0), std::tuple(2, 1, 0), std::tuple(2, 2, 0), std::tuple(3, 1, 0),
-                                                         std::tuple(3, 2, 0), std::tuple(3, 3, 0), std::tuple(2, 1, 2), std::tuple(3, 2, 3),
-                                                         std::tuple(3, 2, 1)})
+        for (const auto &[anzahl, eigenes, minimiert] :
+             {std::tuple(1, 1, 0), std::tuple(2, 1, 0), std::tuple(2, 2, 0), std::tuple(3, 1, 0), std::tuple(3, 2, 0), std::tuple(3, 3, 0),
+              std::tuple(2, 1, 2), std::tuple(3, 2, 3), std::tuple(3, 2, 1)})
             QTest::addRow("%d of %d, %d minimised, %s", eigenes, anzahl, minimiert, taste)
                 << anzahl << eigenes << minimiert << QString::fromLatin1(taste);
 }

@@ -71,12 +71,17 @@ void TestWahl::meldungBeimOeffnen_data()
     QTest::addColumn<QString>("sql");
     QTest::addColumn<QString>("kopie"); // what stands where the private copy should
     QTest::addColumn<bool>("offen");    // the window opens all the same
-    QTest::newRow("no plant rated high enough") << "UPDATE TOPFPFL SET bewertung = 1" << "" << true;
-    QTest::newRow("one empty rating") << "UPDATE TOPFPFL SET bewertung = NULL WHERE ARTNR = (SELECT max(ARTNR) FROM TOPFPFL)" << "" << true;
-    QTest::newRow("missing table") << "DROP TABLE TOPFPFL" << "" << false;
+    QTest::newRow("no plant rated high enough") << "UPDATE TOPFPFL SET bewertung = 1"
+                                                << "" << true;
+    QTest::newRow("one empty rating") << "UPDATE TOPFPFL SET bewertung = NULL WHERE ARTNR = (SELECT max(ARTNR) FROM TOPFPFL)"
+                                      << "" << true;
+    QTest::newRow("missing table") << "DROP TABLE TOPFPFL"
+                                   << "" << false;
     // Without a copy a window shows all plants from the working database.
-    QTest::newRow("unwritable place") << "" << "folder" << true;
-    QTest::newRow("full disk") << "" << "full" << true;
+    QTest::newRow("unwritable place") << ""
+                                      << "folder" << true;
+    QTest::newRow("full disk") << ""
+                               << "full" << true;
 }
 
 void TestWahl::meldungBeimOeffnen()
@@ -121,8 +126,7 @@ void TestWahl::meldungAmEigentlichenAnfang()
     Antworten antworten;
     QEventLoop schleife;
     QTimer::singleShot(0, &schleife, [&] {
-        QTest::mouseClick(gefragt->windowHandle(), Qt::LeftButton, {},
-                          gefragt->findChild<QWidget *>(u"cmdTopfpflanzen"_s)->geometry().center());
+        QTest::mouseClick(gefragt->windowHandle(), Qt::LeftButton, {}, gefragt->findChild<QWidget *>(u"cmdTopfpflanzen"_s)->geometry().center());
         QTimer::singleShot(50, &schleife, &QEventLoop::quit);
     });
     schleife.exec();

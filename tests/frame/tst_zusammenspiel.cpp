@@ -218,9 +218,7 @@ void Wanderung::mitFenster(Ort ort, int was)
     const bool frei = !gesperrt(ort.first);
     switch (was) {
     case 0:
-    case 1:
-        notieren(u"title bar of "_s + wer);
-        return hand::titelleiste(form(ort));
+    case 1: notieren(u"title bar of "_s + wer); return hand::titelleiste(form(ort));
     case 2:
     case 3:
     case 4:
@@ -228,9 +226,7 @@ void Wanderung::mitFenster(Ort ort, int was)
         hand::nachVorn(form(ort));
         return schreiben(ort, true);
     case 5:
-    case 6:
-        notieren(u"note by keyboard in "_s + wer);
-        return schreiben(ort, false);
+    case 6: notieren(u"note by keyboard in "_s + wer); return schreiben(ort, false);
     case 7:
         notieren(u"mere click into the note of "_s + wer);
         QTest::mouseClick(hand::notiz(form(ort))->viewport(), Qt::LeftButton);
@@ -262,13 +258,9 @@ void Wanderung::mitFenster(Ort ort, int was)
         return;
     case 14:
     case 15:
-    case 16:
-        notieren(u"filter dialog of "_s + wer);
-        return knopf(ort, "cmdFilter", false);
+    case 16: notieren(u"filter dialog of "_s + wer); return knopf(ort, "cmdFilter", false);
     case 17:
-    case 18:
-        notieren(u"filter on/off of "_s + wer);
-        return knopf(ort, "cmdFilterEin", false);
+    case 18: notieren(u"filter on/off of "_s + wer); return knopf(ort, "cmdFilterEin", false);
     default:
         notieren(u"close "_s + wer);
         if (!frei)
@@ -321,15 +313,9 @@ void Wanderung::mitDialog(Filterdialog &offen, int was)
             kasten->setText(teil);
         return;
     }
-    case 2:
-        notieren(u"reset in "_s + offen.windowTitle());
-        return hand::druecken(&offen, "cmdRuecksetzen");
-    case 3:
-        notieren(u"Cancel in "_s + offen.windowTitle());
-        return hand::druecken(&offen, "cmdAbbruch");
-    default:
-        notieren(u"OK in "_s + offen.windowTitle());
-        return hand::druecken(&offen, "cmdOK");
+    case 2: notieren(u"reset in "_s + offen.windowTitle()); return hand::druecken(&offen, "cmdRuecksetzen");
+    case 3: notieren(u"Cancel in "_s + offen.windowTitle()); return hand::druecken(&offen, "cmdAbbruch");
+    default: notieren(u"OK in "_s + offen.windowTitle()); return hand::druecken(&offen, "cmdOK");
     }
 }
 
@@ -423,7 +409,8 @@ QString Wanderung::pruefen()
             if (dieses->findChild<QCheckBox *>(u"sschkBenutzer_%1"_s.arg(i))->isChecked())
                 gezeigt.eigen[i] = u'1';
         if (gezeigt != modell.jetzt)
-            return u"%1 shows '%2/%3' of plant %4, not '%5/%6'"_s.arg(name(ort), gezeigt.text, gezeigt.eigen).arg(modell.artnr)
+            return u"%1 shows '%2/%3' of plant %4, not '%5/%6'"_s.arg(name(ort), gezeigt.text, gezeigt.eigen)
+                .arg(modell.artnr)
                 .arg(modell.jetzt.text, modell.jetzt.eigen);
         if (modell.jetzt != modell.gezeigt && !dieses->DatenGeaendert)
             return u"%1 does not know of its change"_s.arg(name(ort));

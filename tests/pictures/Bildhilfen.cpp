@@ -20,9 +20,8 @@ QByteArray jpeg(const QImage &bild, Jpegart art, int qualitaet)
     unsigned char *puffer = nullptr;
     unsigned long bytes = 0;
     const int status = tjCompress2(bibliothek, quelle.constBits(), quelle.width(), int(quelle.bytesPerLine()), quelle.height(),
-                                   art == Jpegart::Tinten ? TJPF_CMYK : TJPF_RGBX, &puffer, &bytes,
-                                   art == Jpegart::Grau ? TJSAMP_GRAY : TJSAMP_444, qualitaet,
-                                   art == Jpegart::Fortschreitend ? TJFLAG_PROGRESSIVE : 0);
+                                   art == Jpegart::Tinten ? TJPF_CMYK : TJPF_RGBX, &puffer, &bytes, art == Jpegart::Grau ? TJSAMP_GRAY : TJSAMP_444,
+                                   qualitaet, art == Jpegart::Fortschreitend ? TJFLAG_PROGRESSIVE : 0);
     if (status != 0)
         qFatal("%s", tjGetErrorStr2(bibliothek));
     const QByteArray ergebnis(reinterpret_cast<char *>(puffer), qsizetype(bytes));

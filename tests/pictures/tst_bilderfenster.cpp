@@ -71,7 +71,8 @@ void tst_bilderfenster::init()
 void tst_bilderfenster::oeffnen(const QStringList &staemme)
 {
     pflanze_->zeile = zeileAus(staemme, {});
-    fenster_ = std::make_unique<frmBilder>(programm_, [this] { return pflanze_; }, nullptr);
+    fenster_ = std::make_unique<frmBilder>(
+        programm_, [this] { return pflanze_; }, nullptr);
     fenster_->show();
     fenster_->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(fenster_.get()));
@@ -91,7 +92,9 @@ void tst_bilderfenster::arrowsBrowseFromEveryControl()
     oeffnen({QStringLiteral("quer"), QStringLiteral("hoch"), QStringLiteral("klein")});
     if (!fokus.isEmpty())
         teil(fokus.constData())->setFocus(Qt::TabFocusReason);
-    const auto taste = [this](Qt::Key welche) { QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : fenster_.get(), welche); };
+    const auto taste = [this](Qt::Key welche) {
+        QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : fenster_.get(), welche);
+    };
     for (const auto &[welche, erwartet] : {std::pair(Qt::Key_Right, "2/3"), std::pair(Qt::Key_Down, "3/3"), std::pair(Qt::Key_Right, "3/3"),
                                            std::pair(Qt::Key_Left, "2/3"), std::pair(Qt::Key_Up, "1/3"), std::pair(Qt::Key_Left, "1/3")}) {
         taste(welche);
@@ -179,8 +182,14 @@ void tst_bilderfenster::edgesStayWithinTheirEnds()
         for (const auto &[groesse, ort, flaeche] : {std::tuple("Width", "Left", teil("picBildAnzeige")->width() * 15.0),
                                                     std::tuple("Height", "Top", teil("picBildAnzeige")->height() * 15.0)}) {
             const double laenge = mass(groesse), anfang = mass(ort), ende = anfang + laenge;
-            const QByteArray wo = QStringLiteral("step %1: %2 %3, %4 %5 in %6").arg(schritt).arg(QLatin1String(groesse)).arg(laenge)
-                                      .arg(QLatin1String(ort)).arg(anfang).arg(flaeche).toLatin1();
+            const QByteArray wo = QStringLiteral("step %1: %2 %3, %4 %5 in %6")
+                                      .arg(schritt)
+                                      .arg(QLatin1String(groesse))
+                                      .arg(laenge)
+                                      .arg(QLatin1String(ort))
+                                      .arg(anfang)
+                                      .arg(flaeche)
+                                      .toLatin1();
             if (laenge > flaeche + 0.01)
                 QVERIFY2(anfang <= 0.01 && ende >= flaeche - 315 - 0.01, wo.constData());
             else

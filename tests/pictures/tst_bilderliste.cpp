@@ -56,7 +56,8 @@ void tst_bilderliste::stripTakesFiveOfEachHalf()
 void tst_bilderliste::stripPassesOverNulls()
 {
     const Bilderordner ordner;
-    const auto bilder = streifenbilder(ordner.programm(), zeileAus({QStringLiteral("begonia-rex"), {}, QStringLiteral("bougainvillea-glabra")}, {}), topf);
+    const auto bilder =
+        streifenbilder(ordner.programm(), zeileAus({QStringLiteral("begonia-rex"), {}, QStringLiteral("bougainvillea-glabra")}, {}), topf);
     QCOMPARE(namen(bilder), QStringList({QStringLiteral("begonia-rex"), QStringLiteral("bougainvillea-glabra")}));
 }
 
@@ -110,10 +111,12 @@ void tst_bilderliste::folders_data()
     QTest::addColumn<int>("sparte");
     QTest::addColumn<int>("nummer");
     QTest::addColumn<QString>("ordner");
+    // clang-format off
     const std::tuple<Sparte, int, const char *> zeilen[] = {
         {Sparte::Topf, 2500, "topfpflanzen"}, {Sparte::Stauden, 1, "stauden"},     {Sparte::Gehoelze, 1, "gehoelze"},
         {Sparte::Apfel, 5001, "apfel"},       {Sparte::Obst, 1, "obst"},           {Sparte::Friedhof, 1999, "stauden"},
         {Sparte::Friedhof, 2000, "gehoelze"}, {Sparte::Friedhof, 2999, "gehoelze"}, {Sparte::Friedhof, 3000, "stauden"}};
+    // clang-format on
     for (const auto &[sparte, nummer, ordner] : zeilen)
         QTest::addRow("%s %d", ordner, nummer) << int(sparte) << nummer << QString::fromLatin1(ordner);
 }

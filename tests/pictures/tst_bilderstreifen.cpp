@@ -149,7 +149,8 @@ void tst_bilderstreifen::scrolling()
     leiste->setValue(50);
     const double versatz = 0.5 / 1.35 * 5 * 2095;
     QVERIFY(std::abs(platz(streifen, 2)->property("Top").toDouble() - (60 + 2 * 1920 - versatz)) < 0.01);
-    QVERIFY(std::abs(streifen.findChild<QLabel *>(QStringLiteral("lblBilderText_2"))->property("Top").toDouble() - (1580 + 2 * 1920 - versatz)) < 0.01);
+    QVERIFY(std::abs(streifen.findChild<QLabel *>(QStringLiteral("lblBilderText_2"))->property("Top").toDouble() - (1580 + 2 * 1920 - versatz))
+            < 0.01);
 }
 
 void tst_bilderstreifen::walkingDropsWhatIsNotLoaded()

@@ -33,7 +33,7 @@ QImage mittelAusgeschrieben(const QImage &bild, QSize groesse)
             for (int v = int(y * hoehe); v < std::min(bild.height(), int((y + 1) * hoehe) + 1); ++v)
                 for (int u = int(x * breite); u < std::min(bild.width(), int((x + 1) * breite) + 1); ++u) {
                     const double flaeche = (std::min(u + 1.0, (x + 1) * breite) - std::max(double(u), x * breite))
-                        * (std::min(v + 1.0, (y + 1) * hoehe) - std::max(double(v), y * hoehe));
+                                           * (std::min(v + 1.0, (y + 1) * hoehe) - std::max(double(v), y * hoehe));
                     for (int c = 0; c < 4; ++c)
                         summe[c] += std::max(0.0, flaeche) * bild.constScanLine(v)[u * 4 + c];
                 }
@@ -183,7 +183,8 @@ private slots:
             QCOMPARE(ladeSkaliert(pfad, {30, 30}), vierFarben(30, 20));
         }
         const QByteArray gif("GIF89a\x02\x00\x01\x00\x80\x00\x00\xFF\x00\x00\x00\x00\xFF\x2C\x00\x00\x00\x00\x02\x00\x01\x00\x00"
-                             "\x02\x02\x44\x0A\x00\x3B", 35);
+                             "\x02\x02\x44\x0A\x00\x3B",
+                             35);
         const QString pfad = ordner_.schreibe(gif, u"keinbild.gif"_s);
         QCOMPARE(bildgroesse(pfad), QSize(2, 1));
         QCOMPARE(ladeGanz(pfad).size(), QSize(2, 1));

@@ -234,7 +234,10 @@ private slots:
     }
 
 private:
-    static bool unlesbar(const QString &pfad) { return ladeGanz(pfad).isNull() && ladeSkaliert(pfad, {20, 20}).isNull(); }
+    static bool unlesbar(const QString &pfad)
+    {
+        return ladeGanz(pfad).isNull() && ladeSkaliert(pfad, {20, 20}).isNull();
+    }
 
     /// Whatever comes of it is consistent.
     static void pruefen(const QString &pfad)

@@ -61,7 +61,8 @@ void tst_frmbilder::init()
 void tst_frmbilder::oeffnen(const QStringList &staemme)
 {
     pflanze_->zeile = zeileAus(staemme, {});
-    fenster_ = std::make_unique<frmBilder>(programm_, [this] { return pflanze_; }, nullptr);
+    fenster_ = std::make_unique<frmBilder>(
+        programm_, [this] { return pflanze_; }, nullptr);
     fenster_->show();
     QTRY_VERIFY(fenster_->windowTitle() != QStringLiteral("Pflanzenbilder"));
 }

@@ -186,9 +186,7 @@ void elementPruefen(Fensterprobe &probe, const Element &e)
             return;
         zeigen(u"Wert 1"_s, u"Wert 1"_s);
         return textPruefen(probe, e, u"Wert 1"_s);
-    case Muster::BotName:
-        zeigen(u"Testus planta"_s, u"Testus planta"_s);
-        return textPruefen(probe, e, u"Testus planta"_s);
+    case Muster::BotName: zeigen(u"Testus planta"_s, u"Testus planta"_s); return textPruefen(probe, e, u"Testus planta"_s);
     case Muster::Liste: {
         QVERIFY2(liste && liste->anzahl() >= 2, e.feld);
         zeigen({}, {});

@@ -22,20 +22,20 @@ struct Listenzeile
 };
 
 constexpr Listenzeile listen[] = {
-    {"haltbark", "lblHaltbar", "Label6"},     {"fruchtgr", "lblFrGroess", "Label4"},     {"form_l", "lblFormLaen", "Label5"},
-    {"form_q", "lblFormQuer", "Label7"},      {"fruchtrel", "lblFrRelief", "Label9"},    {"aussehen", "lblAussGrif", "Label16"},
-    {"druck", "lblDruckfes", "Label17"},      {"grundfarbe", "lblGrundFar", "Label1"},   {"deckfarbe", "lblDeckFarb", "Label10"},
-    {"df_art", "lblDFArt", "Label11"},        {"df_ausdehn", "lblDFAusd", "Label12"},    {"rost", "lblSchBeros", "Label13"},
-    {"reif", "lblReif", "Label14"},           {"sch_punkt", "lblSchP", "Label15"},       {"k_grube", "lblKGr", "Label18"},
-    {"k_relief", "lblKGrRelie", "Label19"},   {"k_umgebung", "lblKGrUmgeb", "Label20"},  {"k_berost", "lblKGrBeros", "Label21"},
-    {"k_groesse", "lblKGroesse", "Label26"},  {"k_oeffnung", "lblKOeffnun", "Label27"},  {"k_blaetter", "lblKBlaette", "Label28"},
-    {"st_laenge", "lblStLaenge", "Label24"},  {"st_besond", "lblStBesond", "Label25"},   {"st_grube", "lblStGrGroe", "Label22"},
-    {"st_berost", "lblStGrBero", "Label23"},  {"k_hoehle", "lblSchKHoeh", "Label29"},    {"k_roehre", "lblSchKelch", "Label31"},
-    {"kh_groesse", "lblSchKGr", "Label33"},   {"g_buendel", "lblSchGefB", "Label35"},    {"a_hoehle", "lblSchAchs", "Label37"},
-    {"k_kammern", "lblSchKeKa", "Label39"},   {"kw_form", "lblSchKWFor", "Label41"},     {"kw_groesse", "lblSchKWGr", "Label43"},
-    {"kw_risse", "lblSchKWRis", "Label45"},   {"k_anzahl", "lblKernZahl", "Label30"},    {"k_qualit", "lblKernQual", "Label34"},
-    {"k_farbe", "lblKernFGF", "Label38"},     {"k_laenge", "lblKernLaen", "Label42"},    {"schale", "lblFrFlScha", "Label32"},
-    {"fl_farbe", "lblFrFlFarb", "Label40"},   {"fl_strukt", "lblFrFlStru", "Label46"},   {"fl_duft", "lblFrFlDuft", "Label48"},
+    {"haltbark", "lblHaltbar", "Label6"},    {"fruchtgr", "lblFrGroess", "Label4"},    {"form_l", "lblFormLaen", "Label5"},
+    {"form_q", "lblFormQuer", "Label7"},     {"fruchtrel", "lblFrRelief", "Label9"},   {"aussehen", "lblAussGrif", "Label16"},
+    {"druck", "lblDruckfes", "Label17"},     {"grundfarbe", "lblGrundFar", "Label1"},  {"deckfarbe", "lblDeckFarb", "Label10"},
+    {"df_art", "lblDFArt", "Label11"},       {"df_ausdehn", "lblDFAusd", "Label12"},   {"rost", "lblSchBeros", "Label13"},
+    {"reif", "lblReif", "Label14"},          {"sch_punkt", "lblSchP", "Label15"},      {"k_grube", "lblKGr", "Label18"},
+    {"k_relief", "lblKGrRelie", "Label19"},  {"k_umgebung", "lblKGrUmgeb", "Label20"}, {"k_berost", "lblKGrBeros", "Label21"},
+    {"k_groesse", "lblKGroesse", "Label26"}, {"k_oeffnung", "lblKOeffnun", "Label27"}, {"k_blaetter", "lblKBlaette", "Label28"},
+    {"st_laenge", "lblStLaenge", "Label24"}, {"st_besond", "lblStBesond", "Label25"},  {"st_grube", "lblStGrGroe", "Label22"},
+    {"st_berost", "lblStGrBero", "Label23"}, {"k_hoehle", "lblSchKHoeh", "Label29"},   {"k_roehre", "lblSchKelch", "Label31"},
+    {"kh_groesse", "lblSchKGr", "Label33"},  {"g_buendel", "lblSchGefB", "Label35"},   {"a_hoehle", "lblSchAchs", "Label37"},
+    {"k_kammern", "lblSchKeKa", "Label39"},  {"kw_form", "lblSchKWFor", "Label41"},    {"kw_groesse", "lblSchKWGr", "Label43"},
+    {"kw_risse", "lblSchKWRis", "Label45"},  {"k_anzahl", "lblKernZahl", "Label30"},   {"k_qualit", "lblKernQual", "Label34"},
+    {"k_farbe", "lblKernFGF", "Label38"},    {"k_laenge", "lblKernLaen", "Label42"},   {"schale", "lblFrFlScha", "Label32"},
+    {"fl_farbe", "lblFrFlFarb", "Label40"},  {"fl_strukt", "lblFrFlStru", "Label46"},  {"fl_duft", "lblFrFlDuft", "Label48"},
     {"geschmack", "lblFrFlGesc", "Label50"},
 };
 static_assert(std::size(listen) == 43);
@@ -154,7 +154,9 @@ void TestApfel::gruppenregeln_data()
     QTest::addColumn<QString>("rahmen");
     QTest::addColumn<QString>("feld"); // the one that is set; empty: none
     QTest::addColumn<bool>("sichtbar");
-    const auto zeile = [](const char *rahmen, const char *feld, bool sichtbar) { QTest::addRow("%s %s", rahmen, feld) << rahmen << feld << sichtbar; };
+    const auto zeile = [](const char *rahmen, const char *feld, bool sichtbar) {
+        QTest::addRow("%s %s", rahmen, feld) << rahmen << feld << sichtbar;
+    };
     zeile("SSFrame4", "", false);
     for (const char *feld : {"rost", "reif", "sch_punkt"})
         zeile("SSFrame4", feld, true);
@@ -180,14 +182,22 @@ void TestApfel::kernzahl_data()
 {
     QTest::addColumn<QString>("flags");
     QTest::addColumn<QString>("text");
-    QTest::newRow("none") << "000" << "";
-    QTest::newRow("first") << "100" << "< 4";
-    QTest::newRow("second") << "010" << "4-7";
-    QTest::newRow("third") << "001" << "> 7";
-    QTest::newRow("two first") << "110" << "< 7";
-    QTest::newRow("two last") << "011" << "> 4";
-    QTest::newRow("outer two") << "101" << "< 4, > 7";
-    QTest::newRow("all") << "111" << "< 4, 4-7, > 7";
+    QTest::newRow("none") << "000"
+                          << "";
+    QTest::newRow("first") << "100"
+                           << "< 4";
+    QTest::newRow("second") << "010"
+                            << "4-7";
+    QTest::newRow("third") << "001"
+                           << "> 7";
+    QTest::newRow("two first") << "110"
+                               << "< 7";
+    QTest::newRow("two last") << "011"
+                              << "> 4";
+    QTest::newRow("outer two") << "101"
+                               << "< 4, > 7";
+    QTest::newRow("all") << "111"
+                         << "< 4, 4-7, > 7";
 }
 
 void TestApfel::kernzahl()
@@ -268,7 +278,8 @@ void TestApfel::bewertungAusDerArbeitsdatenbank()
 void TestApfel::keineDeutscheOrdnung()
 {
     QVERIFY(!probe_->fenster->findChild<QWidget *>(u"cmdBotDeu"_s));
-    for (const char *knopf : {"cmdFirst", "cmdBack", "cmdNext", "cmdLast", "cmdFilterEin", "cmdFilter", "cmdFilterLaden", "cmdFilterSpeichern", "cmdDruck"})
+    for (const char *knopf :
+         {"cmdFirst", "cmdBack", "cmdNext", "cmdLast", "cmdFilterEin", "cmdFilter", "cmdFilterLaden", "cmdFilterSpeichern", "cmdDruck"})
         QVERIFY2(probe_->fenster->findChild<Bildknopf *>(QLatin1String(knopf)), knopf);
     QVERIFY(probe_->fenster->findChildren<Farbzelle *>().isEmpty());
     QCOMPARE(probe_->fenster->windowTitle(), u"Apfelsorten 1"_s);
@@ -301,7 +312,8 @@ void TestApfel::sonderbareDaten_data()
     QTest::addColumn<QVariant>("wert");
     for (const Spalte &spalte : schema::haupttabelle(u"Apfel")->spalten)
         if (spalte.art != Art::Schluessel)
-            for (const QVariant &wert : {QVariant(u""_s), QVariant(u"1"_s), QVariant(u"Quatsch"_s), QVariant(2147483647), QVariant(QString(5000, u'1'))})
+            for (const QVariant &wert :
+                 {QVariant(u""_s), QVariant(u"1"_s), QVariant(u"Quatsch"_s), QVariant(2147483647), QVariant(QString(5000, u'1'))})
                 QTest::addRow("%s '%s'", spalte.name, qPrintable(wert.toString().left(12))) << QString::fromLatin1(spalte.name) << wert;
 }
 

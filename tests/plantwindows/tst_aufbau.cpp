@@ -109,9 +109,10 @@ void TestAufbau::keineLeereSpalte()
             QVERIFY2(!da.isEmpty(), wo.constData());
             QRect alle;
             for (const Karte *karte : da) {
-                QVERIFY2(!alle.isValid() || std::ranges::none_of(da, [&](const Karte *andere) {
-                    return andere != karte && andere->geometry().intersects(karte->geometry());
-                }), wo.constData());
+                QVERIFY2(!alle.isValid()
+                             || std::ranges::none_of(
+                                 da, [&](const Karte *andere) { return andere != karte && andere->geometry().intersects(karte->geometry()); }),
+                         wo.constData());
                 alle |= karte->geometry();
             }
             // From edge to edge, and from the top in every column.
@@ -177,7 +178,8 @@ void TestAufbau::streifenWeichtZuerst()
 {
     Fensterprobe probe;
     probe.oeffnen();
-    for (const auto &[breite, sichtbar] : {std::pair(1000, true), std::pair(660, true), std::pair(560, false), std::pair(300, false), std::pair(980, true)}) {
+    for (const auto &[breite, sichtbar] :
+         {std::pair(1000, true), std::pair(660, true), std::pair(560, false), std::pair(300, false), std::pair(980, true)}) {
         probe.fenster->resize(breite, 600);
         QCoreApplication::processEvents();
         QCOMPARE(probe.finde(u"fraBilder"_s)->isVisible(), sichtbar);

@@ -93,8 +93,8 @@ void TestBedienung::abrutschenBeendetDieSanduhr()
 void TestBedienung::tastaturLaesstNichtsLeuchten()
 {
     aktivieren();
-    const std::tuple<const char *, QString, QString> faelle[] = {
-        {"cmdBotDeu", u"deutsch_n"_s, u"botanisc_n"_s}, {"cmdFilterEin", u"filter_n2"_s, u"filter_n_n"_s}};
+    const std::tuple<const char *, QString, QString> faelle[] = {{"cmdBotDeu", u"deutsch_n"_s, u"botanisc_n"_s},
+                                                                 {"cmdFilterEin", u"filter_n2"_s, u"filter_n_n"_s}};
     for (const auto &[name, einmal, zweimal] : faelle) {
         probe_->knopf(name)->setFocus();
         taste(Qt::Key_Space);
@@ -158,18 +158,22 @@ void TestBedienung::reihenfolgeDerTasten()
         folge += jetzt->objectName();
         taste(Qt::Key_Tab);
     }
+    // clang-format off
     const QStringList verlangt{u"cmdFirst"_s, u"cmdBack"_s, u"cboArten"_s, u"cmdNext"_s, u"cmdLast"_s, u"cmdBotDeu"_s, u"cmdFilterEin"_s, u"cmdFilter"_s,
                                u"cmdFilterLaden"_s, u"cmdFilterSpeichern"_s, u"cmdDruck"_s, u"qt_tabwidget_tabbar"_s, u"txtEigeneBemerkung"_s,
                                u"sschkBenutzer_0"_s, u"sschkBenutzer_1"_s, u"sschkBenutzer_2"_s, u"sschkBenutzer_3"_s, u"sschkBenutzer_4"_s,
                                u"cmdNamen"_s};
+    // clang-format on
     QCOMPARE(folge.mid(0, verlangt.size()).join(u' '), verlangt.join(u' '));
 }
 
 void TestBedienung::kuerzelSindBefehle()
 {
+    // clang-format off
     const std::pair<QString, QString> befehle[] = {{u"Erste Pflanze"_s, u"Ctrl+Home"_s}, {u"Vorherige Pflanze"_s, u"Ctrl+PgUp"_s},
                                                    {u"Nächste Pflanze"_s, u"Ctrl+PgDown"_s}, {u"Letzte Pflanze"_s, u"Ctrl+End"_s},
                                                    {u"Drucken"_s, u"Ctrl+P"_s}};
+    // clang-format on
     QStringList verlangt, da;
     for (const auto &[text, kuerzel] : befehle)
         verlangt += text + u' ' + kuerzel;
@@ -263,12 +267,14 @@ void TestBedienung::pfeileInDerReihe()
     fenster.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&fenster));
     erste[0]->setFocus();
+    // clang-format off
     const std::tuple<Qt::Key, Qt::KeyboardModifiers, QWidget *> schritte[] = {
         {Qt::Key_Right, {}, erste[1]},  {Qt::Key_Right, {}, erste[2]},           {Qt::Key_Left, {}, erste[1]},
         {Qt::Key_End, {}, erste[11]},   {Qt::Key_Right, {}, erste[11]},          {Qt::Key_Home, {}, erste[0]},
         {Qt::Key_Left, {}, erste[0]},   {Qt::Key_Right, {}, erste[1]},           {Qt::Key_Tab, {}, zweite[0]},
         {Qt::Key_Right, {}, zweite[1]}, {Qt::Key_Tab, Qt::ShiftModifier, erste[1]}, {Qt::Key_Tab, {}, zweite[1]},
         {Qt::Key_Tab, {}, erste[1]}};
+    // clang-format on
     for (const auto &[welche, um, ziel] : schritte) {
         taste(welche, um);
         QVERIFY2(QApplication::focusWidget() == ziel,

@@ -45,17 +45,39 @@ void TestElemente::vonBisMeter_data()
     QTest::addColumn<QString>("min");
     QTest::addColumn<QString>("max");
     QTest::addColumn<QString>("text");
-    QTest::newRow("both") << "0.2" << "0.5" << "0,2 bis 0,5 m";
-    QTest::newRow("comma and trailing zeros") << "0,20" << "1,00" << "0,2 bis 1 m";
-    QTest::newRow("minimum 0") << "0" << "1.2" << "max. 1,2 m";
-    QTest::newRow("minimum empty") << "" << "1.2" << "max. 1,2 m";
-    QTest::newRow("maximum 0") << "0.3" << "0" << "min. 0,3 m";
-    QTest::newRow("maximum empty") << "0.3" << "" << "min. 0,3 m";
-    QTest::newRow("both 0") << "0" << "0" << "";
-    QTest::newRow("both empty") << "" << "" << "";
-    QTest::newRow("0 and empty") << "0" << "" << "";
-    QTest::newRow("0 written longer") << "0,00" << "0.0" << "";
-    QTest::newRow("no numbers") << "hoch" << "höher" << "hoch bis höher m";
+    QTest::newRow("both") << "0.2"
+                          << "0.5"
+                          << "0,2 bis 0,5 m";
+    QTest::newRow("comma and trailing zeros") << "0,20"
+                                              << "1,00"
+                                              << "0,2 bis 1 m";
+    QTest::newRow("minimum 0") << "0"
+                               << "1.2"
+                               << "max. 1,2 m";
+    QTest::newRow("minimum empty") << ""
+                                   << "1.2"
+                                   << "max. 1,2 m";
+    QTest::newRow("maximum 0") << "0.3"
+                               << "0"
+                               << "min. 0,3 m";
+    QTest::newRow("maximum empty") << "0.3"
+                                   << ""
+                                   << "min. 0,3 m";
+    QTest::newRow("both 0") << "0"
+                            << "0"
+                            << "";
+    QTest::newRow("both empty") << ""
+                                << ""
+                                << "";
+    QTest::newRow("0 and empty") << "0"
+                                 << ""
+                                 << "";
+    QTest::newRow("0 written longer") << "0,00"
+                                      << "0.0"
+                                      << "";
+    QTest::newRow("no numbers") << "hoch"
+                                << "höher"
+                                << "hoch bis höher m";
 }
 
 void TestElemente::vonBisMeter()
@@ -71,11 +93,26 @@ void TestElemente::vonBisMindest_data()
     QTest::addColumn<QString>("max");
     QTest::addColumn<QString>("licht");
     QTest::addColumn<QString>("temperatur");
-    QTest::newRow("both") << "500" << "800" << "500 bis 800 Lux" << "500 bis 800 °C";
-    QTest::newRow("maximum 0") << "500" << "0" << "mind. 500 Lux" << "mind. 500 °C";
-    QTest::newRow("maximum empty") << "500" << "" << "mind. 500 Lux" << "500 bis  °C";
-    QTest::newRow("minimum 0") << "0" << "800" << "0 bis 800 Lux" << "0 bis 800 °C";
-    QTest::newRow("below zero") << "-5" << "12.5" << "-5 bis 12,5 Lux" << "-5 bis 12,5 °C";
+    QTest::newRow("both") << "500"
+                          << "800"
+                          << "500 bis 800 Lux"
+                          << "500 bis 800 °C";
+    QTest::newRow("maximum 0") << "500"
+                               << "0"
+                               << "mind. 500 Lux"
+                               << "mind. 500 °C";
+    QTest::newRow("maximum empty") << "500"
+                                   << ""
+                                   << "mind. 500 Lux"
+                                   << "500 bis  °C";
+    QTest::newRow("minimum 0") << "0"
+                               << "800"
+                               << "0 bis 800 Lux"
+                               << "0 bis 800 °C";
+    QTest::newRow("below zero") << "-5"
+                                << "12.5"
+                                << "-5 bis 12,5 Lux"
+                                << "-5 bis 12,5 °C";
 }
 
 void TestElemente::vonBisMindest()
@@ -90,14 +127,20 @@ void TestElemente::ausbildungstext_data()
 {
     QTest::addColumn<QString>("flags");
     QTest::addColumn<QString>("text");
-    QTest::newRow("none") << "000000" << "";
-    QTest::newRow("empty") << "" << "";
-    QTest::newRow("one") << "100000" << "Pflanze ist Bestandteil der Gehilfenprüfung bei Zierpflanzengärtnern";
-    QTest::newRow("two") << "110000" << "Pflanze ist Bestandteil der Gehilfenprüfung bei Zierpflanzengärtnern und bei Baumschulgärtnern";
-    QTest::newRow("three") << "101001" << "Pflanze ist Bestandteil der Gehilfenprüfung bei Zierpflanzengärtnern, bei Staudengärtnern und "
-                                          "bei Landschaftsgärtnern";
-    QTest::newRow("all") << "1111111" << "Pflanze ist Bestandteil der Gehilfenprüfung bei Zierpflanzengärtnern, bei Baumschulgärtnern, "
-                                         "bei Staudengärtnern, bei Friedhofsgärtnern, bei Obstbauern und bei Landschaftsgärtnern";
+    QTest::newRow("none") << "000000"
+                          << "";
+    QTest::newRow("empty") << ""
+                           << "";
+    QTest::newRow("one") << "100000"
+                         << "Pflanze ist Bestandteil der Gehilfenprüfung bei Zierpflanzengärtnern";
+    QTest::newRow("two") << "110000"
+                         << "Pflanze ist Bestandteil der Gehilfenprüfung bei Zierpflanzengärtnern und bei Baumschulgärtnern";
+    QTest::newRow("three") << "101001"
+                           << "Pflanze ist Bestandteil der Gehilfenprüfung bei Zierpflanzengärtnern, bei Staudengärtnern und "
+                              "bei Landschaftsgärtnern";
+    QTest::newRow("all") << "1111111"
+                         << "Pflanze ist Bestandteil der Gehilfenprüfung bei Zierpflanzengärtnern, bei Baumschulgärtnern, "
+                            "bei Staudengärtnern, bei Friedhofsgärtnern, bei Obstbauern und bei Landschaftsgärtnern";
 }
 
 void TestElemente::ausbildungstext()
@@ -163,8 +206,8 @@ void TestElemente::falscheBeschreibungen_data()
     zeile("note in a short field", {.muster = Muster::Benutzertext, .control = "lblX", .feld = "HK"}, "HK");
     zeile("swatches without colours", {.muster = Muster::Farbfeld, .control = "lblX", .feld = "FARBEN"}, "lblX");
     zeile("swatches of another list", {.muster = Muster::Farbfeld, .control = "lblX", .feld = "BLATTFARB", .farben = &WL_BluetenfarbeRGB}, "lblX");
-    zeile("mark on a missing row", {.muster = Muster::Farbfeld, .control = "lblX", .feld = "FARBEN", .farben = &WL_BluetenfarbeRGB, .buntZiel = "lblY"},
-          "lblY");
+    zeile("mark on a missing row",
+          {.muster = Muster::Farbfeld, .control = "lblX", .feld = "FARBEN", .farben = &WL_BluetenfarbeRGB, .buntZiel = "lblY"}, "lblY");
     zeile("pictures without pictures", {.muster = Muster::Symbole, .control = "lblX", .feld = "SONNE"}, "lblX");
     zeile("pictures of booleans", {.muster = Muster::Symbole, .control = "lblX", .symbole = eineWahrheit}, "");
     zeile("picture of a missing boolean", {.muster = Muster::Symbole, .control = "lblX", .symbole = keineWahrheit}, "HK");
@@ -176,18 +219,24 @@ void TestElemente::falscheBeschreibungen_data()
     zeile("name with a source", {.muster = Muster::BotName, .control = "lblX", .feld = "BOT_NAME", .feld2 = "*.Quelle"}, "");
     zeile("name with a source that is none", {.muster = Muster::BotName, .control = "lblX", .feld = "BOT_NAME", .feld2 = "HK"}, "HK");
     zeile("field of the origin that is not there", {.muster = Muster::Text, .control = "lblX", .feld = "*.DUENG"}, "*.DUENG");
-    QTest::newRow("group of an origin that no row has") << QList<Element>{} << "fraHerkunft" << "fraHerkunft";
+    QTest::newRow("group of an origin that no row has") << QList<Element>{} << "fraHerkunft"
+                                                        << "fraHerkunft";
     zeile("boxes without words", {.muster = Muster::Kaestchen, .control = "lblX", .feld = "SONNE"}, "lblX");
     zeile("name of the head again", {.muster = Muster::Text, .control = "lblHerkunft", .feld = "DUENG_FS"}, "lblHerkunft");
     QTest::newRow("name twice") << QList<Element>{{.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS"},
                                                   {.muster = Muster::Text, .control = "lblX", .feld = "DUENG_HW"}}
-                                << "fraTest" << "lblX";
-    QTest::newRow("frame like a control") << QList<Element>{{.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS"}} << "lblX" << "lblX";
-    QTest::newRow("frame twice") << QList<Element>{} << "fraDoppelt" << "fraDoppelt";
+                                << "fraTest"
+                                << "lblX";
+    QTest::newRow("frame like a control") << QList<Element>{{.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS"}} << "lblX"
+                                          << "lblX";
+    QTest::newRow("frame twice") << QList<Element>{} << "fraDoppelt"
+                                 << "fraDoppelt";
     zeile("caption named like a frame", {.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS", .titel = "fraDoppelt"}, "fraDoppelt");
     zeile("caption of another group", {.muster = Muster::Text, .control = "lblX", .feld = "DUENG_FS", .titel = "Label16"}, "Label16");
-    QTest::newRow("unknown rule field") << QList<Element>{} << "fraRegelfeld" << "GIBTSNICHT";
-    QTest::newRow("unknown rule control") << QList<Element>{} << "fraRegelcontrol" << "lblGibtsnicht";
+    QTest::newRow("unknown rule field") << QList<Element>{} << "fraRegelfeld"
+                                        << "GIBTSNICHT";
+    QTest::newRow("unknown rule control") << QList<Element>{} << "fraRegelcontrol"
+                                          << "lblGibtsnicht";
 }
 
 void TestElemente::falscheBeschreibungen()
@@ -198,8 +247,7 @@ void TestElemente::falscheBeschreibungen()
     static constexpr const char *regelcontrols[] = {"lblBotName", "lblGibtsnicht"};
     const QByteArray name = rahmen.toLatin1();
     const std::span<const Element> inhalt(elemente.constData(), size_t(elemente.size()));
-    Gruppe gruppen[] = {{.name = name.constData(), .titel = u"", .elemente = inhalt},
-                        {.name = "fraDoppelt", .titel = u"", .elemente = {}}};
+    Gruppe gruppen[] = {{.name = name.constData(), .titel = u"", .elemente = inhalt}, {.name = "fraDoppelt", .titel = u"", .elemente = {}}};
     if (rahmen == u"fraRegelfeld") {
         gruppen[0].regel = Gruppenregel::Feld;
         gruppen[0].regelfeld = "GIBTSNICHT";

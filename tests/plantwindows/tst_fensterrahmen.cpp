@@ -147,8 +147,8 @@ void TestFensterrahmen::oeffnenKopiertEinmal()
 void TestFensterrahmen::knoepfeGehenDurchDenSatz()
 {
     const int anzahl = probe_->fenster->Anzahl;
-    const std::pair<const char *, int> schritte[] = {{"cmdNext", 1}, {"cmdNext", 2}, {"cmdBack", 1}, {"cmdLast", anzahl - 1}, {"cmdBack", anzahl - 2},
-                                                     {"cmdNext", anzahl - 1}, {"cmdFirst", 0}};
+    const std::pair<const char *, int> schritte[] = {{"cmdNext", 1},          {"cmdNext", 2},          {"cmdBack", 1}, {"cmdLast", anzahl - 1},
+                                                     {"cmdBack", anzahl - 2}, {"cmdNext", anzahl - 1}, {"cmdFirst", 0}};
     QSet<QString> namen;
     for (const auto &[knopf, stelle] : schritte) {
         probe_->klick(knopf);
@@ -343,15 +343,24 @@ void TestFensterrahmen::navigationsknoepfe_data()
     QTest::addColumn<int>("stelle"); // negative: from the end
     QTest::addColumn<QString>("unterMaus");
     QTest::addColumn<QString>("bilder");
-    QTest::newRow("first") << 0 << "" << "first_ef- back_ef-gesperrt next_n+ last_n+";
-    QTest::newRow("middle") << 5 << "" << "first_n+ back_n+ next_n+ last_n+";
-    QTest::newRow("last") << -1 << "" << "first_n+ back_n+ next_ef-gesperrt last_ef-";
-    QTest::newRow("mouse on next") << 5 << "cmdNext" << "first_n+ back_n+ next+ last_n+";
-    QTest::newRow("mouse on last") << 5 << "cmdLast" << "first_n+ back_n+ next_n+ last+";
-    QTest::newRow("mouse on back") << 5 << "cmdBack" << "first_n+ back+ next_n+ last_n+";
-    QTest::newRow("mouse on first") << 5 << "cmdFirst" << "first+ back_n+ next_n+ last_n+";
-    QTest::newRow("mouse on next at the end") << -1 << "cmdNext" << "first_n+ back_n+ next_ef-gesperrt last_ef-";
-    QTest::newRow("mouse on first at the start") << 0 << "cmdFirst" << "first_ef- back_ef-gesperrt next_n+ last_n+";
+    QTest::newRow("first") << 0 << ""
+                           << "first_ef- back_ef-gesperrt next_n+ last_n+";
+    QTest::newRow("middle") << 5 << ""
+                            << "first_n+ back_n+ next_n+ last_n+";
+    QTest::newRow("last") << -1 << ""
+                          << "first_n+ back_n+ next_ef-gesperrt last_ef-";
+    QTest::newRow("mouse on next") << 5 << "cmdNext"
+                                   << "first_n+ back_n+ next+ last_n+";
+    QTest::newRow("mouse on last") << 5 << "cmdLast"
+                                   << "first_n+ back_n+ next_n+ last+";
+    QTest::newRow("mouse on back") << 5 << "cmdBack"
+                                   << "first_n+ back+ next_n+ last_n+";
+    QTest::newRow("mouse on first") << 5 << "cmdFirst"
+                                    << "first+ back_n+ next_n+ last_n+";
+    QTest::newRow("mouse on next at the end") << -1 << "cmdNext"
+                                              << "first_n+ back_n+ next_ef-gesperrt last_ef-";
+    QTest::newRow("mouse on first at the start") << 0 << "cmdFirst"
+                                                 << "first_ef- back_ef-gesperrt next_n+ last_n+";
 }
 
 void TestFensterrahmen::navigationsknoepfe()
@@ -375,9 +384,11 @@ void TestFensterrahmen::knopfzustaende_data()
     QTest::addColumn<QString>("gedrueckt");
     QTest::addColumn<QString>("losgelassen");
     QTest::addColumn<bool>("sanduhr");
+    // clang-format off
     const auto zeile = [](const char *knopf, const char *normal, const char *darueber, const char *gedrueckt, const char *losgelassen, bool sanduhr = false) {
         QTest::newRow(knopf) << QString::fromLatin1(knopf) << normal << darueber << gedrueckt << losgelassen << sanduhr;
     };
+    // clang-format on
     zeile("cmdFirst", "first_n", "first", "first_u", "first", true);
     zeile("cmdBack", "back_n", "back", "back_u", "back", true);
     zeile("cmdNext", "next_n", "next", "next_u", "next", true);
@@ -497,11 +508,13 @@ void TestFensterrahmen::gesperrterKnopfBleibtGrau()
 
 void TestFensterrahmen::hinweiseDerKnoepfe()
 {
+    // clang-format off
     const std::pair<const char *, QString> hinweise[] = {
         {"cmdFirst", u"Erste Pflanze"_s},           {"cmdBack", u"Vorherige Pflanze"_s},  {"cmdNext", u"Nächste Pflanze"_s},
         {"cmdLast", u"Letzte Pflanze"_s},           {"cmdBotDeu", u"Umschalten Botanisch/Deutsch"_s},
         {"cmdFilterEin", u"Filter ein/aus"_s},      {"cmdFilter", u"Filter definieren"_s}, {"cmdFilterLaden", u"Filter laden"_s},
         {"cmdFilterSpeichern", u"Filter speichern"_s}, {"cmdDruck", u"Drucken"_s}};
+    // clang-format on
     for (const auto &[name, text] : hinweise)
         QCOMPARE(probe_->knopf(name)->toolTip(), text);
     QCOMPARE(probe_->finde(u"picLeiste"_s)->findChildren<Bildknopf *>().size(), qsizetype(std::size(hinweise)));

@@ -15,8 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList staudenrahmen{u"fraBelaubung"_s, u"fraFrucht"_s, u"fraBluete"_s, u"fraPflanzentyp"_s, u"fraStandort"_s, u"fraBemerkung"_s,
-                                u"fraHabitus"_s, u"fraPflanzzeit"_s, u"fraVerwendung"_s, u"fraSymbolik"_s};
+const QStringList staudenrahmen{u"fraBelaubung"_s, u"fraFrucht"_s,  u"fraBluete"_s,     u"fraPflanzentyp"_s, u"fraStandort"_s,
+                                u"fraBemerkung"_s, u"fraHabitus"_s, u"fraPflanzzeit"_s, u"fraVerwendung"_s,  u"fraSymbolik"_s};
 
 QStringList gehoelzrahmen()
 {
@@ -122,18 +122,22 @@ void TestFriedhof::namenDerControls()
     for (const QString &rahmen : staudenrahmen + gehoelzrahmen())
         QVERIFY2(probe_->fenster->findChild<QWidget *>(rahmen), qPrintable(rahmen));
     // A woody control stands in its frame under the perennial one's name, with "Gh" behind the prefix.
-    for (const auto &[rahmen, name] : {std::pair(u"fraBluete"_s, u"lblBlFarbe_0"_s), {u"fraBluete"_s, u"lblBlMonat_11"_s}, {u"fraBluete"_s,
-        u"lblBluetHoehe"_s},
-                                       {u"fraFrucht"_s, u"lblFrFarbe_13"_s}, {u"fraStandort"_s, u"imgLicht_2"_s}, {u"fraStandort"_s, u"lblpH"_s},
-                                       {u"fraSymbolik"_s, u"lblSymbolik"_s}, {u"fraHabitus"_s, u"lblWuchsVerh"_s}}) {
+    for (const auto &[rahmen, name] : {std::pair(u"fraBluete"_s, u"lblBlFarbe_0"_s),
+                                       {u"fraBluete"_s, u"lblBlMonat_11"_s},
+                                       {u"fraBluete"_s, u"lblBluetHoehe"_s},
+                                       {u"fraFrucht"_s, u"lblFrFarbe_13"_s},
+                                       {u"fraStandort"_s, u"imgLicht_2"_s},
+                                       {u"fraStandort"_s, u"lblpH"_s},
+                                       {u"fraSymbolik"_s, u"lblSymbolik"_s},
+                                       {u"fraHabitus"_s, u"lblWuchsVerh"_s}}) {
         QVERIFY2(probe_->finde(rahmen)->isAncestorOf(probe_->finde(name)), qPrintable(name));
         const QString gehoelz = name.left(3) + u"Gh"_s + name.mid(3);
         QVERIFY2(probe_->finde(u"fraGh"_s + rahmen.mid(3))->isAncestorOf(probe_->finde(gehoelz)), qPrintable(gehoelz));
     }
     // The perennial frames' controls bear the names of the perennial window.
     Fensterprobe stauden(Sparte::Stauden);
-    for (const char *name : {"lblHfFarbe_0", "Panel3D6", "lblBlattform", "lblPflanzart", "lblWuchs", "lblBodenart", "lblNaehrstoffe",
-        "lblGeselligkeit", "txtSorten"}) {
+    for (const char *name :
+         {"lblHfFarbe_0", "Panel3D6", "lblBlattform", "lblPflanzart", "lblWuchs", "lblBodenart", "lblNaehrstoffe", "lblGeselligkeit", "txtSorten"}) {
         QVERIFY2(stauden.fenster->findChild<QWidget *>(QString::fromLatin1(name)), name);
         QVERIFY2(probe_->fenster->findChild<QWidget *>(QString::fromLatin1(name)), name);
     }
@@ -213,7 +217,7 @@ void TestFriedhof::felderDerSeiten()
     quelleSetzen(staude, u"Stauden"_s,
                  u"bluehzeit = '100000000000', fruchtzeit = '010000000000', BLMINH = 0.2, BLMAXH = 0.4, UNSCHEINBA = 'True', MINHOEHE = 0.1, "
                  "MAXHOEHE = 0.3, blaschmuck = 'True', pflanzart = 'S', immergruen = 'True', wuchsform = 'horstig', salz = '100', fruchtfarb = "
-                     "'3'"_s);
+                 "'3'"_s);
     quelleSetzen(gehoelz, u"Gehoelze"_s,
                  u"bluehzeit = '001000000000', fruchtzeit = '000100000000', fruchtfarb = '00001000000000', UNSCHEINBA = 'True', laubzeit = '1000', "
                  "grobeint = '2', groesse = '00100000', BEMERKUNG = 'Nur im Schutz'"_s);
@@ -266,8 +270,9 @@ void TestFriedhof::gleicheNummerAufBeidenSeiten()
     Fensterprobe doppelt(Sparte::Friedhof);
     friedhofFuellen(*doppelt.ordner.db(), 12);
     doppelt.ordner.db()->Execute(u"INSERT INTO Stauden (ARTNR, BOT_NAME, FAMILIE, Quelle, HK, SORTEN, immergruen, bluehzeit, pflanzart, "
-        "Ausbildung, BEMERKUNG) "
-                                 "VALUES (?, 'Falsa', 1, 'n', 'nirgends', 'Alba', 'True', '111111111111', 'S', '111111', 'falsch')"_s, {gehoelz});
+                                 "Ausbildung, BEMERKUNG) "
+                                 "VALUES (?, 'Falsa', 1, 'n', 'nirgends', 'Alba', 'True', '111111111111', 'S', '111111', 'falsch')"_s,
+                                 {gehoelz});
     doppelt.oeffnen();
     zeigen(doppelt, gehoelz);
     QCOMPARE(schnappschuss(doppelt), vorher);
@@ -279,8 +284,9 @@ void TestFriedhof::angehaengteWorte()
     const qint64 staude = nummern(Sparte::Stauden).first(), gehoelz = nummern(Sparte::Gehoelze).first();
     probe_.reset();
     neu(12);
-    quelleSetzen(staude, u"Stauden"_s, u"BLMINH = NULL, BLMAXH = NULL, UNSCHEINBA = 'True', pflanzart = NULL, immergruen = 'True', bluehzeit = "
-        "'1'"_s);
+    quelleSetzen(staude, u"Stauden"_s,
+                 u"BLMINH = NULL, BLMAXH = NULL, UNSCHEINBA = 'True', pflanzart = NULL, immergruen = 'True', bluehzeit = "
+                 "'1'"_s);
     quelleSetzen(staude, u"Friedhof"_s, u"DUFT = 'False', HERBSTFARB = 'False'"_s);
     quelleSetzen(gehoelz, u"Gehoelze"_s, u"laubzeit = NULL"_s);
     quelleSetzen(gehoelz, u"Friedhof"_s, u"HERBSTFARB = 'True'"_s);

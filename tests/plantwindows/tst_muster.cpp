@@ -95,13 +95,34 @@ void TestMuster::jedeSchreibweise_data()
     QTest::addColumn<QString>("wert");
     QTest::addColumn<QString>("control");
     QTest::addColumn<QString>("text");
-    QTest::newRow("beginning, the longer mark") << "pflanzart" << "Str" << "lblPflanzart" << "Strauch";
-    QTest::newRow("beginning, the shorter mark") << "pflanzart" << "S" << "lblPflanzart" << "Staude";
-    QTest::newRow("beginning, no mark") << "pflanzart" << "?" << "lblPflanzart" << "";
-    QTest::newRow("marks") << "urteil" << "***L" << "lblUrteil" << "vorzügliche Sorte, Staude für den Pflanzenliebhaber";
-    QTest::newRow("marks that exclude each other") << "urteil" << "**" << "lblUrteil" << "sehr wertvolle Sorte";
-    QTest::newRow("number") << "geselligkt" << "3" << "lblGeselligkeit" << "größere Gruppen von über 10-20 Pflanzen";
-    QTest::newRow("number beyond the list") << "geselligkt" << "6" << "lblGeselligkeit" << "";
+    QTest::newRow("beginning, the longer mark") << "pflanzart"
+                                                << "Str"
+                                                << "lblPflanzart"
+                                                << "Strauch";
+    QTest::newRow("beginning, the shorter mark") << "pflanzart"
+                                                 << "S"
+                                                 << "lblPflanzart"
+                                                 << "Staude";
+    QTest::newRow("beginning, no mark") << "pflanzart"
+                                        << "?"
+                                        << "lblPflanzart"
+                                        << "";
+    QTest::newRow("marks") << "urteil"
+                           << "***L"
+                           << "lblUrteil"
+                           << "vorzügliche Sorte, Staude für den Pflanzenliebhaber";
+    QTest::newRow("marks that exclude each other") << "urteil"
+                                                   << "**"
+                                                   << "lblUrteil"
+                                                   << "sehr wertvolle Sorte";
+    QTest::newRow("number") << "geselligkt"
+                            << "3"
+                            << "lblGeselligkeit"
+                            << "größere Gruppen von über 10-20 Pflanzen";
+    QTest::newRow("number beyond the list") << "geselligkt"
+                                            << "6"
+                                            << "lblGeselligkeit"
+                                            << "";
 }
 
 void TestMuster::jedeSchreibweise()
@@ -133,11 +154,16 @@ void TestMuster::eigeneWorte_data()
     QTest::addColumn<QString>("wert");
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("kaestchen");
-    QTest::newRow("number") << "4" << "stark giftig !!!" << 3;
-    QTest::newRow("flags") << "0100" << "ungenießbar" << 1;
-    QTest::newRow("first") << "1" << "eßbar" << 0;
-    QTest::newRow("none") << "5" << "" << -1;
-    QTest::newRow("empty") << "" << "" << -1;
+    QTest::newRow("number") << "4"
+                            << "stark giftig !!!" << 3;
+    QTest::newRow("flags") << "0100"
+                           << "ungenießbar" << 1;
+    QTest::newRow("first") << "1"
+                           << "eßbar" << 0;
+    QTest::newRow("none") << "5"
+                          << "" << -1;
+    QTest::newRow("empty") << ""
+                           << "" << -1;
 }
 
 void TestMuster::eigeneWorte()
@@ -221,8 +247,8 @@ void TestMuster::einBildNachStelle()
     const Kleinfenster klein(Sparte::Gehoelze, gehoelzGruppen, tafel);
     Fensterprobe &probe = *klein.probe;
     QVERIFY(!probe.gezeigt(u"imgEigen_0"_s));
-    for (const auto &[wert, bild, name] : {std::tuple(u"1"_s, u"iliEigenschaften/laub"_s, u"Laubgehölz"_s),
-                                           {u"2"_s, u"iliEigenschaften/nadel"_s, u"Nadelgehölz"_s}}) {
+    for (const auto &[wert, bild, name] :
+         {std::tuple(u"1"_s, u"iliEigenschaften/laub"_s, u"Laubgehölz"_s), {u"2"_s, u"iliEigenschaften/nadel"_s, u"Nadelgehölz"_s}}) {
         probe.setzen({{u"grobeint"_s, wert}});
         QVERIFY(probe.gezeigt(u"imgEigen_0"_s));
         QCOMPARE(probe.finde<Bildfeld>(u"imgEigen_0"_s)->bild(), bild);
@@ -236,11 +262,13 @@ namespace {
 
 constexpr Anhang anPflanzart[] = {{"immergruen", u"immergrün"}, {"giftig", u"giftig!"}};
 constexpr Anhang anHoehe[] = {{"UNSCHEINBA", u"(unscheinbar)", u" "}};
+// clang-format off
 constexpr Element mitAnhang[] = {
     {.muster = Muster::Liste, .control = "lblPflanzart", .feld = "pflanzart", .titel = "Label36", .anhang = anPflanzart},
     {.muster = Muster::VonBisMeter, .control = "lblBluetHoehe", .feld = "BLMINH", .feld2 = "BLMAXH", .titeltext = u"Höhe:", .titel = "labelBl",
      .einheit = u" m", .anhang = anHoehe},
 };
+// clang-format on
 constexpr Gruppe anhangGruppen[] = {{.name = "fraTest", .titel = u"Test", .elemente = mitAnhang}};
 
 } // namespace
@@ -251,14 +279,17 @@ void TestMuster::anhaenge_data()
     QTest::addColumn<QString>("art");
     QTest::addColumn<QString>("hoehe");
     using Werte = Fensterprobe::Werte;
-    QTest::newRow("nothing") << Werte{} << "" << "";
-    QTest::newRow("text alone") << Werte{{u"pflanzart"_s, u"S"_s}, {u"BLMAXH"_s, u"0.5"_s}} << "Staude" << "max. 0,5 m";
-    QTest::newRow("behind a text") << Werte{{u"pflanzart"_s, u"S"_s}, {u"BLMAXH"_s, u"0.5"_s},
-                                            {u"immergruen"_s, u"True"_s}, {u"UNSCHEINBA"_s, u"True"_s}}
-                                   << "Staude, immergrün" << "max. 0,5 m (unscheinbar)";
-    QTest::newRow("two") << Werte{{u"pflanzart"_s, u"G"_s}, {u"immergruen"_s, u"True"_s}, {u"giftig"_s, u"True"_s}}
-                         << "Gras, immergrün, giftig!" << "";
-    QTest::newRow("behind nothing") << Werte{{u"giftig"_s, u"True"_s}, {u"UNSCHEINBA"_s, u"True"_s}} << "giftig!" << "(unscheinbar)";
+    QTest::newRow("nothing") << Werte{} << ""
+                             << "";
+    QTest::newRow("text alone") << Werte{{u"pflanzart"_s, u"S"_s}, {u"BLMAXH"_s, u"0.5"_s}} << "Staude"
+                                << "max. 0,5 m";
+    QTest::newRow("behind a text")
+        << Werte{{u"pflanzart"_s, u"S"_s}, {u"BLMAXH"_s, u"0.5"_s}, {u"immergruen"_s, u"True"_s}, {u"UNSCHEINBA"_s, u"True"_s}} << "Staude, immergrün"
+        << "max. 0,5 m (unscheinbar)";
+    QTest::newRow("two") << Werte{{u"pflanzart"_s, u"G"_s}, {u"immergruen"_s, u"True"_s}, {u"giftig"_s, u"True"_s}} << "Gras, immergrün, giftig!"
+                         << "";
+    QTest::newRow("behind nothing") << Werte{{u"giftig"_s, u"True"_s}, {u"UNSCHEINBA"_s, u"True"_s}} << "giftig!"
+                                    << "(unscheinbar)";
 }
 
 void TestMuster::anhaenge()
@@ -278,19 +309,29 @@ void TestMuster::einheiten_data()
     QTest::addColumn<QString>("wert");
     QTest::addColumn<QString>("durchmesser");
     QTest::addColumn<QString>("kennzahl");
-    QTest::newRow("number") << "1.50" << "1,5 m" << "1.50/m²";
-    QTest::newRow("none") << "" << "" << "Keine Angaben";
-    QTest::newRow("zero") << "0" << "" << "0/m²";
-    QTest::newRow("square metres") << "3 m2" << "3 m2 m" << "3 m²/m²";
+    QTest::newRow("number") << "1.50"
+                            << "1,5 m"
+                            << "1.50/m²";
+    QTest::newRow("none") << ""
+                          << ""
+                          << "Keine Angaben";
+    QTest::newRow("zero") << "0"
+                          << ""
+                          << "0/m²";
+    QTest::newRow("square metres") << "3 m2"
+                                   << "3 m2 m"
+                                   << "3 m²/m²";
 }
 
 void TestMuster::einheiten()
 {
+    // clang-format off
     static constexpr Element elemente[] = {
         {.muster = Muster::Text, .control = "lblmaxD", .feld = "maxdurchm", .einheit = u" m", .umformung = gemeinsam::ohneNull},
         {.muster = Muster::Text, .control = "lblKennzahl", .feld = "kennzahl", .leer = u"Keine Angaben", .einheit = u"/m²",
          .umformung = gemeinsam::quadratmeter},
     };
+    // clang-format on
     static constexpr Gruppe gruppen[] = {{.name = "fraTest", .titel = u"Test", .elemente = elemente}};
     QFETCH(QString, wert);
     const Kleinfenster klein(Sparte::Gehoelze, gruppen);
@@ -323,10 +364,14 @@ void TestMuster::ueberschriften_data()
 {
     QTest::addColumn<QString>("klima");
     QTest::addColumn<QString>("schnitt");
-    QTest::newRow("none") << "" << "";
-    QTest::newRow("first group") << "1" << "";
-    QTest::newRow("second group") << "" << "1";
-    QTest::newRow("both") << "1" << "1";
+    QTest::newRow("none") << ""
+                          << "";
+    QTest::newRow("first group") << "1"
+                                 << "";
+    QTest::newRow("second group") << ""
+                                  << "1";
+    QTest::newRow("both") << "1"
+                          << "1";
 }
 
 void TestMuster::ueberschriften()
@@ -369,8 +414,10 @@ void TestMuster::gemeinsamerTitel()
         const QWidget *w = probe.finde(QString::fromLatin1(name));
         return w->mapTo(probe.fenster.get(), QPoint()).y();
     };
-    for (const auto &[fleisch, form, zeile] : {std::tuple(u"1"_s, u"1"_s, "lblObFruchtfleisch"), {u"1"_s, QString(), "lblObFruchtfleisch"},
-                                               {QString(), u"1"_s, "lblObFruchtform"}, {u"1"_s, u"1"_s, "lblObFruchtfleisch"}}) {
+    for (const auto &[fleisch, form, zeile] : {std::tuple(u"1"_s, u"1"_s, "lblObFruchtfleisch"),
+                                               {u"1"_s, QString(), "lblObFruchtfleisch"},
+                                               {QString(), u"1"_s, "lblObFruchtform"},
+                                               {u"1"_s, u"1"_s, "lblObFruchtfleisch"}}) {
         probe.setzen({{u"FRUFLEI"_s, fleisch}, {u"FRUFOR"_s, form}});
         QVERIFY(probe.gezeigt(u"Label23"_s));
         QCOMPARE(hoehe("Label23"), hoehe(zeile));
@@ -381,11 +428,13 @@ void TestMuster::gemeinsamerTitel()
 
 void TestMuster::eigenesPanel()
 {
+    // clang-format off
     static constexpr Element blatt[] = {
         {.muster = Muster::Farbfeld, .control = "lblHfFarbe", .feld = "herbstfarb", .titeltext = u"Herbstfärbung:", .titel = "Label23",
          .farben = &WL_BluetenfarbeRGB, .panel = "Panel3D6"},
         {.muster = Muster::Text, .control = "lblBlattform", .feld = "blattform", .titel = "Label21"},
     };
+    // clang-format on
     static constexpr Gruppe gruppen[] = {{.name = "Frame3D3", .titel = u"Blatt", .elemente = blatt, .regel = Gruppenregel::Controls}};
     const Kleinfenster klein(Sparte::Stauden, gruppen);
     Fensterprobe &probe = *klein.probe;
@@ -413,8 +462,8 @@ void TestMuster::bildMitEigenerForm()
     zeichnung.close();
     const QScopeGuard zurueck([vorher = bilder::ordner()] { bilder::setOrdner(vorher); });
 
-    static constexpr Bildformular formular{.form = "frmLebensbereiche", .titel = u"Lebensbereiche Stauden",
-                                            .control = "picLebensberiche", .bild = "bilder/probe"};
+    static constexpr Bildformular formular{
+        .form = "frmLebensbereiche", .titel = u"Lebensbereiche Stauden", .control = "picLebensberiche", .bild = "bilder/probe"};
     static constexpr Element elemente[] = {{.muster = Muster::Bildoeffner, .control = "picLebensraum", .formular = &formular}};
     static constexpr Gruppe gruppen[] = {{.name = "fraTest", .titel = u"Test", .elemente = elemente}};
     const Kleinfenster klein(Sparte::Stauden, gruppen, {}, ordner.path());

@@ -24,7 +24,8 @@ class Schreibsperre
 public:
     explicit Schreibsperre(const QString &pfad)
     {
-        if (sqlite3_open(pfad.toUtf8().constData(), &db_) != SQLITE_OK || sqlite3_exec(db_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK)
+        if (sqlite3_open(pfad.toUtf8().constData(), &db_) != SQLITE_OK
+            || sqlite3_exec(db_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK)
             qFatal("The database cannot be locked: %s", sqlite3_errmsg(db_));
     }
     ~Schreibsperre() { sqlite3_close_v2(db_); }
@@ -172,8 +173,8 @@ void TestNotizen::klickenOhneAendernSchreibtAuch()
 void TestNotizen::allesWasVerlaesstSpeichert_data()
 {
     QTest::addColumn<QString>("knopf");
-    for (const char *knopf : {"cmdFirst", "cmdBack", "cmdNext", "cmdLast", "cboArten", "cmdFilter", "cmdFilterEin", "cmdFilterLaden",
-                              "cmdFilterSpeichern", "cmdDruck"})
+    for (const char *knopf :
+         {"cmdFirst", "cmdBack", "cmdNext", "cmdLast", "cboArten", "cmdFilter", "cmdFilterEin", "cmdFilterLaden", "cmdFilterSpeichern", "cmdDruck"})
         QTest::newRow(knopf) << QString::fromLatin1(knopf);
 }
 

@@ -69,8 +69,8 @@ constexpr Zeile texte[] = {
 };
 
 /// Frames and the titles that vanish, too.
-const QStringList rahmen{u"SSFrame1"_s, u"SSFrame2"_s, u"SSFrame4"_s, u"SSFrame6"_s, u"SSFrame5"_s, u"SSFrame10"_s, u"SSFrame8"_s, u"SSFrame7"_s,
-                         u"SSFrame9"_s, u"Frame1"_s, u"SSFrame12"_s, u"SSFrame3"_s};
+const QStringList rahmen{u"SSFrame1"_s, u"SSFrame2"_s, u"SSFrame4"_s, u"SSFrame6"_s, u"SSFrame5"_s,  u"SSFrame10"_s,
+                         u"SSFrame8"_s, u"SSFrame7"_s, u"SSFrame9"_s, u"Frame1"_s,   u"SSFrame12"_s, u"SSFrame3"_s};
 const QStringList ueberschriften{u"Label38"_s, u"Label6"_s, u"Label42"_s, u"Label45"_s, u"Label51"_s, u"Label52"_s, u"Label53"_s};
 
 } // namespace

@@ -23,9 +23,11 @@ private slots:
 
     void symbole()
     {
+        // clang-format off
         const std::tuple<const char *, const char *, const char *> zeilen[] = {
             {"giftig", "gift", "gift_n"}, {"schnitt", "schere", "schere_n"}, {"heimisch", "heim", "heim_n"}, {"blaschmuck", "schmuck", "schmuc_n"},
             {"immergruen", "immerg", "immerg_n"}};
+        // clang-format on
         const auto bilder = [&] {
             QStringList namen;
             for (int i = 0; i < 5; ++i) {
@@ -130,9 +132,11 @@ private slots:
 
     void pflanzart()
     {
+        // clang-format off
         const std::pair<QString, QString> arten[] = {{u"1"_s, u"einjährig"_s}, {u"2"_s, u"zweijährig"_s}, {u"B"_s, u"Baum"_s}, {u"H"_s, u"Halbstrauch"_s},
                                                      {u"S"_s, u"Staude"_s}, {u"Std"_s, u"Staude"_s}, {u"Str"_s, u"Strauch"_s}, {u"Z"_s, u"Zwiebel/Knolle"_s},
                                                      {u"G"_s, u"Gras"_s}, {u"F"_s, u"Farn"_s}, {u"W"_s, u"Wasserpflanze"_s}};
+        // clang-format on
         for (const auto &[wert, text] : arten) {
             probe_->setzen({{u"pflanzart"_s, wert}});
             QCOMPARE(probe_->text(u"lblPflanzart"_s), text);
@@ -197,15 +201,19 @@ private slots:
         const QString zeit = u"000110000000"_s;
         for (int i = 0; i < 8; ++i) {
             const bool bluete = i & 1, frucht = i & 2, blatt = i & 4;
-            probe_->setzen({{u"bluehzeit"_s, bluete ? zeit : u"0"_s}, {u"fruchtzeit"_s, frucht ? zeit : QString()}, {u"blattform"_s, blatt ? u"rund"_s : QString()}});
+            probe_->setzen({{u"bluehzeit"_s, bluete ? zeit : u"0"_s},
+                            {u"fruchtzeit"_s, frucht ? zeit : QString()},
+                            {u"blattform"_s, blatt ? u"rund"_s : QString()}});
             QCOMPARE(probe_->gezeigt(u"Frame3D2"_s), bluete);
             QCOMPARE(probe_->gezeigt(u"fraFrucht"_s), frucht);
             QCOMPARE(probe_->gezeigt(u"Frame3D3"_s), blatt);
             QCOMPARE(probe_->gezeigt(u"Label2"_s), bluete || frucht || blatt);
         }
         probe_->leeren();
-        for (const auto &[feld, wert, titel] : {std::tuple(u"MINHOEHE"_s, u"0.2"_s, u"labelHoehe"_s), {u"blattform"_s, u"rund"_s, u"Label21"_s},
-                                                {u"blattfarbe"_s, u"1"_s, u"LabelFarbe"_s}, {u"herbstfarb"_s, u"3"_s, u"Label23"_s}}) {
+        for (const auto &[feld, wert, titel] : {std::tuple(u"MINHOEHE"_s, u"0.2"_s, u"labelHoehe"_s),
+                                                {u"blattform"_s, u"rund"_s, u"Label21"_s},
+                                                {u"blattfarbe"_s, u"1"_s, u"LabelFarbe"_s},
+                                                {u"herbstfarb"_s, u"3"_s, u"Label23"_s}}) {
             probe_->leeren();
             QVERIFY(!probe_->gezeigt(u"Frame3D3"_s) && !probe_->gezeigt(titel));
             probe_->setzen({{feld, wert}});

@@ -224,12 +224,24 @@ void TestTopfpflanzen::symbolfluss_data()
     QTest::addColumn<QString>("typen");
     QTest::addColumn<QString>("giftig");
     QTest::addColumn<QString>("plaetze"); // "index:left,top" of each visible mark
-    QTest::newRow("all six") << "11111" << "True" << "0:240,1035 1:790,1035 2:1340,1035 3:240,1560 4:790,1560 5:1340,1560";
-    QTest::newRow("five") << "11111" << "False" << "0:240,1035 1:790,1035 2:1340,1035 3:240,1560 4:790,1560";
-    QTest::newRow("gaps close") << "01001" << "Wahr" << "1:240,1035 4:790,1035 5:1340,1035";
-    QTest::newRow("poisonous alone") << "00000" << "-1" << "5:240,1035";
-    QTest::newRow("short string") << "1" << "" << "0:240,1035";
-    QTest::newRow("none") << "" << "0" << "";
+    QTest::newRow("all six") << "11111"
+                             << "True"
+                             << "0:240,1035 1:790,1035 2:1340,1035 3:240,1560 4:790,1560 5:1340,1560";
+    QTest::newRow("five") << "11111"
+                          << "False"
+                          << "0:240,1035 1:790,1035 2:1340,1035 3:240,1560 4:790,1560";
+    QTest::newRow("gaps close") << "01001"
+                                << "Wahr"
+                                << "1:240,1035 4:790,1035 5:1340,1035";
+    QTest::newRow("poisonous alone") << "00000"
+                                     << "-1"
+                                     << "5:240,1035";
+    QTest::newRow("short string") << "1"
+                                  << ""
+                                  << "0:240,1035";
+    QTest::newRow("none") << ""
+                          << "0"
+                          << "";
 }
 
 void TestTopfpflanzen::symbolfluss()
@@ -251,9 +263,7 @@ void TestTopfpflanzen::symbolfluss()
 void TestTopfpflanzen::merkmalDerFruchtFaelltAufDieBluete()
 {
     const QString bunt = u"0000000000001"_s;
-    const auto stile = [&] {
-        return std::pair(probe_->zelle(u"lblBlFarbe"_s, 12)->backStyle(), probe_->zelle(u"lblFrFarbe"_s, 12)->backStyle());
-    };
+    const auto stile = [&] { return std::pair(probe_->zelle(u"lblBlFarbe"_s, 12)->backStyle(), probe_->zelle(u"lblFrFarbe"_s, 12)->backStyle()); };
     QCOMPARE(stile(), std::pair(0, 0));
     probe_->setzen({{u"FRUCHTFARB"_s, bunt}});
     QCOMPARE(stile(), std::pair(1, 0));
@@ -336,10 +346,14 @@ void TestTopfpflanzen::lichtUndTemperatur_data()
     QTest::addColumn<QVariant>("max");
     QTest::addColumn<QString>("licht");
     QTest::addColumn<QString>("temperatur");
-    QTest::newRow("both") << QVariant(u"15"_s) << QVariant(u"25"_s) << "15 bis 25 Lux" << "15 bis 25 °C";
-    QTest::newRow("0") << QVariant(u"15"_s) << QVariant(u"0"_s) << "mind. 15 Lux" << "mind. 15 °C";
-    QTest::newRow("empty") << QVariant(u"15"_s) << QVariant(u""_s) << "mind. 15 Lux" << "15 bis  °C";
-    QTest::newRow("null") << QVariant(u"15"_s) << QVariant() << "mind. 15 Lux" << "15 bis  °C";
+    QTest::newRow("both") << QVariant(u"15"_s) << QVariant(u"25"_s) << "15 bis 25 Lux"
+                          << "15 bis 25 °C";
+    QTest::newRow("0") << QVariant(u"15"_s) << QVariant(u"0"_s) << "mind. 15 Lux"
+                       << "mind. 15 °C";
+    QTest::newRow("empty") << QVariant(u"15"_s) << QVariant(u""_s) << "mind. 15 Lux"
+                           << "15 bis  °C";
+    QTest::newRow("null") << QVariant(u"15"_s) << QVariant() << "mind. 15 Lux"
+                          << "15 bis  °C";
 }
 
 void TestTopfpflanzen::lichtUndTemperatur()
@@ -439,10 +453,12 @@ void TestTopfpflanzen::sonderbareDaten_data()
     for (const Spalte &spalte : schema::haupttabelle(u"TOPFPFL")->spalten) {
         if (spalte.art == Art::Schluessel)
             continue;
+        // clang-format off
         const std::pair<const char *, QVariant> werte[] = {
             {"empty", QVariant(u""_s)},      {"one", QVariant(u"1"_s)},         {"blanks", QVariant(u"     "_s)},  {"word", QVariant(u"Quatsch"_s)},
             {"negative", QVariant(-3)},   {"huge", QVariant(2147483647)}, {"huger", QVariant(u"1e300"_s)},   {"nan", QVariant(u"nan"_s)},
             {"long", langerText},         {"marks", QVariant(u"%1 %2 &<b>\n\u00EC\n\"'"_s)}};
+        // clang-format on
         for (const auto &[name, wert] : werte)
             QTest::addRow("%s %s", spalte.name, name) << QString::fromLatin1(spalte.name) << wert;
     }
@@ -494,6 +510,7 @@ void TestTopfpflanzen::hinweise_data()
 {
     QTest::addColumn<QString>("control");
     QTest::addColumn<QString>("text");
+    // clang-format off
     const std::pair<const char *, QStringList> reihen[] = {
         {"imgEigen", {u"Diese Pflanze ist eine Grünpflanze"_s, u"Diese Pflanze ist eine Blütenpflanze"_s, u"Diese Pflanze ist eine Fruchtpflanze"_s,
                       u"Diese Pflanze ist eine Sukkulente"_s, u"Diese Pflanze ist eine Carnivore"_s, u"Diese Pflanze ist giftig!"_s}},
@@ -504,6 +521,7 @@ void TestTopfpflanzen::hinweise_data()
           u"Diese Pflanze ist für die Vitrine geeignet."_s}},
         {"imgLicht", {u"sonnig"_s, u"halbschattig"_s, u"schattig"_s}},
     };
+    // clang-format on
     for (const auto &[stamm, texte] : reihen)
         for (int i = 0; i < texte.size(); ++i)
             QTest::addRow("%s(%d)", stamm, i) << u"%1_%2"_s.arg(QLatin1String(stamm)).arg(i) << texte[i];
@@ -564,9 +582,11 @@ void TestTopfpflanzen::monateAlsBuchstabenUndZahlen()
 
 void TestTopfpflanzen::farbenUndMonateMitNamen()
 {
+    // clang-format off
     const std::pair<const char *, const Werteliste *> reihen[] = {{"lblBlMonat", &WL_Monate},   {"lblAngMonat", &WL_Monate},
                                                                   {"lblFrMonat", &WL_Monate},   {"lblBlFarbe", &WL_Bluetenfarbe},
                                                                   {"lblFrFarbe", &WL_ToFruchtfarbe}};
+    // clang-format on
     for (const auto &[stamm, liste] : reihen) {
         for (int i = 0; i < liste->anzahl(); ++i)
             QCOMPARE(probe_->zelle(QString::fromLatin1(stamm), i)->toolTip(), liste->zeilen[size_t(i)].toString());
@@ -580,8 +600,7 @@ void TestTopfpflanzen::reiter()
     QStringList titel;
     for (int i = 0; i < tabStauden->count(); ++i)
         titel += tabStauden->tabText(i);
-    QCOMPARE(titel, (QStringList{u"Blatt/Blüte"_s, u"Standort/Verwendung"_s, u"Sorten"_s,
-                                 u"Krankheiten/Pflege"_s, u"Benutzer / Ausbildung"_s}));
+    QCOMPARE(titel, (QStringList{u"Blatt/Blüte"_s, u"Standort/Verwendung"_s, u"Sorten"_s, u"Krankheiten/Pflege"_s, u"Benutzer / Ausbildung"_s}));
 }
 
 QTEST_MAIN(TestTopfpflanzen)

@@ -47,9 +47,9 @@ struct Blattprobe : Druckprobe
 /// The head of that plant's sheet.
 inline Sollseiten blattanfang(Sparte sparte = Sparte::Topf)
 {
-    const QString label = sparte == Sparte::Apfel    ? QStringLiteral("Voller Name")
-                        : sparte == Sparte::Gehoelze ? QStringLiteral("Deutscher Name")
-                        : sparte == Sparte::Obst     ? QStringLiteral("Obstart")
-                                                     : QString();
+    const QString label = sparte == Sparte::Apfel      ? QStringLiteral("Voller Name")
+                          : sparte == Sparte::Gehoelze ? QStringLiteral("Deutscher Name")
+                          : sparte == Sparte::Obst     ? QStringLiteral("Obstart")
+                                                       : QString();
     return Sollseiten().titel(QStringLiteral("Planta prima")).eintrag(label, QStringLiteral("Erstpflanze"));
 }

@@ -15,7 +15,8 @@ Druckprobe::Druckprobe(Sparte sparte) : programm(ordner.programm())
 {
     auftrag.sparte = sparte;
     auftrag.arbeit = Datenbank::OpenDatabase(programm.arbeitsdatenbank());
-    pflanzen = std::make_unique<Recordset>(auftrag.arbeit, u"SELECT * From %1 WHERE BOT_NAME LIKE '*' ORDER BY BOT_NAME"_s.arg(eintrag(sparte).haupttabelle));
+    pflanzen = std::make_unique<Recordset>(auftrag.arbeit,
+                                           u"SELECT * From %1 WHERE BOT_NAME LIKE '*' ORDER BY BOT_NAME"_s.arg(eintrag(sparte).haupttabelle));
     auftrag.pflanzen = pflanzen.get();
     auftrag.filter = vorgabe(*filterbeschreibung(sparte));
     auftrag.FilterEin = auftrag.FilterGesetzt = true;
@@ -52,9 +53,10 @@ void Druckprobe::namenReihe(int anzahl)
 {
     const QString tabelle = eintrag(auftrag.sparte).haupttabelle.toString();
     auftrag.arbeit->Execute(u"DELETE FROM %1"_s.arg(tabelle));
-    auftrag.arbeit->Execute(u"WITH RECURSIVE zahlen(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM zahlen LIMIT %2) "
-                            "INSERT INTO %1 (ARTNR, BOT_NAME, DTNAM) SELECT n, printf('Planta %05d', n), printf('Pflanze %05d', n) FROM zahlen"_s
-                                .arg(tabelle).arg(anzahl));
+    auftrag.arbeit->Execute(
+        u"WITH RECURSIVE zahlen(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM zahlen LIMIT %2) "
+        "INSERT INTO %1 (ARTNR, BOT_NAME, DTNAM) SELECT n, printf('Planta %05d', n), printf('Pflanze %05d', n) FROM zahlen"_s.arg(tabelle)
+            .arg(anzahl));
     pflanzen = std::make_unique<Recordset>(auftrag.arbeit, u"SELECT * From %1 WHERE BOT_NAME LIKE '*' ORDER BY BOT_NAME"_s.arg(tabelle));
     auftrag.pflanzen = pflanzen.get();
 }
@@ -82,7 +84,8 @@ QStringList seitenzeilen(const Druckseite &seite)
     QStringList zeilen;
     for (const Drucktext &text : seite.texte) {
         const QString stil = (text.schrift.Bold ? u"b"_s : QString()) + (text.schrift.Italic ? u"i"_s : QString());
-        zeilen += u"%1 %2 %3 %4 %5"_s.arg(text.x, 0, 'f', 1).arg(text.y, 0, 'f', 1).arg(text.schrift.Size).arg(stil.isEmpty() ? u"-"_s : stil, text.text);
+        zeilen +=
+            u"%1 %2 %3 %4 %5"_s.arg(text.x, 0, 'f', 1).arg(text.y, 0, 'f', 1).arg(text.schrift.Size).arg(stil.isEmpty() ? u"-"_s : stil, text.text);
     }
     return zeilen;
 }
@@ -97,8 +100,12 @@ QStringList seitentexte(const Druckseite &seite)
 
 QStringList abschrift(const Druckseiten &seiten)
 {
-    QStringList zeilen{u"%1 x %2, %3 %4 %5 %6"_s.arg(seiten.papier.width()).arg(seiten.papier.height())
-                           .arg(seiten.bereich.x()).arg(seiten.bereich.y()).arg(seiten.bereich.width()).arg(seiten.bereich.height())};
+    QStringList zeilen{u"%1 x %2, %3 %4 %5 %6"_s.arg(seiten.papier.width())
+                           .arg(seiten.papier.height())
+                           .arg(seiten.bereich.x())
+                           .arg(seiten.bereich.y())
+                           .arg(seiten.bereich.width())
+                           .arg(seiten.bereich.height())};
     for (const Druckseite &seite : seiten.seiten) {
         zeilen += u"Seite"_s;
         zeilen += seitenzeilen(seite);

@@ -79,8 +79,10 @@ QStringList einerSeite(const Druckseiten &seiten, size_t nummer, const Programm 
     constexpr double dicke = 5 * 25.4 / 300, unten = ursprung + 20;
     Druckseite linien;
     if (nummer == 0)
-        linien.linien = {{ursprung, ursprung, rechts, ursprung, dicke}, {rechts, ursprung, rechts, unten, dicke},
-                         {rechts, unten, ursprung, unten, dicke}, {ursprung, unten, ursprung, ursprung, dicke}};
+        linien.linien = {{ursprung, ursprung, rechts, ursprung, dicke},
+                         {rechts, ursprung, rechts, unten, dicke},
+                         {rechts, unten, ursprung, unten, dicke},
+                         {ursprung, unten, ursprung, ursprung, dicke}};
     linien.linien.push_back({ursprung, fusslinie, rechts, fusslinie, dicke});
     if (seitenlinien(seite) != seitenlinien(linien))
         fehler += u"the lines are '%1'"_s.arg(seitenlinien(seite).join(u'|'));

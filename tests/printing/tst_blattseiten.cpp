@@ -79,8 +79,12 @@ void TestBlattseiten::langeBemerkung()
 {
     Blattprobe probe(Sparte::Topf, {{u"BEMERKUNG"_s, reihe(1, 80).join(u'\n')}, {u"SORTEN"_s, u"'Alba'"_s}});
     const Druckseiten seiten = probe.blatt();
-    QCOMPARE(alleZeilen(seiten), blattanfang().eintrag(u"Bemerkung (Flox)"_s, reihe(1, 63))
-        .seite(25).eintrag(u"Bemerkung (Flox)"_s, reihe(64, 80)).eintrag(u"Sorten"_s, u"'Alba'"_s).zeilen());
+    QCOMPARE(alleZeilen(seiten), blattanfang()
+                                     .eintrag(u"Bemerkung (Flox)"_s, reihe(1, 63))
+                                     .seite(25)
+                                     .eintrag(u"Bemerkung (Flox)"_s, reihe(64, 80))
+                                     .eintrag(u"Sorten"_s, u"'Alba'"_s)
+                                     .zeilen());
     QCOMPARE(blattfehler(seiten, probe.programm), QStringList());
 }
 
@@ -90,10 +94,16 @@ void TestBlattseiten::zweiLangeTexte()
     Blattprobe probe(Sparte::Topf, {{u"BEMERKUNG"_s, reihe(1, 100).join(u'\n')}, {u"benu_bemerkung"_s, reihe(1, 100).join(u'\n')}});
     const QString erste = u"Bemerkung (Flox)"_s, zweite = u"Bemerkung (Benutzer)"_s;
     const Druckseiten seiten = probe.blatt();
-    QCOMPARE(alleZeilen(seiten), blattanfang().eintrag(erste, reihe(1, 63))
-        .seite(25).eintrag(erste, reihe(64, 100)).eintrag(zweite, reihe(1, 29))
-        .seite(25).eintrag(zweite, reihe(30, 95))
-        .seite(25).eintrag(zweite, reihe(96, 100)).zeilen());
+    QCOMPARE(alleZeilen(seiten), blattanfang()
+                                     .eintrag(erste, reihe(1, 63))
+                                     .seite(25)
+                                     .eintrag(erste, reihe(64, 100))
+                                     .eintrag(zweite, reihe(1, 29))
+                                     .seite(25)
+                                     .eintrag(zweite, reihe(30, 95))
+                                     .seite(25)
+                                     .eintrag(zweite, reihe(96, 100))
+                                     .zeilen());
     QCOMPARE(blattfehler(seiten, probe.programm), QStringList());
 }
 
@@ -307,7 +317,8 @@ static QString worte(Druckprobe &probe, const Spalte &spalte, const QString &wer
     case Art::Wahrheit: return wert == u"True" ? spalte.satz.toString() : QString();
     case Art::Zahl: return zahlZeigen(wert);
     case Art::Familie: return familienname(probe.auftrag.arbeit, wert);
-    case Art::Quelle: return u"Botanischer Name laut '%1'"_s.arg(nomenklaturwerk(wert, probe.auftrag.sparte == Sparte::Gehoelze ? u"zsngc" : u"zsnc"));
+    case Art::Quelle:
+        return u"Botanischer Name laut '%1'"_s.arg(nomenklaturwerk(wert, probe.auftrag.sparte == Sparte::Gehoelze ? u"zsngc" : u"zsnc"));
     case Art::Bewertung:
     case Art::Schluessel: return {};
     default: return wert;
@@ -330,8 +341,10 @@ static QString alles(Druckprobe &probe)
         if (spalte.art == Art::Zahl && grenze) {
             const bool unten = name.contains(u"MIN");
             const QString andere = zahlZeigen(feld(QString(name).replace(unten ? u"MIN"_s : u"MAX"_s, unten ? u"MAX"_s : u"MIN"_s)));
-            const QString label = name.startsWith(u"BL") ? u"Blütenhöhe"_s : name.contains(u"HOEHE") ? u"Höhe"_s
-                                : name.startsWith(u"LICHT") ? u"Beleuchtungsstärke"_s : u"Temperatur"_s;
+            const QString label = name.startsWith(u"BL")      ? u"Blütenhöhe"_s
+                                  : name.contains(u"HOEHE")   ? u"Höhe"_s
+                                  : name.startsWith(u"LICHT") ? u"Beleuchtungsstärke"_s
+                                                              : u"Temperatur"_s;
             if (unten)
                 text += label + (andere.isEmpty() ? u"mind."_s + inhalt : inhalt + u'-' + andere) + spalte.einheit.toString();
             else if (andere.isEmpty())
@@ -341,10 +354,11 @@ static QString alles(Druckprobe &probe)
                 return ::synonyme(probe.auftrag.arbeit, eintrag(sparte), probe.pflanzen->Schluessel(), deutsch).join(u',');
             };
             const QString deutsche = synonym(true), botanische = synonym(false);
-            text += spalte.druckname.toString() + inhalt + (deutsche.isEmpty() ? QString() : u',' + deutsche) + (botanische.isEmpty() ? QString() : u"Synonyme"_s + botanische);
+            text += spalte.druckname.toString() + inhalt + (deutsche.isEmpty() ? QString() : u',' + deutsche)
+                    + (botanische.isEmpty() ? QString() : u"Synonyme"_s + botanische);
         } else {
             text += (spalte.art == Art::Quelle || name == u"BOT_NAME" ? QString() : spalte.druckname.toString()) + inhalt
-                + (spalte.art == Art::Zahl ? spalte.einheit.toString() : QString());
+                    + (spalte.art == Art::Zahl ? spalte.einheit.toString() : QString());
         }
     }
     return text;

@@ -39,16 +39,14 @@ void TestDatenblatt::wenigeFelder()
 {
     Blattprobe probe;
     const Druckseiten seiten = probe.blatt();
-    QCOMPARE(alleZeilen(seiten), QList<QStringList>{QStringList({
-        u"65.0 20.0 13.5 b Pflanzen-Informations-System"_s,
-        u"65.0 25.5 9 - der Fachhochschule Lindenhof"_s,
-        u"65.0 40.0 18 bi Planta prima"_s,
-        u"65.0 47.3 9 - Erstpflanze"_s,
-        u"65.0 289.0 6 - Ausdruck von Flox 1.2.3  -  © FH Lindenhof"_s,
-        u"172.7 289.0 6 - Planta prima  -  Seite 1 von 1"_s})});
-    QCOMPARE(seitenlinien(seiten.seiten[0]), QStringList({
-        u"15.0 15.0 200.0 15.0 0.42"_s, u"200.0 15.0 200.0 35.0 0.42"_s, u"200.0 35.0 15.0 35.0 0.42"_s, u"15.0 35.0 15.0 15.0 0.42"_s,
-        u"15.0 287.0 200.0 287.0 0.42"_s}));
+    QCOMPARE(alleZeilen(seiten),
+             QList<QStringList>{
+                 QStringList({u"65.0 20.0 13.5 b Pflanzen-Informations-System"_s, u"65.0 25.5 9 - der Fachhochschule Lindenhof"_s,
+                              u"65.0 40.0 18 bi Planta prima"_s, u"65.0 47.3 9 - Erstpflanze"_s,
+                              u"65.0 289.0 6 - Ausdruck von Flox 1.2.3  -  © FH Lindenhof"_s, u"172.7 289.0 6 - Planta prima  -  Seite 1 von 1"_s})});
+    QCOMPARE(seitenlinien(seiten.seiten[0]),
+             QStringList({u"15.0 15.0 200.0 15.0 0.42"_s, u"200.0 15.0 200.0 35.0 0.42"_s, u"200.0 35.0 15.0 35.0 0.42"_s,
+                          u"15.0 35.0 15.0 15.0 0.42"_s, u"15.0 287.0 200.0 287.0 0.42"_s}));
     QCOMPARE(blattfehler(seiten, probe.programm), QStringList());
     probe.programm.ProgrammVersion = u"7.0.1"_s;
     const QStringList texte = seitentexte(probe.blatt().seiten[0]);
@@ -57,23 +55,54 @@ void TestDatenblatt::wenigeFelder()
 
 void TestDatenblatt::vieleFelderTopf()
 {
-    Blattprobe probe(Sparte::Topf, {
-        {u"HK"_s, u"S-Am., Eur."_s}, {u"FAMILIE"_s, 9999}, {u"PFLANZTYP"_s, flags({2, 4})}, {u"MINHOEHE"_s, 0.3}, {u"MAXHOEHE"_s, 2},
-        {u"BLMINH"_s, 0.05}, {u"BLMAXH"_s, 0.6}, {u"BLUEHZEIT"_s, flags({3, 4, 12})}, {u"FRUCHTZEIT"_s, flags({1})}, {u"FARBEN"_s, flags({1, 13})},
-        {u"UNSCHEINBA"_s, u"True"_s}, {u"FRUCHTFARB"_s, flags({7, 8})}, {u"BLATTFARB"_s, flags({9})}, {u"ANGEBOTSZ"_s, flags({5})},
-        {u"WUCHSFORM"_s, flags({1, 13})}, {u"VERWENDUNG"_s, flags({1, 8})}, {u"TAGESL"_s, flags({2})}, {u"SONNE"_s, flags({2, 3})},
-        {u"LICHTMIN"_s, 800}, {u"LICHTMAX"_s, 1500}, {u"TEMPMIN"_s, -5}, {u"TEMPMAX"_s, 24.5}, {u"NACHDUENG"_s, flags({3})},
-        {u"H_WASSERST"_s, flags({1})}, {u"H_PH"_s, flags({2})}, {u"H_VERW"_s, flags({1, 5})}, {u"HALTBAR"_s, flags({2})},
-        {u"KRANKH"_s, flags({1})}, {u"GIFTIG"_s, u"True"_s}, {u"SORTEN"_s, u"'Alba'; \u00EC\n'Rubra'"_s}, {u"SCHADEN"_s, u"Blattläuse"_s},
-        {u"BEMERKUNG"_s, u"Erste Zeile\r\nZweite Zeile"_s}, {u"DUENG_FS"_s, u"wöchentlich 3 g/m2"_s}, {u"DUENG_HW"_s, u"keine"_s},
-        {u"Quelle"_s, u"z"_s}, {u"STANDARD"_s, u"True"_s}, {u"benu_bemerkung"_s, u"eigener Text"_s}, {u"benu_eigen"_s, flags({1, 5})},
-        {u"bewertung"_s, 5}, {u"Ausbildung"_s, flags({1, 6})}, {u"Benu_Aenderung"_s, 2}});
+    Blattprobe probe(Sparte::Topf, {{u"HK"_s, u"S-Am., Eur."_s},
+                                    {u"FAMILIE"_s, 9999},
+                                    {u"PFLANZTYP"_s, flags({2, 4})},
+                                    {u"MINHOEHE"_s, 0.3},
+                                    {u"MAXHOEHE"_s, 2},
+                                    {u"BLMINH"_s, 0.05},
+                                    {u"BLMAXH"_s, 0.6},
+                                    {u"BLUEHZEIT"_s, flags({3, 4, 12})},
+                                    {u"FRUCHTZEIT"_s, flags({1})},
+                                    {u"FARBEN"_s, flags({1, 13})},
+                                    {u"UNSCHEINBA"_s, u"True"_s},
+                                    {u"FRUCHTFARB"_s, flags({7, 8})},
+                                    {u"BLATTFARB"_s, flags({9})},
+                                    {u"ANGEBOTSZ"_s, flags({5})},
+                                    {u"WUCHSFORM"_s, flags({1, 13})},
+                                    {u"VERWENDUNG"_s, flags({1, 8})},
+                                    {u"TAGESL"_s, flags({2})},
+                                    {u"SONNE"_s, flags({2, 3})},
+                                    {u"LICHTMIN"_s, 800},
+                                    {u"LICHTMAX"_s, 1500},
+                                    {u"TEMPMIN"_s, -5},
+                                    {u"TEMPMAX"_s, 24.5},
+                                    {u"NACHDUENG"_s, flags({3})},
+                                    {u"H_WASSERST"_s, flags({1})},
+                                    {u"H_PH"_s, flags({2})},
+                                    {u"H_VERW"_s, flags({1, 5})},
+                                    {u"HALTBAR"_s, flags({2})},
+                                    {u"KRANKH"_s, flags({1})},
+                                    {u"GIFTIG"_s, u"True"_s},
+                                    {u"SORTEN"_s, u"'Alba'; \u00EC\n'Rubra'"_s},
+                                    {u"SCHADEN"_s, u"Blattläuse"_s},
+                                    {u"BEMERKUNG"_s, u"Erste Zeile\r\nZweite Zeile"_s},
+                                    {u"DUENG_FS"_s, u"wöchentlich 3 g/m2"_s},
+                                    {u"DUENG_HW"_s, u"keine"_s},
+                                    {u"Quelle"_s, u"z"_s},
+                                    {u"STANDARD"_s, u"True"_s},
+                                    {u"benu_bemerkung"_s, u"eigener Text"_s},
+                                    {u"benu_eigen"_s, flags({1, 5})},
+                                    {u"bewertung"_s, 5},
+                                    {u"Ausbildung"_s, flags({1, 6})},
+                                    {u"Benu_Aenderung"_s, 2}});
     probe.auftrag.arbeit->Execute(u"INSERT INTO Familien (FAMILIE, FAMNAME) VALUES (9999, 'Musteraceae')"_s);
     probe.synonym(u"Zweitname"_s, true);
     probe.synonym(u"Altname"_s, true);
     probe.synonym(u"Planta secunda"_s, false);
     probe.programm.BenutzerNamen[size_t(Sparte::Topf)] = {u"im Haus"_s, u"b"_s, u"c"_s, u"d"_s, u"im Katalog"_s};
     const Druckseiten seiten = probe.blatt();
+    // clang-format off
     const Sollseiten erwartet = Sollseiten()
         .titel(u"Planta prima"_s)
         .text(15, u"Botanischer Name laut 'Zander'"_s).ende()
@@ -112,6 +141,7 @@ void TestDatenblatt::vieleFelderTopf()
         .eintrag(u"Bemerkung (Benutzer)"_s, u"eigener Text"_s)
         .eintrag(u"Benutzerdef. Eigenschaften"_s, u"im Haus, im Katalog"_s)
         .eintrag(u"Für Azubis"_s, u"bei Zierpflanzengärtnern, bei Landschaftsgärtnern"_s);
+    // clang-format on
     QCOMPARE(alleZeilen(seiten), erwartet.zeilen());
     QCOMPARE(blattfehler(seiten, probe.programm), QStringList());
 }
@@ -119,34 +149,66 @@ void TestDatenblatt::vieleFelderTopf()
 void TestDatenblatt::vieleFelderApfel()
 {
     // The last word of each vocabulary, in the order of print; the words behind these do not exist.
-    struct { QString label, spalte; int stelle; QString wort; } gruppen[] = {
-        {u"Haltbarkeit"_s, u"haltbark"_s, 4, u"Lager (> 3)"_s}, {u"Fruchtgröße"_s, u"fruchtgr"_s, 4, u"sehr groß"_s},
-        {u"Form (Längs)"_s, u"form_l"_s, 10, u"symmetrisch"_s}, {u"Form (Quer)"_s, u"form_q"_s, 5, u"kantig"_s},
-        {u"Fruchtrelief"_s, u"fruchtrel"_s, 6, u"ebenmäßig"_s}, {u"Aussehen, Griffigkeit"_s, u"aussehen"_s, 11, u"schwammig"_s},
-        {u"Druckfestigeit"_s, u"druck"_s, 3, u"hart"_s}, {u"Grundfarbe"_s, u"grundfarbe"_s, 7, u"scheckig"_s},
-        {u"Deckfarbe"_s, u"deckfarbe"_s, 5, u"nicht vorhanden"_s}, {u"Deckfarbe Art"_s, u"df_art"_s, 9, u"verwaschen"_s},
-        {u"Ausdehnung der Deckfarbe"_s, u"df_ausdehn"_s, 4, u"ganz"_s}, {u"Berostung"_s, u"rost"_s, 8, u"schollig"_s},
-        {u"Reif"_s, u"reif"_s, 8, u"stark"_s}, {u"Schalenpunkte/ -höfe"_s, u"sch_punkt"_s, 26, u"in Grund-/Deckfarbe meist verschieden"_s},
-        {u"Kelchgrube"_s, u"k_grube"_s, 7, u"weit"_s}, {u"Kelchgrubenrelief"_s, u"k_relief"_s, 7, u"Fleischperlen"_s},
-        {u"Kelchumgebung"_s, u"k_umgebung"_s, 4, u"Rippen"_s}, {u"Kelchgrubenberostung"_s, u"k_berost"_s, 5, u"netzartig"_s},
-        {u"Kelchgröße"_s, u"k_groesse"_s, 3, u"klein"_s}, {u"Kelchöffnung"_s, u"k_oeffnung"_s, 3, u"offen"_s},
-        {u"Kelchblätter"_s, u"k_blaetter"_s, 20, u"dunkelbraun"_s}, {u"Stiellänge/-dicke"_s, u"st_laenge"_s, 6, u"dick"_s},
-        {u"Stiel Besonderheiten"_s, u"st_besond"_s, 10, u"rotbraun"_s}, {u"Stielgrubengröße"_s, u"st_grube"_s, 6, u"tief"_s},
-        {u"Stielgrubenberostung"_s, u"st_berost"_s, 14, u"gelb"_s}, {u"Kelchhöhle"_s, u"k_hoehle"_s, 9, u"breit"_s},
-        {u"Kelchröhre"_s, u"k_roehre"_s, 7, u"schmal"_s}, {u"Kernhausgröße"_s, u"kh_groesse"_s, 3, u"groß"_s},
-        {u"Gefäßbündel"_s, u"g_buendel"_s, 8, u"hoch"_s}, {u"Achsenhöhle"_s, u"a_hoehle"_s, 3, u"weit offen"_s},
-        {u"Kernhauskammern"_s, u"k_kammern"_s, 2, u"weit"_s}, {u"Kernwandform"_s, u"kw_form"_s, 5, u"rucksackförmig"_s},
-        {u"Kernwandgröße"_s, u"kw_groesse"_s, 6, u"glänzend"_s}, {u"Kernwandrisse"_s, u"kw_risse"_s, 7, u"stark wattig belegt"_s},
-        {u"Kerne Anzahl"_s, u"k_anzahl"_s, 3, u"> 7"_s}, {u"Kerne Qualität"_s, u"k_qualit"_s, 3, u"alle taub"_s},
-        {u"Kerne Farbe, Form"_s, u"k_farbe"_s, 18, u"seitlich stumpfnasig"_s}, {u"Kerne Länge"_s, u"k_laenge"_s, 3, u"lang (> 9 mm)"_s},
-        {u"Schale"_s, u"schale"_s, 3, u"derb"_s}, {u"Fruchtfleisch Farbe"_s, u"fl_farbe"_s, 6, u"stark anlaufend"_s},
-        {u"Fruchtfleisch Struktur"_s, u"fl_strukt"_s, 11, u"mehlig"_s}, {u"Fruchtfleisch Duft"_s, u"fl_duft"_s, 6, u"sortentypisch"_s},
-        {u"Geschmack"_s, u"geschmack"_s, 16, u"würzig"_s}, {u"Literatur"_s, u"literatur1"_s, 20, u"Hartmann: Farbatlas alte Obstsorten"_s},
+    struct
+    {
+        QString label, spalte;
+        int stelle;
+        QString wort;
+    } gruppen[] = {
+        {u"Haltbarkeit"_s, u"haltbark"_s, 4, u"Lager (> 3)"_s},
+        {u"Fruchtgröße"_s, u"fruchtgr"_s, 4, u"sehr groß"_s},
+        {u"Form (Längs)"_s, u"form_l"_s, 10, u"symmetrisch"_s},
+        {u"Form (Quer)"_s, u"form_q"_s, 5, u"kantig"_s},
+        {u"Fruchtrelief"_s, u"fruchtrel"_s, 6, u"ebenmäßig"_s},
+        {u"Aussehen, Griffigkeit"_s, u"aussehen"_s, 11, u"schwammig"_s},
+        {u"Druckfestigeit"_s, u"druck"_s, 3, u"hart"_s},
+        {u"Grundfarbe"_s, u"grundfarbe"_s, 7, u"scheckig"_s},
+        {u"Deckfarbe"_s, u"deckfarbe"_s, 5, u"nicht vorhanden"_s},
+        {u"Deckfarbe Art"_s, u"df_art"_s, 9, u"verwaschen"_s},
+        {u"Ausdehnung der Deckfarbe"_s, u"df_ausdehn"_s, 4, u"ganz"_s},
+        {u"Berostung"_s, u"rost"_s, 8, u"schollig"_s},
+        {u"Reif"_s, u"reif"_s, 8, u"stark"_s},
+        {u"Schalenpunkte/ -höfe"_s, u"sch_punkt"_s, 26, u"in Grund-/Deckfarbe meist verschieden"_s},
+        {u"Kelchgrube"_s, u"k_grube"_s, 7, u"weit"_s},
+        {u"Kelchgrubenrelief"_s, u"k_relief"_s, 7, u"Fleischperlen"_s},
+        {u"Kelchumgebung"_s, u"k_umgebung"_s, 4, u"Rippen"_s},
+        {u"Kelchgrubenberostung"_s, u"k_berost"_s, 5, u"netzartig"_s},
+        {u"Kelchgröße"_s, u"k_groesse"_s, 3, u"klein"_s},
+        {u"Kelchöffnung"_s, u"k_oeffnung"_s, 3, u"offen"_s},
+        {u"Kelchblätter"_s, u"k_blaetter"_s, 20, u"dunkelbraun"_s},
+        {u"Stiellänge/-dicke"_s, u"st_laenge"_s, 6, u"dick"_s},
+        {u"Stiel Besonderheiten"_s, u"st_besond"_s, 10, u"rotbraun"_s},
+        {u"Stielgrubengröße"_s, u"st_grube"_s, 6, u"tief"_s},
+        {u"Stielgrubenberostung"_s, u"st_berost"_s, 14, u"gelb"_s},
+        {u"Kelchhöhle"_s, u"k_hoehle"_s, 9, u"breit"_s},
+        {u"Kelchröhre"_s, u"k_roehre"_s, 7, u"schmal"_s},
+        {u"Kernhausgröße"_s, u"kh_groesse"_s, 3, u"groß"_s},
+        {u"Gefäßbündel"_s, u"g_buendel"_s, 8, u"hoch"_s},
+        {u"Achsenhöhle"_s, u"a_hoehle"_s, 3, u"weit offen"_s},
+        {u"Kernhauskammern"_s, u"k_kammern"_s, 2, u"weit"_s},
+        {u"Kernwandform"_s, u"kw_form"_s, 5, u"rucksackförmig"_s},
+        {u"Kernwandgröße"_s, u"kw_groesse"_s, 6, u"glänzend"_s},
+        {u"Kernwandrisse"_s, u"kw_risse"_s, 7, u"stark wattig belegt"_s},
+        {u"Kerne Anzahl"_s, u"k_anzahl"_s, 3, u"> 7"_s},
+        {u"Kerne Qualität"_s, u"k_qualit"_s, 3, u"alle taub"_s},
+        {u"Kerne Farbe, Form"_s, u"k_farbe"_s, 18, u"seitlich stumpfnasig"_s},
+        {u"Kerne Länge"_s, u"k_laenge"_s, 3, u"lang (> 9 mm)"_s},
+        {u"Schale"_s, u"schale"_s, 3, u"derb"_s},
+        {u"Fruchtfleisch Farbe"_s, u"fl_farbe"_s, 6, u"stark anlaufend"_s},
+        {u"Fruchtfleisch Struktur"_s, u"fl_strukt"_s, 11, u"mehlig"_s},
+        {u"Fruchtfleisch Duft"_s, u"fl_duft"_s, 6, u"sortentypisch"_s},
+        {u"Geschmack"_s, u"geschmack"_s, 16, u"würzig"_s},
+        {u"Literatur"_s, u"literatur1"_s, 20, u"Hartmann: Farbatlas alte Obstsorten"_s},
     };
-    Blattprobe probe(Sparte::Apfel, {
-        {u"synonym"_s, u"Zweitapfel, Altapfel"_s}, {u"besonderht"_s, u"Zufallssämling"_s}, {u"benu_bemerkung"_s, u"eigener Text"_s},
-        {u"benu_eigen"_s, flags({2, 3})}, {u"SORTEN"_s, u"ungedruckt"_s}, {u"BEMERKUNG"_s, u"ungedruckt"_s},
-        {u"bewertung"_s, 9}, {u"Ausbildung"_s, flags({5})}, {u"Benu_Aenderung"_s, 2}});
+    Blattprobe probe(Sparte::Apfel, {{u"synonym"_s, u"Zweitapfel, Altapfel"_s},
+                                     {u"besonderht"_s, u"Zufallssämling"_s},
+                                     {u"benu_bemerkung"_s, u"eigener Text"_s},
+                                     {u"benu_eigen"_s, flags({2, 3})},
+                                     {u"SORTEN"_s, u"ungedruckt"_s},
+                                     {u"BEMERKUNG"_s, u"ungedruckt"_s},
+                                     {u"bewertung"_s, 9},
+                                     {u"Ausbildung"_s, flags({5})},
+                                     {u"Benu_Aenderung"_s, 2}});
     probe.programm.BenutzerNamen[size_t(Sparte::Apfel)] = {u"a"_s, u"im Garten"_s, u"im Keller"_s, u"d"_s, u"e"_s};
     Sollseiten erwartet = blattanfang(Sparte::Apfel).eintrag(u"Synonyme"_s, u"Zweitapfel, Altapfel"_s);
     for (const auto &gruppe : gruppen) {
@@ -164,9 +226,16 @@ void TestDatenblatt::vieleFelderApfel()
 /// A perennial's sheet has the leaves twice and the lime of its soil never.
 void TestDatenblatt::blattschmuckZweimal()
 {
-    Blattprobe probe(Sparte::Stauden, {{u"blaschmuck"_s, u"True"_s}, {u"kalk"_s, u"111"_s}, {u"bfeuchte"_s, flags({1})}, {u"licht"_s, flags({1})},
-                                       {u"duengung"_s, u"2 g/m2"_s}, {u"Quelle"_s, u"n"_s}, {u"abstand"_s, u"5"_s}, {u"bewertung"_s, 9}});
+    Blattprobe probe(Sparte::Stauden, {{u"blaschmuck"_s, u"True"_s},
+                                       {u"kalk"_s, u"111"_s},
+                                       {u"bfeuchte"_s, flags({1})},
+                                       {u"licht"_s, flags({1})},
+                                       {u"duengung"_s, u"2 g/m2"_s},
+                                       {u"Quelle"_s, u"n"_s},
+                                       {u"abstand"_s, u"5"_s},
+                                       {u"bewertung"_s, 9}});
     const Druckseiten seiten = probe.blatt();
+    // clang-format off
     const Sollseiten erwartet = Sollseiten().titel(u"Planta prima"_s)
         .text(15, u"Botanischer Name laut 'Namenliste Stauden'"_s).ende()
         .eintrag({}, u"Erstpflanze"_s)
@@ -176,6 +245,7 @@ void TestDatenblatt::blattschmuckZweimal()
         .eintrag({}, u"Blattschmuckstaude"_s)
         .eintrag(u"Düngung"_s, u"2 g/m²"_s)
         .eintrag(u"Pflanzabstand"_s, u"5"_s);
+    // clang-format on
     QCOMPARE(alleZeilen(seiten), erwartet.zeilen());
     QCOMPARE(blattfehler(seiten, probe.programm), QStringList());
 }
@@ -183,9 +253,13 @@ void TestDatenblatt::blattschmuckZweimal()
 void TestDatenblatt::obstOhneBewertung()
 {
     Blattprobe probe(Sparte::Obst, {{u"HK"_s, u"Eur."_s}, {u"SOTBEW"_s, u"gut"_s}, {u"bewertung"_s, 9}, {u"Ausbildung"_s, flags({5})}});
-    QCOMPARE(alleZeilen(probe.blatt()), Sollseiten().titel(u"Planta prima"_s)
-        .eintrag(u"Obstart"_s, u"Erstpflanze"_s).eintrag(u"Herkunft"_s, u"Eur."_s).eintrag(u"Sortenbewertung"_s, u"gut"_s)
-        .eintrag(u"Für Azubis"_s, u"bei Obstbauern"_s).zeilen());
+    QCOMPARE(alleZeilen(probe.blatt()), Sollseiten()
+                                            .titel(u"Planta prima"_s)
+                                            .eintrag(u"Obstart"_s, u"Erstpflanze"_s)
+                                            .eintrag(u"Herkunft"_s, u"Eur."_s)
+                                            .eintrag(u"Sortenbewertung"_s, u"gut"_s)
+                                            .eintrag(u"Für Azubis"_s, u"bei Obstbauern"_s)
+                                            .zeilen());
 }
 
 /// The plant that the set stands on is the one printed, and the set stays there; without a plant head and foot remain.
@@ -212,12 +286,20 @@ void TestDatenblatt::grenzen_data()
     QTest::addColumn<QVariant>("von");
     QTest::addColumn<QVariant>("bis");
     QTest::addColumn<QString>("text");
-    struct { QString unten, oben, label, einheit; } paare[] = {
-        {u"MINHOEHE"_s, u"MAXHOEHE"_s, u"Höhe"_s, u" m"_s}, {u"BLMINH"_s, u"BLMAXH"_s, u"Blütenhöhe"_s, u" m"_s},
-        {u"LICHTMIN"_s, u"LICHTMAX"_s, u"Beleuchtungsstärke"_s, u" Lux"_s}, {u"TEMPMIN"_s, u"TEMPMAX"_s, u"Temperatur"_s, u" °C"_s}};
-    struct { QVariant von, bis; QString text; } faelle[] = {
-        {{}, {}, {}}, {0.25, 12, u"0,25 - 12"_s}, {0.25, {}, u"mind. 0,25"_s}, {{}, 12.5, u"max. 12,5"_s}, {0, {}, u"mind. 0"_s},
-        {{}, 0, u"max. 0"_s}, {0, 3, u"0 - 3"_s}, {-3, 0, u"-3 - 0"_s}, {0, 0, u"0 - 0"_s}, {-8.5, {}, u"mind. -8,5"_s}, {4, 4, u"4 - 4"_s}};
+    struct
+    {
+        QString unten, oben, label, einheit;
+    } paare[] = {{u"MINHOEHE"_s, u"MAXHOEHE"_s, u"Höhe"_s, u" m"_s},
+                 {u"BLMINH"_s, u"BLMAXH"_s, u"Blütenhöhe"_s, u" m"_s},
+                 {u"LICHTMIN"_s, u"LICHTMAX"_s, u"Beleuchtungsstärke"_s, u" Lux"_s},
+                 {u"TEMPMIN"_s, u"TEMPMAX"_s, u"Temperatur"_s, u" °C"_s}};
+    struct
+    {
+        QVariant von, bis;
+        QString text;
+    } faelle[] = {{{}, {}, {}},          {0.25, 12, u"0,25 - 12"_s},  {0.25, {}, u"mind. 0,25"_s}, {{}, 12.5, u"max. 12,5"_s},
+                  {0, {}, u"mind. 0"_s}, {{}, 0, u"max. 0"_s},        {0, 3, u"0 - 3"_s},          {-3, 0, u"-3 - 0"_s},
+                  {0, 0, u"0 - 0"_s},    {-8.5, {}, u"mind. -8,5"_s}, {4, 4, u"4 - 4"_s}};
     for (const auto &paar : paare)
         for (const auto &fall : faelle)
             QTest::addRow("%s '%s'", qPrintable(paar.label), qPrintable(fall.text))
@@ -348,10 +430,18 @@ void TestDatenblatt::nieGedruckt()
 /// A value without words takes no line: flags without a "1" or beyond the words, a family that is not there.
 void TestDatenblatt::leereWorte()
 {
-    Blattprobe probe(Sparte::Topf, {{u"FAMILIE"_s, 31999}, {u"PFLANZTYP"_s, u"00000"_s}, {u"WUCHSFORM"_s, u"     "_s}, {u"BLATTFARB"_s, flags({10})},
-                               {u"BLUEHZEIT"_s, u"000000000000"_s}, {u"benu_eigen"_s, u"     "_s}, {u"Ausbildung"_s, u"000000"_s},
-                               {u"BEMERKUNG"_s, u"\u00EC\n"_s}, {u"HK"_s, u" "_s}, {u"SCHADEN"_s, u"\r\n \r\n"_s},
-                               {u"benu_bemerkung"_s, u"\n"_s}, {u"SORTEN"_s, u"'Alba'"_s}});
+    Blattprobe probe(Sparte::Topf, {{u"FAMILIE"_s, 31999},
+                                    {u"PFLANZTYP"_s, u"00000"_s},
+                                    {u"WUCHSFORM"_s, u"     "_s},
+                                    {u"BLATTFARB"_s, flags({10})},
+                                    {u"BLUEHZEIT"_s, u"000000000000"_s},
+                                    {u"benu_eigen"_s, u"     "_s},
+                                    {u"Ausbildung"_s, u"000000"_s},
+                                    {u"BEMERKUNG"_s, u"\u00EC\n"_s},
+                                    {u"HK"_s, u" "_s},
+                                    {u"SCHADEN"_s, u"\r\n \r\n"_s},
+                                    {u"benu_bemerkung"_s, u"\n"_s},
+                                    {u"SORTEN"_s, u"'Alba'"_s}});
     probe.auftrag.arbeit->Execute(u"DELETE FROM Familien WHERE FAMILIE = 31999"_s);
     QCOMPARE(alleZeilen(probe.blatt()), blattanfang().eintrag(u"Sorten"_s, u"'Alba'"_s).zeilen());
 }
@@ -359,11 +449,16 @@ void TestDatenblatt::leereWorte()
 /// The sign stands in entries of one line, not in wrapped texts nor in the title.
 void TestDatenblatt::quadratmeter()
 {
-    Blattprobe probe(Sparte::Topf, {{u"BOT_NAME"_s, u"Planta m2"_s}, {u"DTNAM"_s, u"10 m2"_s}, {u"DUENG_FS"_s, u"2 g/m2 oder 3 g/m2"_s},
-                               {u"BEMERKUNG"_s, u"5 je m2\n6 je m2"_s}, {u"benu_bemerkung"_s, u"7 je m2"_s}});
+    Blattprobe probe(Sparte::Topf, {{u"BOT_NAME"_s, u"Planta m2"_s},
+                                    {u"DTNAM"_s, u"10 m2"_s},
+                                    {u"DUENG_FS"_s, u"2 g/m2 oder 3 g/m2"_s},
+                                    {u"BEMERKUNG"_s, u"5 je m2\n6 je m2"_s},
+                                    {u"benu_bemerkung"_s, u"7 je m2"_s}});
+    // clang-format off
     const Sollseiten erwartet = Sollseiten().titel(u"Planta m2"_s).eintrag({}, u"10 m²"_s)
         .eintrag(u"Düngung Frühjahr/Sommer"_s, u"2 g/m² oder 3 g/m²"_s).eintrag(u"Bemerkung (Flox)"_s, {u"5 je m2"_s, u"6 je m2"_s})
         .eintrag(u"Bemerkung (Benutzer)"_s, u"7 je m²"_s);
+    // clang-format on
     QCOMPARE(alleZeilen(probe.blatt()), erwartet.zeilen());
 }
 

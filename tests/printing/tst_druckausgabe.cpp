@@ -122,11 +122,14 @@ void TestDruckausgabe::datenNichtZuLesen()
 {
     Boxen boxen;
     bool kaputt = false;
-    form_ = std::make_unique<frmDrucken>(probe_->programm, [&]() -> std::optional<Druckauftrag> {
-        if (kaputt)
-            throw Fehler(u"Nicht zu lesen."_s);
-        return probe_->auftrag;
-    }, geraet_, nullptr);
+    form_ = std::make_unique<frmDrucken>(
+        probe_->programm,
+        [&]() -> std::optional<Druckauftrag> {
+            if (kaputt)
+                throw Fehler(u"Nicht zu lesen."_s);
+            return probe_->auftrag;
+        },
+        geraet_, nullptr);
     kaputt = true;
     form_->open();
     QTRY_COMPARE(boxen.gesagt.size(), 1);
@@ -327,9 +330,9 @@ void TestDruckausgabe::langerText()
     QCOMPARE(boxen.gesagt, QStringList());
     druecken("cmdDruck");
     const QString satz = genannt.contains(u'|')
-        ? u"Flox-Demo: Diese Texte sind zu lang. Nur ihre ersten 100 Zeilen werden gedruckt:\n\n\"%1\""_s
-              .arg(QString(genannt).replace(u'|', u"\"\n\""_s))
-        : u"Flox-Demo: Der Text \"%1\" ist zu lang. Nur seine ersten 100 Zeilen werden gedruckt."_s.arg(genannt);
+                             ? u"Flox-Demo: Diese Texte sind zu lang. Nur ihre ersten 100 Zeilen werden gedruckt:\n\n\"%1\""_s.arg(
+                                 QString(genannt).replace(u'|', u"\"\n\""_s))
+                             : u"Flox-Demo: Der Text \"%1\" ist zu lang. Nur seine ersten 100 Zeilen werden gedruckt."_s.arg(genannt);
     QCOMPARE(boxen.gesagt, genannt.isEmpty() ? QStringList() : QStringList{satz});
     QCOMPARE(geraet_.gedruckt.size(), 1);
     QCOMPARE(geraet_.gedruckt.first().abschrift, abschrift(erwartet(liste)));

@@ -16,6 +16,7 @@ struct Platz
     QStringView label = {};
 };
 
+// clang-format off
 // The data sheets as they are laid down: column and label at each place.
 constexpr Platz plaetzeTopf[] = {
     {1}, {37, u"Quelle"}, {2}, {3, u"Heimat"}, {4, u"Familie"}, {5, u"Typ"}, {6, u"minimale Höhe"}, {7, u"maximale Höhe"},
@@ -81,6 +82,7 @@ const QMap<QString, QString> saetze{
     {u"Gehoelze.UNSCHEINBA"_s, u"Die Blüten sind unscheinbar!"_s}, {u"Gehoelze.giftig"_s, u"Giftpflanze"_s},
     {u"Friedhof.blaschmuck"_s, u"Blätter sind schmückend!"_s}, {u"Friedhof.BLUEHSCHMU"_s, u"Blüten sind schmückend!"_s},
     {u"Friedhof.fruchtschm"_s, u"Früchte sind schmückend!"_s}, {u"Friedhof.HERBSTFARB"_s, u"Herbstfärbung!"_s}, {u"Friedhof.DUFT"_s, u"Duftpflanze"_s}};
+// clang-format on
 
 const SpartenEintrag &sparteVon(const Tabelle &tabelle)
 {
@@ -176,20 +178,25 @@ private slots:
         const auto reihe = [](const char *spalte, const QString &wert, const QString &text) {
             QTest::addRow("%s '%s'", spalte, qPrintable(wert)) << QString::fromLatin1(spalte) << wert << text;
         };
+        // clang-format off
         const std::pair<QStringView, QStringView> arten[] = {{u"1", u"einjährig"}, {u"2", u"zweijährig"}, {u"B", u"Baum"}, {u"H", u"Halbstrauch"}, {u"Std", u"Staude"},
                                                             {u"S", u"Staude"}, {u"Str", u"Strauch"}, {u"Z", u"Zwiebel/Knolle"}, {u"G", u"Gras"}, {u"F", u"Farn"},
                                                             {u"W", u"Wasserpflanze"}, {u"x", u""}, {u"str", u""}};
+        // clang-format on
         for (const auto &[wert, text] : arten)
             reihe("Stauden.pflanzart", wert.toString(), text.toString());
+        // clang-format off
         const std::pair<QStringView, QStringView> urteile[] = {
             {u"***", u"vorzügliche Sorte"}, {u"**", u"sehr wertvolle Sorte"}, {u"*", u"wertvolle Sorte"}, {u"L", u"Staude für den Pflanzenliebhaber"},
             {u"S", u"wertvolle Schnittstaude"}, {u"w!", u"sehr wertvolle Wildstaude"}, {u"W", u"wertvolle Wildstaude"}, {u"q", u""},
             {u"***L", u"vorzügliche Sorte, Staude für den Pflanzenliebhaber"}};
+        // clang-format on
         for (const auto &[wert, text] : urteile)
             reihe("Stauden.urteil", wert.toString(), text.toString());
         reihe("Stauden.fruchtfarb", u"1"_s, WL_Fruchtfarbe.wort(1).toString());
         reihe("Stauden.herbstfarb", u"13"_s, WL_Bluetenfarbe.wort(13).toString());
-        reihe("Stauden.herbstfarb", u"1100000000000"_s, WL_Bluetenfarbe.wort(1).toString() + u", "_s + WL_Bluetenfarbe.wort(2).toString()); // a flag row prints, too
+        reihe("Stauden.herbstfarb", u"1100000000000"_s,
+              WL_Bluetenfarbe.wort(1).toString() + u", "_s + WL_Bluetenfarbe.wort(2).toString()); // a flag row prints, too
         reihe("Gehoelze.genuss", u"3"_s, WL_GeGenuss.wort(3).toString());
         reihe("Gehoelze.genuss", u"0010"_s, WL_GeGenuss.wort(3).toString());
         reihe("Gehoelze.wurzelempf", u"2"_s, WL_GeWurzelempf.wort(2).toString());
@@ -309,7 +316,7 @@ private slots:
 
     void einheiten()
     {
-        const QMap<int, QString> topf{{6, u" m"_s}, {7, u" m"_s}, {8, u" m"_s}, {9, u" m"_s},
+        const QMap<int, QString> topf{{6, u" m"_s},    {7, u" m"_s},    {8, u" m"_s},   {9, u" m"_s},
                                       {21, u" Lux"_s}, {22, u" Lux"_s}, {23, u" °C"_s}, {24, u" °C"_s}};
         const Tabelle *tabelle = schema::haupttabelle(u"Topfpfl"_s);
         for (size_t i = 0; i < tabelle->spalten.size(); ++i)
@@ -327,9 +334,11 @@ private slots:
             int code, code2;
             QStringView label;
         };
+        // clang-format off
         constexpr Soll topf[] = {{Druckart::Titel, 1, -1, {}}, {Druckart::Zeile, 37, -1, {}}, {Druckart::MitSynonymen, 2, -1, u"Synonyme"},
                                  {Druckart::Bereich, 6, 7, u"Höhe"}, {Druckart::Bereich, 8, 9, u"Blütenhöhe"},
                                  {Druckart::Bereich, 21, 22, u"Beleuchtungsstärke"}, {Druckart::Bereich, 23, 24, u"Temperatur"}};
+        // clang-format on
         const std::span<const Spalte> spalten = schema::haupttabelle(u"Topfpfl"_s)->spalten;
         QCOMPARE(DruckTopf.ausnahmen.size(), std::size(topf));
         for (size_t i = 0; i < std::size(topf); ++i) {
@@ -388,7 +397,8 @@ private slots:
         QFETCH(QList<short>, folge);
         QFETCH(Druckausnahme, ausnahme);
         const Druckliste liste{folge, int(folge.size())};
-        const std::span<const Druckzeile> kriterien = druckbeschreibung(sparte) ? druckbeschreibung(sparte)->kriterien : std::span<const Druckzeile>();
+        const std::span<const Druckzeile> kriterien =
+            druckbeschreibung(sparte) ? druckbeschreibung(sparte)->kriterien : std::span<const Druckzeile>();
         QTEST(druckfehler({sparte, &liste, {&ausnahme, 1}, kriterien}), "fehler");
         // The second exception is looked at as well as the first.
         const Druckausnahme beide[] = {{Druckart::Titel, "BOT_NAME"}, ausnahme};
@@ -487,10 +497,9 @@ private:
 
     static void zahlen(const Textquelle &text)
     {
-        const std::pair<QString, QString> proben[] = {
-            {u"0"_s, u"0"_s}, {u"0.5"_s, u"0,5"_s}, {u"0,5"_s, u"0,5"_s}, {u"1.25"_s, u"1,25"_s}, {u"2"_s, u"2"_s}, {u"2.0"_s, u"2"_s},
-            {u"20"_s, u"20"_s}, {u"3000"_s, u"3000"_s}, {u"-5"_s, u"-5"_s}, {u"-0.5"_s, u"-0,5"_s}, {u"0.05"_s, u"0,05"_s},
-            {u"etwa 2"_s, u"etwa 2"_s}};
+        const std::pair<QString, QString> proben[] = {{u"0"_s, u"0"_s},   {u"0.5"_s, u"0,5"_s},   {u"0,5"_s, u"0,5"_s},   {u"1.25"_s, u"1,25"_s},
+                                                      {u"2"_s, u"2"_s},   {u"2.0"_s, u"2"_s},     {u"20"_s, u"20"_s},     {u"3000"_s, u"3000"_s},
+                                                      {u"-5"_s, u"-5"_s}, {u"-0.5"_s, u"-0,5"_s}, {u"0.05"_s, u"0,05"_s}, {u"etwa 2"_s, u"etwa 2"_s}};
         for (const auto &[wert, gedruckt] : proben)
             QCOMPARE(text(wert), gedruckt);
     }
@@ -511,7 +520,9 @@ private:
 
     static void quellen(const Textquelle &text, const SpartenEintrag &sparte)
     {
-        QMap<QChar, QString> werke{{u'z', u"Zander"_s}, {u's', u"spezielle Erklärung"_s}, {u'n', u"Namenliste Stauden"_s},
+        QMap<QChar, QString> werke{{u'z', u"Zander"_s},
+                                   {u's', u"spezielle Erklärung"_s},
+                                   {u'n', u"Namenliste Stauden"_s},
                                    {u'c', u"Classified List and International Register of Tulip Names"_s}};
         if (sparte.sparte == Sparte::Gehoelze)
             werke.insert(u'g', u"Namenliste Gehölze"_s);

@@ -39,24 +39,24 @@ void TestDruckFriedhof::zeilen(Druckprobe &probe, const QStringList &befehle)
 namespace {
 
 const QString friedhof = u"INSERT INTO Friedhof (ARTNR, BOT_NAME, DTNAM, DB, SYMBOLIK, verwendung, pflege, pflanzzeit, MINHOEHE, MAXHOEHE, "
-    "blaschmuck, "
+                         "blaschmuck, "
                          "BLUEHSCHMU, bluehzeit, fruchtschm, fruchtfarb, fruchtzeit, HERBSTFARB, wuchsgesch, wuchsform, NAEHRSTOFF, abstand, DUFT, "
                          "benu_bemerkung, bewertung, Benu_Aenderung) VALUES (7, 'Planta prima', 'Erstpflanze', '%1', 'Treue', '0100000000000010', "
-                             "'100', '101', 0.2, "
+                         "'100', '101', 0.2, "
                          "0.5, 'True', 'True', '000010000000', 'True', '01', '000000000001', 'True', '001', 'locker', '010', '20 cm', 'True', "
-                             "'meine', 9, 2)"_s;
+                         "'meine', 9, 2)"_s;
 const QString stauden = u"INSERT INTO Stauden (ARTNR, Quelle, HK, heimisch, pflanzart, kennziffer, MINHOEHE, MAXHOEHE, BLMINH, BLMAXH, bluehzeit, "
-    "fruchtfarb, "
+                        "fruchtfarb, "
                         "UNSCHEINBA, immergruen, salz, abstand, FAMILIE, SORTEN, Ausbildung, bewertung) VALUES (7, 'n', 'Eur.', 'True', 'Str', "
-                            "'9.1', 0.1, 0.3, NULL, 0.6, "
+                        "'9.1', 0.1, 0.3, NULL, 0.6, "
                         "'000100000000', '3', 'True', 'True', '001', '5', 2, 'Alba', '000100', 3)"_s;
 const QString gehoelze = u"INSERT INTO Gehoelze (ARTNR, BDBNR, Quelle, hk, FAMILIE, grobeint, groesse, maxdurchm, bluehzeit, fruchtfarb, "
-    "fruchtzeit, genuss, SORTEN, "
+                         "fruchtzeit, genuss, SORTEN, "
                          "schaden, Ausbildung) VALUES (7, '12', 'g', 'As.', 1, '2', '001', 4.5, '001000000000', '0001', '000000000010', '3', "
-                             "'Rubra', 'Läuse', '010000')"_s;
+                         "'Rubra', 'Läuse', '010000')"_s;
 const QStringList umgebung{u"INSERT INTO Familien VALUES (1, 'Lignaceae'), (2, 'Staudaceae')"_s,
                            u"INSERT INTO Stauden_Synonyme_Botanisch VALUES (7, 'Herba')"_s,
-                               u"INSERT INTO Gehoelze_Synonyme_Botanisch VALUES (7, 'Lignum')"_s};
+                           u"INSERT INTO Gehoelze_Synonyme_Botanisch VALUES (7, 'Lignum')"_s};
 
 /// What the cemetery table itself says.
 Sollseiten &eigenes(Sollseiten &seiten)
@@ -88,8 +88,11 @@ void TestDruckFriedhof::staudenblatt()
     Druckprobe probe(Sparte::Friedhof);
     zeilen(probe, umgebung + QStringList{friedhof.arg(u"100"), stauden, gehoelze});
     Sollseiten soll;
-    soll.titel(u"Planta prima"_s).text(15, u"Botanischer Name laut 'Namenliste Stauden'"_s).ende()
-        .eintrag(u"Deutscher Name"_s, u"Erstpflanze"_s).eintrag(u"Synonyme"_s, u"Herba"_s);
+    soll.titel(u"Planta prima"_s)
+        .text(15, u"Botanischer Name laut 'Namenliste Stauden'"_s)
+        .ende()
+        .eintrag(u"Deutscher Name"_s, u"Erstpflanze"_s)
+        .eintrag(u"Synonyme"_s, u"Herba"_s);
     eigenes(soll)
         .eintrag(u"Herkunft"_s, u"Eur."_s)
         .eintrag({}, u"heimische Pflanze"_s)
@@ -117,8 +120,11 @@ void TestDruckFriedhof::gehoelzblatt()
     Druckprobe probe(Sparte::Friedhof);
     zeilen(probe, umgebung + QStringList{friedhof.arg(u"010"), stauden, gehoelze});
     Sollseiten soll;
-    soll.titel(u"Planta prima"_s).text(15, u"Botanischer Name laut 'Namenliste Gehölze'"_s).ende()
-        .eintrag(u"Deutscher Name"_s, u"Erstpflanze"_s).eintrag(u"Synonyme"_s, u"Lignum"_s);
+    soll.titel(u"Planta prima"_s)
+        .text(15, u"Botanischer Name laut 'Namenliste Gehölze'"_s)
+        .ende()
+        .eintrag(u"Deutscher Name"_s, u"Erstpflanze"_s)
+        .eintrag(u"Synonyme"_s, u"Lignum"_s);
     eigenes(soll)
         .eintrag(u"BdB-Nummer"_s, u"12"_s)
         .eintrag(u"Herkunft"_s, u"As."_s)
@@ -169,11 +175,11 @@ void TestDruckFriedhof::kriterien_data()
     zeile("kind without size", {{"optTyp", 4}, {"chkGhNadel", 0}}, {u"Pflanzentyp : |Staude, Nadelgehölze"_s});
     zeile("grave", {{"chkVerwendung", 1}, {"chkVerwendung", 8}}, {u"Grabbeet (eigtl. Grab): |GB-Bodendecker, GB-Solitär"_s});
     zeile("field", {{"chkVerwendung", 9}, {"chkVerwendung", 15}},
-        {u"Grabfeld (eigtl. Friedhof): |Grabfeld, eigtl. Friedhof (GF), GF-Kübelpflanze"_s});
+          {u"Grabfeld (eigtl. Friedhof): |Grabfeld, eigtl. Friedhof (GF), GF-Kübelpflanze"_s});
     zeile("grave and field", {{"chkVerwendung", 1}, {"chkVerwendung", 15}},
           {u"Grabbeet (eigtl. Grab): |GB-Bodendecker, Grabfeld (eigtl. Friedhof): GF-Kübelpflanze"_s});
-    zeile("words of both sides", {{"chkKalk", 0}, {"chkBodenArt", 6}, {"chkBodenfeuchte", 3}, {"chkLaubZeit", 3}, {"chkLaubFarbe", 16},
-        {"chkHabitus", 6}},
+    zeile("words of both sides",
+          {{"chkKalk", 0}, {"chkBodenArt", 6}, {"chkBodenfeuchte", 3}, {"chkLaubZeit", 3}, {"chkLaubFarbe", 16}, {"chkHabitus", 6}},
           {u"Blattfarbe: |bläulich rot"_s, u"zeitliche Einteilung: |Herbstfärbung!"_s, u"Bodenart: |tiefgründig"_s, u"Bodenfeuchte: |dauernaß"_s,
            u"Boden pH-Wert: |sauer"_s, u"Habitus: |überhängend"_s});
     zeile("texts", {{"txtbotName", -1}, {"txtSynonym", -1}, {"txtSynonymDeutsch", -1}, {"txtSorte", -1}, {"txtBenutzerText", -1}},

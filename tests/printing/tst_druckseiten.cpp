@@ -197,7 +197,7 @@ private slots:
     void seitenzahlen_data()
     {
         QTest::addColumn<QString>("davor");
-        QTest::addColumn<double>("platz"); // millimetres
+        QTest::addColumn<double>("platz");   // millimetres
         QTest::addColumn<QString>("anfang"); // before the number; "-": nothing is written
         const double zahl = schriftmass({}).breite(u"Seite 2 von 3"_s), name = schriftmass({}).breite(u"Planta prima  -  "_s);
         QTest::newRow("without a name") << QString() << 80.0 << QString();
@@ -422,8 +422,8 @@ private slots:
         QFETCH(double, pixelProMm);
         const double spiel = 1.01 / pixelProMm;
         const auto gleich = [&](const QRectF &a, const QRectF &b) {
-            return nahe(a.left(), b.left(), spiel) && nahe(a.top(), b.top(), spiel)
-                && nahe(a.right(), b.right(), spiel) && nahe(a.bottom(), b.bottom(), spiel);
+            return nahe(a.left(), b.left(), spiel) && nahe(a.top(), b.top(), spiel) && nahe(a.right(), b.right(), spiel)
+                   && nahe(a.bottom(), b.bottom(), spiel);
         };
         const auto ink = [&](const Druckseite &seite, QPointF ursprung = {}) { return tinte(gemalt(seite, pixelProMm, ursprung), pixelProMm); };
         QVERIFY(gleich(ink({{}, {{20, 30, 60, 30, 1}}}), QRectF(19.5, 29.5, 41, 1)));
@@ -462,10 +462,7 @@ private slots:
         QVERIFY(maler.transform().isIdentity());
     }
 
-    void leereSeite()
-    {
-        QVERIFY(tinte(gemalt({}, 6), 6).isNull());
-    }
+    void leereSeite() { QVERIFY(tinte(gemalt({}, 6), 6).isNull()); }
 };
 
 QTEST_MAIN(TestDruckseiten)

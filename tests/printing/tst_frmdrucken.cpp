@@ -58,20 +58,20 @@ void TestFrmDrucken::aufbau()
     const auto *rahmen = finde<QGroupBox>("fraDruckFrage");
     QCOMPARE(rahmen->title(), u"Was soll gedruckt werden ?"_s);
     QCOMPARE(form_->findChildren<QRadioButton *>().size(), 2);
-    for (const auto &[name, text] : {std::pair("optDruckFrage_0", u"aktuelle Pflanze"_s),
-                                     std::pair("optDruckFrage_1", u"Liste der gefilterten Pflanzen"_s)}) {
+    for (const auto &[name, text] :
+         {std::pair("optDruckFrage_0", u"aktuelle Pflanze"_s), std::pair("optDruckFrage_1", u"Liste der gefilterten Pflanzen"_s)}) {
         QCOMPARE(finde<QRadioButton>(name)->text(), text);
         QVERIFY(rahmen->isAncestorOf(finde<QRadioButton>(name)));
     }
     QVERIFY(finde<QRadioButton>("optDruckFrage_0")->isChecked());
     QCOMPARE(form_->findChildren<QPushButton *>().size(), 3);
-    for (const auto &[name, text] : {std::pair("cmdDruck", u"Druck"_s), std::pair("cmdAbbruch", u"Abbrechen"_s),
-                                     std::pair("cmdDruckerEinrichten", u"Druckereinrichtung"_s)})
+    for (const auto &[name, text] :
+         {std::pair("cmdDruck", u"Druck"_s), std::pair("cmdAbbruch", u"Abbrechen"_s), std::pair("cmdDruckerEinrichten", u"Druckereinrichtung"_s)})
         QCOMPARE(finde(name)->text(), text);
     QCOMPARE(finde<QLabel>("lblDrucker")->text(), u"Drucker: Probe & Druck\nPapier: A4"_s);
     // Nothing is cut off and nothing lies on something else.
-    QList<QWidget *> controls{finde<QGroupBox>("fraDruckFrage"), finde("cmdDruck"), finde("cmdAbbruch"), finde("cmdDruckerEinrichten"),
-                              finde<QLabel>("lblDrucker"), finde<QWidget>("picVorschau")};
+    QList<QWidget *> controls{finde<QGroupBox>("fraDruckFrage"), finde("cmdDruck"),           finde("cmdAbbruch"),
+                              finde("cmdDruckerEinrichten"),     finde<QLabel>("lblDrucker"), finde<QWidget>("picVorschau")};
     for (const QSize groesse : {form_->size(), form_->minimumSizeHint(), QSize(1200, 900)}) {
         form_->resize(groesse);
         QCoreApplication::processEvents();

@@ -275,6 +275,7 @@ QStringList alsText(const std::vector<Kriteriumzeile> &zeilen)
 constexpr QStringView laub[] = {u"grau", u"orange"};
 constexpr QStringView zeiten[] = {u"sommergrün", u"immergrün"};
 constexpr const char *immergruen[] = {nullptr, "immergruen"};
+// clang-format off
 constexpr Kriterium kodierte[] = {
     {.pruefung = Pruefung::Flags, .titel = {}, .a = {.art = Steuerung::Option, .control = "optTyp", .anzahl = 10, .ohneWahl = true},
      .feld = "pflanzart",
@@ -294,8 +295,9 @@ constexpr Kriterium kodierte[] = {
      .feld = "Stauden.wuchsform",
      .anders = Frage{.feld = "habitus"}},
 };
-constexpr Filterbeschreibung mitKodierten{.sparte = Sparte::Friedhof, .reiter = {}, .kriterien = kodierte, .zeilen = 0, .ladeFilter = {},
-                                          .speicherFilter = {}};
+// clang-format on
+constexpr Filterbeschreibung mitKodierten{
+    .sparte = Sparte::Friedhof, .reiter = {}, .kriterien = kodierte, .zeilen = 0, .ladeFilter = {}, .speicherFilter = {}};
 
 /// What print tells of a filter, criterion by criterion.
 class TestKriteriendruck : public QObject
@@ -319,7 +321,8 @@ private slots:
                 controls += &Zustand(sparte).steuerteil(zeile.control);
             QCOMPARE(controls.size(), qsizetype(zeilenVon(sparte).size()) - (sparte == Sparte::Gehoelze ? 1 : 0));
             for (const Kriterium &k : filterbeschreibung(sparte)->kriterien)
-                QVERIFY2((k.pruefung == Pruefung::Bild || k.pruefung == Pruefung::Keine) != (controls.contains(&k.a) || controls.contains(&k.b)), k.a.control);
+                QVERIFY2((k.pruefung == Pruefung::Bild || k.pruefung == Pruefung::Keine) != (controls.contains(&k.a) || controls.contains(&k.b)),
+                         k.a.control);
         }
     }
 
@@ -336,7 +339,8 @@ private slots:
         QFETCH(const Sollzeile *, zeile);
         Zustand z(sparte);
         setzen(z, *zeile);
-        const std::vector<Kriteriumzeile> gedruckt = kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, quelle(sparte));
+        const std::vector<Kriteriumzeile> gedruckt =
+            kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, quelle(sparte));
         QStringList labels;
         for (const Kriteriumzeile &g : gedruckt) {
             labels += g.label;
@@ -355,7 +359,8 @@ private slots:
             setzen(z, zeile);
             labels += zeile.label.toString();
         }
-        for (const Kriteriumzeile &zeile : kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, quelle(sparte)))
+        for (const Kriteriumzeile &zeile :
+             kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, quelle(sparte)))
             gelesen += zeile.label;
         QCOMPARE(gelesen, labels);
     }
@@ -511,14 +516,16 @@ private slots:
     void bemerkungZweimal()
     {
         QCOMPARE(gedruckt(Zustand(Sparte::Gehoelze).text("txtBenutzerText", u"alt"_s).text("txtKennziffer", u"4711"_s).waehlen("chkGroesse")),
-                 (QStringList{u"Textsuche (eigene Bemerkung): |alt"_s, u"Größengruppe : |"_s + WL_GeGroesse.wort(1).toString(), u"Eigene Bemerkungen: |alt"_s}));
+                 (QStringList{u"Textsuche (eigene Bemerkung): |alt"_s, u"Größengruppe : |"_s + WL_GeGroesse.wort(1).toString(),
+                              u"Eigene Bemerkungen: |alt"_s}));
     }
     void eigenschaftenDerStauden_data()
     {
         QTest::addColumn<QList<int>>("gewaehlt");
         QTest::addColumn<QString>("zeile");
         QTest::newRow("poison") << QList<int>{4} << u"Giftpflanze"_s;
-        QTest::newRow("all") << QList<int>{0, 1, 2, 3, 4} << u"Giftpflanze, Schnittpflanze, heimische Pflanze, Blattschmuckstaude, immergrüne Pflanze"_s;
+        QTest::newRow("all") << QList<int>{0, 1, 2, 3, 4}
+                             << u"Giftpflanze, Schnittpflanze, heimische Pflanze, Blattschmuckstaude, immergrüne Pflanze"_s;
         QTest::newRow("without poison") << QList<int>{0, 3} << u"Schnittpflanze, immergrüne Pflanze"_s;
         QTest::newRow("poison and native") << QList<int>{1, 4} << u"Giftpflanze, heimische Pflanze"_s;
         QTest::newRow("evergreen") << QList<int>{3} << u"immergrüne Pflanze"_s;
@@ -558,7 +565,9 @@ private slots:
         Zustand z(Sparte::Apfel);
         for (const int i : gewaehlt)
             z.waehlen("sschkBenutzer", i);
-        QTEST(alsText(kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, {programm, eintrag(Sparte::Apfel)})), "zeilen");
+        QTEST(alsText(
+                  kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, {programm, eintrag(Sparte::Apfel)})),
+              "zeilen");
     }
 
     /// A criterion without words has a line of its own on the page as well.
@@ -634,9 +643,9 @@ private slots:
         for (const auto &[kriterium, i] : {std::pair(0, 4), {1, 13}, {3, 0}, {3, 1}, {4, 0}, {4, 1}, {5, 6}})
             z.kriterien[size_t(kriterium)].a.werte[size_t(i)] = 1;
         z.kriterien[2].b.werte[0] = 1;
-        QCOMPARE(alsText(kriterienzeilen(tabelle, mitKodierten, z, quelle(Sparte::Friedhof))),
-                 (QStringList{u"|Staude"_s, u"|bunt"_s, u"|Nadelgehölz"_s, u"|grau, orange"_s, u"|sommergrün, immergrüne Pflanze"_s,
-                     u"|überhängend"_s}));
+        QCOMPARE(
+            alsText(kriterienzeilen(tabelle, mitKodierten, z, quelle(Sparte::Friedhof))),
+            (QStringList{u"|Staude"_s, u"|bunt"_s, u"|Nadelgehölz"_s, u"|grau, orange"_s, u"|sommergrün, immergrüne Pflanze"_s, u"|überhängend"_s}));
     }
 
     /// Any state of a dialog prints what is set, in the order of print, and nothing else.
@@ -659,7 +668,8 @@ private slots:
                 if (gesetzt)
                     soll += zeile.label.toString();
             }
-            for (const Kriteriumzeile &zeile : kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, quelle(sparte)))
+            for (const Kriteriumzeile &zeile :
+                 kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, quelle(sparte)))
                 ist += zeile.label;
             QCOMPARE(ist, soll);
             leer += soll.isEmpty();
@@ -679,7 +689,10 @@ private:
                     QTest::addRow("%s %s", eintrag(sparte).filter, zeile.control) << sparte << &zeile;
     }
     Wortquelle quelle(Sparte sparte) const { return {programm_, eintrag(sparte)}; }
-    QStringList gedruckt(const Zustand &z) const { return alsText(kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, quelle(z.beschreibung.sparte))); }
+    QStringList gedruckt(const Zustand &z) const
+    {
+        return alsText(kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, quelle(z.beschreibung.sparte)));
+    }
 
     Programm programm_;
 };

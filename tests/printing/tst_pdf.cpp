@@ -215,14 +215,16 @@ void TestPdf::orte()
     for (qsizetype i = 0; i < da.size(); ++i) {
         QList<Wort> uebrig = da[i].worte;
         for (const Wort &soll : worte(seiten_, seiten_.seiten[size_t(i)])) {
-            const auto ort = std::ranges::find_if(uebrig, [&](const Wort &w) {
-                return w.text == soll.text && std::abs(w.x - soll.x) <= 0.5 && std::abs(w.y - soll.y) <= 0.5;
-            });
+            const auto ort = std::ranges::find_if(
+                uebrig, [&](const Wort &w) { return w.text == soll.text && std::abs(w.x - soll.x) <= 0.5 && std::abs(w.y - soll.y) <= 0.5; });
             const auto gleich = std::ranges::find(uebrig, soll.text, &Wort::text);
-            QVERIFY2(ort != uebrig.end(),
-                     qPrintable(u"Seite %1: '%2' fehlt bei %3, %4; '%5' bei %6, %7"_s.arg(i + 1).arg(soll.text).arg(soll.x).arg(soll.y)
-                                    .arg(gleich == uebrig.end() ? QString() : gleich->text).arg(gleich == uebrig.end() ? 0 : gleich->x)
-                                    .arg(gleich == uebrig.end() ? 0 : gleich->y)));
+            QVERIFY2(ort != uebrig.end(), qPrintable(u"Seite %1: '%2' fehlt bei %3, %4; '%5' bei %6, %7"_s.arg(i + 1)
+                                                         .arg(soll.text)
+                                                         .arg(soll.x)
+                                                         .arg(soll.y)
+                                                         .arg(gleich == uebrig.end() ? QString() : gleich->text)
+                                                         .arg(gleich == uebrig.end() ? 0 : gleich->x)
+                                                         .arg(gleich == uebrig.end() ? 0 : gleich->y)));
             uebrig.erase(ort);
         }
         QStringList zuviel;
@@ -299,8 +301,8 @@ void TestPdf::titel()
     QFETCH(const QString, titel);
     Druckprobe probe(Sparte::Apfel);
     pdfSchreiben(probe.blatt(), blattA4(), titel, datei(u"Größe × ß.pdf"_s));
-    QVERIFY(programmausgabe(u"pdfinfo"_s, {u"-enc"_s, u"UTF-8"_s, datei(u"Größe × ß.pdf"_s)}).contains(QRegularExpression(
-        u"^Title: +%1$"_s.arg(QRegularExpression::escape(titel)), QRegularExpression::MultilineOption)));
+    QVERIFY(programmausgabe(u"pdfinfo"_s, {u"-enc"_s, u"UTF-8"_s, datei(u"Größe × ß.pdf"_s)})
+                .contains(QRegularExpression(u"^Title: +%1$"_s.arg(QRegularExpression::escape(titel)), QRegularExpression::MultilineOption)));
 }
 
 void TestPdf::ersetztDieAlteDatei()

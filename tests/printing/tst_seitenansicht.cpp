@@ -87,8 +87,8 @@ void TestSeitenansicht::blaettern()
             QTest::keyClick(QApplication::focusWidget(), vor ? Qt::Key_PageDown : Qt::Key_PageUp);
         else {
             const QPoint mitte = vorschau()->rect().center();
-            QWheelEvent rad(mitte, vorschau()->mapToGlobal(mitte), {}, QPoint(0, vor ? -120 : 120), Qt::NoButton, Qt::NoModifier,
-                            Qt::NoScrollPhase, false);
+            QWheelEvent rad(mitte, vorschau()->mapToGlobal(mitte), {}, QPoint(0, vor ? -120 : 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                            false);
             QCoreApplication::sendEvent(vorschau(), &rad);
         }
     };
@@ -157,8 +157,8 @@ void TestSeitenansicht::tabulator()
         folge += QApplication::focusWidget()->objectName();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
-    QCOMPARE(folge, (QStringList{u"optDruckFrage_1"_s, u"cmdDruckerEinrichten"_s, u"cmdDruck"_s, u"cmdAbbruch"_s, u"cmdSeiteZurueck"_s,
-                                 u"cmdSeiteVor"_s}));
+    QCOMPARE(folge,
+             (QStringList{u"optDruckFrage_1"_s, u"cmdDruckerEinrichten"_s, u"cmdDruck"_s, u"cmdAbbruch"_s, u"cmdSeiteZurueck"_s, u"cmdSeiteVor"_s}));
     QCOMPARE(QApplication::focusWidget()->objectName(), u"optDruckFrage_1"_s);
 }
 

@@ -92,10 +92,10 @@ QString umbruchfehler(const Umbrecher &u, QString text, const QStringList &zeile
 QString zufallstext(std::mt19937 &zufall)
 {
     const auto zahl = [&](int von, int bis) { return std::uniform_int_distribution(von, bis)(zufall); };
-    const QStringList silben{u"A"_s, u"V"_s, u"Te"_s, u"Yo"_s, u"W."_s, u"ä"_s, u"ß"_s, u"i"_s, u"mm"_s, u"Pflanze"_s, u"-"_s,
-                             u"(,)"_s, u"ö\u0301"_s, smiley};
-    const QStringList trenner{u" "_s, u" "_s, u" "_s, u" "_s, u" "_s, u"  "_s, u"     "_s, u"\t"_s, u"\n"_s, u"\r"_s, u"\r\n"_s,
-                              u"\n\n"_s, u" \r\n "_s};
+    const QStringList silben{u"A"_s, u"V"_s,  u"Te"_s,      u"Yo"_s, u"W."_s,  u"ä"_s,       u"ß"_s,
+                             u"i"_s, u"mm"_s, u"Pflanze"_s, u"-"_s,  u"(,)"_s, u"ö\u0301"_s, smiley};
+    const QStringList trenner{u" "_s,  u" "_s,  u" "_s,  u" "_s,    u" "_s,    u"  "_s,    u"     "_s,
+                              u"\t"_s, u"\n"_s, u"\r"_s, u"\r\n"_s, u"\n\n"_s, u" \r\n "_s};
     QString text;
     for (int wort = zahl(1, 60); wort > 0; --wort) {
         for (int silbe = zahl(0, 40) == 0 ? zahl(20, 80) : zahl(1, 5); silbe > 0; --silbe)

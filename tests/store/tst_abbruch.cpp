@@ -81,7 +81,7 @@ private:
                 QVERIFY2(notizen[i] == erwartet, qPrintable(u"Plant %1 has lost note %2: \"%3\""_s.arg(i).arg(nummer).arg(notizen[i].left(20))));
                 QCOMPARE(eigen[i], nummer < 0 ? QString() : QString::number(nummer));
             }
-        }();
+            }();
         return auchUnterwegs;
     }
 };

@@ -25,7 +25,8 @@ private slots:
         db_->Execute(u"INSERT INTO Gehoelze (ARTNR, BOT_NAME, Quelle, hk, grobeint, bluehzeit, groesse) "
                      "VALUES (2100, 'Acer palmatum', 'g', 'As.', '1', '000010000000', '00001000')"_s);
         db_->Execute(u"INSERT INTO Gehoelze (ARTNR, BOT_NAME, Quelle, grobeint) VALUES (2200, 'Taxus baccata', 'z', '2')"_s);
-        const QString friedhof = u"INSERT INTO Friedhof (ARTNR, BOT_NAME, DTNAM, DB, SYMBOLIK, abstand, bewertung, verwendung) VALUES (?, ?, ?, ?, ?, ?, ?, ?)"_s;
+        const QString friedhof =
+            u"INSERT INTO Friedhof (ARTNR, BOT_NAME, DTNAM, DB, SYMBOLIK, abstand, bewertung, verwendung) VALUES (?, ?, ?, ?, ?, ?, ?, ?)"_s;
         db_->Execute(friedhof, {900, u"Aster alpinus"_s, u"Alpen-Aster"_s, u"100"_s, u"0100000000000000"_s, u"15 cm"_s, 7, u"0010000000000000"_s});
         db_->Execute(friedhof, {2100, u"Acer palmatum"_s, u"Fächer-Ahorn"_s, u"010"_s, u"0000000010000000"_s, QVariant(), 6, QVariant()});
         db_->Execute(friedhof, {2200, u"Taxus baccata"_s, u"Eibe"_s, u"010"_s, QVariant(), QVariant(), 5, QVariant()});
@@ -124,10 +125,13 @@ private slots:
     {
         QTest::addColumn<QString>("feld");
         QTest::addColumn<QString>("meldung");
-        const QString fehlt = u"In der Tabelle 'Abfrage_Friedhof' fehlt das Feld '%1'."_s, mehrdeutig = u"Das Feld '%1' ist in der Tabelle 'Abfrage_Friedhof' nicht eindeutig."_s;
-        for (const char *feld : {"Quelle", "hk", "FAMILIE", "bluehzeit", "fruchtfarb", "verwendung", "MINHOEHE", "abstand", "blaschmuck", "licht", "Ausbildung", "SORTEN"})
+        const QString fehlt = u"In der Tabelle 'Abfrage_Friedhof' fehlt das Feld '%1'."_s,
+                      mehrdeutig = u"Das Feld '%1' ist in der Tabelle 'Abfrage_Friedhof' nicht eindeutig."_s;
+        for (const char *feld : {"Quelle", "hk", "FAMILIE", "bluehzeit", "fruchtfarb", "verwendung", "MINHOEHE", "abstand", "blaschmuck", "licht",
+                                 "Ausbildung", "SORTEN"})
             QTest::newRow(feld) << QString::fromLatin1(feld) << mehrdeutig;
-        for (const char *feld : {"Stacheln", "Stauden.Stacheln", "Palmen.Quelle", "Stauden.grobeint", "Gehoelze.farben", "Stauden.bewertung", "Stauden.laub", "Stauden.", ".Quelle", ""})
+        for (const char *feld : {"Stacheln", "Stauden.Stacheln", "Palmen.Quelle", "Stauden.grobeint", "Gehoelze.farben", "Stauden.bewertung",
+                                 "Stauden.laub", "Stauden.", ".Quelle", ""})
             QTest::newRow(*feld ? feld : "leer") << QString::fromLatin1(feld) << fehlt;
     }
     void falscheNamen()
@@ -148,7 +152,8 @@ private slots:
         db_->Execute(u"SELECT * INTO Abfrage_Friedhof IN '%1' FROM Abfrage_Friedhof"_s.arg(pfad));
         Recordset flach(Datenbank::OpenDatabase(pfad), u"Abfrage_Friedhof"_s);
         QVERIFY(flach.Finden(900));
-        for (const char *feld : {"Stauden.Quelle", "stauden_Quelle", "Friedhof.abstand", "farben", "Stauden.farben", "bewertung", "Friedhof.verwendung"}) {
+        for (const char *feld :
+             {"Stauden.Quelle", "stauden_Quelle", "Friedhof.abstand", "farben", "Stauden.farben", "bewertung", "Friedhof.verwendung"}) {
             Recordset abfrage(db_, u"SELECT * From Abfrage_Friedhof WHERE ARTNR LIKE 900"_s);
             QCOMPARE(flach.Fields(QString::fromLatin1(feld)).Text(), abfrage.Fields(QString::fromLatin1(feld)).Text());
         }
@@ -185,7 +190,9 @@ private slots:
 
     void loeschen()
     {
-        const auto quellen = [this] { return std::pair(zahl(*db_, u"SELECT count(*) FROM Stauden"_s), zahl(*db_, u"SELECT count(*) FROM Gehoelze"_s)); };
+        const auto quellen = [this] {
+            return std::pair(zahl(*db_, u"SELECT count(*) FROM Stauden"_s), zahl(*db_, u"SELECT count(*) FROM Gehoelze"_s));
+        };
         const auto vorher = quellen();
         QVERIFY(vorher.first > 0 && vorher.second > 0);
         Recordset satz(db_, u"SELECT * From Abfrage_Friedhof WHERE ARTNR LIKE '*' ORDER BY Bot_Name"_s);

@@ -150,8 +150,10 @@ private slots:
         QFETCH(QList<qint64>, nummern);
         const QTemporaryDir ordner;
         const std::shared_ptr<Datenbank> db = leereDatenbank(ordner.filePath(u"test.mdb"_s));
-        const QList<QVariantList> pflanzen{{1, u"A"_s, u"Ähre"_s, u"1100"_s}, {2, u"B"_s, u"Blume"_s, u"100"_s},
-                                           {3, u"C"_s, QVariant(), u"010"_s}, {4, u"D 'Ä'"_s, u""_s, QVariant()}};
+        const QList<QVariantList> pflanzen{{1, u"A"_s, u"Ähre"_s, u"1100"_s},
+                                           {2, u"B"_s, u"Blume"_s, u"100"_s},
+                                           {3, u"C"_s, QVariant(), u"010"_s},
+                                           {4, u"D 'Ä'"_s, u""_s, QVariant()}};
         for (const QVariantList &pflanze : pflanzen)
             db->Execute(u"INSERT INTO Topfpfl (ARTNR, BOT_NAME, DTNAM, FARBEN) VALUES (?, ?, ?, ?)"_s, pflanze);
         QList<qint64> gefunden;
@@ -164,7 +166,9 @@ private slots:
     {
         QTest::addColumn<QString>("anweisung");
         QTest::addColumn<QString>("gegenprobe"); // the same keys by SQLite alone
-        const auto zeile = [](const QString &anweisung, const QString &gegenprobe) { QTest::newRow(qPrintable(anweisung)) << anweisung << gegenprobe; };
+        const auto zeile = [](const QString &anweisung, const QString &gegenprobe) {
+            QTest::newRow(qPrintable(anweisung)) << anweisung << gegenprobe;
+        };
         for (const char *haupt : {"TOPFPFL", "Topfpfl", "topfpfl", "STAUDEN", "Gehoelze", "Apfel", "OBST", "Obst", "Abfrage_Friedhof"}) {
             const QString tabelle = QString::fromLatin1(haupt);
             zeile(u"SELECT * From %1 WHERE ARTNR LIKE '*' ORDER BY Bot_Name"_s.arg(tabelle), u"SELECT ARTNR FROM "_s + tabelle);
@@ -177,11 +181,12 @@ private slots:
             zeile(u"SELECT * From %1 WHERE ARTNR LIKE '*' ORDER BY BOTNAME"_s.arg(tabelle), u"SELECT ARTNR FROM "_s + tabelle);
             zeile(u"SELECT * From %1 WHERE ARTNR LIKE 30002"_s.arg(tabelle), u"SELECT ARTNR FROM %1 WHERE ARTNR = 30002"_s.arg(tabelle));
         }
-        for (const auto &[sparte, nummer, suche] : {std::tuple(u"Topfpfl"_s, 1001, u"Cal"_s), std::tuple(u"Stauden"_s, 30002, u"an"_s),
-                                                    std::tuple(u"Gehoelze"_s, 30002, u"AN"_s)})
+        for (const auto &[sparte, nummer, suche] :
+             {std::tuple(u"Topfpfl"_s, 1001, u"Cal"_s), std::tuple(u"Stauden"_s, 30002, u"an"_s), std::tuple(u"Gehoelze"_s, 30002, u"AN"_s)})
             for (const char *art : {"Botanisch", "Deutsch"}) {
                 const QString tabelle = u"%1_Synonyme_%2"_s.arg(sparte, QLatin1String(art));
-                zeile(u"SELECT * From %1 WHERE ARTNR LIKE %2"_s.arg(tabelle).arg(nummer), u"SELECT ARTNR FROM %1 WHERE ARTNR = %2"_s.arg(tabelle).arg(nummer));
+                zeile(u"SELECT * From %1 WHERE ARTNR LIKE %2"_s.arg(tabelle).arg(nummer),
+                      u"SELECT ARTNR FROM %1 WHERE ARTNR = %2"_s.arg(tabelle).arg(nummer));
                 zeile(u"SELECT * From %1 WHERE ARTNR LIKE '*'"_s.arg(tabelle), u"SELECT ARTNR FROM "_s + tabelle);
                 zeile(u"SELECT * From %1 WHERE SYN LIKE '*%2*'"_s.arg(tabelle, suche),
                       u"SELECT ARTNR FROM %1 WHERE instr(lower(SYN), '%2') > 0"_s.arg(tabelle, suche.toLower()));

@@ -282,11 +282,14 @@ private slots:
     {
         QTest::addColumn<QString>("anweisung");
         QTest::addColumn<QString>("meldung");
-        QTest::newRow("Tabelle fehlt") << u"SELECT * INTO Palmen IN '%1/teil.mdb' FROM Palmen"_s << u"In der Datenbank 'flox-demo.mdb' fehlt die Tabelle 'Palmen'."_s;
+        QTest::newRow("Tabelle fehlt") << u"SELECT * INTO Palmen IN '%1/teil.mdb' FROM Palmen"_s
+                                       << u"In der Datenbank 'flox-demo.mdb' fehlt die Tabelle 'Palmen'."_s;
         QTest::newRow("Datei fehlt") << u"SELECT * INTO Topfpfl IN '%1/fehlt.mdb' FROM Topfpfl"_s << u"fehlt.mdb' wurde nicht gefunden."_s;
         QTest::newRow("Tabelle gibt es schon") << u"SELECT * INTO Familien IN '%1/teil.mdb' FROM Familien"_s << u"already exists"_s;
-        QTest::newRow("Feld fehlt") << u"SELECT * INTO Topfpfl IN '%1/teil.mdb' FROM Topfpfl WHERE Stacheln LIKE '*'"_s << u"fehlt das Feld 'Stacheln'"_s;
-        QTest::newRow("keine Datenbank") << u"SELECT * INTO Topfpfl IN '%1/text.mdb' FROM Topfpfl"_s << u"Die Datei 'text.mdb' ist keine Datenbank."_s;
+        QTest::newRow("Feld fehlt") << u"SELECT * INTO Topfpfl IN '%1/teil.mdb' FROM Topfpfl WHERE Stacheln LIKE '*'"_s
+                                    << u"fehlt das Feld 'Stacheln'"_s;
+        QTest::newRow("keine Datenbank") << u"SELECT * INTO Topfpfl IN '%1/text.mdb' FROM Topfpfl"_s
+                                         << u"Die Datei 'text.mdb' ist keine Datenbank."_s;
         QTest::newRow("Syntax") << u"SELECT * INTO Topfpfl IN '%1/teil.mdb' FROM Topfpfl WHERE"_s << u"Syntaxfehler"_s;
     }
     void kopierenScheitert()

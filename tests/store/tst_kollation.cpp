@@ -25,9 +25,13 @@ private slots:
         QTest::newRow("a vor ä, wenn sonst gleich") << QStringList{u"Apfel"_s, u"Äpfel"_s, u"Apfelbeere"_s};
         QTest::newRow("ß bei ss") << QStringList{u"Strase"_s, u"Strasse"_s, u"Straße"_s, u"Strassen"_s, u"Strate"_s};
         QTest::newRow("groß bei klein") << QStringList{u"begonia"_s, u"Begonie"_s, u"calla"_s, u"Canna"_s};
-        QTest::newRow("Gattung bleibt zusammen")
-            << QStringList{u"Abutilon"_s,         u"Abutilon-Hybriden"_s,         u"Abutilon × hybridum"_s, u"Abutilon megapotamicum"_s,
-                           u"Abutilon 'Nabob'"_s, u"Abutilon pictum 'Thompsonii'"_s, u"Abutilonella"_s};
+        QTest::newRow("Gattung bleibt zusammen") << QStringList{u"Abutilon"_s,
+                                                                u"Abutilon-Hybriden"_s,
+                                                                u"Abutilon × hybridum"_s,
+                                                                u"Abutilon megapotamicum"_s,
+                                                                u"Abutilon 'Nabob'"_s,
+                                                                u"Abutilon pictum 'Thompsonii'"_s,
+                                                                u"Abutilonella"_s};
         QTest::newRow("Gattungsbastard") << QStringList{u"Fargesia"_s, u"× Fatshedera lizei"_s, u"Fatsia"_s};
         QTest::newRow("leer zuerst") << QStringList{u""_s, u"1"_s, u"A"_s};
         QTest::newRow("langer Name") << QStringList{u"Begonia "_s + QString(400, u'a'), u"Begonia "_s + QString(401, u'a'),
@@ -87,7 +91,8 @@ private slots:
     {
         const QTemporaryDir ordner;
         const std::shared_ptr<Datenbank> db = leereDatenbank(ordner.filePath(u"test.mdb"_s));
-        const QList<std::pair<int, QString>> pflanzen{{7, u"Begonia 'Bella'"_s}, {3, u"Begonia Bella"_s}, {9, u"Azalee"_s}, {5, u"Begonia × Bella"_s}, {4, QString()}};
+        const QList<std::pair<int, QString>> pflanzen{
+            {7, u"Begonia 'Bella'"_s}, {3, u"Begonia Bella"_s}, {9, u"Azalee"_s}, {5, u"Begonia × Bella"_s}, {4, QString()}};
         for (const auto &[nummer, name] : pflanzen) {
             db->Execute(u"INSERT INTO Topfpfl (ARTNR, BOT_NAME) VALUES (?, ?)"_s, {nummer, name});
             db->Execute(u"INSERT INTO Topfpfl_Bilder (ARTNR, BotName) VALUES (?, ?)"_s, {nummer, name});

@@ -51,8 +51,8 @@ private slots:
         for (const char *name : {"TempFilterTo1.fft", "TempFilterSt3.ffs", "TempFilterAp1.ffa", "tempfilterto1.fft", "TempFilterTo1.fft.AbCdEf",
                                  "Liste.pdf.AbCdEf", "Meine Liste (2).pdf.abcdef"})
             QTest::newRow(name) << QString::fromLatin1(name) << false;
-        for (const char *name : {"flox-demo.mdb", "db_to.tmp", "db_xy1.tmp", "mydb_to1.tmp", "db_to1.tmp.bak", "TempFilterTo.fft", "Klausur.fft", "Liste.pdf",
-                                 "Liste.pdf.abcdefg", "Liste.pdf.tar.gz", "Liste.pdf.123456", ".pdf.abcdef", "flox-demo.mdb-journal"})
+        for (const char *name : {"flox-demo.mdb", "db_to.tmp", "db_xy1.tmp", "mydb_to1.tmp", "db_to1.tmp.bak", "TempFilterTo.fft", "Klausur.fft",
+                                 "Liste.pdf", "Liste.pdf.abcdefg", "Liste.pdf.tar.gz", "Liste.pdf.123456", ".pdf.abcdef", "flox-demo.mdb-journal"})
             QTest::newRow(name) << QString::fromLatin1(name) << true;
     }
     void reste()
@@ -106,7 +106,7 @@ private slots:
             QVERIFY(QFile::exists(erster + u"/db_to1.tmp"_s) && QFile::exists(zweiter + u"/db_to1.tmp"_s));
         }
         QVERIFY(!QFile::exists(erster) && !QFile::exists(zweiter)); // nothing is left behind
-        QVERIFY(QDir().mkpath(erster)); // but by a run that was killed
+        QVERIFY(QDir().mkpath(erster));                             // but by a run that was killed
         schreiben(erster + u"/db_to1.tmp"_s, "x");
         Laufordner wieder;
         wieder.bestimmen(programm_);

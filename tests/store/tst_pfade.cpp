@@ -85,9 +85,8 @@ private slots:
         for (int i = 0; i < 5300; ++i)
             schreiben(ordner.filePath(u"pflanze-%1.jpg"_s.arg(i)));
         schreiben(ordner.filePath(u"beg.jpg"_s));
-        const qint64 einmal = bestzeit([&] {
-            QCOMPARE(QDir(ordner.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 5301);
-        });
+        const qint64 einmal =
+            bestzeit([&] { QCOMPARE(QDir(ordner.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 5301); });
         int lauf = 0;
         const qint64 schritt = bestzeit([&] {
             ++lauf;

@@ -86,15 +86,31 @@ void TestPositionen::spalten_data()
     const auto zeile = [](const char *tabelle, const char *feld, const QString &text, const QString &worte) {
         QTest::addRow("%s %s", feld, qPrintable(text)) << QString::fromLatin1(tabelle) << QByteArray(feld) << text << worte;
     };
-    for (const auto &[text, wort] : {std::pair(u"1"_s, u"einjährig"_s), {u"2"_s, u"zweijährig"_s}, {u"B"_s, u"Baum"_s}, {u"H"_s, u"Halbstrauch"_s},
-                                     {u"Std"_s, u"Staude"_s}, {u"S"_s, u"Staude"_s}, {u"Str"_s, u"Strauch"_s}, {u"Strauch"_s, u"Strauch"_s},
-                                     {u"Z"_s, u"Zwiebel/Knolle"_s}, {u"G"_s, u"Gras"_s}, {u"F"_s, u"Farn"_s}, {u"W"_s, u"Wasserpflanze"_s},
-                                     {u"str"_s, QString()}, {u"X"_s, QString()}, {u" S"_s, QString()}})
+    for (const auto &[text, wort] : {std::pair(u"1"_s, u"einjährig"_s),
+                                     {u"2"_s, u"zweijährig"_s},
+                                     {u"B"_s, u"Baum"_s},
+                                     {u"H"_s, u"Halbstrauch"_s},
+                                     {u"Std"_s, u"Staude"_s},
+                                     {u"S"_s, u"Staude"_s},
+                                     {u"Str"_s, u"Strauch"_s},
+                                     {u"Strauch"_s, u"Strauch"_s},
+                                     {u"Z"_s, u"Zwiebel/Knolle"_s},
+                                     {u"G"_s, u"Gras"_s},
+                                     {u"F"_s, u"Farn"_s},
+                                     {u"W"_s, u"Wasserpflanze"_s},
+                                     {u"str"_s, QString()},
+                                     {u"X"_s, QString()},
+                                     {u" S"_s, QString()}})
         zeile("Stauden", "pflanzart", text, wort);
-    for (const auto &[text, worte] : {std::pair(u"***L"_s, u"vorzügliche Sorte, Staude für den Pflanzenliebhaber"_s), {u"**"_s, u"sehr wertvolle Sorte"_s},
-                                      {u"*"_s, u"wertvolle Sorte"_s}, {u"S*"_s, u"wertvolle Sorte, wertvolle Schnittstaude"_s},
-                                      {u"w!"_s, u"sehr wertvolle Wildstaude"_s}, {u"W!w"_s, u"sehr wertvolle Wildstaude"_s},
-                                      {u"wL"_s, u"Staude für den Pflanzenliebhaber, wertvolle Wildstaude"_s}, {u"W"_s, u"wertvolle Wildstaude"_s}, {u"l?"_s, QString()}})
+    for (const auto &[text, worte] : {std::pair(u"***L"_s, u"vorzügliche Sorte, Staude für den Pflanzenliebhaber"_s),
+                                      {u"**"_s, u"sehr wertvolle Sorte"_s},
+                                      {u"*"_s, u"wertvolle Sorte"_s},
+                                      {u"S*"_s, u"wertvolle Sorte, wertvolle Schnittstaude"_s},
+                                      {u"w!"_s, u"sehr wertvolle Wildstaude"_s},
+                                      {u"W!w"_s, u"sehr wertvolle Wildstaude"_s},
+                                      {u"wL"_s, u"Staude für den Pflanzenliebhaber, wertvolle Wildstaude"_s},
+                                      {u"W"_s, u"wertvolle Wildstaude"_s},
+                                      {u"l?"_s, QString()}})
         zeile("Stauden", "urteil", text, worte);
     zeile("Stauden", "geselligkt", u"2"_s, u"in kleinen Trupps von etwa 3-10 Pflanzen gruppieren"_s);
     zeile("Stauden", "geselligkt", u"6"_s, QString());

@@ -53,7 +53,8 @@ private slots:
         QTest::addColumn<bool>("bof");
         QTest::addColumn<bool>("eof");
         const auto zeile = [](int anzahl, const char *schritte, int stelle, bool bof, bool eof) {
-            QTest::addRow("%d Sätze, %s", anzahl, *schritte ? schritte : "frisch geöffnet") << anzahl << QString::fromLatin1(schritte) << stelle << bof << eof;
+            QTest::addRow("%d Sätze, %s", anzahl, *schritte ? schritte : "frisch geöffnet")
+                << anzahl << QString::fromLatin1(schritte) << stelle << bof << eof;
         };
         for (const char *schritte : {"", "F", "L", "N", "P", "NN", "PP", "PN", "NP", "LP", "LN"})
             zeile(0, schritte, -1, true, true);
@@ -330,7 +331,8 @@ private slots:
         fuellen(10);
         db_->Execute(u"UPDATE Topfpfl SET HK = NULL WHERE ARTNR = ?"_s, {nummer(4)});
         db_->Execute(u"UPDATE Topfpfl SET HK = '' WHERE ARTNR = ?"_s, {nummer(5)});
-        QVERIFY(fehlerVon([&] { db_->loescheAusser(u"Topfpfl"_s, {}, [](qint64, auto) { return false; }); }).contains(u"darf nicht ausgedünnt werden"_s));
+        QVERIFY(
+            fehlerVon([&] { db_->loescheAusser(u"Topfpfl"_s, {}, [](qint64, auto) { return false; }); }).contains(u"darf nicht ausgedünnt werden"_s));
         alsPrivat(db_);
         int gesehen = 0, nullen = 0, leere = 0;
         db_->loescheAusser(u"Topfpfl"_s, {u"BOT_NAME"_s, u"HK"_s}, [&](qint64 artnr, std::span<const std::string_view> werte) {
@@ -343,12 +345,12 @@ private slots:
         QCOMPARE(nullen, 1);
         QCOMPARE(leere, 1);
         QCOMPARE(werte(*db_, u"SELECT BOT_NAME FROM Topfpfl ORDER BY BOT_NAME"_s), (QStringList{name(8), name(9)}));
-        QCOMPARE(fehlerVon([&] {
-                     db_->loescheAusser(u"Topfpfl"_s, {u"HK"_s}, [&](qint64, auto) -> bool { throw Fehler(u"von innen"_s); });
-                 }),
+        QCOMPARE(fehlerVon([&] { db_->loescheAusser(u"Topfpfl"_s, {u"HK"_s}, [&](qint64, auto) -> bool { throw Fehler(u"von innen"_s); }); }),
                  u"von innen"_s);
         QVERIFY(fehlerVon([&] { db_->loescheAusser(u"Palmen"_s, {}, [](qint64, auto) { return true; }); }).contains(u"fehlt die Tabelle 'Palmen'"_s));
-        QVERIFY(fehlerVon([&] { db_->loescheAusser(u"Topfpfl"_s, {u"Stacheln"_s}, [](qint64, auto) { return true; }); }).contains(u"fehlt das Feld 'Stacheln'"_s));
+        QVERIFY(fehlerVon([&] {
+                    db_->loescheAusser(u"Topfpfl"_s, {u"Stacheln"_s}, [](qint64, auto) { return true; });
+                }).contains(u"fehlt das Feld 'Stacheln'"_s));
         QCOMPARE(zahl(*db_, u"SELECT count(*) FROM Topfpfl"_s), 2);
     }
 
@@ -426,7 +428,8 @@ private slots:
             Transaktion transaktion(*db_);
             db_->Execute(u"WITH RECURSIVE n(i) AS (VALUES (1) UNION ALL SELECT i + 1 FROM n WHERE i < ?1) "
                          "INSERT INTO Topfpfl (ARTNR, BOT_NAME, BEMERKUNG) "
-                         "SELECT i, printf('Pflanze %06d', (i * 7919) % ?1), printf('%.200c', 'x') FROM n"_s, {anzahl});
+                         "SELECT i, printf('Pflanze %06d', (i * 7919) % ?1), printf('%.200c', 'x') FROM n"_s,
+                         {anzahl});
             transaktion.festschreiben();
         }
         db_.reset();

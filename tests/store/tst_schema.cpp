@@ -58,25 +58,30 @@ private slots:
     void datenbank()
     {
         QFETCH(const Tabelle *, tabelle);
-        const QStringList zeilen = werte(*db_, u"SELECT name || ' ' || type || ' ' || pk FROM pragma_table_info(?) ORDER BY cid"_s, {QString::fromLatin1(tabelle->name)});
+        const QStringList zeilen =
+            werte(*db_, u"SELECT name || ' ' || type || ' ' || pk FROM pragma_table_info(?) ORDER BY cid"_s, {QString::fromLatin1(tabelle->name)});
         QCOMPARE(zeilen.size(), qsizetype(tabelle->spalten.size()));
         for (qsizetype i = 0; i < zeilen.size(); ++i) {
             const Spalte &spalte = tabelle->spalten[size_t(i)];
-            const bool ganz = spalte.art == Art::Ganzzahl || spalte.art == Art::Bewertung || spalte.art == Art::Familie || spalte.art == Art::Schluessel;
+            const bool ganz =
+                spalte.art == Art::Ganzzahl || spalte.art == Art::Bewertung || spalte.art == Art::Familie || spalte.art == Art::Schluessel;
             const QString typ = ganz ? u"INTEGER"_s : spalte.art == Art::Zahl ? u"NUMERIC"_s : u"TEXT"_s;
             QCOMPARE(zeilen[i], u"%1 %2 %3"_s.arg(QLatin1String(spalte.name), typ).arg(spalte.art == Art::Schluessel));
         }
         for (const char *name : {"BOT_NAME", "DTNAM"})
             QVERIFY2(werte(*db_, u"SELECT i.name FROM pragma_index_list(?) l, pragma_index_info(l.name) i"_s, {QString::fromLatin1(tabelle->name)})
-                         .contains(QString::fromLatin1(name)), name);
+                         .contains(QString::fromLatin1(name)),
+                     name);
         // What is stored over flags comes back as it was.
         const QString flags = u"0010"_s;
         db_->Execute(u"INSERT INTO %1 (ARTNR) VALUES (30001)"_s.arg(QLatin1String(tabelle->name)));
         for (const Spalte &spalte : tabelle->spalten) {
-            if (spalte.art == Art::Zahl || spalte.art == Art::Ganzzahl || spalte.art == Art::Bewertung || spalte.art == Art::Familie || spalte.art == Art::Schluessel)
+            if (spalte.art == Art::Zahl || spalte.art == Art::Ganzzahl || spalte.art == Art::Bewertung || spalte.art == Art::Familie
+                || spalte.art == Art::Schluessel)
                 continue;
             db_->Execute(u"UPDATE %1 SET \"%2\" = ? WHERE ARTNR = 30001"_s.arg(QLatin1String(tabelle->name), QLatin1String(spalte.name)), {flags});
-            QCOMPARE(werte(*db_, u"SELECT \"%2\" FROM %1 WHERE ARTNR = 30001"_s.arg(QLatin1String(tabelle->name), QLatin1String(spalte.name))), QStringList{flags});
+            QCOMPARE(werte(*db_, u"SELECT \"%2\" FROM %1 WHERE ARTNR = 30001"_s.arg(QLatin1String(tabelle->name), QLatin1String(spalte.name))),
+                     QStringList{flags});
         }
         db_->Execute(u"DELETE FROM %1 WHERE ARTNR = 30001"_s.arg(QLatin1String(tabelle->name)));
     }
@@ -141,7 +146,8 @@ private slots:
             QVERIFY(schema::kommtAus(u"abfrage_friedhof", name, QString::fromLatin1(spalte.quelle)));
             // Bare, or qualified by its source.
             QVERIFY2(name == QString::fromLatin1(spalte.spalte).toLower()
-                         || name == (QString::fromLatin1(spalte.quelle) + u'_' + QString::fromLatin1(spalte.spalte)).toLower(), spalte.name);
+                         || name == (QString::fromLatin1(spalte.quelle) + u'_' + QString::fromLatin1(spalte.spalte)).toLower(),
+                     spalte.name);
         }
         QVERIFY(!schema::istQuelle(u"Topfpfl"));
         QVERIFY(!schema::kommtAus(u"Abfrage_Friedhof", u"ARTNR", u"Stauden"));
@@ -204,12 +210,18 @@ private slots:
         QTest::addColumn<QList<int>>("fehlend"); // numbers that stand at no place
         QTest::addColumn<QList<int>>("doppelt"); // numbers that stand at two places
         QTest::addColumn<QStringList>("anfang");
-        QTest::newRow("Topf") << &DL_Topf << u"Topfpfl"_s << 43 << QList<int>{} << QList<int>{} << QStringList{u"ARTNR"_s, u"BOT_NAME"_s, u"Quelle"_s, u"DTNAM"_s};
-        QTest::newRow("Stauden") << &DL_Stauden << u"Stauden"_s << 49 << QList<int>{32} << QList<int>{22} << QStringList{u"ARTNR"_s, u"BOT_NAME"_s, u"Quelle"_s, u"DTNAM"_s, u"FAMILIE"_s};
-        QTest::newRow("Gehölze") << &DL_Gehoelze << u"Gehoelze"_s << 38 << QList<int>{} << QList<int>{} << QStringList{u"ARTNR"_s, u"BOT_NAME"_s, u"Quelle"_s, u"DTNAM"_s, u"FAMILIE"_s, u"hk"_s};
-        QTest::newRow("Apfel") << &DL_Apfel << u"Apfel"_s << 51 << QList<int>{} << QList<int>{} << QStringList{u"ARTNR"_s, u"BOT_NAME"_s, u"DTNAM"_s, u"synonym"_s};
-        QTest::newRow("Friedhof") << &DL_Friedhof << u"Abfrage_Friedhof"_s << 101 << QList<int>{} << QList<int>{} << QStringList{u"ARTNR"_s, u"BOT_NAME"_s};
-        QTest::newRow("Obst") << &DL_Obst << u"Obst"_s << 56 << QList<int>{} << QList<int>{} << QStringList{u"ARTNR"_s, u"BOT_NAME"_s, u"synonym"_s, u"DTNAM"_s};
+        QTest::newRow("Topf") << &DL_Topf << u"Topfpfl"_s << 43 << QList<int>{} << QList<int>{}
+                              << QStringList{u"ARTNR"_s, u"BOT_NAME"_s, u"Quelle"_s, u"DTNAM"_s};
+        QTest::newRow("Stauden") << &DL_Stauden << u"Stauden"_s << 49 << QList<int>{32} << QList<int>{22}
+                                 << QStringList{u"ARTNR"_s, u"BOT_NAME"_s, u"Quelle"_s, u"DTNAM"_s, u"FAMILIE"_s};
+        QTest::newRow("Gehölze") << &DL_Gehoelze << u"Gehoelze"_s << 38 << QList<int>{} << QList<int>{}
+                                 << QStringList{u"ARTNR"_s, u"BOT_NAME"_s, u"Quelle"_s, u"DTNAM"_s, u"FAMILIE"_s, u"hk"_s};
+        QTest::newRow("Apfel") << &DL_Apfel << u"Apfel"_s << 51 << QList<int>{} << QList<int>{}
+                               << QStringList{u"ARTNR"_s, u"BOT_NAME"_s, u"DTNAM"_s, u"synonym"_s};
+        QTest::newRow("Friedhof") << &DL_Friedhof << u"Abfrage_Friedhof"_s << 101 << QList<int>{} << QList<int>{}
+                                  << QStringList{u"ARTNR"_s, u"BOT_NAME"_s};
+        QTest::newRow("Obst") << &DL_Obst << u"Obst"_s << 56 << QList<int>{} << QList<int>{}
+                              << QStringList{u"ARTNR"_s, u"BOT_NAME"_s, u"synonym"_s, u"DTNAM"_s};
     }
     void druckfolgen()
     {

@@ -255,9 +255,11 @@ private slots:
     {
         QTest::addColumn<QString>("roh");
         QTest::addColumn<QString>("text");
-        QTest::newRow("empty") << "" << "";
+        QTest::newRow("empty") << ""
+                               << "";
         QTest::newRow("pairs go") << u"eins \u00EC\nzwei\u00EC\n\u00EC\ndrei"_s << "eins zweidrei";
-        QTest::newRow("a line end stays") << "eins\nzwei" << "eins\nzwei";
+        QTest::newRow("a line end stays") << "eins\nzwei"
+                                          << "eins\nzwei";
         QTest::newRow("the letter stays") << u"ros\u00EC"_s << u"ros\u00EC"_s;
     }
 

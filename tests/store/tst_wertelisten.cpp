@@ -18,6 +18,7 @@ struct Probe
 constexpr QStringView dreiWorte[] = {u"rot", u"gelb", u"blau"};
 constexpr Werteliste dreiFarben{dreiWorte};
 
+// clang-format off
 constexpr Probe proben[] = {
     {"Monate", WL_Monate, 12, u"Januar", u"Dezember", {}},
     {"Licht", WL_Licht, 3, u"sonnig", u"schattig", {}},
@@ -148,6 +149,7 @@ constexpr Probe proben[] = {
     {"FhSymbolik", WL_FhSymbolik, 16, u"Grabbeet, eigtl. Grab (GB)", u"GF-Kübelpflanze",
      {{10, u"Grabfeld, eigtl. Friedhof (GF)"}}},
 };
+// clang-format on
 
 struct Farbprobe
 {
@@ -245,9 +247,9 @@ private slots:
         QCOMPARE(int(probe.farben.werte.size()), probe.anzahl);
         QCOMPARE(probe.anzahl, probe.worte.anzahl() - 1);
         QCOMPARE(probe.worte.wort(probe.worte.anzahl()), u"bunt");
-        const std::pair<QStringView, int> gemeinsam[] = {{u"weiß", 0xFFFFFF}, {u"gelb", 0x00FFFF}, {u"orange", 0x00AFFF}, {u"rosa", 0xAFAFFF},
-                                                         {u"rot", 0x0000FF}, {u"dunkelrot", 0x2814FF}, {u"purpur", 0xAF00FF}, {u"violett", 0xFF00AF},
-                                                         {u"lila", 0xFF00FF}, {u"blau", 0xFF0000}, {u"braun", 0x0058FF}, {u"grau", 0xAFAFAF},
+        const std::pair<QStringView, int> gemeinsam[] = {{u"weiß", 0xFFFFFF}, {u"gelb", 0x00FFFF},      {u"orange", 0x00AFFF}, {u"rosa", 0xAFAFFF},
+                                                         {u"rot", 0x0000FF},  {u"dunkelrot", 0x2814FF}, {u"purpur", 0xAF00FF}, {u"violett", 0xFF00AF},
+                                                         {u"lila", 0xFF00FF}, {u"blau", 0xFF0000},      {u"braun", 0x0058FF},  {u"grau", 0xAFAFAF},
                                                          {u"grün", 0x00FF00}, {u"schwarz", 0x000000}};
         for (int p = 1; p <= probe.anzahl; ++p) {
             const auto *wort = std::ranges::find(gemeinsam, probe.worte.wort(p), &std::pair<QStringView, int>::first);
@@ -261,15 +263,33 @@ private slots:
         QTest::addColumn<QString>("flags");
         QTest::addColumn<QString>("trenner");
         QTest::addColumn<QString>("text");
-        QTest::newRow("empty") << "" << ", " << "";
-        QTest::newRow("none set") << "000" << ", " << "";
-        QTest::newRow("one") << "010" << ", " << "gelb";
-        QTest::newRow("all") << "111" << ", " << "rot, gelb, blau";
-        QTest::newRow("short string") << "1" << ", " << "rot";
-        QTest::newRow("beyond the list") << "00011" << ", " << "";
-        QTest::newRow("beyond and inside") << "10111" << ", " << "rot, blau";
-        QTest::newRow("other characters do not count") << "x2 " << ", " << "";
-        QTest::newRow("other separator") << "101" << " - " << "rot - blau";
+        QTest::newRow("empty") << ""
+                               << ", "
+                               << "";
+        QTest::newRow("none set") << "000"
+                                  << ", "
+                                  << "";
+        QTest::newRow("one") << "010"
+                             << ", "
+                             << "gelb";
+        QTest::newRow("all") << "111"
+                             << ", "
+                             << "rot, gelb, blau";
+        QTest::newRow("short string") << "1"
+                                      << ", "
+                                      << "rot";
+        QTest::newRow("beyond the list") << "00011"
+                                         << ", "
+                                         << "";
+        QTest::newRow("beyond and inside") << "10111"
+                                           << ", "
+                                           << "rot, blau";
+        QTest::newRow("other characters do not count") << "x2 "
+                                                       << ", "
+                                                       << "";
+        QTest::newRow("other separator") << "101"
+                                         << " - "
+                                         << "rot - blau";
     }
 
     void listentext()

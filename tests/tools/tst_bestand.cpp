@@ -23,9 +23,9 @@ struct Bestand
 const QList<Bestand> &bestaende()
 {
     static const QList<Bestand> liste{
-        {"Topfpfl", 120, {u"BOT_NAME"_s, u"DTNAM"_s, u"FAMILIE"_s, u"Quelle"_s, u"HK"_s, u"PFLANZTYP"_s, u"GIFTIG"_s, u"UNSCHEINBA"_s, u"MINHOEHE"_s,
-                          u"MAXHOEHE"_s, u"VERWENDUNG"_s, u"SONNE"_s, u"LICHTMIN"_s, u"TEMPMIN"_s, u"TEMPMAX"_s, u"NACHDUENG"_s, u"KRANKH"_s,
-                          u"BLATTFARB"_s, u"WUCHSFORM"_s, u"bewertung"_s}},
+        {"Topfpfl", 120, {u"BOT_NAME"_s,   u"DTNAM"_s,     u"FAMILIE"_s,  u"Quelle"_s,     u"HK"_s,        u"PFLANZTYP"_s, u"GIFTIG"_s,
+                          u"UNSCHEINBA"_s, u"MINHOEHE"_s,  u"MAXHOEHE"_s, u"VERWENDUNG"_s, u"SONNE"_s,     u"LICHTMIN"_s,  u"TEMPMIN"_s,
+                          u"TEMPMAX"_s,    u"NACHDUENG"_s, u"KRANKH"_s,   u"BLATTFARB"_s,  u"WUCHSFORM"_s, u"bewertung"_s}},
         {"Apfel", 60, {u"BOT_NAME"_s, u"haltbark"_s, u"fruchtgr"_s, u"form_l"_s, u"bewertung"_s}},
     };
     return liste;
@@ -62,7 +62,9 @@ private slots:
         QVERIFY2(anzahl >= bestaende()[zeile].mindestens, qPrintable(QString::number(anzahl)));
         QCOMPARE(werte(*db_, u"SELECT DISTINCT bewertung FROM %1 ORDER BY bewertung"_s.arg(tabelle)), u"1 2 3 4 5 6 7 8 9"_s.split(u' '));
         QVERIFY(2 * zahl(*db_, u"SELECT count(*) FROM %1 WHERE bewertung >= 5"_s.arg(tabelle)) > anzahl);
-        QCOMPARE(zahl(*db_, u"SELECT count(*) FROM %1 WHERE Benu_Aenderung IS NOT 1 OR benu_bemerkung IS NOT NULL OR benu_eigen IS NOT NULL"_s.arg(tabelle)), 0);
+        QCOMPARE(zahl(*db_, u"SELECT count(*) FROM %1 WHERE Benu_Aenderung IS NOT 1 OR benu_bemerkung IS NOT NULL OR benu_eigen IS NOT NULL"_s.arg(
+                                tabelle)),
+                 0);
         QCOMPARE(zahl(*db_, u"SELECT count(*) FROM %1 WHERE ARTNR NOT BETWEEN 1 AND 32767"_s.arg(tabelle)), 0);
         for (const QString &feld : bestaende()[zeile].pflicht)
             QCOMPARE(werte(*db_, u"SELECT BOT_NAME FROM %1 WHERE %2 IS NULL"_s.arg(tabelle, feld)), QStringList());
@@ -94,11 +96,14 @@ private slots:
                 case Art::Zahl: QVERIFY2(zahlLesen(text), qPrintable(ort)); break;
                 case Art::Quelle: QVERIFY2(!nomenklatur(text, u"zsncg").isEmpty(), qPrintable(ort)); break;
                 case Art::Familie:
-                    QVERIFY2(zahl(*db_, u"SELECT count(*) FROM Familien WHERE FAMILIE = ? AND FAMNAME <> ''"_s, {satz.Fields(i).Ganzzahl()}) == 1, qPrintable(ort));
+                    QVERIFY2(zahl(*db_, u"SELECT count(*) FROM Familien WHERE FAMILIE = ? AND FAMNAME <> ''"_s, {satz.Fields(i).Ganzzahl()}) == 1,
+                             qPrintable(ort));
                     break;
                 case Art::Name:
                 case Art::Text:
-                case Art::Memo: QVERIFY2(!text.isEmpty() && text == text.trimmed() && !text.contains(QChar::ReplacementCharacter), qPrintable(ort)); break;
+                case Art::Memo:
+                    QVERIFY2(!text.isEmpty() && text == text.trimmed() && !text.contains(QChar::ReplacementCharacter), qPrintable(ort));
+                    break;
                 case Art::Schluessel:
                 case Art::Bewertung:
                 case Art::Ganzzahl:
@@ -106,10 +111,12 @@ private slots:
                 case Art::Eigen: break;
                 }
             }
-            for (const auto &[min, max] : {std::pair("BLMINH", "BLMAXH"), std::pair("MINHOEHE", "MAXHOEHE"), std::pair("LICHTMIN", "LICHTMAX"), std::pair("TEMPMIN", "TEMPMAX")}) {
+            for (const auto &[min, max] : {std::pair("BLMINH", "BLMAXH"), std::pair("MINHOEHE", "MAXHOEHE"), std::pair("LICHTMIN", "LICHTMAX"),
+                                           std::pair("TEMPMIN", "TEMPMAX")}) {
                 const QString unten = QString::fromLatin1(min), oben = QString::fromLatin1(max);
                 if (satz.hatFeld(unten) && !satz.Fields(unten).IsNull() && !satz.Fields(oben).IsNull())
-                    QVERIFY2(*zahlLesen(satz.Fields(unten).Text()) <= *zahlLesen(satz.Fields(oben).Text()), qPrintable(u"%1, %2"_s.arg(pflanze, unten)));
+                    QVERIFY2(*zahlLesen(satz.Fields(unten).Text()) <= *zahlLesen(satz.Fields(oben).Text()),
+                             qPrintable(u"%1, %2"_s.arg(pflanze, unten)));
             }
         }
     }
@@ -140,10 +147,15 @@ private slots:
         for (const char *art : {"Botanisch", "Deutsch"}) {
             const QString tabelle = u"Topfpfl_Synonyme_"_s + QLatin1String(art);
             QVERIFY(zahl(*db_, u"SELECT count(*) FROM "_s + tabelle) > 100);
-            QCOMPARE(zahl(*db_, u"SELECT count(*) FROM %1 WHERE ARTNR NOT IN (SELECT ARTNR FROM Topfpfl) OR trim(SYN) = '' OR SYN IS NULL"_s.arg(tabelle)), 0);
+            QCOMPARE(
+                zahl(*db_, u"SELECT count(*) FROM %1 WHERE ARTNR NOT IN (SELECT ARTNR FROM Topfpfl) OR trim(SYN) = '' OR SYN IS NULL"_s.arg(tabelle)),
+                0);
             QCOMPARE(werte(*db_, u"SELECT SYN FROM %1 GROUP BY ARTNR, lower(SYN) HAVING count(*) > 1"_s.arg(tabelle)), QStringList());
             // No plant is its own synonym.
-            QCOMPARE(werte(*db_, u"SELECT SYN FROM %1 s JOIN Topfpfl t ON t.ARTNR = s.ARTNR WHERE lower(SYN) IN (lower(BOT_NAME), lower(DTNAM))"_s.arg(tabelle)), QStringList());
+            QCOMPARE(
+                werte(*db_,
+                      u"SELECT SYN FROM %1 s JOIN Topfpfl t ON t.ARTNR = s.ARTNR WHERE lower(SYN) IN (lower(BOT_NAME), lower(DTNAM))"_s.arg(tabelle)),
+                QStringList());
         }
     }
 
@@ -160,15 +172,16 @@ private slots:
         QFETCH(QString, name);
         const QString anfang = u"SELECT count(*) FROM %1 WHERE substr(%2, 1, ?2) = ?1"_s;
         QVERIFY(zahl(*db_, anfang.arg(u"Topfpfl"_s, u"BOT_NAME"_s), {name, int(name.size())})
-                    + zahl(*db_, anfang.arg(u"Topfpfl_Synonyme_Botanisch"_s, u"SYN"_s), {name, int(name.size())}) > 0);
+                    + zahl(*db_, anfang.arg(u"Topfpfl_Synonyme_Botanisch"_s, u"SYN"_s), {name, int(name.size())})
+                > 0);
     }
 
     void familien_data()
     {
         QTest::addColumn<QString>("name");
         // Of all six collections.
-        for (const char *name : {"Araceae", "Cactaceae", "Orchidaceae", "Asteraceae", "Poaceae", "Iridaceae", "Pinaceae", "Cupressaceae", "Betulaceae",
-                                 "Rosaceae", "Grossulariaceae", "Ericaceae", "Buxaceae", "Taxaceae"})
+        for (const char *name : {"Araceae", "Cactaceae", "Orchidaceae", "Asteraceae", "Poaceae", "Iridaceae", "Pinaceae", "Cupressaceae",
+                                 "Betulaceae", "Rosaceae", "Grossulariaceae", "Ericaceae", "Buxaceae", "Taxaceae"})
             QTest::newRow(name) << QString::fromLatin1(name);
     }
     void familien()

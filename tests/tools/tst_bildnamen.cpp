@@ -65,7 +65,9 @@ void TestBildnamen::zeilen()
     }
     const auto db = Datenbank::OpenDatabase(ziel());
     const auto zeile = [&](const char *tabelle) {
-        Anweisung &a = db->vorbereitet(QStringLiteral("SELECT \"BILD1-G\", \"BEMERKUNG1-G\", \"BILD1-D\", \"BEMERKUNG1-D\", \"BILD2-G\" FROM %1_Bilder").arg(QLatin1String(tabelle)));
+        Anweisung &a =
+            db->vorbereitet(QStringLiteral("SELECT \"BILD1-G\", \"BEMERKUNG1-G\", \"BILD1-D\", \"BEMERKUNG1-D\", \"BILD2-G\" FROM %1_Bilder")
+                                .arg(QLatin1String(tabelle)));
         QStringList werte;
         while (a.schritt())
             for (int i = 0; i < 5; ++i)
@@ -73,7 +75,8 @@ void TestBildnamen::zeilen()
         return werte.join(u'|');
     };
     QCOMPARE(zeile("Topfpfl"), QStringLiteral("fatshedera-lizei|Gesamtansicht, schematisch|fatshedera-lizei-detail|Blatt, schematisch|-"));
-    QCOMPARE(zeile("Apfel"), QStringLiteral("schoener-aus-boskoop|Gesamtansicht in Blüte und im Winter, schematisch|schoener-aus-boskoop-detail|Blüte, Blatt und Winterzweig, schematisch|-"));
+    QCOMPARE(zeile("Apfel"), QStringLiteral("schoener-aus-boskoop|Gesamtansicht in Blüte und im Winter, "
+                                            "schematisch|schoener-aus-boskoop-detail|Blüte, Blatt und Winterzweig, schematisch|-"));
     QCOMPARE(zeile("Stauden"), QStringLiteral("phlox-paniculata|Gesamtansicht, schematisch|phlox-paniculata-detail|Blatt, schematisch|-"));
     // Taken from the perennials, plates and all.
     QCOMPARE(zeile("Friedhof"), zeile("Stauden"));

@@ -16,12 +16,14 @@ private slots:
     void zweiteTafel_data()
     {
         QTest::addColumn<QString>("text");
+        // clang-format off
         const std::pair<const char *, const char *> zeilen[] = {
             {"Abutilon-Hybriden", "Blüte und Blatt"},      {"Aglaonema commutatum", "Blatt"},
             {"Adiantum raddianum", "Wedel"},               {"Ananas comosus", "Blüte, Frucht und Blatt"},
             {"Araucaria heterophylla", "Nadel und Rinde"}, {"Aspidistra elatior", "Blatt"},
             {"Asparagus densiflorus", "Frucht, Fruchtschnitt und Wedel"}, {"Echinocactus grusonii", "Blatt"},
         };
+        // clang-format on
         for (const auto &[name, text] : zeilen)
             QTest::newRow(name) << QString::fromUtf8(text) + u", schematisch"_s;
     }
@@ -36,7 +38,8 @@ private slots:
     void bluete()
     {
         int ohne = 0, mit = 0;
-        Anweisung &zeilen = db_->vorbereitet(u"SELECT t.FARBEN, b.\"BEMERKUNG1-D\", t.BOT_NAME FROM Topfpfl t JOIN Topfpfl_Bilder b ON b.ARTNR = t.ARTNR"_s);
+        Anweisung &zeilen =
+            db_->vorbereitet(u"SELECT t.FARBEN, b.\"BEMERKUNG1-D\", t.BOT_NAME FROM Topfpfl t JOIN Topfpfl_Bilder b ON b.ARTNR = t.ARTNR"_s);
         while (zeilen.schritt()) {
             const bool farbig = zeilen.text(0).contains(u'1');
             const QString text = zeilen.text(1);
@@ -49,7 +52,8 @@ private slots:
 
     void andere()
     {
-        for (const auto &[tabelle, frucht] : {std::pair(u"Apfel_Bilder"_s, true), std::pair(u"Obst_Bilder"_s, true), std::pair(u"Stauden_Bilder"_s, false)}) {
+        for (const auto &[tabelle, frucht] :
+             {std::pair(u"Apfel_Bilder"_s, true), std::pair(u"Obst_Bilder"_s, true), std::pair(u"Stauden_Bilder"_s, false)}) {
             int zeilen = 0;
             for (Recordset satz(db_, u"SELECT * From "_s + tabelle); !satz.Eof(); satz.MoveNext(), ++zeilen) {
                 const QString ganz = satz.Fields(u"BEMERKUNG1-G").Text(), teile = satz.Fields(u"BEMERKUNG1-D").Text();

@@ -134,18 +134,23 @@ private slots:
 
     void aufnahme()
     {
-        const QString text = vorspann + pflanze
-            + u"DTNAM: Schönmalve\nFAMILIE: Malvaceae\nQuelle: Zander\nHK: S-Am.\nFARBEN: weiß, gelb\nBLUEHZEIT: 11-2\nMINHOEHE: 0,35\nMAXHOEHE: 2\nGIFTIG: nein\n"
-              "UNSCHEINBA: ja\nTEMPMIN: -5\nSORTEN: eins\n+ zwei\nSYN_BOT: Callianthe\nSYN_BOT: Sida\nSYN_DT: Zimmerahorn\nAusbildung: bei Zierpflanzengärtnern\n\n"
+        const QString text =
+            vorspann + pflanze
+            + u"DTNAM: Schönmalve\nFAMILIE: Malvaceae\nQuelle: Zander\nHK: S-Am.\nFARBEN: weiß, gelb\nBLUEHZEIT: 11-2\nMINHOEHE: 0,35\nMAXHOEHE: "
+              u"2\nGIFTIG: nein\n"
+              "UNSCHEINBA: ja\nTEMPMIN: -5\nSORTEN: eins\n+ zwei\nSYN_BOT: Callianthe\nSYN_BOT: Sida\nSYN_DT: Zimmerahorn\nAusbildung: bei "
+              "Zierpflanzengärtnern\n\n"
               "ARTNR: 12\nBOT_NAME: Ähre\nbewertung: 9\n\n%rec: Apfel\n\nARTNR: 1\nBOT_NAME: Abutilon\nliteratur1: 1, 20\nbewertung: 1\n"_s;
         QCOMPARE(bauen(text), QString());
         const std::shared_ptr<Datenbank> db = Datenbank::OpenDatabase(ziel());
         Recordset satz(db, u"SELECT * FROM Topfpfl ORDER BY BOT_NAME"_s);
         QCOMPARE(satz.RecordCount(), 2);
+        // clang-format off
         const std::pair<const char *, QString> felder[] = {
             {"ARTNR", u"1"_s}, {"BOT_NAME", u"Abutilon"_s}, {"DTNAM", u"Schönmalve"_s}, {"FAMILIE", u"7"_s}, {"Quelle", u"z"_s}, {"HK", u"S-Am."_s},
             {"FARBEN", u"1100000000000"_s}, {"BLUEHZEIT", u"110000000011"_s}, {"MINHOEHE", u"0.35"_s}, {"MAXHOEHE", u"2"_s}, {"GIFTIG", u"False"_s},
             {"UNSCHEINBA", u"True"_s}, {"TEMPMIN", u"-5"_s}, {"SORTEN", u"eins\nzwei"_s}, {"Ausbildung", u"100000"_s}, {"bewertung", u"5"_s}, {"Benu_Aenderung", u"1"_s}};
+        // clang-format on
         for (const auto &[feld, wert] : felder)
             QCOMPARE(satz.Fields(QString::fromLatin1(feld)).Text(), wert);
         for (const char *feld : {"SCHADEN", "FRUCHTFARB", "TEMPMAX", "benu_bemerkung", "benu_eigen"})
@@ -200,15 +205,20 @@ private slots:
         zeile("benu_bemerkung: schön", u"benu_bemerkung gehört dem Benutzer"_s);
         zeile("benu_eigen: 1", u"benu_eigen gehört dem Benutzer"_s);
         zeile("ohne Doppelpunkt", u"keine Feldzeile: ohne Doppelpunkt"_s);
-        for (const auto &[min, max] : {std::pair("MINHOEHE", "MAXHOEHE"), std::pair("BLMINH", "BLMAXH"), std::pair("LICHTMIN", "LICHTMAX"), std::pair("TEMPMIN", "TEMPMAX")}) {
+        for (const auto &[min, max] :
+             {std::pair("MINHOEHE", "MAXHOEHE"), std::pair("BLMINH", "BLMAXH"), std::pair("LICHTMIN", "LICHTMAX"), std::pair("TEMPMIN", "TEMPMAX")}) {
             const QString unten = QString::fromLatin1(min), oben = QString::fromLatin1(max);
-            QTest::addRow("%s über %s", min, max) << vorspann + pflanze + u"%1: 2,5\n%2: 2\n"_s.arg(unten, oben) << u"probe.rec:11: %1 liegt über %2"_s.arg(unten, oben);
-            QTest::addRow("%s nach %s", min, max) << vorspann + pflanze + u"%2: -2\n%1: -1\n"_s.arg(unten, oben) << u"probe.rec:12: %1 liegt über %2"_s.arg(unten, oben);
+            QTest::addRow("%s über %s", min, max) << vorspann + pflanze + u"%1: 2,5\n%2: 2\n"_s.arg(unten, oben)
+                                                  << u"probe.rec:11: %1 liegt über %2"_s.arg(unten, oben);
+            QTest::addRow("%s nach %s", min, max) << vorspann + pflanze + u"%2: -2\n%1: -1\n"_s.arg(unten, oben)
+                                                  << u"probe.rec:12: %1 liegt über %2"_s.arg(unten, oben);
             QTest::addRow("%s gleich %s", min, max) << vorspann + pflanze + u"%1: 2\n%2: 2,0\n"_s.arg(unten, oben) << QString();
             QTest::addRow("nur %s", min) << vorspann + pflanze + u"%1: 2\n"_s.arg(unten) << QString();
         }
         // A plant of its own from line 8 on.
-        const auto satz = [](const char *name, const char *text, const QString &meldung) { QTest::newRow(name) << vorspann + QString::fromUtf8(text) << meldung; };
+        const auto satz = [](const char *name, const char *text, const QString &meldung) {
+            QTest::newRow(name) << vorspann + QString::fromUtf8(text) << meldung;
+        };
         satz("keine Bewertung", "ARTNR: 1\nBOT_NAME: A\n", u"probe.rec:8: bewertung fehlt"_s);
         satz("keine Nummer", "BOT_NAME: A\nbewertung: 5\n", u"probe.rec:8: ARTNR fehlt"_s);
         satz("kein Name", "ARTNR: 1\nbewertung: 5\n", u"probe.rec:8: BOT_NAME fehlt"_s);
@@ -219,22 +229,29 @@ private slots:
             QTest::addRow("Nummer %s", falsch) << vorspann + u"ARTNR: %1\nBOT_NAME: A\nbewertung: 5\n"_s.arg(QLatin1String(falsch))
                                                << u"probe.rec:8: ARTNR: unzulässige Nummer: \"%1\""_s.arg(QLatin1String(falsch));
         satz("größte Nummer", "ARTNR: 32767\nBOT_NAME: A\nbewertung: 5\n", QString());
-        satz("Nummer doppelt", "ARTNR: 4\nBOT_NAME: A\nbewertung: 5\n\nBOT_NAME: B\nARTNR: 4\nbewertung: 5\n", u"probe.rec:13: Nummer 4 steht doppelt"_s);
-        satz("Name doppelt", "ARTNR: 4\nBOT_NAME: A\nbewertung: 5\n\nARTNR: 5\nBOT_NAME: A\nbewertung: 5\n", u"probe.rec:12: Pflanze A steht doppelt"_s);
-        satz("Synonyme eines Apfels", "%rec: Apfel\nARTNR: 1\nBOT_NAME: A\nbewertung: 5\nSYN_DT: B\n", u"probe.rec:9: Apfel kennt keine Synonymtabelle"_s);
+        satz("Nummer doppelt", "ARTNR: 4\nBOT_NAME: A\nbewertung: 5\n\nBOT_NAME: B\nARTNR: 4\nbewertung: 5\n",
+             u"probe.rec:13: Nummer 4 steht doppelt"_s);
+        satz("Name doppelt", "ARTNR: 4\nBOT_NAME: A\nbewertung: 5\n\nARTNR: 5\nBOT_NAME: A\nbewertung: 5\n",
+             u"probe.rec:12: Pflanze A steht doppelt"_s);
+        satz("Synonyme eines Apfels", "%rec: Apfel\nARTNR: 1\nBOT_NAME: A\nbewertung: 5\nSYN_DT: B\n",
+             u"probe.rec:9: Apfel kennt keine Synonymtabelle"_s);
         satz("kein Werk", "%rec: Apfel\nARTNR: 1\nliteratur1: 1, 21\n", u"probe.rec:10: literatur1: kein Werk: \"21\""_s);
         satz("Werk doppelt", "%rec: Apfel\nARTNR: 1\nliteratur1: 1, 3, 1\n", u"probe.rec:10: literatur1: Werk 1 steht doppelt"_s);
         satz("Satzart", "%rec: Palmen\nARTNR: 1\n", u"probe.rec:9: unbekannte Satzart \"Palmen\""_s);
         satz("Fortsetzung ohne Feld", "+ weiter\n", u"probe.rec:8: Fortsetzung ohne Feld"_s);
         QTest::newRow("ohne Satzart") << pflanze << u"probe.rec:1: unbekannte Satzart \"\""_s;
-        const auto familie = [](const char *name, const char *text, const QString &meldung) { QTest::newRow(name) << u"%rec: Familien\n"_s + QString::fromUtf8(text) << meldung; };
+        const auto familie = [](const char *name, const char *text, const QString &meldung) {
+            QTest::newRow(name) << u"%rec: Familien\n"_s + QString::fromUtf8(text) << meldung;
+        };
         const QString form = u"probe.rec:2: eine Familie hat genau FAMILIE (Nummer) und FAMNAME"_s;
         familie("Familie ohne Nummer", "FAMNAME: Malvaceae\n", form);
         familie("Familie ohne Namen", "FAMILIE: 1\n", form);
         familie("Familie mit Wort", "FAMILIE: eins\nFAMNAME: Malvaceae\n", form);
         familie("Familie mit mehr", "FAMILIE: 1\nFAMNAME: Malvaceae\nHK: Eur.\n", form);
-        familie("Familiennummer doppelt", "FAMILIE: 1\nFAMNAME: A\n\nFAMILIE: 1\nFAMNAME: B\n", u"probe.rec:5: Familie B oder ihre Nummer 1 steht doppelt"_s);
-        familie("Familienname doppelt", "FAMILIE: 1\nFAMNAME: A (eins)\n\nFAMILIE: 2\nFAMNAME: A (zwei)\n", u"probe.rec:5: Familie A oder ihre Nummer 2 steht doppelt"_s);
+        familie("Familiennummer doppelt", "FAMILIE: 1\nFAMNAME: A\n\nFAMILIE: 1\nFAMNAME: B\n",
+                u"probe.rec:5: Familie B oder ihre Nummer 1 steht doppelt"_s);
+        familie("Familienname doppelt", "FAMILIE: 1\nFAMNAME: A (eins)\n\nFAMILIE: 2\nFAMNAME: A (zwei)\n",
+                u"probe.rec:5: Familie A oder ihre Nummer 2 steht doppelt"_s);
         QTest::newRow("heil") << vorspann + pflanze << QString();
         QTest::newRow("gleiche Nummer in zwei Tabellen") << vorspann + pflanze + u"\n%rec: Apfel\n"_s + pflanze << QString();
     }

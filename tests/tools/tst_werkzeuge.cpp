@@ -30,7 +30,8 @@ private slots:
         QVERIFY2(ausgang.code == 0, qPrintable(ausgang.fehler));
         const std::shared_ptr<Datenbank> neu = Datenbank::OpenDatabase(ziel), alt = ordner_->db();
         for (const Tabelle &tabelle : schema::haupttabellen())
-            QVERIFY(ausgang.text.contains(u"%1: %2\n"_s.arg(QLatin1String(tabelle.name)).arg(zahl(*neu, u"SELECT count(*) FROM "_s + QLatin1String(tabelle.name)))));
+            QVERIFY(ausgang.text.contains(
+                u"%1: %2\n"_s.arg(QLatin1String(tabelle.name)).arg(zahl(*neu, u"SELECT count(*) FROM "_s + QLatin1String(tabelle.name)))));
         QCOMPARE(neu->TableDefs(), alt->TableDefs());
         for (const QString &tabelle : neu->TableDefs())
             QCOMPARE(zeilen(*neu, tabelle), zeilen(*alt, tabelle));
@@ -44,7 +45,8 @@ private slots:
     {
         QTest::addColumn<QByteArray>("quelle");
         QTest::addColumn<QString>("meldung");
-        QTest::newRow("unbekanntes Wort") << QByteArray("%rec: Topfpfl\nARTNR: 1\nFARBEN: lila, mauve\n") << u"probe.rec:3: FARBEN: unbekanntes Wort \"mauve\""_s;
+        QTest::newRow("unbekanntes Wort") << QByteArray("%rec: Topfpfl\nARTNR: 1\nFARBEN: lila, mauve\n")
+                                          << u"probe.rec:3: FARBEN: unbekanntes Wort \"mauve\""_s;
         QTest::newRow("kein UTF-8") << QByteArray("%rec: Topfpfl\nBOT_NAME: \xff\n") << u"probe.rec:2: kein UTF-8"_s;
     }
     /// File and line on the error output, exit code 1, and no database that looks complete.
@@ -71,7 +73,8 @@ private slots:
         schreiben(ordner_->pfad(u"leer.rec"_s), "");
         QCOMPARE(starten(QStringLiteral(FLOX_PFLANZENDATEN), {ordner_->pfad(u"fehlt/neu.mdb"_s), ordner_->pfad(u"leer.rec"_s)}).code, 1);
         QCOMPARE(starten(QStringLiteral(FLOX_VERVIELFACHER), {}).code, 2);
-        QCOMPARE(starten(QStringLiteral(FLOX_VERVIELFACHER), {ordner_->pfad(u"fehlt.mdb"_s), ordner_->pfad(u"neu.mdb"_s), u"Topfpfl"_s, u"9"_s}).code, 1);
+        QCOMPARE(starten(QStringLiteral(FLOX_VERVIELFACHER), {ordner_->pfad(u"fehlt.mdb"_s), ordner_->pfad(u"neu.mdb"_s), u"Topfpfl"_s, u"9"_s}).code,
+                 1);
     }
 
     void woerter()

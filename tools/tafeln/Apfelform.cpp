@@ -41,7 +41,10 @@ QPointF Apfelform::meridian(double phi) const
     const double halb = c > 0 ? 1 + bauch : 1 - bauch;
     double y = hoehe * (-bauch + (c > 0 ? 1 : -1) * halb * std::pow(std::abs(c), e));
     const double v = y / hoehe;
-    const auto mulde = [r](double weite) { const double q = r / weite; return q < 1 ? (1 - q * q) * (1 - q * q) : 0.0; };
+    const auto mulde = [r](double weite) {
+        const double q = r / weite;
+        return q < 1 ? (1 - q * q) * (1 - q * q) : 0.0;
+    };
     const double weite = r * (1 - kegel * std::max(0.0, 0.15 - v) / 1.15) * (1 + kegel * 0.1);
     y += c > 0 ? -stielgrubeTiefe * mulde(stielgrubeWeite) : kelchgrubeTiefe * mulde(kelchgrubeWeite);
     return {weite, y};
@@ -50,5 +53,5 @@ QPointF Apfelform::meridian(double phi) const
 double Apfelform::quer(double l) const
 {
     return 1 + kanten * std::cos(5 * l + 0.4) + rippen * (std::abs(std::cos(2.5 * l + 0.9)) - 0.6)
-        + unruhe * (std::cos(2 * l + 1) + 0.7 * std::cos(3 * l + 2.2)) - oval * std::cos(2 * l) * 0.5;
+           + unruhe * (std::cos(2 * l + 1) + 0.7 * std::cos(3 * l + 2.2)) - oval * std::cos(2 * l) * 0.5;
 }

@@ -9,13 +9,13 @@ struct Apfelform
 {
     explicit Apfelform(const Datensatz &sorte);
 
-    double durchmesser;                       ///< cm
-    double hoehe;                             ///< of the body
-    double bauch;                             ///< place of the largest width, -1 stalk to 1 calyx
+    double durchmesser; ///< cm
+    double hoehe;       ///< of the body
+    double bauch;       ///< place of the largest width, -1 stalk to 1 calyx
     double kegel, fass, schief;
     double stielgrubeTiefe, stielgrubeWeite;
     double kelchgrubeTiefe, kelchgrubeWeite;
-    double kanten, rippen, unruhe, oval;      ///< strength of five edges, of ribs, of irregular waves, of flatness
+    double kanten, rippen, unruhe, oval; ///< strength of five edges, of ribs, of irregular waves, of flatness
     double kelchhoecker;
 
     /// Half width and height (up positive) of the meridian at `phi`, 0 at the stalk to pi at the calyx, without cross relief.

@@ -15,10 +15,11 @@ struct Wortfarbe
 };
 constexpr Wortfarbe grundfarben[] = {{u"grün", 0xFF86AC48}, {u"grüngelb", 0xFFBFC65A}, {u"gelb", 0xFFE9CC55}, {u"weißlich", 0xFFF0EAC6}};
 constexpr Wortfarbe deckfarben[] = {{u"orange", 0xFFE58A36}, {u"hellrot", 0xFFD8483F}, {u"rot", 0xFFB3242E}, {u"dunkelrot", 0xFF6E1628}};
-constexpr Wortfarbe punktfarben[] = {{u"weißlich", 0xFFF6EED2}, {u"gelb", 0xFFEFDC86}, {u"hellbraun", 0xFFCBA268}, {u"braun", 0xFF8E6640},
-                                     {u"rostartig", 0xFFA97B46}, {u"grün", 0xFF8FA555}, {u"grau", 0xFFB9B3A4}, {u"rot", 0xFFB03A33}};
+constexpr Wortfarbe punktfarben[] = {{u"weißlich", 0xFFF6EED2},  {u"gelb", 0xFFEFDC86}, {u"hellbraun", 0xFFCBA268}, {u"braun", 0xFF8E6640},
+                                     {u"rostartig", 0xFFA97B46}, {u"grün", 0xFF8FA555}, {u"grau", 0xFFB9B3A4},      {u"rot", 0xFFB03A33}};
 
-template <size_t n> std::vector<QColor> farben(const Datensatz &s, QStringView spalte, const Wortfarbe (&tabelle)[n])
+template<size_t n>
+std::vector<QColor> farben(const Datensatz &s, QStringView spalte, const Wortfarbe (&tabelle)[n])
 {
     std::vector<QColor> gefunden;
     for (const Wortfarbe &w : tabelle)
@@ -60,7 +61,7 @@ Apfelhaut::Apfelhaut(const Datensatz &s) : saat_(std::uint32_t(Zufall(s.name()).
     marmor_ = ja(u"df_art", u"marmoriert", 1);
     spritzer_ = ja(u"df_art", u"gesprenkelt", 1);
     const double rauh = s.hat(u"rost", u"rauh") || s.hat(u"rost", u"schuppig") || s.hat(u"aussehen", u"rauh") ? 1.25
-        : s.hat(u"rost", u"fein")                                                                             ? 0.75
+                        : s.hat(u"rost", u"fein")                                                             ? 0.75
                                                                                                               : 1;
     netz_ = ja(u"rost", u"netzartig", 0.8 * rauh);
     figur_ = ja(u"rost", u"figurenartig", 0.75 * rauh);
@@ -74,9 +75,9 @@ Apfelhaut::Apfelhaut(const Datensatz &s) : saat_(std::uint32_t(Zufall(s.name()).
     const auto punkte = farben(s, u"sch_punkt", punktfarben);
     punkt_ = rgb(punkte.empty() ? QColor(punktfarben[2].farbe) : punkte.front());
     punktdichte_ = s.hat(u"sch_punkt", u"nicht vorhanden") ? 0
-                                                           : (s.hat(u"sch_punkt", u"zahlreich")   ? 0.95
-                                                                  : s.hat(u"sch_punkt", u"wenig") ? 0.35
-                                                                                                  : 0.65);
+                                                           : (s.hat(u"sch_punkt", u"zahlreich") ? 0.95
+                                                              : s.hat(u"sch_punkt", u"wenig")   ? 0.35
+                                                                                                : 0.65);
     punktgroesse_ = mittel(s, u"sch_punkt", {{u"sehr fein", 0.09}, {u"fein", 0.12}, {u"mittel", 0.18}, {u"groß", 0.24}, {u"sehr groß", 0.3}}, 0.13)
                     * (s.hat(u"sch_punkt", u"nicht auffällig") ? 0.8 : 1.1);
 }
@@ -134,9 +135,8 @@ double Apfelhaut::berostung(double l, double b) const
         r = std::max(r, figur_ * stufe(0.66, 0.72, wolken(l * 4.3, b * 4.3, 8)) * 0.85);
     if (flaeche_ > 0)
         // Rough russet covers all but a few places, fine russet lies in clouds.
-        r = std::max(r,
-                     flaeche_ * stufe(flaeche_ > 0.75 ? 0.1 : 0.38, flaeche_ > 0.75 ? 0.34 : 0.62, wolken(l * 1.4, b * 1.4, 9))
-                         * (0.75 + 0.25 * rauschen(l * 40, b * 40, 10)));
+        r = std::max(r, flaeche_ * stufe(flaeche_ > 0.75 ? 0.1 : 0.38, flaeche_ > 0.75 ? 0.34 : 0.62, wolken(l * 1.4, b * 1.4, 9))
+                            * (0.75 + 0.25 * rauschen(l * 40, b * 40, 10)));
     if (stielrost_ > 0) {
         const double strahl = stielweite_ * 0.13 * rauschen(l * 7, 3, 11);
         r = std::max(r, 0.85 * stufe(0.90 - 0.07 * stielrost_ - strahl, 0.97 - 0.04 * stielrost_ - strahl * 0.6, b));

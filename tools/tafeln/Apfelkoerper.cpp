@@ -18,8 +18,14 @@ struct Vektor
     double x, y, z;
 };
 
-Vektor minus(const Vektor &a, const Vektor &b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
-Vektor kreuz(const Vektor &a, const Vektor &b) { return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x}; }
+Vektor minus(const Vektor &a, const Vektor &b)
+{
+    return {a.x - b.x, a.y - b.y, a.z - b.z};
+}
+Vektor kreuz(const Vektor &a, const Vektor &b)
+{
+    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
 
 Vektor oberflaeche(const Apfelform &f, double phi, double l)
 {
@@ -27,19 +33,19 @@ Vektor oberflaeche(const Apfelform &f, double phi, double l)
     const double r = m.x() * f.quer(l);
     const double anKelch = std::exp(-std::pow((phi - 2.55) / 0.3, 2)), anStiel = std::exp(-std::pow((phi - 0.55) / 0.3, 2));
     const double y = m.y() - anKelch * f.kelchhoecker * std::cos(5 * l + 0.4) + 0.3 * anStiel * f.kelchhoecker * std::cos(5 * l + 0.4)
-        + f.schief * r * std::sin(l) * std::sin(phi);
+                     + f.schief * r * std::sin(l) * std::sin(phi);
     return {r * std::sin(l), y, r * std::cos(l)};
 }
 
 } // namespace
 
 Apfelkoerper::Apfelkoerper(const Apfelform &form, const Apfelhaut &haut, double neigung, double radius)
-    : form_(form)
-    , haut_(haut)
-    , sinus_(std::sin(neigung * pi / 180))
-    , cosinus_(std::cos(neigung * pi / 180))
-    , radius_(radius)
-    , halb_(int(radius * 1.36) + 4)
+    : form_(form),
+      haut_(haut),
+      sinus_(std::sin(neigung * pi / 180)),
+      cosinus_(std::cos(neigung * pi / 180)),
+      radius_(radius),
+      halb_(int(radius * 1.36) + 4)
 {
     bild_ = QImage(2 * halb_, 2 * halb_, QImage::Format_ARGB32_Premultiplied);
     bild_.fill(0);
@@ -77,8 +83,8 @@ void Apfelkoerper::gitter()
             const double kante = 1 - std::max(0.0, d.z);
             const double halbweg = std::max(0.0, -0.23 * d.x + 0.28 * d.y + 0.93 * d.z);
             const double enge = 0.45 * std::exp(-o.x * o.x * 30 - o.z * o.z * 30); // less light reaches the bottom of a cavity
-            ecken_.push_back({o.x * radius_, -(o.y * cosinus_ - o.z * sinus_) * radius_, (o.z * cosinus_ + o.y * sinus_) * radius_, l,
-                              std::cos(phi), (0.66 + 0.46 * streu - 0.12 * kante * kante) * (1 - enge), std::pow(halbweg, 42) * (1 - enge)});
+            ecken_.push_back({o.x * radius_, -(o.y * cosinus_ - o.z * sinus_) * radius_, (o.z * cosinus_ + o.y * sinus_) * radius_, l, std::cos(phi),
+                              (0.66 + 0.46 * streu - 0.12 * kante * kante) * (1 - enge), std::pow(halbweg, 42) * (1 - enge)});
         }
     }
 }
@@ -104,7 +110,10 @@ void Apfelkoerper::dreieck(const Ecke &a, const Ecke &b, const Ecke &c)
             tiefe = float(z);
             const QRgb f = haut_.farbe(u * a.laenge + v * b.laenge + w * c.laenge, u * a.breite + v * b.breite + w * c.breite);
             const double licht = u * a.licht + v * b.licht + w * c.licht, glanz = haut_.glanz() * (u * a.glanz + v * b.glanz + w * c.glanz);
-            const auto kanal = [&](int k) { const double g = std::min(255.0, k * licht); return int(g + (255 - g) * glanz); };
+            const auto kanal = [&](int k) {
+                const double g = std::min(255.0, k * licht);
+                return int(g + (255 - g) * glanz);
+            };
             const QRgb fertig = qRgb(kanal(qRed(f)), kanal(qGreen(f)), kanal(qBlue(f)));
             reinterpret_cast<QRgb *>(bild_.scanLine(y + halb_))[x + halb_] = fertig;
             reinterpret_cast<QRgb *>(vorn_.scanLine(y + halb_))[x + halb_] = z > radius_ * 0.05 + form_.stielboden() * sinus_ * radius_ ? fertig : 0;

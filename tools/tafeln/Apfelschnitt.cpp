@@ -23,8 +23,10 @@ QColor fleischfarbe(const Datensatz &s)
 
 QColor kernfarbe(const Datensatz &s)
 {
+    // clang-format off
     constexpr std::pair<QStringView, QRgb> farben[] = {{u"orangebraun", 0xFFB9652C}, {u"hellbraun", 0xFFB07B45}, {u"mittelbraun", 0xFF8A5530},
                                                        {u"dunkelbraun", 0xFF5E3722}, {u"schwarzbraun", 0xFF3C261C}};
+    // clang-format on
     for (const auto &[wort, farbe] : farben)
         if (s.hat(u"k_farbe", wort))
             return QColor(farbe);
@@ -79,8 +81,8 @@ Apfelschnitt::Apfelschnitt(const Datensatz &s, const Apfelform &form, const Apfe
     kernhaus_ = mittel(s, u"kh_groesse", {{u"klein", 0.28}, {u"mittel", 0.35}, {u"groß", 0.43}}, 0.35);
     kammer_ = kernhaus_ * mittel(s, u"k_kammern", {{u"eng", 0.52}, {u"weit", 0.78}}, 0.64);
     achse_ = mittel(s, u"a_hoehle", {{u"geschlossen", 0.0}, {u"offen", 0.05}, {u"weit offen", 0.10}}, 0.02);
-    roehre_
-        = s.hat(u"k_roehre", u"bis an Kernhaus reichend") ? 9 : mittel(s, u"k_roehre", {{u"kurz", 0.1}, {u"mittel", 0.17}, {u"lang", 0.26}}, 0.13);
+    roehre_ =
+        s.hat(u"k_roehre", u"bis an Kernhaus reichend") ? 9 : mittel(s, u"k_roehre", {{u"kurz", 0.1}, {u"mittel", 0.17}, {u"lang", 0.26}}, 0.13);
     roehrenbreite_ = mittel(s, u"k_roehre", {{u"schmal", 0.014}, {u"mittelbreit", 0.024}, {u"breit", 0.036}}, 0.022);
     hoehle_ = mittel(s, u"k_hoehle", {{u"klein", 0.045}, {u"mittel", 0.065}, {u"groß", 0.09}, {u"eng", 0.045}, {u"breit", 0.095}}, 0.065);
     fleisch_ = fleischfarbe(s);
@@ -286,9 +288,9 @@ Apfelstiel::Apfelstiel(const Datensatz &s)
     dicke = mittel(s, u"st_laenge", {{u"dünn", 0.17}, {u"mitteldick", 0.27}, {u"dick", 0.42}}, 0.25);
     knopfig = s.hat(u"st_besond", u"knopfig") || s.hat(u"st_besond", u"knospig");
     wulst = s.hat(u"st_besond", u"Fleischwulst");
-    farbe = s.hat(u"st_besond", u"grün")   ? QColor(0x7E, 0x8C, 0x4A)
-        : s.hat(u"st_besond", u"rotbraun") ? QColor(0x84, 0x4A, 0x34)
-                                           : QColor(0x7D, 0x5C, 0x3C);
+    farbe = s.hat(u"st_besond", u"grün")       ? QColor(0x7E, 0x8C, 0x4A)
+            : s.hat(u"st_besond", u"rotbraun") ? QColor(0x84, 0x4A, 0x34)
+                                               : QColor(0x7D, 0x5C, 0x3C);
 }
 
 QPointF Apfelstiel::spitze(QPointF fuss, double pixelJeCm, double neigung) const

@@ -227,7 +227,7 @@ void merkmaleSetzen(Tafel &t, const Zelle &z, const QImage &bild, QPoint ecke, c
         const auto linie = [&] { return QLineF(von, QPointF(ecke) + QPointF(treffer(bild, *reihe, links), *reihe)); };
         const auto frei = [&] {
             return *reihe > letzte + 3
-                && std::ranges::none_of(gezogen, [&](const QLineF &l) { return l.intersects(linie(), nullptr) == QLineF::BoundedIntersection; });
+                   && std::ranges::none_of(gezogen, [&](const QLineF &l) { return l.intersects(linie(), nullptr) == QLineF::BoundedIntersection; });
         };
         while (reihe != gute.end() && !frei())
             ++reihe;
@@ -316,8 +316,9 @@ QString gekuerzt(QString titel, double breite)
 void detailMalen(Tafel &t, const Steckbrief &s, const Formen &formen, const QStringList &merkmale)
 {
     auto sp = spalten(s, merkmale);
-    const auto beschriftet
-        = [](const std::vector<Zelle> &spalte) { return std::ranges::any_of(spalte, [](const Zelle &z) { return !z.merkmale.isEmpty(); }); };
+    const auto beschriftet = [](const std::vector<Zelle> &spalte) {
+        return std::ranges::any_of(spalte, [](const Zelle &z) { return !z.merkmale.isEmpty(); });
+    };
     const double randLinks = beschriftet(sp[0]) ? Tafel::rand + textbreite + 40 : Tafel::rand + 20;
     const double randRechts = beschriftet(sp[1]) ? Tafel::breite - Tafel::rand - textbreite - 40 : Tafel::breite - Tafel::rand - 20;
     const double mitte = sp[0].empty() ? randLinks : (randLinks + randRechts) / 2;

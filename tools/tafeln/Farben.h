@@ -9,8 +9,14 @@
 QColor farbeVon(QStringView wort);
 
 QColor gemischt(const QColor &a, const QColor &b, double anteilB);
-inline QColor heller(const QColor &f, double um) { return gemischt(f, QColor(255, 252, 240), um); }
-inline QColor dunkler(const QColor &f, double um) { return gemischt(f, QColor(26, 24, 40), um); }
+inline QColor heller(const QColor &f, double um)
+{
+    return gemischt(f, QColor(255, 252, 240), um);
+}
+inline QColor dunkler(const QColor &f, double um)
+{
+    return gemischt(f, QColor(26, 24, 40), um);
+}
 QColor durchsichtig(QColor f, double deckung);
 /// Outline that suits a fill.
 QColor umriss(const QColor &f);

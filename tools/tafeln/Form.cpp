@@ -15,12 +15,13 @@ constexpr struct
 {
     QStringView wort;
     Rolle rolle;
-} rollen[] = {{u"blatt", Rolle::Blatt}, {u"blatt2", Rolle::Blatt2}, {u"stiel", Rolle::Stiel}, {u"rippe", Rolle::Rippe}, {u"ader", Rolle::Ader},
-              {u"rand", Rolle::Rand}, {u"faden", Rolle::Faden}, {u"bluete", Rolle::Bluete}, {u"bluete2", Rolle::Bluete2},
-              {u"bluete3", Rolle::Bluete3}, {u"mitte", Rolle::Mitte}, {u"staub", Rolle::Staub}, {u"narbe", Rolle::Narbe},
-              {u"kelch", Rolle::Kelch}, {u"hochblatt", Rolle::Hochblatt}, {u"schatten", Rolle::Schatten}, {u"licht", Rolle::Licht},
-              {u"haut", Rolle::Haut}, {u"haut2", Rolle::Haut2}, {u"fleisch", Rolle::Fleisch}, {u"kern", Rolle::Kern}, {u"stein", Rolle::Stein},
-              {u"samen", Rolle::Samen}, {u"huelle", Rolle::Huelle}, {u"haar", Rolle::Haar}};
+} rollen[] = {{u"blatt", Rolle::Blatt},     {u"blatt2", Rolle::Blatt2},   {u"stiel", Rolle::Stiel},         {u"rippe", Rolle::Rippe},
+              {u"ader", Rolle::Ader},       {u"rand", Rolle::Rand},       {u"faden", Rolle::Faden},         {u"bluete", Rolle::Bluete},
+              {u"bluete2", Rolle::Bluete2}, {u"bluete3", Rolle::Bluete3}, {u"mitte", Rolle::Mitte},         {u"staub", Rolle::Staub},
+              {u"narbe", Rolle::Narbe},     {u"kelch", Rolle::Kelch},     {u"hochblatt", Rolle::Hochblatt}, {u"schatten", Rolle::Schatten},
+              {u"licht", Rolle::Licht},     {u"haut", Rolle::Haut},       {u"haut2", Rolle::Haut2},         {u"fleisch", Rolle::Fleisch},
+              {u"kern", Rolle::Kern},       {u"stein", Rolle::Stein},     {u"samen", Rolle::Samen},         {u"huelle", Rolle::Huelle},
+              {u"haar", Rolle::Haar}};
 
 constexpr struct
 {
@@ -48,14 +49,31 @@ constexpr struct
     {u"Haftorgan", Feldart::Wort, u"ranken windend haftwurzeln haftscheiben blattstiele spreizend"},
     {u"Dornen", Feldart::Wort, u"dornen stacheln keine"},
     {u"Winter", Feldart::Wort, u"kahl gruen"},
-    {u"Blatt", Feldart::Blatt}, {u"Blatt2", Feldart::Blatt},
-    {u"Bluete", Feldart::Bluete}, {u"Bluetenstand", Feldart::Bluete},
-    {u"Frucht", Feldart::Frucht}, {u"Fruchtstand", Feldart::Frucht},
-    {u"Breite", Feldart::Zahl}, {u"Hoehe", Feldart::Zahl}, {u"Blattlaenge", Feldart::Zahl}, {u"Blattstiel", Feldart::Zahl},
-    {u"Bluetengroesse", Feldart::Zahl}, {u"Standgroesse", Feldart::Zahl}, {u"Bluetenzahl", Feldart::Zahl}, {u"Fruchtgroesse", Feldart::Zahl},
-    {u"Blattfarbe", Feldart::Farbe}, {u"Unterseite", Feldart::Farbe}, {u"Bluetenfarbe", Feldart::Farbe}, {u"Bluetenfarbe2", Feldart::Farbe},
-    {u"Bluetenfarbe3", Feldart::Farbe}, {u"Mitte", Feldart::Farbe}, {u"Hochblatt", Feldart::Farbe}, {u"Fruchtfarbe", Feldart::Farbe},
-    {u"Fruchtfarbe2", Feldart::Farbe}, {u"Rindenfarbe", Feldart::Farbe}, {u"Zeichnung", Feldart::Zeichnung}};
+    {u"Blatt", Feldart::Blatt},
+    {u"Blatt2", Feldart::Blatt},
+    {u"Bluete", Feldart::Bluete},
+    {u"Bluetenstand", Feldart::Bluete},
+    {u"Frucht", Feldart::Frucht},
+    {u"Fruchtstand", Feldart::Frucht},
+    {u"Breite", Feldart::Zahl},
+    {u"Hoehe", Feldart::Zahl},
+    {u"Blattlaenge", Feldart::Zahl},
+    {u"Blattstiel", Feldart::Zahl},
+    {u"Bluetengroesse", Feldart::Zahl},
+    {u"Standgroesse", Feldart::Zahl},
+    {u"Bluetenzahl", Feldart::Zahl},
+    {u"Fruchtgroesse", Feldart::Zahl},
+    {u"Blattfarbe", Feldart::Farbe},
+    {u"Unterseite", Feldart::Farbe},
+    {u"Bluetenfarbe", Feldart::Farbe},
+    {u"Bluetenfarbe2", Feldart::Farbe},
+    {u"Bluetenfarbe3", Feldart::Farbe},
+    {u"Mitte", Feldart::Farbe},
+    {u"Hochblatt", Feldart::Farbe},
+    {u"Fruchtfarbe", Feldart::Farbe},
+    {u"Fruchtfarbe2", Feldart::Farbe},
+    {u"Rindenfarbe", Feldart::Farbe},
+    {u"Zeichnung", Feldart::Zeichnung}};
 
 constexpr QStringView zeichnungen = u"rand mitte ader haelfte flecken streifen fiederstreifen punkte zone basis spitze";
 
@@ -168,8 +186,7 @@ void Formen::pruefen() const
 {
     for (const auto &[schluessel, f] : formen_)
         for (const Formteil &teil : f.teile)
-            if (teil.art == Formteil::Form && teil.form != u"*" && teil.form != u"knospe"
-                && (teil.form == f.name || !form(f.gruppe, teil.form)))
+            if (teil.art == Formteil::Form && teil.form != u"*" && teil.form != u"knospe" && (teil.form == f.name || !form(f.gruppe, teil.form)))
                 throw Quellfehler{QStringLiteral("%1:%2: %3 enthält die unbekannte Form %4").arg(f.datei).arg(f.zeile).arg(f.name, teil.form)};
     for (const RecSatz &satz : zeilenquellen_)
         for (const RecFeld &feld : satz.felder) {
@@ -179,14 +196,15 @@ void Formen::pruefen() const
             if (f == std::end(felder))
                 satz.falsch(feld.zeile, QStringLiteral("unbekanntes Feld \"%1\"").arg(feld.name));
             const auto formDa = [&](Formgruppe g) { return form(g, feld.wert) != nullptr; };
-            const bool gut = f->art == Feldart::Wort ? unter(f->worte, feld.wert)
-                : f->art == Feldart::Blatt           ? formDa(Formgruppe::Blatt)
-                : f->art == Feldart::Bluete          ? feld.wert == u"keine" || formDa(Formgruppe::Bluete)
-                : f->art == Feldart::Frucht          ? feld.wert == u"keine" || formDa(Formgruppe::Frucht)
-                : f->art == Feldart::Farbe           ? farbeVon(feld.wert).isValid()
+            const bool gut =
+                f->art == Feldart::Wort     ? unter(f->worte, feld.wert)
+                : f->art == Feldart::Blatt  ? formDa(Formgruppe::Blatt)
+                : f->art == Feldart::Bluete ? feld.wert == u"keine" || formDa(Formgruppe::Bluete)
+                : f->art == Feldart::Frucht ? feld.wert == u"keine" || formDa(Formgruppe::Frucht)
+                : f->art == Feldart::Farbe  ? farbeVon(feld.wert).isValid()
                 : f->art == Feldart::Zahl
-                ? zahlLesen(feld.wert).has_value()
-                : feld.wert == u"keine" || (unter(zeichnungen, feld.wert.section(u' ', 0, 0)) && farbeVon(feld.wert.section(u' ', 1)).isValid());
+                    ? zahlLesen(feld.wert).has_value()
+                    : feld.wert == u"keine" || (unter(zeichnungen, feld.wert.section(u' ', 0, 0)) && farbeVon(feld.wert.section(u' ', 1)).isValid());
             if (!gut)
                 satz.falsch(feld.zeile, QStringLiteral("%1 kennt \"%2\" nicht").arg(feld.name, feld.wert));
         }

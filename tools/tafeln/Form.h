@@ -11,9 +11,33 @@
 /* Forms: outlines of leaves, flowers and fruits as the data tell them, and the rows that say which plant has which. Nothing here knows a plant. */
 
 enum class Rolle {
-    Blatt, Blatt2, Stiel, Rippe, Ader, Rand, Faden,
-    Bluete, Bluete2, Bluete3, Mitte, Staub, Narbe, Kelch, Hochblatt, Bluetenader, Schatten, Licht,
-    Haut, Haut2, Fleisch, Kern, Stein, Samen, Huelle, Haar, Anzahl
+    Blatt,
+    Blatt2,
+    Stiel,
+    Rippe,
+    Ader,
+    Rand,
+    Faden,
+    Bluete,
+    Bluete2,
+    Bluete3,
+    Mitte,
+    Staub,
+    Narbe,
+    Kelch,
+    Hochblatt,
+    Bluetenader,
+    Schatten,
+    Licht,
+    Haut,
+    Haut2,
+    Fleisch,
+    Kern,
+    Stein,
+    Samen,
+    Huelle,
+    Haar,
+    Anzahl
 };
 enum class Formgruppe { Blatt, Bluete, Frucht };
 
@@ -21,9 +45,9 @@ struct Formteil
 {
     enum Art { Flaeche, Linie, Form } art = Flaeche;
     Rolle rolle = Rolle::Blatt;
-    double breite = 0;    ///< of a line
+    double breite = 0; ///< of a line
     QPainterPath pfad;
-    QString form;         ///< name of another form, "*" for the plant's flower
+    QString form; ///< name of another form, "*" for the plant's flower
     QTransform lage;
     /// What of a blade lies right of its midrib.
     const QPainterPath &haelfte() const;

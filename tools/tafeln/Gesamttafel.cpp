@@ -153,8 +153,8 @@ void gesamtMalen(Tafel &t, const Steckbrief &s, const Formen &formen)
     for (const Ansicht &a : ansichten)
         tief = std::max(tief, a.bild->kasten().bottom() * faktor);
     const bool nachUnten = s.haengt();
-    const double boden
-        = nachUnten ? oben - ansichten[0].bild->kasten().top() * faktor : std::min(unten - tief, unten - (s.sammlung.imTopf ? 0.0 : 26.0));
+    const double boden =
+        nachUnten ? oben - ansichten[0].bild->kasten().top() * faktor : std::min(unten - tief, unten - (s.sammlung.imTopf ? 0.0 : 26.0));
     QPainter &p = t.maler();
     if (!s.sammlung.imTopf && !nachUnten)
         bodenMalen(t, links - 30, rechts - 20, boden);

@@ -44,10 +44,10 @@ void platten(QPainter &p, const QRectF &r, Zufall &z, const QColor &grund, doubl
 void bluest(QPainter &p, QPointF ort, double grad, double groesse, const Steckbrief &s)
 {
     const bool lang = s.knospe == u"spitz", rund = s.knospe == u"rund", schwarz = s.knospe == u"schwarz";
-    const QColor f = schwarz     ? QColor(0x2E, 0x2A, 0x2C)
-        : s.knospe == u"klebrig" ? QColor(0x7A, 0x35, 0x22)
-        : s.knospe == u"nackt"   ? QColor(0x9A, 0x8E, 0x62)
-                                 : QColor(0x8A, 0x58, 0x3A);
+    const QColor f = schwarz                  ? QColor(0x2E, 0x2A, 0x2C)
+                     : s.knospe == u"klebrig" ? QColor(0x7A, 0x35, 0x22)
+                     : s.knospe == u"nackt"   ? QColor(0x9A, 0x8E, 0x62)
+                                              : QColor(0x8A, 0x58, 0x3A);
     const double h = groesse * (lang ? 1.75 : rund ? 0.95 : 1.25), b = groesse * (lang ? 0.3 : rund ? 0.5 : 0.42);
     p.save();
     p.translate(ort);
@@ -121,8 +121,10 @@ void rindeMalen(QPainter &p, const QRectF &platz, const Steckbrief &s)
 void zweigMalen(QPainter &p, const QRectF &r, const Steckbrief &s)
 {
     const QColor f = gemischt(s.rindenfarbe, QColor(0x7A, 0x4E, 0x38), 0.45);
+    // clang-format off
     const Kurve k{{r.center().x() - r.width() * 0.06, r.bottom()}, {r.center().x() - r.width() * 0.04, r.bottom() - r.height() * 0.3},
                   {r.center().x() + r.width() * 0.05, r.top() + r.height() * 0.4}, {r.center().x(), r.top() + r.height() * 0.16}};
+    // clang-format on
     const double knospe = r.height() * 0.085;
     stiel(p, k, r.height() * 0.045, r.height() * 0.028, f);
     const bool paar = s.stellung == u"gegenstaendig";

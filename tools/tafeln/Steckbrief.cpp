@@ -12,10 +12,10 @@ namespace {
 
 using Kennzeichen = std::pair<QStringView, QStringView>;
 constexpr Kennzeichen topfpflanzen[] = {{u"Blätter", u"BLATTFARB"}, {u"Blüten", u"FARBEN"}, {u"Früchte", u"FRUCHTFARB"}};
-constexpr Kennzeichen aepfel[]
-    = {{u"Frucht", u"form_l"},          {u"Stiel", u"st_laenge"},       {u"Berostung", u"rost"},          {u"Deckfarbe", u"df_art"},
-       {u"Fruchtfleisch", u"fl_farbe"}, {u"Kelchgrube", u"k_grube"},    {u"Relief", u"fruchtrel"},        {u"Deckfarbe", u"deckfarbe"},
-       {u"Grundfarbe", u"grundfarbe"},  {u"Ausdehnung", u"df_ausdehn"}, {u"Schalenpunkte", u"sch_punkt"}, {u"Querschnitt", u"form_q"}};
+constexpr Kennzeichen aepfel[] = {{u"Frucht", u"form_l"},         {u"Stiel", u"st_laenge"},         {u"Berostung", u"rost"},
+                                  {u"Deckfarbe", u"df_art"},      {u"Fruchtfleisch", u"fl_farbe"},  {u"Kelchgrube", u"k_grube"},
+                                  {u"Relief", u"fruchtrel"},      {u"Deckfarbe", u"deckfarbe"},     {u"Grundfarbe", u"grundfarbe"},
+                                  {u"Ausdehnung", u"df_ausdehn"}, {u"Schalenpunkte", u"sch_punkt"}, {u"Querschnitt", u"form_q"}};
 
 constexpr Sammlung alle[] = {
     {u"Topfpfl", u"topfpflanzen", u"", u"FARBEN", u"BLATTFARB", u"FRUCHTFARB", u"", true, topfpflanzen},
@@ -151,9 +151,11 @@ QStringList Steckbrief::kennzeichen() const
 
 bool Steckbrief::verholzt() const
 {
+    // clang-format off
     static const QStringList worte{QStringLiteral("strauch"), QStringLiteral("zwergstrauch"), QStringLiteral("baum"), QStringLiteral("kletternd"),
                                    QStringLiteral("nadelbaum"), QStringLiteral("nadelstrauch"), QStringLiteral("obstbaum"),
                                    QStringLiteral("beerenstrauch"), QStringLiteral("rebe"), QStringLiteral("ruten")};
+    // clang-format on
     return worte.contains(wuchs);
 }
 
@@ -180,7 +182,8 @@ void Steckbrief::formenWaehlen(const Formen &formen)
     fruchtschnitt = f.isEmpty() ? nullptr : formen.form(Formgruppe::Frucht, f + QStringLiteral("-schnitt"));
     fruchtstand = formen.form(Formgruppe::Frucht, wort("Fruchtstand", ""));
     // A record that tells no colour tells of a plant without flowers, whatever its genus has elsewhere: the ivy in a pot.
-    const bool farbig = sammlung.bluetenfarbe.isEmpty() ? felder_.contains(QStringLiteral("Bluetenfarbe")) : !pflanze.worte(sammlung.bluetenfarbe).isEmpty();
+    const bool farbig =
+        sammlung.bluetenfarbe.isEmpty() ? felder_.contains(QStringLiteral("Bluetenfarbe")) : !pflanze.worte(sammlung.bluetenfarbe).isEmpty();
     blueht = farbig && bluete && wort("Bluete", "") != u"keine";
     fruchtet = frucht && (felder_.contains(QStringLiteral("Fruchtfarbe")) || !pflanze.worte(sammlung.fruchtfarbe).isEmpty());
 }
@@ -212,8 +215,8 @@ void Steckbrief::masseLesen()
                 if (w.wort == wort)
                     hoehe *= w.hoehe, breite *= w.breite, blattfaktor *= w.blatt;
     blattlaenge = blattfaktor
-        * zahl(QStringLiteral("Blattlaenge"),
-               ist(u"zwiebel") || ist(u"gras") ? hoehe * 75 : std::clamp(hoehe * (verholzt() ? 4 : 22), 1.2, verholzt() ? 9.0 : 28.0));
+                  * zahl(QStringLiteral("Blattlaenge"),
+                         ist(u"zwiebel") || ist(u"gras") ? hoehe * 75 : std::clamp(hoehe * (verholzt() ? 4 : 22), 1.2, verholzt() ? 9.0 : 28.0));
     blattstiel = zahl(QStringLiteral("Blattstiel"), 0.25);
     bluetengroesse = zahl(QStringLiteral("Bluetengroesse"), std::clamp(hoehe * 7, 0.8, 6.0));
     standgroesse = zahl(QStringLiteral("Standgroesse"), std::clamp(hoehe * 25, 2.0, 22.0));

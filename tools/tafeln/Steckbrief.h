@@ -9,12 +9,12 @@
 struct Sammlung
 {
     QStringView tabelle, ordner;
-    QStringView art;          ///< column with the kind of plant, or the kind itself
+    QStringView art; ///< column with the kind of plant, or the kind itself
     QStringView bluetenfarbe, laubfarbe, fruchtfarbe;
-    QStringView groesse;      ///< column whose words tell the height in metres
+    QStringView groesse; ///< column whose words tell the height in metres
     bool imTopf;
     std::span<const std::pair<QStringView, QStringView>> kennzeichen; ///< columns whose words tell plants apart, with their titles
-    bool alsKoerper = false;  ///< the record describes the fruit as a body
+    bool alsKoerper = false;                                          ///< the record describes the fruit as a body
     QStringView grundfarbe = {}, deckfarbe = {}, schale = {}, fruchtfleisch = {}, fruchtform = {}, kraft = {},
                 fruchtstand = {}; ///< of varieties of fruit
 };
@@ -44,11 +44,11 @@ struct Steckbrief
     const Sammlung &sammlung;
     QString wuchs, krone, stellung, sitz, rinde, knospe, haftorgan, dornen;
     bool winterkahl = false, blueht = false, fruchtet = false;
-    double hoehe, bluetenhoehe, kleinste;      ///< metres; flowers stand at or above the foliage
-    double breite;                             ///< part of the height
-    double blattlaenge, blattstiel;            ///< cm, part of the blade
+    double hoehe, bluetenhoehe, kleinste;               ///< metres; flowers stand at or above the foliage
+    double breite;                                      ///< part of the height
+    double blattlaenge, blattstiel;                     ///< cm, part of the blade
     double bluetengroesse, standgroesse, fruchtgroesse; ///< cm
-    int bluetenzahl;                           ///< 0: as it comes
+    int bluetenzahl;                                    ///< 0: as it comes
     const Form *blatt = nullptr, *blatt2 = nullptr, *bluete = nullptr, *stand = nullptr;
     const Form *frucht = nullptr, *fruchtschnitt = nullptr, *fruchtstand = nullptr;
     Anstrich anstrich;

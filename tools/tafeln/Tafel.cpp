@@ -50,8 +50,8 @@ bool Aufriss::stoert(const Feld &a, const Feld &b)
     // A line meets a box where it begins in it or cuts one of its diagonals.
     const QRectF k = b.kasten;
     return k.contains(a.linie.p1()) || k.contains(a.linie.p2())
-        || a.linie.intersects(QLineF(k.topLeft(), k.bottomRight()), nullptr) == QLineF::BoundedIntersection
-        || a.linie.intersects(QLineF(k.bottomLeft(), k.topRight()), nullptr) == QLineF::BoundedIntersection;
+           || a.linie.intersects(QLineF(k.topLeft(), k.bottomRight()), nullptr) == QLineF::BoundedIntersection
+           || a.linie.intersects(QLineF(k.bottomLeft(), k.topRight()), nullptr) == QLineF::BoundedIntersection;
 }
 
 int Aufriss::fehler() const

@@ -40,7 +40,7 @@ class Tafel
 {
 public:
     static constexpr int breite = 1600, hoehe = 1200;
-    static constexpr double bildmass = 0.8; ///< stored pixels to those of the layout: 1,400 plants are to fit on a disk
+    static constexpr double bildmass = 0.8;         ///< stored pixels to those of the layout: 1,400 plants are to fit on a disk
     static constexpr double rand = 40, band = 1066; ///< drawing ends where the band begins
 
     explicit Tafel(bool getoent = false);

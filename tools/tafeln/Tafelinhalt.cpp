@@ -85,8 +85,8 @@ QString gesamttitel(const Steckbrief &s)
 {
     const bool winter = s.winterkahl;
     const QString wie = s.zeigtBlueten() && s.zeigtFruechte() ? QStringLiteral(" mit Blüten und Früchten")
-        : s.zeigtBlueten()                                    ? QStringLiteral(" in Blüte")
-        : s.zeigtFruechte()                                   ? QStringLiteral(" mit Früchten")
+                        : s.zeigtBlueten()                    ? QStringLiteral(" in Blüte")
+                        : s.zeigtFruechte()                   ? QStringLiteral(" mit Früchten")
                                                               : QString();
     return QStringLiteral("Gesamtansicht") + wie + (winter ? QStringLiteral(" und im Winter") : QString()) + QStringLiteral(", schematisch");
 }

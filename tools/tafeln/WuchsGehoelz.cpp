@@ -15,15 +15,15 @@ struct Kronenform
     QStringView wort;
     double unten, bauch, oben; ///< half width at the foot, at the height of the belly, at the top
     double bauchhoehe;
-    double steigung;           ///< of the branches, degrees above the horizontal
-    double neigung;            ///< how far they bend down on their way (negative: up)
-    double stamm;              ///< part of the height that is bare below
+    double steigung; ///< of the branches, degrees above the horizontal
+    double neigung;  ///< how far they bend down on their way (negative: up)
+    double stamm;    ///< part of the height that is bare below
 };
 constexpr Kronenform kronen[] = {
-    {u"rund", 0.45, 1, 0.35, 0.5, 42, 12, 0.24},    {u"oval", 0.4, 1, 0.2, 0.42, 52, 6, 0.2},      {u"kegel", 0.9, 1, 0.03, 0.1, 22, 14, 0.1},
-    {u"saeule", 0.7, 1, 0.3, 0.35, 74, -6, 0.08},   {u"schirm", 0.3, 1, 0.75, 0.78, 34, 22, 0.42}, {u"breit", 0.6, 1, 0.3, 0.4, 28, 8, 0.2},
-    {u"haengend", 0.8, 1, 0.3, 0.45, 48, 118, 0.24}, {u"vase", 0.2, 1, 0.7, 0.85, 62, -4, 0.12},   {u"bizarr", 0.5, 1, 0.5, 0.6, 36, 30, 0.22},
-    {u"etagen", 0.9, 1, 0.06, 0.12, 6, 4, 0.12},    {u"kugel", 0.55, 1, 0.4, 0.5, 44, 6, 0.5},     {u"flach", 1, 1, 0.8, 0.3, 14, 6, 0.02}};
+    {u"rund", 0.45, 1, 0.35, 0.5, 42, 12, 0.24},     {u"oval", 0.4, 1, 0.2, 0.42, 52, 6, 0.2},      {u"kegel", 0.9, 1, 0.03, 0.1, 22, 14, 0.1},
+    {u"saeule", 0.7, 1, 0.3, 0.35, 74, -6, 0.08},    {u"schirm", 0.3, 1, 0.75, 0.78, 34, 22, 0.42}, {u"breit", 0.6, 1, 0.3, 0.4, 28, 8, 0.2},
+    {u"haengend", 0.8, 1, 0.3, 0.45, 48, 118, 0.24}, {u"vase", 0.2, 1, 0.7, 0.85, 62, -4, 0.12},    {u"bizarr", 0.5, 1, 0.5, 0.6, 36, 30, 0.22},
+    {u"etagen", 0.9, 1, 0.06, 0.12, 6, 4, 0.12},     {u"kugel", 0.55, 1, 0.4, 0.5, 44, 6, 0.5},     {u"flach", 1, 1, 0.8, 0.3, 14, 6, 0.02}};
 
 const Kronenform &krone(const Steckbrief &s)
 {
@@ -332,9 +332,9 @@ void ruten(Pflanzenbild &b)
     }
 }
 
-constexpr std::pair<QStringView, Wuchs> woerter[]
-    = {{u"baum", baum},           {u"obstbaum", obstbaum},         {u"strauch", strauch},     {u"zwergstrauch", strauch}, {u"beerenstrauch", strauch},
-       {u"nadelbaum", nadelbaum}, {u"nadelstrauch", nadelstrauch}, {u"kletternd", kletternd}, {u"rebe", kletternd},       {u"ruten", ruten}};
+constexpr std::pair<QStringView, Wuchs> woerter[] = {
+    {u"baum", baum},           {u"obstbaum", obstbaum},         {u"strauch", strauch},     {u"zwergstrauch", strauch}, {u"beerenstrauch", strauch},
+    {u"nadelbaum", nadelbaum}, {u"nadelstrauch", nadelstrauch}, {u"kletternd", kletternd}, {u"rebe", kletternd},       {u"ruten", ruten}};
 
 } // namespace
 

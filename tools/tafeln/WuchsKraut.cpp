@@ -321,9 +321,9 @@ void erdbeere(Pflanzenbild &b)
 }
 
 constexpr std::pair<QStringView, Wuchs> woerter[] = {
-    {u"rosette", rosette}, {u"horst", horst}, {u"aufrecht", aufrecht}, {u"eintriebig", eintriebig}, {u"buschig", buschig}, {u"halbstrauch", buschig},
-    {u"polster", polster}, {u"teppich", teppich}, {u"haengend", haengend}, {u"zwiebel", zwiebel}, {u"knolle", knolle}, {u"sumpf", sumpf},
-    {u"schwimmblatt", schwimmblatt}, {u"unterwasser", unterwasser}, {u"erdbeere", erdbeere}};
+    {u"rosette", rosette},     {u"horst", horst},     {u"aufrecht", aufrecht},         {u"eintriebig", eintriebig},   {u"buschig", buschig},
+    {u"halbstrauch", buschig}, {u"polster", polster}, {u"teppich", teppich},           {u"haengend", haengend},       {u"zwiebel", zwiebel},
+    {u"knolle", knolle},       {u"sumpf", sumpf},     {u"schwimmblatt", schwimmblatt}, {u"unterwasser", unterwasser}, {u"erdbeere", erdbeere}};
 
 } // namespace
 
