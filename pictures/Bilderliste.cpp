@@ -1,6 +1,7 @@
 #include "Bilderliste.h"
 
 #include "Bildlader.h"
+#include "store/Medium.h"
 #include "store/Pfade.h"
 
 namespace {
@@ -14,12 +15,6 @@ QString bilddatei(const QString &wurzel, const QString &ordner, const QString &s
 bool bildVorhanden(const QString &pfad)
 {
     return !pfad.isEmpty() && !bildgroesse(pfad).isEmpty();
-}
-
-bool probenVorhanden(const QString &wurzel)
-{
-    const QString ordner = pfadAus(wurzel, eintrag(Sparte::Topf).bildordner.toString());
-    return dateiVorhanden(pfadAus(ordner, QStringLiteral("beg*"))) && dateiVorhanden(pfadAus(ordner, QStringLiteral("bou*")));
 }
 
 } // namespace
@@ -72,30 +67,30 @@ std::vector<Bildeintrag> fensterbilder(const Programm &programm, const Bildzeile
 
 Medium bildMediumPruefen(Programm &programm)
 {
-    Medium medium;
-    if (programm.BilderPfad.isEmpty() && probenVorhanden(programm.VermissterBilderPfad))
+    Medium befund;
+    if (programm.BilderPfad.isEmpty() && medium::alleProben(programm.VermissterBilderPfad))
         programm.BilderPfad = programm.VermissterBilderPfad;
-    if (probenVorhanden(programm.BilderPfad)) {
+    if (medium::alleProben(programm.BilderPfad)) {
         programm.VermissterBilderPfad.clear();
     } else {
         if (!programm.BilderAufCD) {
             if (const QString ordner = std::exchange(programm.BilderPfad, {}); !ordner.isEmpty())
                 programm.VermissterBilderPfad = ordner;
             programm.LokaleVorschauBilder = false;
-            medium.unbekannt = true;
-            return medium;
+            befund.unbekannt = true;
+            return befund;
         }
-        medium.hinweis = QStringLiteral("Bitte Flox-CD einlegen!");
+        befund.hinweis = QStringLiteral("Bitte Flox-CD einlegen!");
     }
-    programm.LokaleVorschauBilder = probenVorhanden(programm.vorschauordner());
+    programm.LokaleVorschauBilder = medium::alleProben(programm.vorschauordner());
     if (programm.LokaleVorschauBilder)
-        medium.hinweis.clear();
-    return medium;
+        befund.hinweis.clear();
+    return befund;
 }
 
 bool mediumFehlt(const Programm &programm)
 {
-    return programm.BilderAufCD && !probenVorhanden(programm.BilderPfad);
+    return programm.BilderAufCD && !medium::alleProben(programm.BilderPfad);
 }
 
 void bilderPfadWaehlen(Programm &programm, const QString &ordner)

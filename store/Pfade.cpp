@@ -12,6 +12,7 @@ namespace {
 
 constexpr int merkdauer = 2000; // ms
 constexpr qsizetype gemerkteOrdner = 16;
+constexpr qsizetype gemerkteTreffer = 32;
 
 /// What a folder held when it was read.
 struct Ordnerliste
@@ -87,6 +88,38 @@ QString systemPfad(const QString &pfad)
     return bisher;
 }
 
+int dateienVorhanden(const QString &ordner, const QStringList &muster, int genug)
+{
+    if (ordner.isEmpty())
+        return 0;
+    // The match of the last time saves looking for another: a picture folder may hold thousands of files.
+    static QMutex sperre;
+    static QHash<QString, QString> treffer;
+    const QDir hier(systemPfad(ordner));
+    const auto schluessel = [&](const QString &name) { return QFileInfo(hier, name).absoluteFilePath(); };
+    const QMutexLocker halten(&sperre);
+    QStringList offen = muster;
+    offen.removeIf([&](const QString &name) {
+        const QString voriger = treffer.value(schluessel(name));
+        return !voriger.isEmpty() && QFileInfo(voriger).isFile();
+    });
+    const auto reicht = [&] { return offen.isEmpty() || muster.size() - offen.size() >= genug; };
+    if (reicht())
+        return int(muster.size() - offen.size());
+    for (QDirIterator suche(hier.path(), offen, QDir::Files | QDir::Hidden); !reicht() && suche.hasNext();) {
+        const QFileInfo datei(suche.next());
+        offen.removeIf([&](const QString &name) {
+            if (!QDir::match(name, datei.fileName()))
+                return false;
+            if (treffer.size() >= gemerkteTreffer)
+                treffer.clear();
+            treffer.insert(schluessel(name), datei.absoluteFilePath());
+            return true;
+        });
+    }
+    return int(muster.size() - offen.size());
+}
+
 bool dateiVorhanden(const QString &muster)
 {
     if (muster.isEmpty())
@@ -96,19 +129,5 @@ bool dateiVorhanden(const QString &muster)
     const QString name = pfad.mid(strich + 1);
     if (!name.contains(u'*') && !name.contains(u'?') && !name.contains(u'['))
         return QFileInfo(systemPfad(pfad)).isFile();
-    // The first match is enough, and the one of the last time saves looking for another: a picture folder may hold thousands of files.
-    static QMutex sperre;
-    static QHash<QString, QString> treffer;
-    const QString ordner = systemPfad(strich < 0 ? QStringLiteral(".") : pfad.left(strich + 1));
-    const QString schluessel = QFileInfo(QDir(ordner), name).absoluteFilePath();
-    const QMutexLocker halten(&sperre);
-    if (const QString voriger = treffer.value(schluessel); !voriger.isEmpty() && QFileInfo(voriger).isFile())
-        return true;
-    QDirIterator suche(ordner, {name}, QDir::Files | QDir::Hidden);
-    if (!suche.hasNext())
-        return false;
-    if (treffer.size() >= gemerkteOrdner)
-        treffer.clear();
-    treffer.insert(schluessel, QFileInfo(suche.next()).absoluteFilePath());
-    return true;
+    return dateienVorhanden(strich < 0 ? QStringLiteral(".") : pfad.left(strich + 1), {name}, 1) == 1;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 /* Paths are kept as the program's texts write them, with "\"; one function turns them into paths of the system. */
 
@@ -11,3 +12,6 @@ QString pfadAus(const QString &ordner, const QString &rest);
 QString systemPfad(const QString &pfad);
 /// First match of a name with wildcards (`* ?`) below a folder, as the program probes for files; false for an empty path. Any thread.
 bool dateiVorhanden(const QString &muster);
+/// How many of several names with wildcards have a file in a folder; more than `genug` are not looked for. The folder is read once
+/// at the most. Any thread.
+int dateienVorhanden(const QString &ordner, const QStringList &muster, int genug);
