@@ -103,6 +103,21 @@ QString dateiursache(int nummer)
     return {};
 }
 
+QByteArray liesGanz(const QString &pfad)
+{
+    QFile datei(pfad);
+    const auto schritt = [&](bool gelungen) {
+        if (const int nummer = errno; !gelungen)
+            werfen(Richtung::Lesen, pfad, datei, nummer);
+    };
+    errno = 0;
+    schritt(datei.open(QIODevice::ReadOnly));
+    errno = 0;
+    const QByteArray inhalt = datei.readAll();
+    schritt(datei.error() == QFileDevice::NoError);
+    return inhalt;
+}
+
 void kopiereUeber(const QString &quelle, const QString &ziel)
 {
     QFile von(quelle), nach(ziel);

@@ -8,6 +8,9 @@
 /// Cause of a failed file operation as a German sentence, from its error number (errno); empty for a number without one.
 QString dateiursache(int nummer);
 
+/// The bytes of a file.
+[[nodiscard]] QByteArray liesGanz(const QString &pfad);
+
 /// Byte copy of `quelle` over `ziel`. An existing target is overwritten in place, which is several times faster than a new
 /// file; a journal left beside it is removed first. On a failure the target is in an undefined state.
 void kopiereUeber(const QString &quelle, const QString &ziel);
