@@ -273,20 +273,25 @@ QSize bildgroesse(const QString &pfad)
 
 QImage ladeSkaliert(const QString &pfad, QSize kasten)
 {
+    return kasten.isEmpty() ? QImage() : ladeInGroesse(pfad, [kasten](QSize bild) { return einpassen(bild, kasten); });
+}
+
+QImage ladeInGroesse(const QString &pfad, const std::function<QSize(QSize)> &groesse)
+{
     Bilddatei bild(pfad);
-    if (bild.art == Format::Keines || kasten.isEmpty())
+    if (bild.art == Format::Keines)
         return {};
     if (bild.art == Format::Jpeg) {
         Jpeg jpeg(bild.datei);
-        return jpeg.gueltig() ? jpeg.skaliert(einpassen(jpeg.gezeigteGroesse(), kasten)) : QImage();
+        return jpeg.gueltig() ? jpeg.skaliert(groesse(jpeg.gezeigteGroesse())) : QImage();
     }
     const auto reader = leser(bild);
     if (!reader)
         return {};
-    const QSize groesse = einpassen(gezeigteGroesse(*reader), kasten);
+    const QSize ziel = groesse(gezeigteGroesse(*reader));
     if (bild.art == Format::Svg)
-        reader->setScaledSize(groesse);
-    return aufGroesse(mitVierBytes(reader->read()), groesse);
+        reader->setScaledSize(ziel);
+    return aufGroesse(mitVierBytes(reader->read()), ziel);
 }
 
 QImage ladeTeil(const QString &pfad, int teiler)

@@ -3,6 +3,8 @@
 #include <QImage>
 #include <QString>
 
+#include <functional>
+
 /* Pictures from files: JPEG, GIF, PNG, BMP by their content, SVG by its ending. Sizes are pixels, as shown, i.e. turned as
    EXIF says. A file that is missing, damaged, cut by more than its end mark, none of these or larger than `groesstesBild` gives an empty size or
    a null picture, never an exception. Paths may be written with "\". Every function may run on any thread. */
@@ -15,6 +17,8 @@ QSize einpassen(QSize bild, QSize kasten);
 QSize bildgroesse(const QString &pfad);
 /// The picture in the size that `einpassen` gives. A JPEG is never decoded larger than needed.
 QImage ladeSkaliert(const QString &pfad, QSize kasten);
+/// The same in the size that `groesse` says for the picture's own; an empty one gives a null picture.
+QImage ladeInGroesse(const QString &pfad, const std::function<QSize(QSize)> &groesse);
 /// The picture in a part of its own size, rounded up; `teiler` is 1, 2, 4 or 8.
 QImage ladeTeil(const QString &pfad, int teiler);
 /// The picture in its own size.

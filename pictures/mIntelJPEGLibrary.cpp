@@ -22,13 +22,15 @@ bool SaveJPG(const cDIBSection &dib, const QString &dateiname, qint32 qualitaet)
     const int status = tjCompress2(bibliothek.get(), dib.DIBSectionBitsPtr(), dib.Width(), dib.BytesPerScanLine(), dib.Height(), TJPF_BGR, &puffer,
                                    &bytes, TJSAMP_420, qualitaet, TJFLAG_BOTTOMUP);
     const std::unique_ptr<unsigned char, decltype(&tjFree)> besitz(puffer, tjFree);
-    const auto misslungen = [] { return JPEGFehler(QStringLiteral("Speichern fehlgeschlagen")); };
+    const auto misslungen = [](bool voll = false) { return JPEGFehler(QStringLiteral("Speichern fehlgeschlagen"), voll); };
     if (status != 0)
         throw misslungen();
     try {
         schreibeSicher(systemPfad(dateiname), QByteArray::fromRawData(reinterpret_cast<char *>(puffer), qsizetype(bytes)));
+    } catch (const Datentraegervoll &) {
+        throw misslungen(true); // the one sentence that this writer has
     } catch (const Fehler &) {
-        throw misslungen(); // the one sentence that this writer has
+        throw misslungen();
     }
     return true;
 }

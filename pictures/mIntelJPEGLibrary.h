@@ -8,8 +8,13 @@ class cDIBSection;
 class JPEGFehler : public Fehler
 {
 public:
-    explicit JPEGFehler(QString text) : Fehler(std::move(text)) {}
+    explicit JPEGFehler(QString text, bool voll = false) : Fehler(std::move(text)), voll_(voll) {}
     quint32 nummer() const { return 0x80040001; }
+    /// There was no room left for the file.
+    bool voll() const { return voll_; }
+
+private:
+    bool voll_;
 };
 
 namespace mIntelJPEGLibrary {

@@ -1,12 +1,13 @@
 #include "Dateien.h"
 
-#include "Fehler.h"
-
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMutex>
 #include <QRegularExpression>
 #include <QSaveFile>
+#include <QStringList>
 
 #include <algorithm>
 #include <cerrno>
@@ -14,6 +15,8 @@
 #include <system_error>
 
 namespace {
+
+constexpr QChar zieltrenner = u'\0'; // stands in no path
 
 QString &schreibmerker()
 {
@@ -48,29 +51,95 @@ enum class Richtung { Lesen, Schreiben };
     const bool schreiben = richtung == Richtung::Schreiben;
     const QString satz = schreiben ? QStringLiteral("Die Datei '%1' kann nicht geschrieben werden: %2")
                                    : QStringLiteral("Die Datei '%1' kann nicht gelesen werden: %2");
-    throw Fehler(satz.arg(QDir::toNativeSeparators(pfad), grund(pfad, datei, nummer, schreiben)));
+    const QString ursache = grund(pfad, datei, nummer, schreiben), text = satz.arg(QDir::toNativeSeparators(pfad), ursache);
+    if (schreiben && ursache == dateiursache(ENOSPC))
+        throw Datentraegervoll(text);
+    throw Fehler(text);
+}
+
+/// Reads from the place of `von` to its end, block by block.
+template<typename Ziel>
+qint64 umfuellen(QFile &von, Ziel &&schreibe)
+{
+    constexpr qint64 block = 1 << 20;
+    const auto puffer = std::make_unique_for_overwrite<char[]>(block);
+    qint64 bytes = 0;
+    for (;;) {
+        errno = 0;
+        const qint64 gelesen = von.read(puffer.get(), block);
+        if (const int nummer = errno; gelesen < 0)
+            werfen(Richtung::Lesen, von.fileName(), von, nummer);
+        if (gelesen == 0)
+            return bytes;
+        schreibe(puffer.get(), gelesen);
+        bytes += gelesen;
+    }
 }
 
 /// Holds the note about a target while it is written. A note that cannot be kept does not hinder the writing.
 class Schreibnotiz
 {
 public:
-    explicit Schreibnotiz(const QString &ziel)
+    explicit Schreibnotiz(const QString &ziel) : ziel_(QFileInfo(ziel).absoluteFilePath())
     {
-        if (schreibmerker().isEmpty())
-            return;
-        QFile datei(schreibmerker());
-        if (datei.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            datei.write(QFileInfo(ziel).absoluteFilePath().toUtf8());
+        const QMutexLocker halten(&sperre());
+        ziele().append(ziel_);
+        festhalten();
     }
     ~Schreibnotiz()
     {
-        if (!schreibmerker().isEmpty())
-            QFile::remove(schreibmerker());
+        const QMutexLocker halten(&sperre());
+        ziele().removeOne(ziel_);
+        festhalten();
     }
     Schreibnotiz(const Schreibnotiz &) = delete;
     Schreibnotiz &operator=(const Schreibnotiz &) = delete;
+
+private:
+    static QMutex &sperre()
+    {
+        static QMutex eine;
+        return eine;
+    }
+    static QStringList &ziele()
+    {
+        static QStringList alle;
+        return alle;
+    }
+    static void festhalten()
+    {
+        if (schreibmerker().isEmpty())
+            return;
+        if (ziele().isEmpty()) {
+            QFile::remove(schreibmerker());
+            return;
+        }
+        QFile datei(schreibmerker());
+        if (datei.open(QIODevice::WriteOnly | QIODevice::Truncate))
+            datei.write(ziele().join(zieltrenner).toUtf8());
+    }
+
+    QString ziel_;
 };
+
+/// A safe file under way: `fuelle` writes into it by a step that throws when it failed.
+template<typename Fuellung>
+void sichereDatei(const QString &pfad, Fuellung &&fuelle)
+{
+    const Schreibnotiz notiz(pfad);
+    QSaveFile datei(pfad);
+    const auto schritt = [&](bool gelungen) {
+        if (const int nummer = errno; !gelungen) {
+            datei.cancelWriting();
+            werfen(Richtung::Schreiben, pfad, datei, nummer);
+        }
+    };
+    errno = 0;
+    schritt(datei.open(QIODevice::WriteOnly));
+    fuelle(datei, schritt);
+    schritt(datei.flush());
+    schritt(datei.commit());
+}
 
 } // namespace
 
@@ -131,19 +200,10 @@ void kopiereUeber(const QString &quelle, const QString &ziel)
     QFile::remove(ziel + QStringLiteral("-journal"));
     errno = 0;
     schritt(nach.open(QIODevice::ReadWrite | QIODevice::Unbuffered), Richtung::Schreiben, nach);
-    constexpr qint64 block = 1 << 20;
-    const auto puffer = std::make_unique_for_overwrite<char[]>(block);
-    qint64 geschrieben = 0;
-    for (;;) {
+    const qint64 geschrieben = umfuellen(von, [&](const char *bytes, qint64 anzahl) {
         errno = 0;
-        const qint64 gelesen = von.read(puffer.get(), block);
-        schritt(gelesen >= 0, Richtung::Lesen, von);
-        if (gelesen == 0)
-            break;
-        errno = 0;
-        schritt(nach.write(puffer.get(), gelesen) == gelesen, Richtung::Schreiben, nach);
-        geschrieben += gelesen;
-    }
+        schritt(nach.write(bytes, anzahl) == anzahl, Richtung::Schreiben, nach);
+    });
     errno = 0;
     schritt(nach.size() == geschrieben || nach.resize(geschrieben), Richtung::Schreiben, nach);
     // Some disks tell of a failure only here.
@@ -154,18 +214,26 @@ void kopiereUeber(const QString &quelle, const QString &ziel)
 
 void schreibeSicher(const QString &pfad, const QByteArray &inhalt)
 {
-    const Schreibnotiz notiz(pfad);
-    QSaveFile datei(pfad);
-    const auto schritt = [&](bool gelungen) {
-        if (const int nummer = errno; !gelungen) {
-            datei.cancelWriting();
-            werfen(Richtung::Schreiben, pfad, datei, nummer);
-        }
-    };
+    sichereDatei(pfad, [&](QSaveFile &datei, const auto &schritt) { schritt(datei.write(inhalt) == inhalt.size()); });
+}
+
+void kopiereSicher(const QString &quelle, const QString &ziel)
+{
+    QFile von(quelle);
     errno = 0;
-    schritt(datei.open(QIODevice::WriteOnly));
-    schritt(datei.write(inhalt) == inhalt.size() && datei.flush());
-    schritt(datei.commit());
+    if (const bool offen = von.open(QIODevice::ReadOnly | QIODevice::Unbuffered); !offen)
+        werfen(Richtung::Lesen, quelle, von, errno);
+    const QDateTime geaendert = QFileInfo(von).lastModified();
+    sichereDatei(ziel, [&](QSaveFile &nach, const auto &schritt) {
+        umfuellen(von, [&](const char *bytes, qint64 anzahl) {
+            errno = 0;
+            schritt(nach.write(bytes, anzahl) == anzahl);
+        });
+        errno = 0;
+        schritt(nach.flush());
+        // A file system without such a time takes none.
+        (void)nach.setFileTime(geaendert, QFileDevice::FileModificationTime);
+    });
 }
 
 void setSchreibmerker(const QString &pfad)
@@ -178,13 +246,17 @@ void schreibresteFegen()
     QFile datei(schreibmerker());
     if (schreibmerker().isEmpty() || !datei.open(QIODevice::ReadOnly))
         return;
-    const QFileInfo ziel(QString::fromUtf8(datei.readAll()));
+    const QStringList ziele = QString::fromUtf8(datei.readAll()).split(zieltrenner);
     datei.close();
     // The name that a safe file has until it is whole.
     static const QRegularExpression rest(QStringLiteral("^\\.[A-Za-z]{6}$"));
-    if (ziel.isAbsolute() && !ziel.fileName().isEmpty())
+    for (const QString &pfad : ziele) {
+        const QFileInfo ziel(pfad);
+        if (!ziel.isAbsolute() || ziel.fileName().isEmpty())
+            continue;
         for (const QString &name : QDir(ziel.absolutePath()).entryList(QDir::Files | QDir::Hidden))
             if (name.startsWith(ziel.fileName()) && rest.match(name.mid(ziel.fileName().size())).hasMatch())
                 QFile::remove(QDir(ziel.absolutePath()).filePath(name));
+    }
     datei.remove();
 }

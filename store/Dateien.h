@@ -1,9 +1,18 @@
 #pragma once
 
+#include "Fehler.h"
+
 #include <QByteArray>
 #include <QString>
 
 /* Files that the program writes. Paths are the system's. What fails throws a Fehler that names the file and the cause. */
+
+/// The failure of a write for which there is no room left.
+class Datentraegervoll : public Fehler
+{
+public:
+    using Fehler::Fehler;
+};
 
 /// Cause of a failed file operation as a German sentence, from its error number (errno); empty for a number without one.
 QString dateiursache(int nummer);
@@ -16,11 +25,14 @@ QString dateiursache(int nummer);
 void kopiereUeber(const QString &quelle, const QString &ziel);
 
 /// Writes the whole file or leaves the old one untouched. The bytes are on the disk before the switch, since a full disk can go
-/// unnoticed there.
+/// unnoticed there. Any thread.
 void schreibeSicher(const QString &pfad, const QByteArray &inhalt);
 
-/// File that names the target which schreibeSicher is writing, for as long as it does; empty: none is kept. A run that was killed
-/// leaves it and the half-written file behind.
+/// Copies a file as schreibeSicher writes one, with the time of its last change. Any thread.
+void kopiereSicher(const QString &quelle, const QString &ziel);
+
+/// File that names the targets that are being written, for as long as they are; empty: none is kept. A run that was killed leaves it
+/// and the half-written files behind.
 void setSchreibmerker(const QString &pfad);
-/// Removes what a dead run left half written by the word of its file. Nobody else may use that file.
+/// Removes what a dead run left half written by the word of that file. Nobody else may use it.
 void schreibresteFegen();

@@ -18,13 +18,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Text of the failure; empty where there was none.
+/// Text of the failure, and whether the disk was full; empty where there was none.
 QString fehlertext(const cDIBSection &dib, const QString &pfad, int qualitaet)
 {
     try {
         mIntelJPEGLibrary::SaveJPG(dib, pfad, qualitaet);
     } catch (const JPEGFehler &fehler) {
-        return fehler.nummer() == 0x80040001 ? fehler.text() : u"falsche Nummer"_s;
+        return fehler.nummer() == 0x80040001 ? fehler.text() + (fehler.voll() ? u" (voll)"_s : QString()) : u"falsche Nummer"_s;
     }
     return {};
 }
@@ -119,7 +119,7 @@ private slots:
         setrlimit(RLIMIT_FSIZE, &eng);
         const QString text = fehlertext(dib, alt, 75);
         setrlimit(RLIMIT_FSIZE, &vorher);
-        QCOMPARE(text, u"Speichern fehlgeschlagen"_s);
+        QCOMPARE(text, u"Speichern fehlgeschlagen (voll)"_s);
         QCOMPARE(QFileInfo(alt).size(), 3);
 #endif
     }

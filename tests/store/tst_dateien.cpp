@@ -4,11 +4,13 @@
 #include "store/Dateien.h"
 #include "store/Pfade.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
 
 #include <cerrno>
 
@@ -252,6 +254,80 @@ private slots:
         }
         QCOMPARE(inhalt(pfad(u"alt"_s)), QByteArray("alt"));
         QCOMPARE(QDir(ordner_->path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"alt"_s});
+    }
+
+    void kopiereSicher_data()
+    {
+        QTest::addColumn<qsizetype>("groesse");
+        for (const qsizetype groesse : {0, 1, 5000, 1 << 20, (2 << 20) + 77})
+            QTest::addRow("%lld Bytes", static_cast<long long>(groesse)) << groesse;
+    }
+    void kopiereSicher()
+    {
+        QFETCH(qsizetype, groesse);
+        const QString von = pfad(u"von"_s), nach = pfad(u"nach"_s);
+        const QDateTime zeit(QDate(2001, 5, 6), QTime(7, 8, 9));
+        schreiben(von, muster(groesse, 1));
+        schreiben(nach, muster(4096, 2));
+        QFile quelle(von);
+        QVERIFY(quelle.open(QIODevice::ReadWrite) && quelle.setFileTime(zeit, QFileDevice::FileModificationTime));
+        quelle.close();
+        QCOMPARE(fehlerVon([&] { ::kopiereSicher(von, nach); }), QString());
+        QVERIFY(inhalt(nach) == inhalt(von));
+        QCOMPARE(QFileInfo(nach).size(), groesse);
+        QCOMPARE(QFileInfo(nach).lastModified(), zeit);
+        QCOMPARE(QDir(ordner_->path()).entryList(QDir::Files | QDir::Hidden), (QStringList{u"nach"_s, u"von"_s}));
+    }
+    void kopiereSicherScheitert_data() { kopiereUeberScheitert_data(); }
+    void kopiereSicherScheitert()
+    {
+        QFETCH(QString, von);
+        QFETCH(QString, nach);
+        schreiben(pfad(u"quelle"_s), "neu");
+        schreiben(pfad(u"ziel"_s), "alt");
+        QFETCH(QString, grund);
+        const QString text = fehlerVon([&] { ::kopiereSicher(pfad(von), pfad(nach)); });
+        QVERIFY2(text.endsWith(grund.replace(u'%', ordner_->path())), qPrintable(text));
+        QCOMPARE(inhalt(pfad(u"ziel"_s)), QByteArray("alt"));
+        QCOMPARE(QDir(ordner_->path()).entryList(QDir::Files | QDir::Hidden), (QStringList{u"quelle"_s, u"ziel"_s}));
+    }
+    /// A full disk has a class of its own, and leaves the old file whole.
+    void kopiereSicherVollerDatentraeger()
+    {
+        schreiben(pfad(u"quelle"_s), muster(200000, 1));
+        schreiben(pfad(u"ziel"_s), "alt");
+        const Dateigrenze grenze(100000);
+        QVERIFY_EXCEPTION_THROWN(::kopiereSicher(pfad(u"quelle"_s), pfad(u"ziel"_s)), Datentraegervoll);
+        QCOMPARE(inhalt(pfad(u"ziel"_s)), QByteArray("alt"));
+        QCOMPARE(QDir(ordner_->path()).entryList(QDir::Files | QDir::Hidden), (QStringList{u"quelle"_s, u"ziel"_s}));
+    }
+    /// Several files may be under way at once: the word of a killed run names all of them.
+    void mehrereReste()
+    {
+        const QString merker = pfad(u"merker"_s);
+        setSchreibmerker(merker);
+        for (const char *name : {"a.jpg.AbCdEf", "b.pdf.GhIjKl", "c.jpg.AbCdEf"})
+            schreiben(pfad(QString::fromLatin1(name)), "x");
+        schreiben(merker, pfad(u"a.jpg"_s).toUtf8() + '\0' + pfad(u"b.pdf"_s).toUtf8());
+        schreibresteFegen();
+        QCOMPARE(QDir(ordner_->path()).entryList(QDir::Files), QStringList{u"c.jpg.AbCdEf"_s});
+        setSchreibmerker({});
+    }
+    void merkerVonZweiFaeden()
+    {
+        const QString merker = pfad(u"merker"_s);
+        setSchreibmerker(merker);
+        const std::unique_ptr<QThread> faden(QThread::create([&] {
+            for (int i = 0; i < 50; ++i)
+                ::schreibeSicher(pfad(u"eins"_s), "1");
+        }));
+        faden->start();
+        for (int i = 0; i < 50; ++i)
+            ::schreibeSicher(pfad(u"zwei"_s), "2");
+        QVERIFY(faden->wait());
+        QVERIFY(!QFile::exists(merker));
+        QCOMPARE(QDir(ordner_->path()).entryList(QDir::Files), (QStringList{u"eins"_s, u"zwei"_s}));
+        setSchreibmerker({});
     }
 
 private:
