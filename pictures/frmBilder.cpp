@@ -211,6 +211,7 @@ bool frmBilder::listen()
         QMessageBox::warning(this, programmtitel.toString(), QStringLiteral("Hoppla"));
         return false;
     }
+    gelistet_ = {pflanze->sparte, pflanze->artnr};
     lblBotName_->setText(pflanze->botName);
     lblDeuName_->setText(pflanze->deuName);
     // Without a matching row the pictures of the plant before stay listed.
@@ -226,6 +227,23 @@ bool frmBilder::listen()
         BildBreite[i] = qMax(0, groesse.width()) * twips;
         BildHoehe[i] = qMax(0, groesse.height()) * twips;
     }
+    return true;
+}
+
+bool frmBilder::zeigtSchon() const
+{
+    const std::optional<Bilderpflanze> pflanze = pflanze_();
+    if (!pflanze || gelistet_ != std::pair(pflanze->sparte, pflanze->artnr) || lblBotName_->text() != pflanze->botName
+        || lblDeuName_->text() != pflanze->deuName)
+        return false;
+    if (!pflanze->zeile)
+        return true;
+    const std::vector<Bildeintrag> bilder = fensterbilder(programm_, *pflanze->zeile, bildordner(pflanze->sparte, pflanze->artnr), BildBeschreibung);
+    if (int(bilder.size()) != BildAnzahl)
+        return false;
+    for (size_t i = 0; i < bilder.size(); ++i)
+        if (bilder[i].pfad != BildPfad[i] || bilder[i].beschreibung != BildBeschreibung[i])
+            return false;
     return true;
 }
 

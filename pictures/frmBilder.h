@@ -9,6 +9,7 @@
 
 #include <array>
 #include <functional>
+#include <utility>
 
 class Bildflaeche;
 class Bildknopf;
@@ -36,6 +37,8 @@ public:
 
     /// Lists the plant's pictures and shows number GewaehltesBild.
     void NeuePflanze();
+    /// Whether these are the pictures listed now: the same plant, and nothing about its files has changed.
+    bool zeigtSchon() const;
     void BildAnzeigen(int index);
     /// Percent shown of the picture's own size; 0 without a picture.
     int Zoomfaktor() const;
@@ -85,6 +88,7 @@ private:
 
     Programm &programm_;
     std::function<std::optional<Bilderpflanze>()> pflanze_;
+    std::optional<std::pair<Sparte, qint64>> gelistet_; ///< the plant, by its record number
 
     std::array<QString, groessteBilderzahl> BildPfad, BildBeschreibung;
     std::array<double, groessteBilderzahl> BildBreite{}, BildHoehe{}; ///< at 100 %
