@@ -1,5 +1,6 @@
 #include "Befehle.h"
 
+#include "frmOptionen.h"
 #include "plantwindows/Beschreibung.h"
 #include "store/Programm.h"
 
@@ -32,6 +33,7 @@ Befehle::Befehle(Programm &programm, Befehlsumgebung &umgebung) : programm_(prog
         {"mnuABStaudenAlle", &Befehle::ausbildung, staudenAlle, staudengaertner},
         {"mnuABSTStauden", &Befehle::ausbildung, stauden, staudengaertner},
         {"mnuABSTGehoelze", &Befehle::ausbildung, gehoelze, staudengaertner},
+        {"mnuOptionen", &Befehle::optionen},
         {"mnuUeberlappend", &Befehle::anordnen<Anordnung::Ueberlappend>},
         {"mnuNebeneinander", &Befehle::anordnen<Anordnung::Nebeneinander>},
         {"mnuUntereinander", &Befehle::anordnen<Anordnung::Untereinander>},
@@ -80,6 +82,14 @@ template<Anordnung anordnung>
 void Befehle::anordnen(const Befehl &)
 {
     umgebung_.anordnen(anordnung);
+}
+
+void Befehle::optionen(const Befehl &)
+{
+    frmOptionen form(programm_, umgebung_.hauptfenster());
+    umgebung_.formZeigen(form);
+    // After Abbrechen, too.
+    umgebung_.FormenAktualisieren();
 }
 
 void Befehle::beenden(const Befehl &)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/Medium.h"
 #include "store/Sparten.h"
 
 #include <span>
@@ -7,6 +8,8 @@
 
 class Fenstertabelle;
 class Pflanzenfenster;
+class QDialog;
+class QWidget;
 struct Programm;
 
 enum class Anordnung { Ueberlappend, Nebeneinander, Untereinander };
@@ -29,6 +32,14 @@ public:
     virtual Fenstertabelle &tabelle(Sparte sparte) = 0;
     /// Enables an entry of the menu, or a menu in it.
     virtual void erlauben(const char *eintrag, bool erlaubt) = 0;
+    /// Shows an entry of the menu or hides it.
+    virtual void zeigen(const char *eintrag, bool sichtbar) = 0;
+    /// The window that forms and boxes belong to; null: none.
+    virtual QWidget *hauptfenster() = 0;
+    /// Shows a form modally, until it is gone.
+    virtual void formZeigen(QDialog &form) = 0;
+    /// The drives of this moment.
+    virtual std::vector<Laufwerk> laufwerke() = 0;
     virtual void anordnen(Anordnung anordnung) = 0;
     virtual void beenden() = 0;
 };
@@ -64,6 +75,7 @@ private:
     void ausbildung(const Befehl &befehl);
     template<Anordnung anordnung>
     void anordnen(const Befehl &befehl);
+    void optionen(const Befehl &befehl);
     void beenden(const Befehl &befehl);
 
     Programm &programm_;

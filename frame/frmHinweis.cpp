@@ -92,7 +92,7 @@ frmHinweis::frmHinweis(Programm &programm, QWidget *eltern)
     alles->setSpacing(12);
     alles->addWidget(RichTextBox1_, 1);
     alles->addLayout(unten);
-    resize(560, 470);
+    resize(560, 420);
     cmdAusblenden->setFocus();
 }
 

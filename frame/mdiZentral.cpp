@@ -450,7 +450,8 @@ void mdiZentral::drucken()
 void mdiZentral::pflanzeGewechselt(Sparte sparte, int nummer)
 {
     Pflanzenfenster *aktives = aktivesFenster();
-    if (!bilder_ || !aktives || aktives != fenster(sparte, nummer))
+    // A record that is only shown again leaves its picture, its size and its place alone.
+    if (!bilder_ || !aktives || aktives != fenster(sparte, nummer) || bilder_->zeigtSchon())
         return;
     programm_.GewaehltesBild = 0;
     bilder_->NeuePflanze();
@@ -466,6 +467,11 @@ void mdiZentral::erlauben(const char *eintrag, bool erlaubt)
         menue->setEnabled(erlaubt);
     else
         findChild<QAction *>(name, Qt::FindDirectChildrenOnly)->setEnabled(erlaubt);
+}
+
+void mdiZentral::zeigen(const char *eintrag, bool sichtbar)
+{
+    findChild<QAction *>(QString::fromLatin1(eintrag), Qt::FindDirectChildrenOnly)->setVisible(sichtbar);
 }
 
 void mdiZentral::anordnen(Anordnung anordnung)

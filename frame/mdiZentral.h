@@ -5,6 +5,7 @@
 #include "plantwindows/Zentrale.h"
 #include "store/Programm.h"
 
+#include <QDialog>
 #include <QMainWindow>
 #include <QPixmap>
 #include <QTimer>
@@ -38,6 +39,12 @@ public:
     Pflanzenfenster *fenster(Sparte sparte, int nummer);
     Pflanzenfenster *aktivesFenster() override;
     void erlauben(const char *eintrag, bool erlaubt) override;
+    void zeigen(const char *eintrag, bool sichtbar) override;
+    QWidget *hauptfenster() override { return this; }
+    void formZeigen(QDialog &form) override { form.exec(); }
+    std::vector<Laufwerk> laufwerke() override { return laufwerke_(); }
+    /// Another list than that of this machine.
+    void setLaufwerke(Laufwerksliste laufwerke) { laufwerke_ = std::move(laufwerke); }
     void anordnen(Anordnung anordnung) override;
     void beenden() override { close(); }
 
@@ -72,6 +79,7 @@ private:
     void hintergrundVerarbeiten();
 
     Programm &programm_;
+    Laufwerksliste laufwerke_ = medium::laufwerke;
     Befehle befehle_;
     std::array<Fenstertabelle, anzahlSparten> tabellen_;
     QPointer<frmBilder> bilder_;

@@ -40,6 +40,7 @@ struct Programm
     QString AktiveSparte; ///< word of the Sparte whose window was last activated; empty: none
     std::array<int, anzahlSparten> AktuellesFenster{};
     std::array<bool, 6> AzubiAuswahl{}; ///< in the order of WL_Ausbildung
+    bool AusbildungAktiv = false;       ///< the options chose a trade
     int HinweisNummer = 0;              ///< hint that frmHinweis shows: 1 saving, 2 loading; set before it is shown
     int GewaehltesBild = 0;             ///< place of the preview clicked last, counted from 0
     bool FilterdateiGestoert = false;   ///< a filter file failed while it was read: none can be read or written any more

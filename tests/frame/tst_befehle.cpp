@@ -30,6 +30,10 @@ public:
     Pflanzenfenster *aktivesFenster() override { return nullptr; }
     Fenstertabelle &tabelle(Sparte sparte) override { return tabellen_[size_t(sparte)]; }
     void erlauben(const char *eintrag, bool erlaubt) override { getan += u"%1 %2"_s.arg(QLatin1String(eintrag)).arg(erlaubt); }
+    void zeigen(const char *eintrag, bool sichtbar) override { getan += u"%1 zeigen %2"_s.arg(QLatin1String(eintrag)).arg(sichtbar); }
+    QWidget *hauptfenster() override { return nullptr; }
+    void formZeigen(QDialog &form) override { getan += form.objectName(); }
+    std::vector<Laufwerk> laufwerke() override { return {}; }
     void anordnen(Anordnung anordnung) override { getan += u"anordnen %1"_s.arg(int(anordnung)); }
     void beenden() override { getan += u"beenden"_s; }
 
@@ -111,6 +115,13 @@ private slots:
         for (const char *name : {"mnuUeberlappend", "mnuNebeneinander", "mnuUntereinander", "mnuprogbeenden"})
             befehle_.ausfuehren(name);
         QCOMPARE(umgebung_.getan, (QStringList{u"anordnen 0"_s, u"anordnen 1"_s, u"anordnen 2"_s, u"beenden"_s}));
+    }
+
+    /// The windows follow, whatever the options said.
+    void optionen()
+    {
+        befehle_.ausfuehren("mnuOptionen");
+        QCOMPARE(umgebung_.getan, (QStringList{u"frmOptionen"_s, u"aktualisieren"_s}));
     }
 
     void unbekanntes()
