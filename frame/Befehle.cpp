@@ -34,6 +34,7 @@ Befehle::Befehle(Programm &programm, Befehlsumgebung &umgebung) : programm_(prog
         {"mnuABSTStauden", &Befehle::ausbildung, stauden, staudengaertner},
         {"mnuABSTGehoelze", &Befehle::ausbildung, gehoelze, staudengaertner},
         {"mnuOptionen", &Befehle::optionen},
+        {"mnuFloxBilder", &Befehle::bilderAssistent},
         {"mnuUeberlappend", &Befehle::anordnen<Anordnung::Ueberlappend>},
         {"mnuNebeneinander", &Befehle::anordnen<Anordnung::Nebeneinander>},
         {"mnuUntereinander", &Befehle::anordnen<Anordnung::Untereinander>},
@@ -90,6 +91,11 @@ void Befehle::optionen(const Befehl &)
     umgebung_.formZeigen(form);
     // After Abbrechen, too.
     umgebung_.FormenAktualisieren();
+}
+
+void Befehle::bilderAssistent(const Befehl &)
+{
+    umgebung_.bilderAssistent();
 }
 
 void Befehle::beenden(const Befehl &)

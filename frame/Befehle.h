@@ -41,6 +41,8 @@ public:
     /// The drives of this moment.
     virtual std::vector<Laufwerk> laufwerke() = 0;
     virtual void anordnen(Anordnung anordnung) = 0;
+    /// Shows the picture assistant, modally, and goes the way it was given.
+    virtual void bilderAssistent() = 0;
     virtual void beenden() = 0;
 };
 
@@ -76,6 +78,7 @@ private:
     template<Anordnung anordnung>
     void anordnen(const Befehl &befehl);
     void optionen(const Befehl &befehl);
+    void bilderAssistent(const Befehl &befehl);
     void beenden(const Befehl &befehl);
 
     Programm &programm_;

@@ -1,6 +1,7 @@
 #include "Einstellungen.h"
 
 #include "Registry.h"
+#include "store/Pfade.h"
 #include "store/Text.h"
 
 #include <limits>
@@ -70,11 +71,6 @@ void uebernehmen(Programm &programm, const Einstellung &zeile, const QString &te
 bool istPfadOderVersion(const Einstellung &zeile)
 {
     return qstrcmp(zeile.schluessel, "Pfade") == 0 || qstrcmp(zeile.schluessel, "Version") == 0;
-}
-
-QString mitStrich(const QString &pfad)
-{
-    return pfad.isEmpty() || pfad.endsWith(u'\\') ? pfad : pfad + u'\\';
 }
 
 /// A path that is not set is stored as a blank, so that its value exists.

@@ -11,6 +11,7 @@
 #include "controls/Sanduhr.h"
 #include "pictures/cDIBSection.h"
 #include "pictures/frmBilder.h"
+#include "pictures/frmBilderAssistent.h"
 #include "pictures/mIntelJPEGLibrary.h"
 #include "printing/Druckgeraet.h"
 #include "printing/frmDrucken.h"
@@ -481,6 +482,12 @@ void mdiZentral::anordnen(Anordnung anordnung)
     case Anordnung::Nebeneinander: flaeche_->anordnen(Qt::Horizontal); break;
     case Anordnung::Untereinander: flaeche_->anordnen(Qt::Vertical); break;
     }
+}
+
+void mdiZentral::bilderAssistent()
+{
+    ::bilderAssistent(
+        programm_, laufwerke_, [this] { FormenAktualisieren(); }, this);
 }
 
 bool mdiZentral::eventFilter(QObject *quelle, QEvent *ereignis)

@@ -3,6 +3,7 @@
 #include "Befehle.h"
 #include "Fenstertabelle.h"
 #include "plantwindows/Zentrale.h"
+#include "store/Medium.h"
 #include "store/Programm.h"
 
 #include <QDialog>
@@ -46,7 +47,10 @@ public:
     /// Another list than that of this machine.
     void setLaufwerke(Laufwerksliste laufwerke) { laufwerke_ = std::move(laufwerke); }
     void anordnen(Anordnung anordnung) override;
+    void bilderAssistent() override;
     void beenden() override { close(); }
+    /// Another list than that of this machine.
+    void setLaufwerke(Laufwerksliste laufwerke) { laufwerke_ = std::move(laufwerke); }
 
     void mulkoSpeichernErlauben(bool erlaubt) override;
     void fensterGeschlossen(Sparte sparte, int nummer) override;
@@ -84,6 +88,7 @@ private:
     std::array<Fenstertabelle, anzahlSparten> tabellen_;
     QPointer<frmBilder> bilder_;
     Flaeche *flaeche_;
+    Laufwerksliste laufwerke_ = medium::laufwerke;
     QTimer timResize_{this}, uhr_{this};
     QLabel *uhrzeit_ = nullptr;
     QString HintergrundBild;

@@ -1,6 +1,7 @@
 #include "Bilderstreifen.h"
 
 #include "Bildlader.h"
+#include "Vorschaubild.h"
 #include "store/Pfade.h"
 
 #include <QFileInfo>
@@ -16,7 +17,7 @@
 namespace {
 
 // Measures of the strip in twips.
-constexpr int kastenBreite = 2000, kastenHoehe = 1500, bildrand = 30;
+constexpr int bildrand = 30;
 constexpr int ersterOben = 60, textOben = 1580, schritt = 1920, wegJeBild = 2095, abdeckungOben = 60;
 constexpr double wegteiler = 1.35;
 constexpr int radraste = 120; ///< one step of a wheel, eighths of a degree
@@ -228,7 +229,7 @@ void Bilderstreifen::laden(int i, const QString &pfad)
     };
     if (QPixmap bild; QPixmapCache::find(schluessel, &bild))
         return zeigen(bild);
-    const QSize kasten = QSize(pixel(kastenBreite), pixel(kastenHoehe)) * skala;
+    const QSize kasten = QSize(pixel(vorschauBreite), pixel(vorschauHoehe)) * skala;
     lader_.start([this, i, datei, kasten, skala, schluessel, zeigen, satz = satz_] {
         QImage bild = ladeSkaliert(datei, kasten);
         bild.setDevicePixelRatio(skala);
@@ -260,9 +261,9 @@ void Bilderstreifen::platzieren(int i)
     const double verhaeltnis = anzahl_ > ohneLeiste ? double(vscBilder_->value()) / vscBilder_->maximum() / wegteiler : 0;
     const double versatz = i * schritt - verhaeltnis * anzahl_ * wegJeBild;
     Platz *platz = imgFloxBild_[size_t(i)];
-    const QSizeF bild = platz->bild().isNull() ? QSizeF(pixel(kastenBreite), pixel(kastenHoehe)) : platz->bild().deviceIndependentSize();
+    const QSizeF bild = platz->bild().isNull() ? QSizeF(pixel(vorschauBreite), pixel(vorschauHoehe)) : platz->bild().deviceIndependentSize();
     const double breite = bild.width() * twipsJePixel;
-    const double links = (kastenBreite - breite) / 2 + bildrand;
+    const double links = (vorschauBreite - breite) / 2 + bildrand;
     platz->setGeometry(pixel(links), pixel(ersterOben + versatz), int(bild.width()), int(bild.height()));
     platz->setProperty("Left", links);
     platz->setProperty("Top", ersterOben + versatz);
@@ -274,7 +275,7 @@ void Bilderstreifen::resizeEvent(QResizeEvent *ereignis)
 {
     QFrame::resizeEvent(ereignis);
     const int leiste = vscBilder_->sizeHint().width();
-    picBilderLeiste_->setGeometry(4, 2, qMax(pixel(kastenBreite + 2 * bildrand), width() - leiste - 10), height() - 4);
+    picBilderLeiste_->setGeometry(4, 2, qMax(pixel(vorschauBreite + 2 * bildrand), width() - leiste - 10), height() - 4);
     vscBilder_->setGeometry(width() - leiste - 3, 3, leiste, height() - 6);
     vscBilderEinrichten();
 }

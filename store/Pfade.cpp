@@ -72,6 +72,21 @@ QString pfadAus(const QString &ordner, const QString &rest)
     return hatTrenner || restBeginnt ? ordner + rest : ordner + u'\\' + rest;
 }
 
+QString mitStrich(const QString &ordner)
+{
+    if (ordner.isEmpty())
+        return {};
+    QString ohne = ordner;
+    while (ohne.endsWith(u'\\') || ohne.endsWith(u'/'))
+        ohne.chop(1);
+    return ohne + u'\\';
+}
+
+QString anzeigePfad(const QString &pfad)
+{
+    return QString(pfad).replace(u'\\', u'/').replace(u'/', QDir::separator());
+}
+
 QString systemPfad(const QString &pfad)
 {
     if (QDir::separator() == u'\\')

@@ -35,6 +35,7 @@ public:
     void formZeigen(QDialog &form) override { getan += form.objectName(); }
     std::vector<Laufwerk> laufwerke() override { return {}; }
     void anordnen(Anordnung anordnung) override { getan += u"anordnen %1"_s.arg(int(anordnung)); }
+    void bilderAssistent() override { getan += u"Bilderassistent"_s; }
     void beenden() override { getan += u"beenden"_s; }
 
     QStringList getan;
