@@ -14,6 +14,7 @@
 #include "pictures/frmBilderAssistent.h"
 #include "pictures/mIntelJPEGLibrary.h"
 #include "printing/Druckgeraet.h"
+#include "printing/Kriteriendruck.h"
 #include "printing/frmDrucken.h"
 #include "plantwindows/Pflanzenfenster.h"
 #include "store/Benutzernamen.h"
@@ -459,6 +460,15 @@ void mdiZentral::pflanzeGewechselt(Sparte sparte, int nummer)
 }
 
 void mdiZentral::hilfeZeigen(const QString &) {}
+
+QString mdiZentral::filtersatz(Sparte sparte, const Filterzustand &zustand)
+{
+    const Druckbeschreibung *druck = druckbeschreibung(sparte);
+    const Filterbeschreibung *filter = filterbeschreibung(sparte);
+    if (!druck || !filter)
+        return {};
+    return ::filtersatz(druck->kriterien, *filter, zustand, {programm_, eintrag(sparte)});
+}
 
 void mdiZentral::erlauben(const char *eintrag, bool erlaubt)
 {

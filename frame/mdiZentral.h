@@ -59,6 +59,7 @@ public:
     void drucken() override;
     void pflanzeGewechselt(Sparte sparte, int nummer) override;
     void hilfeZeigen(const QString &thema) override;
+    QString filtersatz(Sparte sparte, const Filterzustand &zustand) override;
 
 signals:
     /// A right click asks for the chooser.

@@ -67,6 +67,7 @@ void Pflanzenfenster::Form_Activate()
         Monatsbeschriftung();
         darstellen();
         NaviPruefung();
+        zustandZeigen();
         if (Filterdialog *dialog = filterdialog()) {
             for (size_t i = 0; i < programm_.AzubiAuswahl.size(); ++i)
                 if (programm_.AzubiAuswahl[i])
@@ -106,10 +107,12 @@ void Pflanzenfenster::datenFordern()
         return;
     (void)datenHolen(); // the next run tells of a copy that cannot be made
     satz_.alleNehmen();
+    gesamt_ = 0;
     satz_.haupt().Finden(gezeigt_);
     DatenOrdnen();
     darstellen();
     NaviPruefung();
+    zustandZeigen();
 }
 
 void Pflanzenfenster::Sortieren()
@@ -199,6 +202,7 @@ void Pflanzenfenster::Monatsbeschriftung()
 void Pflanzenfenster::eigenschaftenBenennen()
 {
     ansicht_->eigenschaftenBenennen();
+    zustandZeigen();
 }
 
 void Pflanzenfenster::bewegen(Bewegung bewegung)

@@ -125,6 +125,8 @@ private:
     void filterSpeichern();
     void filterUmschalten();
     void filterInKraft();
+    /// Tells in the status bar which plants the window shows.
+    void zustandZeigen();
     void drucken();
     void bilderZeigen();
     void bildAngeklickt(int index);
@@ -168,6 +170,7 @@ private:
     qint64 gezeigt_ = 0; ///< number of the record last shown: the user's fields belong to it
     QString gezeigterName_;
     bool hatKopie_ = false, geschlossen_ = false;
+    qsizetype gesamt_ = 0;          ///< plants before the last filter run; 0: no run has left the set that is shown
     bool meldet_ = false;           ///< a box tells of an unknown origin
     QPointer<QWidget> fokusVorher_; ///< had the focus when the filter dialog opened
 };

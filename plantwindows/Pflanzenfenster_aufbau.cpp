@@ -201,11 +201,12 @@ QWidget *Pflanzenfenster::statusBauen()
     auto *leiste = new QHBoxLayout(stbAnzeige);
     leiste->setContentsMargins(abstand, 2, abstand, 4);
     for (int i = 0; i < int(stbAnzeige_.size()); ++i) {
-        // A long hint must not hold the window open.
-        QLabel *feld = i == 1 ? new Kurzschild(stbAnzeige) : new QLabel(stbAnzeige);
+        // Long sentences must not hold the window open: what the window shows, and hints.
+        const int anteil = i == 0 ? 3 : i == 1 ? 2 : 0;
+        QLabel *feld = anteil > 0 ? new Kurzschild(stbAnzeige) : new QLabel(stbAnzeige);
         feld->setTextFormat(Qt::PlainText);
         feld->setObjectName(QStringLiteral("stbAnzeige_%1").arg(i + 1));
-        leiste->addWidget(feld, i == 1 ? 1 : 0);
+        leiste->addWidget(feld, anteil);
         stbAnzeige_[size_t(i)] = feld;
     }
     stbAnzeige_[3]->setToolTip(QStringLiteral("Stelle und Anzahl der Pflanzen"));

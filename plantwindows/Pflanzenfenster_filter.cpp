@@ -114,6 +114,20 @@ void Pflanzenfenster::filterUmschalten()
         zentrale_.mulkoSpeichernErlauben(false);
     }
     NaviPruefung();
+    zustandZeigen();
+}
+
+void Pflanzenfenster::zustandZeigen()
+{
+    QString satz = QStringLiteral("Alle Pflanzen");
+    if (Filterdialog *dialog = gesamt_ > 0 ? filterdialog() : nullptr)
+        satz = (FilterEin ? QString() : QStringLiteral("Filter aus – ")) + zentrale_.filtersatz(sparte(), dialog->zustand());
+    const qsizetype alle = gesamt_ > 0 ? gesamt_ : Anzahl;
+    satz += QStringLiteral(" – %1 von %2").arg(Anzahl).arg(alle);
+    QLabel *feld = stbAnzeige_[0];
+    feld->setText(satz);
+    feld->setToolTip(satz);
+    feld->setAccessibleDescription(satz);
 }
 
 Datenbank &Pflanzenfenster::allePflanzen()
@@ -131,6 +145,7 @@ void Pflanzenfenster::filterGelaufen(const Laufergebnis &ergebnis)
 {
     eigeneNummer();
     satz_.ausgeduennt(ergebnis.uebrig, ergebnis.gesamt);
+    gesamt_ = ergebnis.gesamt;
     DatenOrdnen();
     satz_.haupt().MoveFirst();
     cboArten_->setCurrentIndex(int(satz_.haupt().AbsolutePosition()));
@@ -142,6 +157,7 @@ void Pflanzenfenster::filterGelaufen(const Laufergebnis &ergebnis)
     for (const Knopf welcher : {Knopf::FilterSpeichern, Knopf::FilterEin})
         reihe_.malen(*knopf(welcher), Knopfzustand::Normal);
     zentrale_.mulkoSpeichernErlauben(true);
+    zustandZeigen();
     unsetCursor();
 }
 
@@ -149,8 +165,10 @@ void Pflanzenfenster::filterVerworfen()
 {
     const std::exception_ptr kopierfehler = datenHolen();
     satz_.alleNehmen();
+    gesamt_ = 0;
     DatenOrdnen();
     darstellen();
+    zustandZeigen();
     if (kopierfehler)
         std::rethrow_exception(kopierfehler);
 }

@@ -5,6 +5,7 @@
 #include <QString>
 
 class QWidget;
+struct Filterzustand;
 struct Notiz;
 
 /* What plant windows need of the program around them. The main window is one; tests bring their own. */
@@ -32,4 +33,6 @@ public:
     /// Another record is shown.
     virtual void pflanzeGewechselt(Sparte sparte, int nummer) = 0;
     virtual void hilfeZeigen(const QString &thema) = 0;
+    /// What a state of the filter dialog leaves, in one sentence as print tells it.
+    virtual QString filtersatz(Sparte sparte, const Filterzustand &zustand) = 0;
 };

@@ -53,6 +53,11 @@ QString bereichsworte(const Kriterium &k, const Kriteriumzustand &z)
     return QStringLiteral("%1 - %2 %3").arg(z.a.text, z.b.text, k.einheit);
 }
 
+QString stufenworte(const Kriterium &k, const Kriteriumzustand &z)
+{
+    return QStringLiteral("%1 %2").arg(gewaehlt(k.a, z.a, 0) ? QStringLiteral("ab Stufe") : QStringLiteral("bis Stufe")).arg(z.b.werte[0]);
+}
+
 /// Whether a criterion stands otherwise than the dialog opens; a group with all items, too, which does not restrict.
 bool gesetzt(const Kriterium &k, const Kriteriumzustand &z)
 {
@@ -90,10 +95,7 @@ QString worte(const Filterbeschreibung &beschreibung, const Kriterium &k, const 
         return !wahr ? text : text.isEmpty() ? wahr->satz.toString() : QStringLiteral("%1, %2").arg(text, wahr->satz);
     }
     case Pruefung::Bereich: return bereichsworte(k, z);
-    case Pruefung::Bewertung:
-        return QStringLiteral("%1 %2    (Stufe 1: Rarität / Stufe 5:  Standardsortiment)")
-            .arg(gewaehlt(k.a, z.a, 0) ? QStringLiteral("ab Stufe") : QStringLiteral("bis Stufe"))
-            .arg(z.b.werte[0]);
+    case Pruefung::Bewertung: return QStringLiteral("%1    (Stufe 1: Rarität / Stufe 5:  Standardsortiment)").arg(stufenworte(k, z));
     case Pruefung::AlleWahr:
     case Pruefung::EinsWahr: return wahreWorte(beschreibung, k, z.a);
     case Pruefung::Gleich: return z.a.text;
@@ -104,12 +106,17 @@ QString worte(const Filterbeschreibung &beschreibung, const Kriterium &k, const 
     return {};
 }
 
-} // namespace
-
-std::vector<Kriteriumzeile> kriterienzeilen(std::span<const Druckzeile> druckzeilen, const Filterbeschreibung &beschreibung,
-                                            const Filterzustand &zustand, const Wortquelle &quelle)
+/// A line and the criterion it begins with.
+struct Zeile
 {
-    std::vector<Kriteriumzeile> zeilen;
+    const Kriterium *kriterium;
+    Kriteriumzeile text;
+};
+
+std::vector<Zeile> zeilenVon(std::span<const Druckzeile> druckzeilen, const Filterbeschreibung &beschreibung, const Filterzustand &zustand,
+                             const Wortquelle &quelle)
+{
+    std::vector<Zeile> zeilen;
     bool davor = false; // whether the line that the next row may join is there
     for (const Druckzeile &zeile : druckzeilen) {
         const Kriterium *k = kriteriumNamens(beschreibung, zeile.control);
@@ -123,9 +130,58 @@ std::vector<Kriteriumzeile> kriterienzeilen(std::span<const Druckzeile> druckzei
         const Kriteriumzustand teil = ausschnitt(*k, zustand.kriterien[stelle], zeile);
         const QString text = zeile.wort.isNull() ? worte(beschreibung, *k, teil, quelle) : zeile.wort.toString();
         if (schliesstAn)
-            zeilen.back().worte += zeile.anschluss.toString() + text;
+            zeilen.back().text.worte += zeile.anschluss.toString() + text;
         else
-            zeilen.push_back({zeile.label.toString(), text});
+            zeilen.push_back({k, {zeile.label.toString(), text}});
     }
     return zeilen;
+}
+
+/// Whether the words of a criterion say by themselves what they are about.
+bool sprichtFuerSich(const Kriterium &k)
+{
+    return k.pruefung == Pruefung::AlleWahr || k.pruefung == Pruefung::EinsWahr || k.pruefung == Pruefung::FlagsOderWahr
+           || k.a.art == Steuerung::Bilder;
+}
+
+/// The rating in words; empty where it lets every plant pass.
+QString bewertungsworte(const Kriterium &k, const Kriteriumzustand &z)
+{
+    constexpr int niedrigste = 1, hoechste = 5;
+    const bool laesstAlle = z.b.werte[0] == (gewaehlt(k.a, z.a, 0) ? niedrigste : hoechste);
+    return laesstAlle ? QString() : QStringLiteral("Bewertung ") + stufenworte(k, z);
+}
+
+} // namespace
+
+std::vector<Kriteriumzeile> kriterienzeilen(std::span<const Druckzeile> druckzeilen, const Filterbeschreibung &beschreibung,
+                                            const Filterzustand &zustand, const Wortquelle &quelle)
+{
+    std::vector<Kriteriumzeile> zeilen;
+    for (Zeile &zeile : zeilenVon(druckzeilen, beschreibung, zustand, quelle))
+        zeilen.push_back(std::move(zeile.text));
+    return zeilen;
+}
+
+QString filtersatz(std::span<const Druckzeile> druckzeilen, const Filterbeschreibung &beschreibung, const Filterzustand &zustand,
+                   const Wortquelle &quelle)
+{
+    QStringList teile;
+    for (const Zeile &zeile : zeilenVon(druckzeilen, beschreibung, zustand, quelle))
+        if (zeile.kriterium->pruefung != Pruefung::Bewertung && !zeile.text.worte.isEmpty())
+            teile += (sprichtFuerSich(*zeile.kriterium) ? QString() : zeile.text.label) + zeile.text.worte;
+    bool filter = !teile.isEmpty();
+    for (size_t i = 0; i < std::min(beschreibung.kriterien.size(), zustand.kriterien.size()); ++i) {
+        const Kriterium &k = beschreibung.kriterien[i];
+        if (k.pruefung != Pruefung::Bewertung)
+            continue;
+        const bool eigene = gesetzt(k, zustand.kriterien[i]);
+        const QString text = bewertungsworte(k, zustand.kriterien[i]);
+        if ((eigene || !filter) && !text.isEmpty())
+            teile += text;
+        filter = filter || (eigene && !text.isEmpty());
+    }
+    if (teile.isEmpty())
+        return QStringLiteral("Alle Pflanzen");
+    return (filter ? QStringLiteral("Filter: ") : QString()) + teile.join(QStringLiteral("; ")).simplified();
 }

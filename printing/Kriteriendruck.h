@@ -16,3 +16,8 @@ struct Kriteriumzeile
 /// have no words; never throws.
 std::vector<Kriteriumzeile> kriterienzeilen(std::span<const Druckzeile> druckzeilen, const Filterbeschreibung &beschreibung,
                                             const Filterzustand &zustand, const Wortquelle &quelle);
+
+/// The same as one sentence without labels: "Filter: Giftpflanze; schattig". The rating that a dialog opens with is told where nothing
+/// else is; "Alle Pflanzen" where nothing keeps a plant out. Never throws.
+QString filtersatz(std::span<const Druckzeile> druckzeilen, const Filterbeschreibung &beschreibung, const Filterzustand &zustand,
+                   const Wortquelle &quelle);

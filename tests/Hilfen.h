@@ -55,6 +55,7 @@ public:
             beimWechsel();
     }
     void hilfeZeigen(const QString &thema) override { hilfe = thema; }
+    QString filtersatz(Sparte, const Filterzustand &) override { return QStringLiteral("Satz"); }
 
     bool mulko = false, gesperrt = false;
     int geschlossen = 0, notizen = 0, namen = 0, bilder = 0, gewechselt = 0, gedruckt = 0;

@@ -486,6 +486,48 @@ private slots:
         if (!minimum || stufe != 3)
             soll += u"Bewertung: |%1 Stufe "_s.arg(minimum ? u"ab"_s : u"bis"_s) + QString::number(stufe) + note;
         QCOMPARE(gedruckt(Zustand(sparte).bewertung(stufe, minimum)), soll);
+        // In one sentence: what lets every plant pass is no filter.
+        const QString worte = u"Bewertung %1 Stufe %2"_s.arg(minimum ? u"ab"_s : u"bis"_s).arg(stufe);
+        const bool alle = stufe == (minimum ? 1 : 5);
+        QCOMPARE(gesagt(Zustand(sparte).bewertung(stufe, minimum)), alle ? u"Alle Pflanzen"_s : soll.isEmpty() ? worte : u"Filter: "_s + worte);
+    }
+
+    void jedesKriteriumInEinemSatz_data() { jedeSparteMitRegeln(); }
+    /// Each criterion alone, and all together in the order of print.
+    void jedesKriteriumInEinemSatz()
+    {
+        QFETCH(Sparte, sparte);
+        Zustand alle(sparte);
+        for (const Sollzeile &zeile : zeilenVon(sparte)) {
+            setzen(alle, zeile);
+            Zustand eines(sparte);
+            setzen(eines, zeile);
+            const QStringList zeilen = gedruckt(eines);
+            QVERIFY2(!zeilen.isEmpty(), zeile.control);
+            if (QLatin1String(zeile.control) == "sldBewertung"_L1)
+                continue;
+            const QString satz = gesagt(eines);
+            QVERIFY2(satz.startsWith(u"Filter: "_s), qPrintable(satz));
+            for (const QString &text : zeilen)
+                QVERIFY2(satz.contains(text.section(u'|', 1).simplified()), qPrintable(satz + u" / "_s + text));
+        }
+        QStringList teile;
+        for (const QString &text : gedruckt(alle))
+            if (const QString worte = text.section(u'|', 1); !worte.contains(note) && !worte.isEmpty())
+                teile += worte.simplified();
+        const QString satz = gesagt(alle);
+        qsizetype stelle = 0;
+        for (const QString &teil : teile) {
+            stelle = satz.indexOf(teil, stelle);
+            QVERIFY2(stelle >= 0, qPrintable(teil + u" / "_s + satz));
+        }
+        QVERIFY(satz.endsWith(u"; Bewertung ab Stufe 4"_s));
+    }
+
+    void satzOhneAnderes()
+    {
+        QCOMPARE(gesagt(Zustand(Sparte::Topf)), u"Bewertung ab Stufe 3"_s);
+        QCOMPARE(gesagt(Zustand(Sparte::Topf).waehlen("imgLicht", 2)), u"Filter: schattig"_s);
     }
 
     void texte_data()
@@ -689,6 +731,11 @@ private:
                     QTest::addRow("%s %s", eintrag(sparte).filter, zeile.control) << sparte << &zeile;
     }
     Wortquelle quelle(Sparte sparte) const { return {programm_, eintrag(sparte)}; }
+    QString gesagt(const Zustand &z) const
+    {
+        const Sparte sparte = z.beschreibung.sparte;
+        return filtersatz(druckbeschreibung(sparte)->kriterien, z.beschreibung, z.werte, quelle(sparte));
+    }
     QStringList gedruckt(const Zustand &z) const
     {
         return alsText(kriterienzeilen(druckbeschreibung(z.beschreibung.sparte)->kriterien, z.beschreibung, z.werte, quelle(z.beschreibung.sparte)));
