@@ -47,7 +47,7 @@ int monat(QStringView text)
 
 } // namespace
 
-Pflanzendaten::Pflanzendaten(const QString &ziel) : db_(leereDatenbank(ziel)), transaktion_(*db_)
+Pflanzendaten::Pflanzendaten(const QString &ziel, const QString &formen) : formenordner_(formen), db_(leereDatenbank(ziel)), transaktion_(*db_)
 {
     for (int r = 1; r <= anzahlEigenschaften; ++r) {
         const QString name = QStringLiteral("Eigenschaft %1").arg(r);
@@ -121,12 +121,15 @@ void Pflanzendaten::familie(const RecSatz &satz)
     const RecFeld *name = satz.feld(u"FAMNAME");
     bool ok = false;
     const int zahl = nummer ? nummer->wert.toInt(&ok) : 0;
-    if (!ok || !name || satz.felder.size() != 2)
-        satz.falsch(satz.zeile(), QStringLiteral("eine Familie hat genau FAMILIE (Nummer) und FAMNAME"));
+    const RecFeld *gattungen = satz.feld(u"GATTUNGEN");
+    if (!ok || !name || satz.felder.size() != (gattungen ? 3 : 2))
+        satz.falsch(satz.zeile(), QStringLiteral("eine Familie hat FAMILIE (Nummer), FAMNAME und sonst höchstens GATTUNGEN"));
     const QString kurz = name->wert.section(u' ', 0, 0);
     if (familien_.contains(kurz) || familien_.values().contains(zahl))
         satz.falsch(satz.zeile(), QStringLiteral("Familie %1 oder ihre Nummer %2 steht doppelt").arg(kurz).arg(zahl));
     familien_.insert(kurz, zahl);
+    if (gattungen)
+        regeln_.gattungen(satz, *gattungen, kurz);
     db_->Execute(QStringLiteral("INSERT INTO Familien VALUES (?, ?)"), {zahl, name->wert});
 }
 
@@ -201,7 +204,7 @@ void Pflanzendaten::pflanze(const RecSatz &satz, const Tabelle &tabelle)
     QStringList spalten, marken;
     QVariantList werte;
     QHash<QString, double> zahlen;
-    QSet<QString> gesetzt;
+    QHash<QString, QString> gesetzt; // column and what it stores
     qint64 nummer = 0;
     int merkmale = 0;
     QString name;
@@ -229,8 +232,8 @@ void Pflanzendaten::pflanze(const RecSatz &satz, const Tabelle &tabelle)
             satz.falsch(feld.zeile, QStringLiteral("%1 gehört dem Benutzer").arg(feld.name));
         if (gesetzt.contains(spaltenname))
             satz.falsch(feld.zeile, QStringLiteral("%1 steht doppelt").arg(feld.name));
-        gesetzt.insert(spaltenname);
         const QVariant inhalt = wert(satz, feld, *spalte);
+        gesetzt.insert(spaltenname, inhalt.toString());
         if (spalte->art == Art::Schluessel)
             nummer = inhalt.toLongLong();
         if (spalte->art == Art::Zahl)
@@ -247,6 +250,7 @@ void Pflanzendaten::pflanze(const RecSatz &satz, const Tabelle &tabelle)
     for (const auto &[min, max] : spannen)
         if (zahlen.contains(min.toString()) && zahlen.contains(max.toString()) && zahlen[min.toString()] > zahlen[max.toString()])
             satz.falsch(satz.feld(min)->zeile, QStringLiteral("%1 liegt über %2").arg(min, max));
+    regeln_.pruefen(satz, tabelle, gesetzt);
     const QString eindeutig = tabellenname + QStringLiteral(" %1");
     if (nummern_.contains(eindeutig.arg(nummer)))
         satz.falsch(satz.feld(u"ARTNR")->zeile, QStringLiteral("Nummer %1 steht doppelt").arg(nummer));
@@ -284,7 +288,7 @@ void Pflanzendaten::bildnamePruefen(const RecSatz &satz, const QString &name)
 
 void Pflanzendaten::bilderEintragen()
 {
-    const Formen formen = Formen::laden(QStringLiteral(FLOX_FORMEN));
+    const Formen formen = Formen::laden(formenordner_);
     for (const Sammlung &sammlung : sammlungen()) {
         const QString befehl =
             QStringLiteral("UPDATE %1_Bilder SET \"%2\" = ?, \"%3\" = ?, \"%4\" = ?, \"%5\" = ? WHERE ARTNR = ?")

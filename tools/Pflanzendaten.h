@@ -1,6 +1,6 @@
 #pragma once
 
-#include "RecLeser.h"
+#include "Quellregeln.h"
 #include "store/Datenbank.h"
 #include "store/Schema.h"
 
@@ -8,14 +8,14 @@
 #include <QSet>
 
 /* From plant sources to the working database. Whatever the sources get wrong is a Quellfehler with file and line: an unknown
-   field, word or family, a doubled number or picture name, a minimum above its maximum. */
+   field, word, family or form, a doubled number or picture name, a minimum above its maximum, and what Quellregeln says. */
 class Pflanzendaten
 {
 public:
-    /// Creates the empty database with its five rows of property names.
-    explicit Pflanzendaten(const QString &ziel);
+    /// Creates the empty database with its five rows of property names. `formen` is the folder that says how plants look.
+    explicit Pflanzendaten(const QString &ziel, const QString &formen = QStringLiteral(FLOX_FORMEN));
 
-    /// Families must come before the plants that name them; `satz` is one record of any known type.
+    /// Families, which may tell their genera, must come before the plants that name them; `satz` is one record of any known type.
     void aufnehmen(const RecSatz &satz);
     /// Writes the picture rows in the order of the plants and ends the one transaction. Without it nothing stays.
     void abschliessen();
@@ -36,9 +36,11 @@ private:
     void bilderDerHerkunft();
     QVariant wert(const RecSatz &satz, const RecFeld &feld, const Spalte &spalte);
 
+    QString formenordner_;
     std::shared_ptr<Datenbank> db_;
     Transaktion transaktion_;
     QHash<QString, int> familien_;
     QHash<QString, int> anzahl_;
+    Quellregeln regeln_;
     QSet<QString> nummern_, namen_, bildnamen_;
 };

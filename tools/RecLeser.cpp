@@ -6,7 +6,7 @@
 const RecFeld *RecSatz::feld(QStringView name) const
 {
     for (const RecFeld &feld : felder)
-        if (feld.name == name)
+        if (name.compare(feld.name, Qt::CaseInsensitive) == 0)
             return &feld;
     return nullptr;
 }

@@ -25,6 +25,7 @@ struct RecSatz
     QString datei;
     std::vector<RecFeld> felder;
 
+    /// First field of this name, case-blind; null when there is none.
     const RecFeld *feld(QStringView name) const;
     [[noreturn]] void falsch(int zeile, const QString &was) const;
     int zeile() const { return felder.empty() ? 0 : felder.front().zeile; }

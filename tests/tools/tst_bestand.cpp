@@ -23,10 +23,10 @@ struct Bestand
 const QList<Bestand> &bestaende()
 {
     static const QList<Bestand> liste{
-        {"Topfpfl", 120, {u"BOT_NAME"_s,   u"DTNAM"_s,     u"FAMILIE"_s,  u"Quelle"_s,     u"HK"_s,        u"PFLANZTYP"_s, u"GIFTIG"_s,
+        {"Topfpfl", 215, {u"BOT_NAME"_s,   u"DTNAM"_s,     u"FAMILIE"_s,  u"Quelle"_s,     u"HK"_s,        u"PFLANZTYP"_s, u"GIFTIG"_s,
                           u"UNSCHEINBA"_s, u"MINHOEHE"_s,  u"MAXHOEHE"_s, u"VERWENDUNG"_s, u"SONNE"_s,     u"LICHTMIN"_s,  u"TEMPMIN"_s,
                           u"TEMPMAX"_s,    u"NACHDUENG"_s, u"KRANKH"_s,   u"BLATTFARB"_s,  u"WUCHSFORM"_s, u"bewertung"_s}},
-        {"Apfel", 60, {u"BOT_NAME"_s, u"haltbark"_s, u"fruchtgr"_s, u"form_l"_s, u"bewertung"_s}},
+        {"Apfel", 94, {u"BOT_NAME"_s, u"haltbark"_s, u"fruchtgr"_s, u"form_l"_s, u"bewertung"_s}},
     };
     return liste;
 }
@@ -141,6 +141,9 @@ private slots:
         }
         QVERIFY(gattungen.size() > 40);
     }
+
+    /// The window of the apples shows no remark of the maker.
+    void aepfelOhneBemerkung() { QCOMPARE(werte(*db_, u"SELECT BOT_NAME FROM Apfel WHERE BEMERKUNG IS NOT NULL"_s), QStringList()); }
 
     void synonyme()
     {

@@ -243,7 +243,7 @@ private slots:
         const auto familie = [](const char *name, const char *text, const QString &meldung) {
             QTest::newRow(name) << u"%rec: Familien\n"_s + QString::fromUtf8(text) << meldung;
         };
-        const QString form = u"probe.rec:2: eine Familie hat genau FAMILIE (Nummer) und FAMNAME"_s;
+        const QString form = u"probe.rec:2: eine Familie hat FAMILIE (Nummer), FAMNAME und sonst höchstens GATTUNGEN"_s;
         familie("Familie ohne Nummer", "FAMNAME: Malvaceae\n", form);
         familie("Familie ohne Namen", "FAMILIE: 1\n", form);
         familie("Familie mit Wort", "FAMILIE: eins\nFAMNAME: Malvaceae\n", form);
@@ -252,6 +252,8 @@ private slots:
                 u"probe.rec:5: Familie B oder ihre Nummer 1 steht doppelt"_s);
         familie("Familienname doppelt", "FAMILIE: 1\nFAMNAME: A (eins)\n\nFAMILIE: 2\nFAMNAME: A (zwei)\n",
                 u"probe.rec:5: Familie A oder ihre Nummer 2 steht doppelt"_s);
+        QTest::newRow("Spanne kleingeschrieben") << vorspann + pflanze + u"minhoehe: 2\nmaxhoehe: 1\n"_s
+                                                 << u"probe.rec:11: MINHOEHE liegt über MAXHOEHE"_s;
         QTest::newRow("heil") << vorspann + pflanze << QString();
         QTest::newRow("gleiche Nummer in zwei Tabellen") << vorspann + pflanze + u"\n%rec: Apfel\n"_s + pflanze << QString();
     }

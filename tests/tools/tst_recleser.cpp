@@ -55,7 +55,8 @@ private slots:
         QCOMPARE(saetze.size(), 1);
         QCOMPARE(saetze[0].feld(u"A")->wert, u"1"_s);
         QCOMPARE(saetze[0].feld(u"B")->zeile, 2);
-        QVERIFY(!saetze[0].feld(u"a"));
+        QCOMPARE(saetze[0].feld(u"a"), saetze[0].feld(u"A"));
+        QVERIFY(!saetze[0].feld(u"C"));
         QCOMPARE(fehlerVon([&] { saetze[0].falsch(2, u"so nicht"_s); }), u"probe.rec:2: so nicht"_s);
     }
 
