@@ -14,7 +14,7 @@ double fruchtkoerperMalen(QPainter &p, const QRectF &platz, const Datensatz &sor
         return pixelJeCm;
     }
     constexpr double neigung = 24;
-    const Apfelkoerper koerper(form, haut, neigung, radius);
+    const Apfelkoerper koerper(form, haut, neigung, radius, p.transform().m11());
     koerper.zeichnen(p, mitte);
     const Apfelstiel stiel(sorte);
     stiel.zeichnen(p, mitte + koerper.achse(form.stielboden()), pixelJeCm, neigung);

@@ -1,7 +1,7 @@
 #include "Apfelkoerper.h"
 
 #include "Farben.h"
-#include "Stempel.h"
+#include "Kurve.h"
 
 #include <algorithm>
 #include <array>
@@ -39,13 +39,14 @@ Vektor oberflaeche(const Apfelform &f, double phi, double l)
 
 } // namespace
 
-Apfelkoerper::Apfelkoerper(const Apfelform &form, const Apfelhaut &haut, double neigung, double radius)
+Apfelkoerper::Apfelkoerper(const Apfelform &form, const Apfelhaut &haut, double neigung, double radius, double mass)
     : form_(form),
       haut_(haut),
       sinus_(std::sin(neigung * pi / 180)),
       cosinus_(std::cos(neigung * pi / 180)),
-      radius_(radius),
-      halb_(int(radius * 1.36) + 4)
+      mass_(mass),
+      radius_(radius * mass),
+      halb_(int(radius_ * 1.36) + 4)
 {
     bild_ = QImage(2 * halb_, 2 * halb_, QImage::Format_ARGB32_Premultiplied);
     bild_.fill(0);
@@ -64,7 +65,7 @@ Apfelkoerper::Apfelkoerper(const Apfelform &form, const Apfelhaut &haut, double 
 
 QPointF Apfelkoerper::achse(double hoehe) const
 {
-    return {0, -hoehe * cosinus_ * radius_};
+    return {0, -hoehe * cosinus_ * radius_ / mass_};
 }
 
 void Apfelkoerper::gitter()
@@ -160,6 +161,7 @@ void Apfelkoerper::zeichnen(QPainter &p, QPointF mitte) const
 {
     p.save();
     p.translate(mitte);
+    p.scale(1 / mass_, 1 / mass_);
     QBrush muster(bild_);
     muster.setTransform(QTransform::fromTranslate(-halb_, -halb_));
     p.setBrush(muster);
@@ -171,8 +173,9 @@ void Apfelkoerper::zeichnen(QPainter &p, QPointF mitte) const
 void Apfelkoerper::vordererRand(QPainter &p, QPointF mitte) const
 {
     p.save();
-    QPainterPath innen = umriss_.translated(mitte);
-    p.setClipPath(innen);
-    p.drawImage(mitte - QPointF(halb_, halb_), vorn_);
+    p.translate(mitte);
+    p.scale(1 / mass_, 1 / mass_);
+    p.setClipPath(umriss_);
+    p.drawImage(QPointF(-halb_, -halb_), vorn_);
     p.restore();
 }

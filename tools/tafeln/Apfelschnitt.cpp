@@ -1,7 +1,7 @@
 #include "Apfelschnitt.h"
 
 #include "Farben.h"
-#include "Stempel.h"
+#include "Kurve.h"
 
 #include <algorithm>
 #include <cmath>
@@ -235,72 +235,19 @@ void Apfelschnitt::laengs(QPainter &p, QPointF mitte, double radius) const
     Apfelstiel(sorte_).zeichnen(p, mitte - QPointF(0, form_.stielboden() * radius - 4), pixelJeCm, 0);
 }
 
-void Apfelschnitt::quer(QPainter &p, QPointF mitte, double radius) const
-{
-    vorbereiten(p, mitte, radius);
-    constexpr int schritte = 120;
-    QPolygonF v;
-    for (int i = 0; i < schritte; ++i) {
-        const double l = 2 * pi * i / schritte;
-        v << QPointF(std::sin(l), std::cos(l)) * form_.quer(l);
-    }
-    QPainterPath rund;
-    rund.addPolygon(v);
-    rund.closeSubpath();
-    fleisch(p, rund);
-    const double dicke = mittel(sorte_, u"schale", {{u"dünn", 3}, {u"mittel", 4.5}, {u"derb", 6.5}}, 4.5);
-    for (int i = 0; i < schritte; ++i) {
-        p.setPen(stift(QColor(haut_.farbe(2 * pi * (i + 0.5) / schritte - pi, 0)), dicke));
-        p.drawLine(v[i], v[(i + 1) % schritte]);
-    }
-    p.setPen(Qt::NoPen);
-    p.setBrush(QColor(0x9D, 0xAE, 0x5C));
-    for (int i = 0; i < 10; ++i)
-        p.drawEllipse(QPointF(std::sin(0.4 / 5 + pi * i / 5), std::cos(0.4 / 5 + pi * i / 5)) * kernhaus_ * (i % 2 ? 1.75 : 1.5), 0.018, 0.018);
-    for (int i = 0; i < 5; ++i) {
-        p.save();
-        p.rotate(90 + 72 * i - 4.6);
-        p.setPen(stift(kernhauslinie.darker(125), 1.8));
-        p.setBrush(heller(QColor(0xE4, 0xD2, 0x92), 0.25));
-        const double laenge = kernhaus_ * 1.15;
-        QPainterPath fach(QPointF(0.02 + achse_, 0));
-        fach.cubicTo({0.1 + achse_, -kammer_ * 0.75}, {laenge * 0.8, -kammer_ * 0.45}, {achse_ + laenge, 0});
-        fach.cubicTo({laenge * 0.8, kammer_ * 0.45}, {0.1 + achse_, kammer_ * 0.75}, {0.02 + achse_, 0});
-        p.drawPath(fach);
-        p.setBrush(kern_.farbe);
-        p.setPen(stift(dunkler(kern_.farbe, 0.5), 1));
-        for (const double seite : {-1.0, 1.0})
-            if (seite < 0 || !sorte_.hat(u"k_anzahl", u"< 4"))
-                p.drawEllipse(QPointF(achse_ + laenge * 0.42, seite * kern_.breite * 0.3), kern_.breite * 0.36, kern_.breite * 0.24);
-        p.restore();
-    }
-    if (achse_ > 0.03) {
-        p.setPen(stift(kernhauslinie, 1.4));
-        p.setBrush(dunkler(fleisch_, 0.16));
-        p.drawEllipse(QPointF(0, 0), achse_ * 0.8, achse_ * 0.8);
-    }
-    p.restore();
-}
-
 Apfelstiel::Apfelstiel(const Datensatz &s)
 {
     laenge = mittel(s, u"st_laenge", {{u"kurz", 1.1}, {u"mittellang", 2.0}, {u"lang", 3.1}}, 1.9);
     dicke = mittel(s, u"st_laenge", {{u"dünn", 0.17}, {u"mitteldick", 0.27}, {u"dick", 0.42}}, 0.25);
     knopfig = s.hat(u"st_besond", u"knopfig") || s.hat(u"st_besond", u"knospig");
-    wulst = s.hat(u"st_besond", u"Fleischwulst");
     farbe = s.hat(u"st_besond", u"grün")       ? QColor(0x7E, 0x8C, 0x4A)
             : s.hat(u"st_besond", u"rotbraun") ? QColor(0x84, 0x4A, 0x34)
                                                : QColor(0x7D, 0x5C, 0x3C);
 }
 
-QPointF Apfelstiel::spitze(QPointF fuss, double pixelJeCm, double neigung) const
-{
-    return fuss + polar(82 - neigung * 0.3, laenge * pixelJeCm);
-}
-
 void Apfelstiel::zeichnen(QPainter &p, QPointF fuss, double pixelJeCm, double neigung) const
 {
-    const QPointF oben = spitze(fuss, pixelJeCm, neigung);
+    const QPointF oben = fuss + polar(82 - neigung * 0.3, laenge * pixelJeCm);
     const Kurve k{fuss, fuss + QPointF(-0.08, -0.35) * laenge * pixelJeCm, oben + QPointF(-0.1, 0.3) * laenge * pixelJeCm, oben};
     stiel(p, k, dicke * pixelJeCm, dicke * pixelJeCm * (knopfig ? 1.2 : 0.85), farbe);
     p.setPen(QPen(umriss(farbe), 1));

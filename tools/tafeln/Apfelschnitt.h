@@ -5,14 +5,13 @@
 
 #include <QPainter>
 
-/// The inside of an apple: lengthwise and across.
+/// The inside of an apple, cut lengthwise.
 class Apfelschnitt
 {
 public:
     Apfelschnitt(const Datensatz &sorte, const Apfelform &form, const Apfelhaut &haut);
 
     void laengs(QPainter &p, QPointF mitte, double radius) const;
-    void quer(QPainter &p, QPointF mitte, double radius) const;
 
 private:
     struct Kern
@@ -43,8 +42,7 @@ struct Apfelstiel
 {
     explicit Apfelstiel(const Datensatz &sorte);
     double laenge, dicke;
-    bool knopfig, wulst;
+    bool knopfig;
     QColor farbe;
     void zeichnen(QPainter &p, QPointF fuss, double pixelJeCm, double neigung) const;
-    QPointF spitze(QPointF fuss, double pixelJeCm, double neigung) const;
 };

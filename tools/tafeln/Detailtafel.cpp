@@ -31,7 +31,7 @@ double merkmalhoehe(const Zelle &z)
     return h;
 }
 
-/// A part as it was painted on its own ground.
+/// A part as it was painted on its own ground, in stored pixels.
 struct Organbild
 {
     QImage bild;
@@ -56,7 +56,7 @@ double pixelJeEinheit(const QTransform &t)
     return std::sqrt(std::abs(t.determinant()));
 }
 
-double blattMalen(QPainter &p, const QRectF &platz, const Steckbrief &s, const Formen &formen, const Form &form, bool unterseite)
+double blattMalen(QPainter &p, const QRectF &platz, const Steckbrief &s, const Formen &formen, const Form &form, bool unterseite, double laenge)
 {
     const Motiv motiv(formen, form);
     QRectF r = motiv.rahmen();
@@ -78,7 +78,7 @@ double blattMalen(QPainter &p, const QRectF &platz, const Steckbrief &s, const F
         stiel(p, k, std::max(3.0, pixelJeEinheit(t) * 2.6), std::max(2.5, pixelJeEinheit(t) * 1.9), s.anstrich[Rolle::Stiel]);
     }
     motiv.malen(p, a, unterseite ? QTransform::fromScale(-1, 1) * t : t);
-    return pixelJeEinheit(t) * 100 / std::max(0.1, s.blattlaenge);
+    return laenge > 0 ? pixelJeEinheit(t) * 100 / laenge : 0;
 }
 
 double blueteMalen(QPainter &p, QRectF platz, const Steckbrief &s, const Formen &formen)
@@ -97,7 +97,7 @@ double blueteMalen(QPainter &p, QRectF platz, const Steckbrief &s, const Formen 
         const double x = platz.center().x() + (double(i) - (double(weitere) - 1) / 2) * 66;
         motiv.malen(p, a, eingepasst(motiv.rahmen(), QRectF(x - 27, platz.bottom() + 8, 54, 54), 0));
     }
-    return pixelJeEinheit(t) * 200 / std::max(0.1, s.bluetengroesse);
+    return pixelJeEinheit(t) * motiv.blueteneinheiten() / std::max(0.1, s.bluetengroesse);
 }
 
 double fruchtMalen(QPainter &p, const QRectF &platz, const Steckbrief &s, const Formen &formen, bool schnitt)
@@ -115,10 +115,11 @@ double fruchtMalen(QPainter &p, const QRectF &platz, const Steckbrief &s, const 
 
 Organbild organMalen(const Zelle &z, const QSize &groesse, const Steckbrief &s, const Formen &formen)
 {
-    Organbild o{QImage(groesse, QImage::Format_ARGB32_Premultiplied)};
+    Organbild o{QImage(groesse * Tafel::bildmass, QImage::Format_ARGB32_Premultiplied)};
     o.bild.fill(Qt::transparent);
     QPainter p(&o.bild);
     p.setRenderHint(QPainter::Antialiasing);
+    p.scale(Tafel::bildmass, Tafel::bildmass);
     const QRectF platz = QRectF(QPointF(), QSizeF(groesse)).adjusted(8, 6, -8, -6);
     switch (z.organ) {
     case Organ::Bluete: o.pixelJeCm = blueteMalen(p, platz, s, formen); break;
@@ -132,8 +133,8 @@ Organbild organMalen(const Zelle &z, const QSize &groesse, const Steckbrief &s, 
     case Organ::Frucht:
     case Organ::Schnitt: o.pixelJeCm = fruchtMalen(p, platz, s, formen, z.organ == Organ::Schnitt); break;
     case Organ::Blatt:
-    case Organ::Unterseite: o.pixelJeCm = blattMalen(p, platz, s, formen, *s.blatt, z.organ == Organ::Unterseite); break;
-    case Organ::Blatt2: o.pixelJeCm = blattMalen(p, platz, s, formen, *s.blatt2, false); break;
+    case Organ::Unterseite: o.pixelJeCm = blattMalen(p, platz, s, formen, *s.blatt, z.organ == Organ::Unterseite, s.blattlaenge); break;
+    case Organ::Blatt2: o.pixelJeCm = blattMalen(p, platz, s, formen, *s.blatt2, false, s.blattlaenge2); break;
     case Organ::Zweig: zweigMalen(p, platz, s); break;
     case Organ::Rinde: rindeMalen(p, platz, s); break;
     }
@@ -173,18 +174,23 @@ int spannweite(const QImage &bild, int y)
     return bis - von + 1;
 }
 
-/// Rows of a drawing at which lines may end: those of its body, or of its stalk where a mark speaks of that.
-std::vector<int> reihen(const QImage &bild, const QRect &tinte, bool stiel)
+/// Rows of a drawing at which lines may end: of its stalk, of its body, of the calyx end of a body.
+struct Reihen
 {
-    int breiteste = 0;
-    for (int y = tinte.top(); y <= tinte.bottom(); ++y)
-        breiteste = std::max(breiteste, spannweite(bild, y));
-    std::vector<int> gute;
-    for (int y = tinte.top() + 2; y <= tinte.bottom() - 2; ++y)
-        if (const int b = spannweite(bild, y); b > 0 && (b > breiteste * 0.3) != stiel)
-            gute.push_back(y);
-    return gute;
-}
+    std::vector<int> stiel, leib, kelch;
+    explicit Reihen(const QImage &bild)
+    {
+        const QRect r = tinte(bild);
+        std::vector<int> weite;
+        for (int y = r.top(); y <= r.bottom(); ++y)
+            weite.push_back(spannweite(bild, y));
+        const double breiteste = weite.empty() ? 0 : std::ranges::max(weite);
+        for (size_t i = 2; i + 2 < weite.size(); ++i)
+            if (weite[i] > 0)
+                (weite[i] > breiteste * 0.3 ? leib : stiel).push_back(r.top() + int(i));
+        kelch.assign(leib.end() - qsizetype(leib.size() / 9), leib.end());
+    }
+};
 
 /// First painted place of a row, from the left or from the right, a little inside.
 int treffer(const QImage &bild, int y, bool vonLinks)
@@ -201,30 +207,37 @@ int treffer(const QImage &bild, int y, bool vonLinks)
     return -1;
 }
 
-void merkmaleSetzen(Tafel &t, const Zelle &z, const QImage &bild, QPoint ecke, const QRectF &feld, bool links, int nummer)
+void merkmaleSetzen(Tafel &t, const Zelle &z, const QImage &bild, const QRectF &feld, bool links, bool sorte, int nummer)
 {
     if (z.merkmale.isEmpty())
         return;
-    const QRect ink = tinte(bild);
-    const std::vector<int> koerper = reihen(bild, ink, false), stiele = reihen(bild, ink, true);
+    const Reihen reihen(bild);
     int letzte = -100;
     std::vector<QLineF> gezogen;
     const double hoehe = merkmalhoehe(z) - abstand;
     double y = std::clamp(feld.center().y() - hoehe / 2, feld.top(), std::max(feld.top(), feld.bottom() - hoehe));
     const double x = links ? Tafel::rand + 6 : Tafel::breite - Tafel::rand - 6 - textbreite;
-    for (int i = 0; i < z.merkmale.size(); ++i) {
-        const double h = Tafel::absatzhoehe(textbreite, z.merkmale[i], textgroesse);
-        const QRectF kasten = t.absatz(QRectF(x, y, textbreite, h), z.merkmale[i], textgroesse, links ? Qt::AlignRight : Qt::AlignLeft);
+    // Texts stand in the order of what they point at: lines never cross.
+    const bool stielOben = z.organ == Organ::Frucht;
+    const auto rang = [&](const QString &m) {
+        return nenntStiel(m) && !reihen.stiel.empty() ? (stielOben ? 0 : 3) : stielOben && nenntKelch(m) ? 2 : 1;
+    };
+    QStringList merkmale = z.merkmale;
+    std::ranges::stable_sort(merkmale, {}, rang);
+    const double amLeib = double(std::ranges::count(merkmale, 1, rang));
+    double leibzahl = 0;
+    for (const QString &m : merkmale) {
+        const double h = Tafel::absatzhoehe(textbreite, m, textgroesse);
+        const QRectF kasten = t.absatz(QRectF(x, y, textbreite, h), m, textgroesse, links ? Qt::AlignRight : Qt::AlignLeft);
         y += h + abstand;
-        const bool amStiel = z.merkmale[i].contains(u"stiel", Qt::CaseInsensitive);
-        if (!amStiel && !organVon(z.merkmale[i], {z.organ}))
+        const int stelle = rang(m);
+        if (stelle == 1 && !organVon(m, {z.organ}, sorte))
             continue; // a word on the whole plant
-        // Rows are taken in the order of the texts: lines never cross.
-        const std::vector<int> gute = amStiel && !stiele.empty() ? stiele : koerper;
-        const double teil = (i + 0.5) / double(z.merkmale.size());
-        auto reihe = gute.begin() + qsizetype(double(gute.size()) * (0.1 + 0.8 * teil));
+        const std::vector<int> &gute = stelle == 1 ? reihen.leib : stelle == 2 ? reihen.kelch : reihen.stiel;
+        const double teil = stelle == 1 ? 0.1 + 0.8 * (leibzahl++ + 0.5) / amLeib : 0.5;
+        auto reihe = gute.begin() + qsizetype(double(gute.size()) * teil);
         const QPointF von(links ? kasten.right() + 7 : kasten.left() - 7, kasten.center().y());
-        const auto linie = [&] { return QLineF(von, QPointF(ecke) + QPointF(treffer(bild, *reihe, links), *reihe)); };
+        const auto linie = [&] { return QLineF(von, feld.topLeft() + QPointF(treffer(bild, *reihe, links), *reihe) / Tafel::bildmass); };
         const auto frei = [&] {
             return *reihe > letzte + 3
                    && std::ranges::none_of(gezogen, [&](const QLineF &l) { return l.intersects(linie(), nullptr) == QLineF::BoundedIntersection; });
@@ -245,13 +258,6 @@ Organ hauptorgan(const Steckbrief &s)
     return !s.sammlung.art.isEmpty() && s.fruchtet ? Organ::Frucht : Organ::Blatt;
 }
 
-/// The part a mark belongs to; the stalk of a variety is that of its fruit.
-Organ zielorgan(const Steckbrief &s, const QString &merkmal, const std::vector<Organ> &alle)
-{
-    const bool fruchtstiel = !s.sammlung.art.isEmpty() && merkmal.startsWith(u"Stiel");
-    return fruchtstiel ? hauptorgan(s) : organVon(merkmal, alle).value_or(hauptorgan(s));
-}
-
 /// Two columns of about equal length, the flower and its like on the left.
 std::array<std::vector<Zelle>, 2> spalten(const Steckbrief &s, const QStringList &merkmale)
 {
@@ -270,7 +276,7 @@ std::array<std::vector<Zelle>, 2> spalten(const Steckbrief &s, const QStringList
     for (const QString &m : merkmale)
         for (auto &spalte : sp)
             for (Zelle &z : spalte)
-                if (z.organ == zielorgan(s, m, alle))
+                if (z.organ == organVon(m, alle, !s.sammlung.art.isEmpty()).value_or(hauptorgan(s)))
                     z.merkmale += m;
     return sp;
 }
@@ -329,16 +335,22 @@ void detailMalen(Tafel &t, const Steckbrief &s, const Formen &formen, const QStr
         const double x = seite ? mitte + (sp[0].empty() ? 0 : 12) : randLinks, bis = seite ? randRechts : mitte - 12;
         zeilenTeilen(sp[size_t(seite)], s, x, bis - x);
         for (const Zelle &z : sp[size_t(seite)]) {
-            const QRect feld = z.platz.adjusted(0, 4, 0, -titelhoehe - 6).toRect();
+            // Its corner lies on a stored pixel.
+            constexpr int raster = 5;
+            QRect feld = z.platz.adjusted(0, 4, 0, -titelhoehe - 6).toRect();
+            feld.setTopLeft({(feld.left() + raster - 1) / raster * raster, (feld.top() + raster - 1) / raster * raster});
+            feld.setSize({feld.width() / raster * raster, feld.height() / raster * raster});
             const Organbild o = organMalen(z, feld.size(), s, formen);
-            t.maler().drawImage(feld.topLeft(), o.bild);
-            t.bild(QRectF(tinte(o.bild).translated(feld.topLeft())), nummer);
+            t.maler().drawImage(QRectF(feld), o.bild);
+            const QRect ink = tinte(o.bild);
+            const double mass = 1 / Tafel::bildmass;
+            t.bild(QRectF(QPointF(feld.topLeft()) + QPointF(ink.topLeft()) * mass, QSizeF(ink.size()) * mass), nummer);
             double y = feld.bottom() + 12;
             const QString titel = gekuerzt(organtitel(s, z.organ), bis - x - 8);
             y += t.absatz(QRectF(x + 4, y, bis - x - 8, 46), titel, 18, Qt::AlignHCenter).height() + 14;
             if (o.pixelJeCm > 0)
                 t.massstab({z.platz.center().x() - 62, y}, o.pixelJeCm);
-            merkmaleSetzen(t, z, o.bild, feld.topLeft(), feld, seite == 0, nummer);
+            merkmaleSetzen(t, z, o.bild, feld, seite == 0, !s.sammlung.art.isEmpty(), nummer);
             ++nummer;
         }
     }

@@ -27,7 +27,8 @@ constexpr struct
 {
     QStringView typ;
     Formgruppe gruppe;
-} gruppen[] = {{u"Blattform", Formgruppe::Blatt}, {u"Bluetenform", Formgruppe::Bluete}, {u"Fruchtform", Formgruppe::Frucht}};
+} gruppen[] = {
+    {u"Blattform", Formgruppe::Blatt}, {u"Bluetenform", Formgruppe::Bluete}, {u"Fruchtform", Formgruppe::Frucht}, {u"Dingform", Formgruppe::Ding}};
 
 /// What a field of a row takes.
 enum class Feldart { Wort, Blatt, Bluete, Frucht, Farbe, Zahl, Zeichnung };
@@ -39,7 +40,8 @@ constexpr struct
 } felder[] = {
     {u"Wuchs", Feldart::Wort,
      u"rosette horst aufrecht eintriebig buschig polster teppich haengend zwiebel knolle sukkulentrosette kugelkaktus saeulenkaktus gliederkaktus "
-     "zisterne schopf palme orchidee farn gras rohr schirm schwimmblatt sumpf unterwasser strauch zwergstrauch halbstrauch baum kletternd "
+     "zisterne schopf flaschenstamm palme orchidee farn gras rohr schirm schwimmblatt sumpf unterwasser strauch zwergstrauch halbstrauch baum "
+     "kletternd "
      "nadelbaum nadelstrauch obstbaum beerenstrauch ruten erdbeere rebe"},
     {u"Krone", Feldart::Wort, u"rund oval kegel saeule schirm breit haengend vase bizarr etagen kugel flach"},
     {u"Blattstellung", Feldart::Wort, u"wechselstaendig gegenstaendig quirlstaendig zweizeilig schopfig"},
@@ -49,6 +51,8 @@ constexpr struct
     {u"Haftorgan", Feldart::Wort, u"ranken windend haftwurzeln haftscheiben blattstiele spreizend"},
     {u"Dornen", Feldart::Wort, u"dornen stacheln keine"},
     {u"Winter", Feldart::Wort, u"kahl gruen"},
+    {u"Vorlaub", Feldart::Wort, u"ja nein"},
+    {u"Schau", Feldart::Wort, u"bluete frucht beides"},
     {u"Blatt", Feldart::Blatt},
     {u"Blatt2", Feldart::Blatt},
     {u"Bluete", Feldart::Bluete},
@@ -58,6 +62,7 @@ constexpr struct
     {u"Breite", Feldart::Zahl},
     {u"Hoehe", Feldart::Zahl},
     {u"Blattlaenge", Feldart::Zahl},
+    {u"Blattlaenge2", Feldart::Zahl},
     {u"Blattstiel", Feldart::Zahl},
     {u"Bluetengroesse", Feldart::Zahl},
     {u"Standgroesse", Feldart::Zahl},
@@ -167,7 +172,7 @@ void Formen::zeile(const RecSatz &satz)
     Formzeile neu;
     for (const RecFeld &feld : satz.felder) {
         if (feld.name == u"Pflanze")
-            neu.pflanzen += feld.wert;
+            neu.pflanzen += QString(feld.wert).remove(u'×').simplified();
         else if (feld.name == u"Familie")
             neu.familien += feld.wert;
         else if (feld.name == u"Wort")

@@ -39,7 +39,7 @@ enum class Rolle {
     Haar,
     Anzahl
 };
-enum class Formgruppe { Blatt, Bluete, Frucht };
+enum class Formgruppe { Blatt, Bluete, Frucht, Ding };
 
 struct Formteil
 {
@@ -69,7 +69,7 @@ struct Form
 /// A row that says how plants look: whom it holds for and its fields.
 struct Formzeile
 {
-    QStringList pflanzen, familien;
+    QStringList pflanzen, familien;                 ///< names without the sign of a hybrid
     std::vector<std::pair<QString, QString>> worte; ///< column and text
     std::multimap<QString, QString> felder;
 };

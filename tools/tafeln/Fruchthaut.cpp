@@ -1,7 +1,7 @@
 #include "Tafeln.h"
 
 #include "Farben.h"
-#include "Stempel.h"
+#include "Kurve.h"
 #include "Zufall.h"
 
 #include <cmath>
@@ -52,9 +52,10 @@ void berostung(Haut &h, const Steckbrief &s)
     h.p.setPen(Qt::NoPen);
     if (stark > 0) {
         QLinearGradient g(0, h.r.top(), 0, h.r.bottom());
-        g.setColorAt(0, durchsichtig(rost, 0.35 + 0.5 * stark));
-        g.setColorAt(0.3, durchsichtig(rost, 0.75 * stark));
-        g.setColorAt(1, durchsichtig(rost, 0.7 * stark));
+        // Russet runs together towards the calyx and gets thin towards the stalk.
+        g.setColorAt(0, durchsichtig(rost, 0.3 + 0.2 * stark));
+        g.setColorAt(0.35, durchsichtig(rost, 0.5 * stark));
+        g.setColorAt(1, durchsichtig(rost, 0.9 * stark));
         h.p.fillRect(h.r, g);
         for (int i = 0; i < int(260 * stark); ++i) {
             const QPointF o = h.ort();

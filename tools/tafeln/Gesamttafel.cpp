@@ -12,65 +12,13 @@ constexpr double oben = 52, unten = 1012; ///< of the drawing; below it stand la
 constexpr double links = 236, rechts = 1590;
 constexpr double groessterMassstab = 9000; ///< pixels a metre
 
-/// Things whose size everybody knows, as outlines one unit high, standing on 0,0.
-QPainterPath mensch()
-{
-    QPainterPath p;
-    p.addEllipse(QPointF(0, -0.93), 0.052, 0.068);
-    QPainterPath leib({-0.035, -0.86});
-    leib.cubicTo({-0.1, -0.845}, {-0.135, -0.83}, {-0.14, -0.76});
-    leib.lineTo(-0.155, -0.48);
-    leib.lineTo(-0.12, -0.475);
-    leib.lineTo(-0.1, -0.7);
-    leib.lineTo(-0.095, -0.45);
-    leib.lineTo(-0.085, -0.01);
-    leib.lineTo(-0.02, -0.01);
-    leib.lineTo(0, -0.44);
-    leib.lineTo(0.02, -0.01);
-    leib.lineTo(0.085, -0.01);
-    leib.lineTo(0.095, -0.45);
-    leib.lineTo(0.1, -0.7);
-    leib.lineTo(0.12, -0.475);
-    leib.lineTo(0.155, -0.48);
-    leib.lineTo(0.14, -0.76);
-    leib.cubicTo({0.135, -0.83}, {0.1, -0.845}, {0.035, -0.86});
-    leib.closeSubpath();
-    p.addPath(leib);
-    return p;
-}
-
-QPainterPath hand()
-{
-    QPainterPath p({-0.17, 0});
-    p.cubicTo({-0.2, -0.2}, {-0.23, -0.3}, {-0.22, -0.42});
-    for (const auto &[x, y, spitze] :
-         {std::tuple(-0.2, -0.55, -0.78), std::tuple(-0.085, -0.58, -0.93), std::tuple(0.035, -0.58, -1.0), std::tuple(0.15, -0.53, -0.9)}) {
-        p.lineTo(x - 0.045, y);
-        p.cubicTo({x - 0.05, spitze - 0.02}, {x + 0.05, spitze - 0.02}, {x + 0.05, y});
-    }
-    p.lineTo(0.2, -0.36);
-    p.cubicTo({0.3, -0.44}, {0.38, -0.54}, {0.41, -0.52});
-    p.cubicTo({0.46, -0.48}, {0.34, -0.3}, {0.22, -0.18});
-    p.cubicTo({0.19, -0.12}, {0.17, -0.06}, {0.17, 0});
-    p.closeSubpath();
-    return p;
-}
-
-QPainterPath muenze()
-{
-    QPainterPath p;
-    p.addEllipse(QPointF(0, -0.5), 0.5, 0.5);
-    p.addEllipse(QPointF(0, -0.5), 0.36, 0.36);
-    return p;
-}
-
+/// A thing whose size everybody knows: its form, its height in metres and the part of it that is its width.
 struct Vergleich
 {
-    const char *text;
+    const char *form;
     double meter, breite;
-    QPainterPath (*form)();
 };
-constexpr Vergleich vergleiche[] = {{"Mensch 1,75 m", 1.75, 0.32, mensch}, {"Hand 18 cm", 0.18, 0.66, hand}, {"Münze 23 mm", 0.023, 1, muenze}};
+constexpr Vergleich vergleiche[] = {{"mensch", 1.75, 0.32}, {"hand", 0.18, 0.66}, {"muenze", 0.023, 1}};
 
 /// The largest of them that fits beside the plant.
 const Vergleich &vergleich(double pixelJeMeter, double platz)
@@ -81,28 +29,32 @@ const Vergleich &vergleich(double pixelJeMeter, double platz)
     return vergleiche[2];
 }
 
-void vergleichMalen(Tafel &t, const Vergleich &v, double x, double boden, double px, int nummer)
+void vergleichMalen(Tafel &t, const Vergleich &v, const Formen &formen, double x, double boden, double px, int nummer)
 {
-    const QPainterPath einheit = v.form();
-    QTransform lage;
-    lage.translate(x - einheit.boundingRect().center().x() * v.meter * px, boden);
-    lage.scale(v.meter * px, v.meter * px);
-    const QPainterPath form = lage.map(einheit);
+    const Form *ding = formen.form(Formgruppe::Ding, QLatin1String(v.form));
+    if (!ding)
+        throw Quellfehler{QStringLiteral("data/formen: die Form %1 fehlt").arg(QLatin1String(v.form))};
+    QPainterPath form;
+    for (const Formteil &teil : ding->teile)
+        form.addPath(teil.pfad);
+    const double mass = v.meter * px / 100;
+    form = QTransform(mass, 0, 0, mass, x - form.boundingRect().center().x() * mass, boden).map(form);
     QPainter &p = t.maler();
     p.setPen(QPen(durchsichtig(farbe::tinte, 0.55), 1.6));
     p.setBrush(durchsichtig(farbe::linie, 0.28));
     p.drawPath(form);
     t.bild(form.boundingRect(), nummer);
-    t.text({x, unten + 26}, QString::fromUtf8(v.text), 18);
+    t.text({x, unten + 26}, ding->titel, 18);
 }
 
-void bodenMalen(Tafel &t, double von, double bis, double boden)
+/// The ground, to the depth of what reaches into it or stands before it.
+void bodenMalen(Tafel &t, double von, double bis, double boden, double tief)
 {
     QPainter &p = t.maler();
-    QLinearGradient g(0, boden, 0, boden + 30);
+    QLinearGradient g(0, boden, 0, boden + tief);
     g.setColorAt(0, durchsichtig(farbe::erde, 0.55));
     g.setColorAt(1, durchsichtig(farbe::erde, 0));
-    p.fillRect(QRectF(von, boden, bis - von, 30), g);
+    p.fillRect(QRectF(von, boden, bis - von, tief), g);
 }
 
 /// One shape of the plant in its column of the sheet.
@@ -157,7 +109,7 @@ void gesamtMalen(Tafel &t, const Steckbrief &s, const Formen &formen)
         nachUnten ? oben - ansichten[0].bild->kasten().top() * faktor : std::min(unten - tief, unten - (s.sammlung.imTopf ? 0.0 : 26.0));
     QPainter &p = t.maler();
     if (!s.sammlung.imTopf && !nachUnten)
-        bodenMalen(t, links - 30, rechts - 20, boden);
+        bodenMalen(t, links - 30, rechts - 20, boden, std::clamp(tief + 8, 30.0, unten + 14 - boden));
     for (size_t i = 0; i < ansichten.size(); ++i) {
         const Ansicht &a = ansichten[i];
         const QRectF k = a.bild->kasten();
@@ -172,11 +124,15 @@ void gesamtMalen(Tafel &t, const Steckbrief &s, const Formen &formen)
         const QRectF gemalt(x + k.left() * faktor, boden + k.top() * faktor, k.width() * faktor, k.height() * faktor);
         t.bild(gemalt.adjusted(0.5, 0.5, -0.5, -0.5), int(i));
         if (s.winterkahl)
-            t.text({a.platz.center().x(), unten + 26}, i ? QStringLiteral("im Winter") : QStringLiteral("belaubt"), 18);
+            t.text({a.platz.center().x(), unten + 26},
+                   !i          ? QStringLiteral("belaubt")
+                   : s.vorLaub ? QStringLiteral("blühend vor dem Laub")
+                               : QStringLiteral("im Winter"),
+                   18);
     }
     const Vergleich &v = vergleich(echt, rand - 50);
     const double fuss = nachUnten ? unten : s.sammlung.imTopf ? boden + tief : boden;
-    vergleichMalen(t, v, rechts - rand / 2 - 10, std::min(fuss, unten), echt, 9);
+    vergleichMalen(t, v, formen, rechts - rand / 2 - 10, std::min(fuss, unten), echt, 9);
     const Messlatte latte{{118, boden}, echt, nachUnten ? -meter : meter};
     latte.zeichnen(t);
     latte.spanne(t, s.kleinste < meter ? s.kleinste : 0, meter);

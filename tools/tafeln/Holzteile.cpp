@@ -1,7 +1,7 @@
 #include "Tafeln.h"
 
 #include "Farben.h"
-#include "Stempel.h"
+#include "Kurve.h"
 #include "Zufall.h"
 
 #include <cmath>

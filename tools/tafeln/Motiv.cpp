@@ -106,27 +106,33 @@ void Motiv::aufnehmen(const Formen &formen, const Form &form, const Form *bluete
         }
         const QTransform dort = teil.lage * ort;
         const Form *andere = teil.form == u"*" ? bluete : formen.form(form.gruppe, teil.form);
-        if (andere && tiefe < groessteTiefe)
-            aufnehmen(formen, *andere, bluete, dort, tiefe + 1);
-        else
-            knospe(dort);
+        if (!andere || tiefe >= groessteTiefe)
+            continue;
+        const size_t von = striche_.size(), vorher = punkte_.size();
+        aufnehmen(formen, *andere, bluete, dort, tiefe + 1);
+        if (teil.form == u"*") // a flower counts as a whole, whatever it is made of
+            punkte_.resize(vorher);
+        if (punkte_.size() == vorher)
+            punktMerken(von);
     }
 }
 
-void Motiv::knospe(const QTransform &ort)
+/// What has come in since `von` is one thing: from far it is a dot in the colour of its largest part.
+void Motiv::punktMerken(size_t von)
 {
-    const int stueck = stuecke_++;
-    QPainterPath krone({-34, 10}), kelch({-36, 14});
-    krone.cubicTo({-48, -50}, {-18, -96}, {0, -100});
-    krone.cubicTo({18, -96}, {48, -50}, {34, 10});
-    krone.closeSubpath();
-    kelch.cubicTo({-42, -16}, {-34, -34}, {-26, -44});
-    kelch.cubicTo({-16, -22}, {-8, -16}, {0, -40});
-    kelch.cubicTo({8, -16}, {16, -22}, {26, -44});
-    kelch.cubicTo({34, -34}, {42, -16}, {36, 14});
-    kelch.cubicTo({20, 30}, {-20, 30}, {-36, 14});
-    striche_.push_back({Rolle::Bluete, Formgruppe::Bluete, 0, krone, {}, ort, {}, {0, -100}, stueck});
-    striche_.push_back({Rolle::Kelch, Formgruppe::Bluete, 0, kelch, {}, ort, {}, {0, -100}, stueck});
+    Punkt punkt{von, striche_.size(), {}, Rolle::Stiel, {}};
+    double groesste = 0;
+    for (size_t i = von; i < striche_.size(); ++i) {
+        const Strich &s = striche_[i];
+        const QRectF r = s.lage.mapRect(s.pfad.controlPointRect());
+        if (const double gross = r.width() * r.height(); s.breite == 0 && s.rolle != Rolle::Schatten && s.rolle != Rolle::Licht && gross > groesste) {
+            groesste = gross;
+            punkt.rolle = s.rolle;
+            punkt.gruppe = s.gruppe;
+        }
+    }
+    if (groesste > 0)
+        punkte_.push_back(punkt);
 }
 
 void Motiv::rahmenMessen()
@@ -135,6 +141,12 @@ void Motiv::rahmenMessen()
     eigenerRand_ = std::ranges::any_of(striche_, [](const Strich &s) { return s.rolle == Rolle::Rand; });
     for (const Strich &s : striche_)
         rahmen_ |= s.lage.map(s.pfad).boundingRect().adjusted(-s.breite / 2, -s.breite / 2, s.breite / 2, s.breite / 2);
+    for (Punkt &punkt : punkte_) {
+        punkt.kasten = {};
+        for (size_t i = punkt.von; i < punkt.bis; ++i)
+            if (striche_[i].rolle == punkt.rolle)
+                punkt.kasten |= striche_[i].lage.mapRect(striche_[i].pfad.controlPointRect());
+    }
 }
 
 QPainterPath Motiv::flaeche(Rolle rolle) const
@@ -226,8 +238,9 @@ void Motiv::flaecheMalen(QPainter &p, const Strich &s, const Anstrich &a, double
 void Motiv::linieMalen(QPainter &p, const Strich &s, const Anstrich &a, double pixel, double ton) const
 {
     const bool ader = s.rolle == Rolle::Ader || s.rolle == Rolle::Bluetenader;
-    if (pixel < (ader ? fein : 14))
+    if (pixel < (ader ? fein : 5))
         return;
+    const double breite = std::max(s.breite, (ader ? 0 : 0.9) / std::sqrt(std::abs(p.transform().determinant()))); // a hair is still seen
     p.setBrush(Qt::NoBrush);
     const QColor f = mitTon(a[s.rolle], ton);
     if (s.rolle == Rolle::Rippe && pixel >= fein) { // the midrib lies in a groove
@@ -238,7 +251,7 @@ void Motiv::linieMalen(QPainter &p, const Strich &s, const Anstrich &a, double p
         p.setPen(stift(QColor(10, 40, 25, 22), s.breite * 3.4));
         p.drawPath(s.pfad.translated(0, s.breite * 1.1));
     }
-    p.setPen(stift(f, s.breite));
+    p.setPen(stift(f, breite));
     p.drawPath(s.pfad);
 }
 
@@ -335,16 +348,33 @@ void Motiv::malen(QPainter &p, const Anstrich &anstrich, const QTransform &ort, 
     const double masse = std::sqrt(std::abs((ort * vorher).determinant()));
     const double ganz = masse * std::max(rahmen_.width(), rahmen_.height());
     const bool randig = std::ranges::any_of(anstrich.zeichnung, [](const auto &z) { return z.wo == u"rand"; });
-    for (const Strich &s : striche_) {
+    auto punkt = punkte_.begin();
+    for (size_t i = 0; i < striche_.size(); ++i) {
+        const Strich &s = striche_[i];
+        const double eigen = std::round((ton + 0.05 * ((s.stueck * 7) % 5 - 2)) * 16) / 16; // few tones keep the cache of gradients effective
+        while (punkt != punkte_.end() && punkt->bis <= i)
+            ++punkt;
+        if (punkt != punkte_.end() && punkt->von == i) {
+            const double gross = masse * std::max(punkt->kasten.width(), punkt->kasten.height());
+            if (gross < (punkt->gruppe == Formgruppe::Blatt ? 4.5 : 9)) {
+                const double mindestens = 1.3 / masse;
+                p.setTransform(ort * vorher);
+                p.setPen(Qt::NoPen);
+                p.setBrush(mitTon(anstrich[punkt->rolle], eigen));
+                p.drawEllipse(punkt->kasten.center(), std::max(mindestens, punkt->kasten.width() / 2),
+                              std::max(mindestens, punkt->kasten.height() / 2));
+                i = punkt->bis - 1;
+                continue;
+            }
+        }
         if (s.rolle == Rolle::Rand && !randig)
             continue;
         const QTransform hier = s.lage * ort;
         const QRectF r = s.pfad.controlPointRect();
         const double pixel = std::sqrt(std::abs(s.lage.determinant())) * masse * std::max(r.width(), r.height());
-        if (pixel < 2.2 || (ganz < grob && s.breite > 0 && s.rolle != Rolle::Stiel))
+        if (pixel < 2.2 || (ganz < grob && s.breite > 0 && s.gruppe != Formgruppe::Bluete))
             continue;
         p.setTransform(hier * vorher);
-        const double eigen = std::round((ton + 0.05 * ((s.stueck * 7) % 5 - 2)) * 16) / 16; // few tones keep the cache of gradients effective
         if (s.breite > 0)
             linieMalen(p, s, anstrich, pixel, eigen);
         else

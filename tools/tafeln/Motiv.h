@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Form.h"
-#include "Stempel.h"
+#include "Kurve.h"
 
 #include <array>
 
@@ -31,6 +31,11 @@ public:
     bool leer() const { return striche_.empty(); }
     /// What is drawn, in the form's coordinates.
     QRectF rahmen() const { return rahmen_; }
+    /// Whether it spreads round 0,0 (a flower from the front) or hangs from there.
+    bool rund() const { return rahmen_.top() < -40 && rahmen_.bottom() > 40; }
+    bool haengt() const { return rahmen_.bottom() > -rahmen_.top() * 1.5; }
+    /// Units that a flower's size in centimetres stands for.
+    double blueteneinheiten() const { return rund() ? 200 : std::max({40.0, rahmen_.width(), rahmen_.height()}); }
     /// `ton` from -1 (dark) to 1 (light).
     void malen(QPainter &p, const Anstrich &anstrich, const QTransform &lage, double ton = 0) const;
     /// Bent: the form's axis from 0,0 to 0,-100 follows the curve; its width is that of a form of this length.
@@ -52,13 +57,22 @@ private:
         int stueck;           ///< counts the parts: each has its own tone
     };
     void aufnehmen(const Formen &formen, const Form &form, const Form *bluete, const QTransform &lage, int tiefe);
-    void knospe(const QTransform &lage);
+    void punktMerken(size_t von);
     void rahmenMessen();
     void flaecheMalen(QPainter &p, const Strich &s, const Anstrich &a, double pixel, double ton) const;
     void linieMalen(QPainter &p, const Strich &s, const Anstrich &a, double pixel, double ton) const;
     void zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, double pixel) const;
 
+    /// Strokes from `von` to before `bis` that are one dot where they are small.
+    struct Punkt
+    {
+        size_t von, bis;
+        QRectF kasten;
+        Rolle rolle;
+        Formgruppe gruppe;
+    };
     std::vector<Strich> striche_;
+    std::vector<Punkt> punkte_;
     QRectF rahmen_;
     int stuecke_ = 0;
     bool eigenerRand_ = false; ///< the form draws its margin itself

@@ -24,7 +24,6 @@ Pflanzenbild::Pflanzenbild(const Steckbrief &brief, const Formen &formen, double
     schlank_ = blatt_.rahmen().width() / std::max(1.0, blatt_.rahmen().height());
     if (s.blueht) {
         bluete_ = Motiv(formen, *s.bluete);
-        blueteRund_ = bluete_.rahmen().bottom() > 40;
         if (s.stand)
             stand_ = Motiv(formen, *s.stand, s.bluete);
     }
@@ -65,12 +64,12 @@ void Pflanzenbild::malen(QPainter &p)
         malen(p);
 }
 
-void Pflanzenbild::blatt(QPointF ort, double grad, double laenge, double ebene, double breite)
+void Pflanzenbild::blatt(QPointF ort, double grad, double laenge, double ebene, double breite, double licht)
 {
     const int wahl = zufall.ganz(3);
     const Motiv &m = wahl == 0 ? blatt_ : wahl == 1 ? blattRechts_ : blattLinks_;
     const QTransform dort = ::lage(ort, grad, laenge, std::min(breite, 2.4));
-    ding(ebene, dort.mapRect(m.rahmen()), [this, &m, dort, t = ton(ebene)](QPainter &p) { m.malen(p, s.anstrich, dort, t); });
+    ding(ebene, dort.mapRect(m.rahmen()), [this, &m, dort, t = ton(ebene) + 0.3 * licht](QPainter &p) { m.malen(p, s.anstrich, dort, t); });
 }
 
 void Pflanzenbild::bandblatt(const Kurve &k, double breite, double ebene)
@@ -123,22 +122,24 @@ void Pflanzenbild::beblaettern(const Kurve &k, double von, double bis, double la
 
 void Pflanzenbild::bluete(QPointF ort, double grad, double ebene)
 {
-    if (!s.zeigtBlueten() || winter)
+    if (!bluehtJetzt())
         return;
     // On a tree true flowers would be dots: they are drawn as large as one sees that it flowers.
-    const double radius = std::clamp(s.bluetengroesse / 200 * px, s.verholzt() ? 8.0 : 3.5, hoehe() * 0.3);
-    const QTransform dort = ::lage(ort, blueteRund_ ? grad + zufall.streuung(25) : grad, radius * (blueteRund_ ? 1 : 1.3));
+    const double radius = std::clamp(s.bluetengroesse / 200 * px, std::max(3.5, hoehe() * (s.verholzt() ? 0.0125 : 0.006)), hoehe() * 0.3);
+    const double richtung = bluete_.rund() ? grad + zufall.streuung(25) : bluete_.haengt() ? 90 + zufall.streuung(8) : grad;
+    const QTransform dort = ::lage(ort, richtung, 200 * radius / bluete_.blueteneinheiten());
     ding(ebene, dort.mapRect(bluete_.rahmen()), [this, dort, t = zufall.streuung(0.07)](QPainter &p) { bluete_.malen(p, s.anstrich, dort, t); });
 }
 
 void Pflanzenbild::bluehe(QPointF ort, double grad, double ebene, double groesse)
 {
-    if (!s.stand || !s.zeigtBlueten() || winter)
+    if (!s.stand || !bluehtJetzt())
         return bluete(ort, grad, ebene);
     const QRectF r = stand_.rahmen();
-    const double soll = std::clamp(s.standgroesse / 100 * px, s.verholzt() ? 26.0 : 10.0, std::max(26.0, bluetenhoehe() * 0.62)) * groesse;
+    const double kleinste = std::max(10.0, hoehe() * (s.verholzt() ? 0.062 : 0.03));
+    const double soll = std::clamp(s.standgroesse / 100 * px, kleinste, std::max(kleinste, bluetenhoehe() * 0.62)) * groesse;
     // What hangs is drawn downwards from its stalk, and hangs wherever its shoot points.
-    const bool haengt = r.bottom() > -r.top();
+    const bool haengt = stand_.haengt();
     const double laenge = soll * 100 / std::max({60.0, -r.top(), r.bottom()});
     const QTransform dort = ::lage(ort, haengt ? 90 + zufall.streuung(6) : grad, laenge);
     ding(ebene, dort.mapRect(r), [this, dort, t = zufall.streuung(0.06)](QPainter &p) { stand_.malen(p, s.anstrich, dort, t); });
@@ -146,7 +147,7 @@ void Pflanzenbild::bluehe(QPointF ort, double grad, double ebene, double groesse
 
 void Pflanzenbild::schaefte(int anzahl, double oben, double streuung)
 {
-    if (!s.zeigtBlueten() || winter)
+    if (!bluehtJetzt())
         return;
     for (int i = 0; i < anzahl; ++i) {
         const double seite = anzahl == 1 ? zufall.streuung(2) : -streuung + 2 * streuung * i / (anzahl - 1) + zufall.streuung(4);
@@ -164,7 +165,7 @@ void Pflanzenbild::frucht(QPointF ort, double ebene)
     if (!s.zeigtFruechte() || winter)
         return;
     const double hundert = s.fruchtstand ? 2.2 : 1;
-    const double laenge = std::clamp(s.fruchtgroesse / 100 * px * hundert, s.fruchtstand ? 17.0 : 11.0, hoehe() * 0.3);
+    const double laenge = std::clamp(s.fruchtgroesse / 100 * px * hundert, std::max(11.0, hoehe() * (s.fruchtstand ? 0.036 : 0.024)), hoehe() * 0.3);
     const QTransform dort = ::lage(ort, 90 + zufall.streuung(12), laenge);
     ding(ebene, dort.mapRect(frucht_.rahmen()), [this, dort, t = zufall.streuung(0.06)](QPainter &p) { frucht_.malen(p, s.anstrich, dort, t); });
 }

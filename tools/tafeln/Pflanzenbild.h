@@ -43,7 +43,8 @@ public:
     QRectF pflanzenkasten() const { return pflanze_; }
 
     // What habits are made of.
-    void blatt(QPointF ort, double grad, double laenge, double ebene, double breite = 1);
+    /// `licht` from -1 to 1 makes it darker or lighter than others at its depth.
+    void blatt(QPointF ort, double grad, double laenge, double ebene, double breite = 1, double licht = 0);
     void bandblatt(const Kurve &k, double breite, double ebene);
     /// Stalk and blade; returns where the blade begins.
     QPointF gestielt(QPointF fuss, double grad, double stiellaenge, double neigung, double laenge, double ebene, double breite = 1);
@@ -61,7 +62,8 @@ public:
     void ding(double ebene, const QRectF &kasten, std::function<void(QPainter &)> malen);
 
     bool bandartig() const { return schlank_ < 0.2; }
-    bool breitbluetig() const { return !s.stand && blueteRund_; }
+    /// Whether this shape of the plant, in leaf or bare, is the one that flowers.
+    bool bluehtJetzt() const { return s.zeigtBlueten() && winter == s.vorLaub; }
     double hoehe() const { return s.hoehe * px; }
     double bluetenhoehe() const { return s.bluetenhoehe * px; }
     double halb() const { return s.hoehe * px * s.breite / 2; } ///< half the width
@@ -79,7 +81,6 @@ private:
 
     Motiv blatt_, blattRechts_, blattLinks_, bluete_, stand_, frucht_;
     double schlank_ = 1;
-    bool blueteRund_ = true;
     QRectF kasten_, pflanze_;
     bool imTopf_ = false;
     std::vector<std::pair<double, std::function<void(QPainter &)>>> dinge_;

@@ -81,11 +81,6 @@ QStringList namen(const Datensatz &pflanze, const Sammlung &sammlung)
     return liste;
 }
 
-QString ohneKreuz(QString name)
-{
-    return name.remove(u'×').simplified();
-}
-
 bool wortTrifft(const Datensatz &pflanze, const QString &spalte, const QString &text)
 {
     const QStringList worte = pflanze.worte(spalte);
@@ -96,9 +91,8 @@ bool wortTrifft(const Datensatz &pflanze, const QString &spalte, const QString &
 int rang(const Formzeile &zeile, const Datensatz &pflanze, const QStringList &namen)
 {
     for (int i = 0; i < namen.size(); ++i)
-        for (const QString &p : zeile.pflanzen)
-            if (ohneKreuz(p).compare(namen[i], Qt::CaseInsensitive) == 0)
-                return i;
+        if (zeile.pflanzen.contains(namen[i], Qt::CaseInsensitive))
+            return i;
     for (const auto &[spalte, text] : zeile.worte)
         if (wortTrifft(pflanze, spalte, text))
             return int(namen.size());
@@ -168,9 +162,10 @@ void Steckbrief::formenWaehlen(const Formen &formen)
     sitz = wort("Bluetensitz", "endstaendig");
     rinde = wort("Rinde", "glatt");
     knospe = wort("Knospe", "eifoermig");
-    haftorgan = wort("Haftorgan", "windend");
     dornen = wort("Dornen", "keine");
+    schau = wort("Schau", !sammlung.art.isEmpty() ? "frucht" : sammlung.imTopf ? "beides" : "bluete");
     winterkahl = wort("Winter", "gruen") == u"kahl" && verholzt();
+    vorLaub = winterkahl && wort("Vorlaub", "nein") == u"ja";
     blatt = formen.form(Formgruppe::Blatt, wort("Blatt", "elliptisch"));
     blatt2 = formen.form(Formgruppe::Blatt, wort("Blatt2", ""));
     bluete = formen.form(Formgruppe::Bluete, wort("Bluete", "fuenfzaehlig-rund"));
@@ -194,15 +189,26 @@ void Steckbrief::masseLesen()
     kleinste = pflanze.zahl(u"MINHOEHE").value_or(0);
     // A size group: "mittelgroßer Baum (12/15-20 m)".
     static const QRegularExpression spanne(QStringLiteral("\\(([\\d,]+)(?:/[\\d,]+)?-(?:[\\d,]+/)?([\\d,]+) m\\)"));
+    bool mehrere = false;
     for (const QString &wort : pflanze.worte(sammlung.groesse))
         if (const auto m = spanne.match(wort); m.hasMatch() && h < *zahlLesen(m.captured(2)) * 0.8) {
-            kleinste = *zahlLesen(m.captured(1));
-            h = kleinste + 0.6 * (*zahlLesen(m.captured(2)) - kleinste);
+            const double von = *zahlLesen(m.captured(1)), bis = *zahlLesen(m.captured(2));
+            // Of several groups it reaches into the largest.
+            kleinste = mehrere ? std::min(kleinste, von) : von;
+            h = std::max(h, von + (mehrere ? 0.12 : 0.6) * (bis - von));
+            mehrere = true;
         }
     bluetenhoehe = pflanze.zahl(u"BLMAXH").value_or(0);
     hoehe = h > 0 ? h : bluetenhoehe > 0 ? bluetenhoehe * 0.7 : zahl(QStringLiteral("Hoehe"), verholzt() ? 2.5 : 0.4);
     if (kleinste <= 0 || kleinste > hoehe)
         kleinste = hoehe;
+    // Flowers on scapes: a height that says nothing of them is that of the whole plant, and the leaves stay below.
+    static const QStringList mitSchaft{QStringLiteral("rosette"), QStringLiteral("horst"),    QStringLiteral("zwiebel"),
+                                       QStringLiteral("knolle"),  QStringLiteral("zisterne"), QStringLiteral("sukkulentrosette")};
+    if (blueht && bluetenhoehe <= 0 && mitSchaft.contains(wuchs) && sitz != u"im-laub") {
+        bluetenhoehe = hoehe;
+        hoehe *= 0.72;
+    }
     bluetenhoehe = blueht ? std::clamp(bluetenhoehe, hoehe * 0.75, hoehe * 4) : hoehe;
     const double durchmesser = pflanze.zahl(u"maxdurchm").value_or(0);
     const bool flach = ist(u"teppich") || ist(u"polster") || ist(u"schwimmblatt");
@@ -218,6 +224,7 @@ void Steckbrief::masseLesen()
                   * zahl(QStringLiteral("Blattlaenge"),
                          ist(u"zwiebel") || ist(u"gras") ? hoehe * 75 : std::clamp(hoehe * (verholzt() ? 4 : 22), 1.2, verholzt() ? 9.0 : 28.0));
     blattstiel = zahl(QStringLiteral("Blattstiel"), 0.25);
+    blattlaenge2 = zahl(QStringLiteral("Blattlaenge2"), 0);
     bluetengroesse = zahl(QStringLiteral("Bluetengroesse"), std::clamp(hoehe * 7, 0.8, 6.0));
     standgroesse = zahl(QStringLiteral("Standgroesse"), std::clamp(hoehe * 25, 2.0, 22.0));
     fruchtgroesse = zahl(QStringLiteral("Fruchtgroesse"), 2);
@@ -269,8 +276,14 @@ void Steckbrief::bluetenfarben()
     }
     if (!haupt.isValid())
         haupt = farbeVon(u"creme");
-    std::erase(farben, haupt);
-    weitereFarben = farben;
+    // A colour that looks like one that is shown already tells nothing.
+    std::vector<QColor> gezeigt{haupt};
+    for (const QColor &f : farben)
+        if (std::ranges::none_of(gezeigt, [&](const QColor &g) {
+                return std::abs(f.red() - g.red()) + std::abs(f.green() - g.green()) + std::abs(f.blue() - g.blue()) < 75;
+            }))
+            gezeigt.push_back(f);
+    weitereFarben.assign(gezeigt.begin() + 1, gezeigt.end());
     Anstrich &a = anstrich;
     const auto oder = [&](const char *name, const QColor &sonst) {
         const QColor f = farbeVon(feld(QLatin1String(name)));
@@ -321,8 +334,9 @@ void Steckbrief::fruchtfarben()
 
 QByteArray Steckbrief::aussehen() const
 {
-    QStringList worte{wuchs, krone, stellung, sitz, rinde, knospe, haftorgan, dornen};
-    for (const double m : {hoehe, bluetenhoehe, breite, blattlaenge, blattstiel, bluetengroesse, standgroesse, fruchtgroesse, double(bluetenzahl)})
+    QStringList worte{wuchs, krone, stellung, sitz, rinde, knospe, dornen, schau};
+    for (const double m :
+         {hoehe, bluetenhoehe, breite, blattlaenge, blattstiel, bluetengroesse, standgroesse, fruchtgroesse, double(bluetenzahl), blattlaenge2})
         worte += QString::number(m, 'f', 2);
     for (const Form *f :
          {blatt, blatt2, blueht ? bluete : nullptr, blueht ? stand : nullptr, fruchtet ? frucht : nullptr, fruchtet ? fruchtstand : nullptr})
@@ -337,6 +351,7 @@ QByteArray Steckbrief::aussehen() const
         worte += pflanze.worte(spalte);
     for (const QStringView spalte : {sammlung.fruchtform, sammlung.schale, sammlung.deckfarbe, sammlung.fruchtstand})
         worte += pflanze.worte(spalte);
-    worte << unterseite.name() << rindenfarbe.name() << QString::number(winterkahl) << QString::number(blueht) << QString::number(fruchtet);
+    worte << unterseite.name() << rindenfarbe.name() << QString::number(winterkahl) << QString::number(vorLaub) << QString::number(blueht)
+          << QString::number(fruchtet);
     return worte.join(u'|').toUtf8();
 }

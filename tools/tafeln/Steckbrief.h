@@ -28,8 +28,8 @@ struct Steckbrief
     bool ist(QStringView wort) const { return wuchs == wort; }
     bool verholzt() const;
     /// What the whole plant shows of them: varieties of fruit their fruits, other plants their flowers.
-    bool zeigtBlueten() const { return blueht && !(fruchtet && !sammlung.art.isEmpty()); }
-    bool zeigtFruechte() const { return fruchtet && (!blueht || sammlung.imTopf || !sammlung.art.isEmpty()); }
+    bool zeigtBlueten() const { return blueht && (schau == u"beides" || schau == u"bluete" || !fruchtet); }
+    bool zeigtFruechte() const { return fruchtet && (schau == u"beides" || schau == u"frucht" || !blueht); }
     bool haengt() const { return wuchs == u"haengend"; }
     /// Marks in the record's own words, for plants whose source tells none.
     QStringList kennzeichen() const;
@@ -42,11 +42,13 @@ struct Steckbrief
 
     const Datensatz &pflanze;
     const Sammlung &sammlung;
-    QString wuchs, krone, stellung, sitz, rinde, knospe, haftorgan, dornen;
+    QString wuchs, krone, stellung, sitz, rinde, knospe, dornen, schau;
     bool winterkahl = false, blueht = false, fruchtet = false;
+    bool vorLaub = false;                               ///< flowers stand on bare twigs
     double hoehe, bluetenhoehe, kleinste;               ///< metres; flowers stand at or above the foliage
     double breite;                                      ///< part of the height
     double blattlaenge, blattstiel;                     ///< cm, part of the blade
+    double blattlaenge2;                                ///< cm, 0: not known
     double bluetengroesse, standgroesse, fruchtgroesse; ///< cm
     int bluetenzahl;                                    ///< 0: as it comes
     const Form *blatt = nullptr, *blatt2 = nullptr, *bluete = nullptr, *stand = nullptr;

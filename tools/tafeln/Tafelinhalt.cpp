@@ -6,20 +6,26 @@ namespace {
 
 constexpr size_t meisteOrgane = 6;
 
+enum class Geltung { Immer, Arten, Sorten };
+// clang-format off
 constexpr struct
 {
     Organ organ;
+    Geltung geltung;
     QStringView worte;
-} anker[] = {{Organ::Unterseite, u"unterseit"},
-             {Organ::Rinde, u"rinde borke"},
-             {Organ::Zweig, u"knospe"},
-             {Organ::Schnitt, u"fleisch stein kern"},
-             {Organ::Stand, u"dolde traube rispe ähre blütenst kolben quirl"},
-             {Organ::Frucht,
-              u"frucht früchte beere zapfen samen schale schote hülse kelchgrube kelchbauch kelchseit kelchwärts deckfarbe grundfarbe berostung"},
-             {Organ::Bluete, u"blüte krone kelch körbchen zunge hochbl spatha röhr sporn"},
-             {Organ::Blatt, u"blatt blätt laub fieder nadel wedel rosette"},
-             {Organ::Zweig, u"stiel stängel stängl trieb zweig rute stachel dorn"}};
+} anker[] = {{Organ::Unterseite, Geltung::Immer,  u"unterseit"},
+             {Organ::Rinde,      Geltung::Immer,  u"rinde borke"},
+             {Organ::Zweig,      Geltung::Immer,  u"knospe"},
+             {Organ::Schnitt,    Geltung::Immer,  u"fleisch stein kern"},
+             {Organ::Stand,      Geltung::Immer,  u"dolde traube rispe ähre blütenst kolben quirl kätzchen"},
+             {Organ::Frucht,     Geltung::Immer,  u"frucht früchte beere zapfen samen schale schote hülse deckfarbe grundfarbe berostung"},
+             {Organ::Frucht,     Geltung::Sorten, u"kelch stiel rost mulde"},
+             {Organ::Bluete,     Geltung::Immer,  u"blüte körbchen zunge hochbl spatha röhr sporn"},
+             {Organ::Bluete,     Geltung::Arten,  u"krone kelch"},
+             {Organ::Blatt,      Geltung::Immer,  u"blatt blätt laub fieder nadel wedel rosette"},
+             {Organ::Zweig,      Geltung::Arten,  u"stiel"},
+             {Organ::Zweig,      Geltung::Immer,  u"stängel stängl trieb zweig rute stachel dorn"}};
+// clang-format on
 
 /// A form's title without what stands in brackets: that may name the plant.
 QString beschreibung(const Form &form)
@@ -66,13 +72,23 @@ std::vector<Organ> organe(const Steckbrief &s)
     return da;
 }
 
-std::optional<Organ> organVon(const QString &merkmal, const std::vector<Organ> &gezeichnet)
+bool nenntStiel(const QString &merkmal)
+{
+    return merkmal.contains(u"stiel", Qt::CaseInsensitive);
+}
+
+bool nenntKelch(const QString &merkmal)
+{
+    return merkmal.contains(u"kelch", Qt::CaseInsensitive);
+}
+
+std::optional<Organ> organVon(const QString &merkmal, const std::vector<Organ> &gezeichnet, bool sorte)
 {
     // The word that stands first in the mark tells what it is about.
     qsizetype bester = merkmal.size();
     std::optional<Organ> wahl;
-    for (const auto &[organ, worte] : anker)
-        for (const QString &w : worte.toString().split(u' '))
+    for (const auto &[organ, geltung, worte] : anker)
+        for (const QString &w : geltung == (sorte ? Geltung::Arten : Geltung::Sorten) ? QStringList() : worte.toString().split(u' '))
             if (const qsizetype ort = merkmal.indexOf(w, 0, Qt::CaseInsensitive);
                 ort >= 0 && ort < bester && std::ranges::find(gezeichnet, organ) != gezeichnet.end()) {
                 bester = ort;
@@ -88,7 +104,8 @@ QString gesamttitel(const Steckbrief &s)
                         : s.zeigtBlueten()                    ? QStringLiteral(" in Blüte")
                         : s.zeigtFruechte()                   ? QStringLiteral(" mit Früchten")
                                                               : QString();
-    return QStringLiteral("Gesamtansicht") + wie + (winter ? QStringLiteral(" und im Winter") : QString()) + QStringLiteral(", schematisch");
+    const QString dazu = s.vorLaub ? QStringLiteral(" vor dem Laub und belaubt") : winter ? QStringLiteral(" und im Winter") : QString();
+    return QStringLiteral("Gesamtansicht") + wie + dazu + QStringLiteral(", schematisch");
 }
 
 QString detailtitel(const Steckbrief &s)

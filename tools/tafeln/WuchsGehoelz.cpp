@@ -104,11 +104,11 @@ QColor holzfarbe(const Steckbrief &s)
     return gemischt(s.rindenfarbe, QColor(0x7E, 0x70, 0x60), 0.45);
 }
 
-void geruestMalen(Pflanzenbild &b, const Geruest &g)
+void geruestMalen(Pflanzenbild &b, const Geruest &g, const QColor &holz)
 {
     for (const auto &ast : g.aeste)
-        b.trieb(ast.kurve, ast.unten, std::max(0.8, ast.oben),
-                ast.ordnung > 2 ? gemischt(holzfarbe(b.s), QColor(0x7A, 0x5A, 0x44), 0.4) : holzfarbe(b.s), -0.2 - 0.1 * (3 - ast.ordnung));
+        b.trieb(ast.kurve, ast.unten, std::max(0.8, ast.oben), ast.ordnung > 2 ? gemischt(holz, QColor(0x7A, 0x5A, 0x44), 0.4) : holz,
+                -0.2 - 0.1 * (3 - ast.ordnung));
 }
 
 /// Marks of the bark on the trunk.
@@ -132,46 +132,58 @@ void rindeMalen(Pflanzenbild &b, const Kurve &stamm, double dick, double bis)
     }
 }
 
-/// Leaves at all twigs over a darker ground, lit from the upper left; flowers and fruits among them.
+/// Places of leaves: at the tips, along the twigs and between them, for a crown has a front.
+std::vector<Geruest::Spitze> blattorte(Pflanzenbild &b, const Geruest &g)
+{
+    std::vector<Geruest::Spitze> orte = g.spitzen;
+    for (const auto &ast : g.aeste)
+        for (const double t : {0.4, 0.7})
+            if (ast.ordnung > 0)
+                orte.push_back({ast.kurve.punkt(t), ast.kurve.winkel(t) + b.zufall.streuung(50)});
+    const size_t n = g.spitzen.size();
+    for (size_t i = 0; i < n; ++i) {
+        const auto &[hier, grad] = g.spitzen[i];
+        for (int versuch = 0; versuch < 4; ++versuch)
+            if (const QPointF dort = g.spitzen[size_t(b.zufall.ganz(int(n)))].ort; std::abs(hier.y() - dort.y()) < b.hoehe() * 0.12)
+                orte.push_back({hier + (dort - hier) * b.zufall.zahl(), grad});
+    }
+    return orte;
+}
+
+/// Leaves over darker ones, lit from the upper left; flowers and fruits among them, evenly spread.
 void belauben(Pflanzenbild &b, const Geruest &g)
 {
-    if (b.winter)
+    if (g.spitzen.empty())
         return;
-    const double h = b.hoehe(), blade = std::clamp(b.blattlaenge(11), 11.0, h * 0.3);
-    const QColor tief = dunkler(b.s.anstrich[Rolle::Blatt], 0.4);
+    const double h = b.hoehe(), blade = std::clamp(b.blattlaenge(), std::max(12.0, h * 0.024), h * 0.3);
+    const bool haengt = krone(b.s).neigung > 60;
+    const auto orte = b.winter ? std::vector<Geruest::Spitze>() : blattorte(b, g);
     QRectF r;
-    for (const auto &spitze : g.spitzen)
+    for (const auto &spitze : orte)
         r |= QRectF(spitze.ort - QPointF(1, 1), QSizeF(2, 2));
-    const size_t soll = size_t(std::clamp(r.width() * r.height() / (blade * blade) * 4.2, 200.0, 2200.0));
-    const double schritt = std::max(1.0, double(g.spitzen.size()) / 260);
-    for (double i = 0; i < double(g.spitzen.size()); i += schritt) {
-        const double w = std::clamp(blade * 0.9, 9.0, 34.0);
-        b.form(ellipse(g.spitzen[size_t(i)].ort, w * b.zufall.zwischen(0.8, 1.3), w * b.zufall.zwischen(0.6, 1)), durchsichtig(tief, 0.75), -0.1, 0);
+    const int soll = int(std::clamp(r.width() * r.height() / (blade * blade) * 5.2, 70.0, 2400.0)), dunkel = soll / 3;
+    for (int i = -dunkel; i < soll && !orte.empty(); ++i) {
+        const auto &[ort, grad] = orte[size_t(b.zufall.ganz(int(orte.size())))];
+        const QPointF hin = ort + polar(b.zufall.zwischen(0, 360), blade * b.zufall.zwischen(0, 0.6));
+        const double licht = ((r.center().x() - hin.x()) / std::max(1.0, r.width()) + (r.center().y() - hin.y()) / std::max(1.0, r.height()));
+        b.blatt(hin, grad + b.zufall.streuung(65) - (haengt ? 0 : 12), blade * b.zufall.zwischen(0.8, 1.1),
+                i < 0 ? -0.9 : std::clamp(licht * 0.9 + b.zufall.streuung(0.35), -0.8, 0.95), b.zufall.zwischen(0.6, 1),
+                i < 0 ? -1.1 : licht * 0.6 + b.zufall.streuung(0.25));
     }
-    const int je = std::max(1, int(soll / std::max<size_t>(1, g.spitzen.size())) + 1);
-    const size_t jeder = std::max<size_t>(1, g.spitzen.size() * size_t(je) / std::max<size_t>(soll, 1));
-    for (size_t i = 0; i < g.spitzen.size(); i += jeder)
-        for (int j = 0; j < je; ++j) {
-            const auto &[ort, grad] = g.spitzen[i];
-            const QPointF hin = ort + polar(b.zufall.zwischen(0, 360), blade * b.zufall.zwischen(0, 0.6));
-            const double licht = ((r.center().x() - hin.x()) / std::max(1.0, r.width()) + (r.center().y() - hin.y()) / std::max(1.0, r.height()));
-            b.blatt(hin, grad + b.zufall.streuung(65) - (krone(b.s).neigung > 60 ? 0 : 12), blade * b.zufall.zwischen(0.8, 1.1),
-                    std::clamp(licht * 0.9 + b.zufall.streuung(0.35), -1.0, 0.95), b.zufall.zwischen(0.6, 1));
-        }
-    const int blueten = b.s.zeigtBlueten() ? b.zahl(b.s.stand ? 42 : 60) : 0;
-    for (int i = 0; i < blueten && !g.spitzen.empty(); ++i) {
-        const auto &[ort, grad] = g.spitzen[size_t(b.zufall.ganz(int(g.spitzen.size())))];
-        b.bluehe(ort, b.s.stand ? (krone(b.s).neigung > 60 ? grad : 90 + (grad - 90) * 0.5) : 90, 1.2 + b.zufall.streuung(0.1), 0.9);
-    }
-    const int fruechte = b.s.zeigtFruechte() ? b.zahl(46) : 0;
-    for (int i = 0; i < fruechte && !g.spitzen.empty(); ++i)
-        b.frucht(g.spitzen[size_t(b.zufall.ganz(int(g.spitzen.size())))].ort, 1.05);
+    const auto verteilt = [&](int anzahl, auto &&setzen) {
+        for (int i = 0; i < anzahl; ++i)
+            setzen(g.spitzen[size_t((i + b.zufall.zahl()) * double(g.spitzen.size()) / anzahl)]);
+    };
+    verteilt(b.bluehtJetzt() ? b.zahl(b.s.stand ? 42 : 60) : 0, [&](const Geruest::Spitze &spitze) {
+        b.bluehe(spitze.ort, b.s.stand ? (haengt ? spitze.grad : 90 + (spitze.grad - 90) * 0.5) : 90, 1.2 + b.zufall.streuung(0.1), 0.9);
+    });
+    verteilt(b.s.zeigtFruechte() ? b.zahl(46) : 0, [&](const Geruest::Spitze &spitze) { b.frucht(spitze.ort, 1.05); });
 }
 
 void baumMit(Pflanzenbild &b, double stamm)
 {
     const Geruest g = baumgeruest(b, stamm);
-    geruestMalen(b, g);
+    geruestMalen(b, g, holzfarbe(b.s));
     rindeMalen(b, g.aeste.front().kurve, g.aeste.front().unten, std::max(0.3, stamm));
     belauben(b, g);
 }
@@ -189,7 +201,7 @@ void obstbaum(Pflanzenbild &b)
 void strauch(Pflanzenbild &b)
 {
     const Geruest g = strauchgeruest(b);
-    geruestMalen(b, g);
+    geruestMalen(b, g, holzfarbe(b.s));
     belauben(b, g);
 }
 
@@ -197,6 +209,8 @@ void strauch(Pflanzenbild &b)
 void nadelzweig(Pflanzenbild &b, const Kurve &k, double dick, double nadel, double ebene)
 {
     b.trieb(k, dick, std::max(0.9, dick * 0.4), gemischt(holzfarbe(b.s), QColor(0x6A, 0x58, 0x3C), 0.4), ebene - 0.05);
+    if (b.winter)
+        return;
     if (!b.bandartig() && b.blattlaenge() > 1)
         return b.beblaettern(k, 0.15, 1, nadel * 2.4, ebene, 0.42);
     const double laenge = k.laenge();
@@ -283,33 +297,34 @@ void geruestLatten(Pflanzenbild &b, double halb, double h)
                 heller(farbe::holz, 0.35), -2.1);
 }
 
+/// Stems that wind up a trellis with short side shoots; a high one has a trunk and covers what it climbs.
 void kletternd(Pflanzenbild &b)
 {
-    const double h = b.hoehe(), halb = std::max(b.halb(), h * 0.2), blade = std::clamp(b.blattlaenge(14), 14.0, h * 0.2);
+    const double h = b.hoehe(), halb = std::max(b.halb(), h * 0.2);
     geruestLatten(b, halb, h);
-    const QColor holz = b.s.sammlung.imTopf || !b.s.verholzt() ? b.stielfarbe() : holzfarbe(b.s);
+    const bool holzig = b.s.verholzt() && !b.s.sammlung.imTopf;
+    Geruest g;
     for (int i = 0; i < 6; ++i) {
         const double seite = -1 + 2.0 * i / 5;
-        QPointF ort(seite * halb * 0.25, 0);
-        double richtung = 90 - seite * 16;
+        QPointF ort(seite * halb * 0.18, 0);
         const double laenge = h * b.zufall.zwischen(0.82, 1.0) / 5;
         for (int stueck = 0; stueck < 5; ++stueck) {
-            const Kurve k = Kurve::bogen(ort, richtung + (stueck % 2 ? 16 : -16), laenge, 8);
-            b.trieb(k, std::max(1.8, 5.0 - stueck), std::max(1.4, 4.0 - stueck), holz, -0.3);
-            if (!b.winter) {
-                b.beblaettern(k, 0.05, 1, blade, b.zufall.streuung(0.5), 0.62);
-                for (const double t : {0.25, 0.7}) {
-                    const double zur = k.winkel(t) + (stueck % 2 ? 75 : -75);
-                    if (stueck > 0 && (stueck + i) % 2 == 0)
-                        b.bluehe(k.punkt(t) + polar(zur, blade * 0.3), b.s.stand && b.s.stand->name.contains(u"haengend") ? -90 : zur, 1.2, 0.8);
-                }
-                if (stueck > 0 && i % 2)
-                    b.frucht(k.punkt(0.5), 1.15);
+            const double dick = std::max(1.8, (holzig ? h * 0.011 : 5.0) * (1 - 0.17 * stueck));
+            const double richtung = 90 - seite * (stueck < 3 ? 26 : 4) + (stueck % 2 ? 11 : -11) + b.zufall.streuung(6);
+            const Kurve k = Kurve::bogen(ort, richtung, laenge, 6);
+            g.aeste.push_back({k, dick, dick * 0.85, 2});
+            for (int j = stueck ? 0 : 2; j < 4; ++j) {
+                const double t = 0.15 + 0.23 * j;
+                const Kurve kurz =
+                    Kurve::bogen(k.punkt(t), k.winkel(t) + (j % 2 ? 1 : -1) * b.zufall.zwischen(35, 75), laenge * (holzig ? 0.55 : 0.3), 30);
+                g.aeste.push_back({kurz, dick * 0.4, 1, 3});
+                g.spitzen.push_back({kurz.punkt(1), kurz.winkel(1)});
             }
             ort = k.punkt(1);
-            richtung = 90 - seite * 12 + b.zufall.streuung(10);
         }
     }
+    geruestMalen(b, g, holzig ? holzfarbe(b.s) : b.stielfarbe());
+    belauben(b, g);
 }
 
 void ruten(Pflanzenbild &b)

@@ -62,7 +62,8 @@ void horst(Pflanzenbild &b)
             const Blickrichtung sicht(137.5 * i + b.zufall.streuung(12), 84 - 56 * std::sqrt(double(i) / n));
             const double weit = std::max(blade * 0.2, (b.halb() * 0.3 + h * 0.75) * b.zufall.zwischen(0.72, 1) * sicht.laenge - blade * 0.5);
             // The inner leaves stand lower, so that the middle is closed.
-            b.gestielt({b.zufall.streuung(b.halb() * 0.2), 0}, sicht.grad, i % 3 ? weit : weit * 0.55, 42, blade * b.zufall.zwischen(0.8, 1.05),
+            b.gestielt({b.zufall.streuung(b.halb() * 0.2), 0}, sicht.grad, i % 3 ? weit : weit * 0.55,
+                       std::clamp(82 - std::abs(90 - sicht.grad), 4.0, 42.0), blade * b.zufall.zwischen(0.8, 1.05),
                        std::clamp(sicht.tiefe, -1.0, 0.95), b.zufall.zwischen(0.75, 1));
         }
     }
@@ -73,7 +74,7 @@ void horst(Pflanzenbild &b)
 void stengel(Pflanzenbild &b, QPointF fuss, double grad, double laenge, double ebene, double neigung)
 {
     const bool achseln = b.s.sitz == u"achselstaendig";
-    const double stand = b.s.stand && b.s.zeigtBlueten() && !achseln ? std::clamp(b.s.standgroesse / 100 * b.px, 8.0, laenge * 0.55) : 0;
+    const double stand = b.s.stand && b.bluehtJetzt() && !achseln ? std::clamp(b.s.standgroesse / 100 * b.px, 8.0, laenge * 0.55) : 0;
     const Kurve k = Kurve::bogen(fuss, grad, std::max(laenge * 0.4, laenge - stand), neigung);
     const double dick = std::clamp(laenge * 0.016, 1.8, 9.0);
     b.trieb(k, dick, dick * 0.55, b.stielfarbe(), ebene);
@@ -138,10 +139,11 @@ void kuppel(Pflanzenbild &b, double hoehe, double halb)
     grund.cubicTo({-halb * 1.02, -hoehe * 1.1}, {halb * 1.02, -hoehe * 1.1}, {halb, 0});
     grund.quadTo(0, hoehe * 0.12 + 4, -halb, 0);
     b.form(QTransform::fromScale(0.84, 0.72).map(grund), dunkler(b.s.anstrich[Rolle::Blatt], 0.22), -1.5, 0);
-    const double blade = std::clamp(b.blattlaenge(10), 10.0, std::max(16.0, hoehe * 0.6));
-    const int n = std::clamp(int(7.0 * halb * hoehe / (blade * blade)), 110, 620);
+    const double flaeche = 7 * halb * hoehe;
+    const double blade = std::clamp(b.blattlaenge(10), std::max(10.0, std::sqrt(flaeche / 700)), std::max(16.0, hoehe * 0.6));
+    const int n = std::clamp(int(flaeche / (blade * blade)), 110, 700);
     for (int i = 0; i < n; ++i) {
-        const double x = b.zufall.streuung(1), y = std::sqrt(b.zufall.zahl()), rand = std::sqrt(std::max(0.0, 1 - x * x));
+        const double x = b.zufall.streuung(1), y = std::pow(b.zufall.zahl(), 0.7), rand = std::sqrt(std::max(0.0, 1 - x * x));
         const QPointF ort(x * halb * 0.95, -y * rand * hoehe * 0.84);
         b.blatt(ort, 90 - x * 58 + b.zufall.streuung(34), blade * b.zufall.zwischen(0.75, 1.1), 0.6 - y, b.zufall.zwischen(0.6, 1));
     }
@@ -168,9 +170,11 @@ void teppich(Pflanzenbild &b)
 {
     kuppel(b, b.hoehe() * 0.9, std::max(b.halb(), b.hoehe() * 1.6));
     for (int seite : {-1, 1}) { // runners
-        const Kurve k = Kurve::bogen({seite * b.halb() * 0.9, -2}, 90 - seite * 78, b.halb() * 0.35, 30);
+        const Kurve k = Kurve::bogen({seite * b.halb() * 0.9, -2}, 90 - seite * 84, b.halb() * 0.35, 6);
         b.trieb(k, 2.4, 1.6, b.stielfarbe(), 0.2);
-        b.beblaettern(k, 0.3, 1, b.blattlaenge(10) * 0.7, 0.3);
+        for (const double t : {0.4, 0.7, 1.0})
+            for (const double ab : {-30.0, 25.0})
+                b.blatt(k.punkt(t), 90 + ab, std::min(b.blattlaenge(10), b.hoehe()) * 0.6, 0.3, 0.8);
     }
 }
 
@@ -275,12 +279,14 @@ void schwimmblatt(Pflanzenbild &b)
 {
     const double halb = std::max(b.halb(), 150.0), tief = std::min(260.0, halb);
     wasserlinie(b, tief);
-    const double blade = std::clamp(b.blattlaenge(30), 40.0, halb * 0.55);
-    for (int i = 0; i < 13; ++i) {
-        const double x = -1 + i / 6.0, nah = b.zufall.zahl();
-        const QPointF ort(x * (halb - blade * 0.4), 4 + nah * 16 - 10);
-        b.trieb(Kurve::bogen({x * 20, tief}, 90 - x * 30, tief * 0.98, -x * 8), 2, 1.6, gemischt(b.stielfarbe(), QColor(0x5F, 0x8E, 0xA0), 0.4), -1);
-        b.blatt(ort + QPointF(0, blade * 0.1), 90 + b.zufall.streuung(60), blade * 0.4, nah, 2.3);
+    const double blade = std::clamp(b.blattlaenge(30), halb * 0.26, halb * 0.55), weit = tief * 0.4;
+    b.form(ellipse({0, 0}, halb * 1.2, weit * 0.62), QColor(0xA9, 0xCA, 0xD2), -2.5, 0); // the surface as one looks down on it
+    for (int i = 0; i < 15; ++i) {
+        const double nah = (i % 3) / 2.0, x = -1 + (i + 0.5) / 7.5 + b.zufall.streuung(0.05);
+        const QPointF ort(x * halb * 0.86, (nah - 0.5) * weit + b.zufall.streuung(5));
+        b.trieb(Kurve::bogen({x * 20, tief}, 90 - x * 30, tief * 0.98, -x * 8), 2, 1.6, gemischt(b.stielfarbe(), QColor(0x5F, 0x8E, 0xA0), 0.4),
+                -2.6);
+        b.blatt(ort, (i % 2 ? 90 : 270) + b.zufall.streuung(6), blade * (0.34 + 0.1 * nah), nah, 2.3);
     }
     const double ueber = std::max(0.0, b.bluetenhoehe() - b.hoehe() * 1.5); // above the water, or floating on it
     for (int i = 0; i < b.zahl(3); ++i) {
@@ -306,11 +312,12 @@ void erdbeere(Pflanzenbild &b)
 {
     horst(b);
     const double h = b.hoehe();
-    for (int i = 0; i < 9; ++i) {
-        const Blickrichtung sicht(200 + 140.0 * i / 8, 14);
-        const Kurve k = Kurve::bogen({0, -h * 0.1}, i % 2 ? 40 : 140, h * b.zufall.zwischen(0.5, 0.85), 95);
-        b.trieb(k, 2.2, 1.6, b.stielfarbe(), 1);
-        b.frucht(k.punkt(1), 1.5 + 0.01 * i);
+    for (int i = 0; i < 9; ++i) { // fruits hang before the leaves and out to both sides
+        const double seite = -1 + i / 4.0;
+        const QPointF ende(seite * b.halb() * 0.95, -h * b.zufall.zwischen(0.16, 0.42) * (1.2 - std::abs(seite)));
+        const Kurve k{{0, -h * 0.3}, {ende.x() * 0.4, -h * 0.75}, {ende.x(), ende.y() - h * 0.3}, ende};
+        b.trieb(k, 2.2, 1.6, b.stielfarbe(), 1.3);
+        b.frucht(ende, 1.5 + 0.01 * i);
     }
     for (int seite : {-1, 1}) {
         const Kurve k = Kurve::bogen({0, 0}, 90 - seite * 60, b.halb() * 1.15, 60);

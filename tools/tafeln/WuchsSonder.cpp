@@ -84,7 +84,7 @@ void schopfAuf(Pflanzenbild &b, QPointF ort, double laenge)
         const double l = laenge * (0.6 + 0.4 * sicht.laenge) * b.zufall.zwischen(0.9, 1.05);
         const double ebene = std::clamp(sicht.tiefe, -0.9, 0.9);
         if (b.bandartig())
-            b.bandblatt(Kurve::bogen(ort, sicht.grad, l, 44), 1, ebene);
+            b.bandblatt(Kurve::bogen(ort, sicht.grad, l, b.s.ist(u"flaschenstamm") ? 110 : 44), 1, ebene);
         else
             b.gestielt(ort, sicht.grad, l * 0.45, 26, l * 0.6, ebene, 0.85);
     }
@@ -107,8 +107,19 @@ void stamm(Pflanzenbild &b, const Kurve &k, double dick)
 
 void schopf(Pflanzenbild &b)
 {
+    const bool flasche = b.s.ist(u"flaschenstamm");
     const double h = b.hoehe(), laenge = std::min(b.blattlaenge() * (b.bandartig() ? 1 : 1 + b.s.blattstiel), h * 0.62);
-    const int staemme = b.s.hoehe > 0.8 && b.s.breite > 0.45 ? 3 : 1;
+    const int staemme = !flasche && b.s.hoehe > 0.8 && b.s.breite > 0.45 ? 3 : 1;
+    if (flasche) { // the foot of the stem stores water
+        const double weit = h * 0.15, hoch = h * 0.2;
+        QPainterPath leib({-weit, -2});
+        leib.cubicTo({-weit * 1.15, -hoch * 0.75}, {-weit * 0.35, -hoch * 0.85}, {-h * 0.02, -hoch * 1.5});
+        leib.lineTo(h * 0.02, -hoch * 1.5);
+        leib.cubicTo({weit * 0.35, -hoch * 0.85}, {weit * 1.15, -hoch * 0.75}, {weit, -2});
+        leib.closeSubpath();
+        b.form(leib, dunkler(b.s.rindenfarbe, 0.12), -0.28);
+        b.form(QTransform(0.5, 0, 0, 0.9, -weit * 0.18, -2).map(leib), durchsichtig(heller(b.s.rindenfarbe, 0.35), 0.6), -0.27, 0);
+    }
     for (int i = 0; i < staemme; ++i) {
         const double hoch = std::max(h * 0.08, (h - laenge * 0.85) * (i == 0 ? 1 : i == 1 ? 0.62 : 0.35));
         const Kurve k = Kurve::bogen({(i == 0 ? 0 : i == 1 ? -1 : 1) * h * 0.03, 0}, 90 + (i == 1 ? 10 : i == 2 ? -12 : 0), hoch, 4);
@@ -261,6 +272,7 @@ constexpr std::pair<QStringView, Wuchs> woerter[] = {{u"gras", gras},
                                                      {u"schirm", schirm},
                                                      {u"farn", farn},
                                                      {u"schopf", schopf},
+                                                     {u"flaschenstamm", schopf},
                                                      {u"palme", palme},
                                                      {u"zisterne", zisterne},
                                                      {u"orchidee", orchidee},

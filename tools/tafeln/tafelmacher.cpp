@@ -80,7 +80,7 @@ public:
         QStringList zweite{pflanze.text(u"DTNAM"), familie};
         zweite.removeAll(QString());
         zweite.removeAll(pflanze.name());
-        Tafel ganz(getoent), teile(getoent);
+        Tafel ganz(getoent && s.zeigtBlueten()), teile(getoent);
         gesamtMalen(ganz, s, formen_);
         detailMalen(teile, s, formen_, merkmale);
         int fehler = 0;

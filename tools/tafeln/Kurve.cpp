@@ -1,0 +1,109 @@
+#include "Kurve.h"
+
+#include "Farben.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+constexpr double bogenmass = std::numbers::pi / 180;
+
+/// Tangent of a smooth closed line through points, at a third of the way.
+QPointF tangente(const std::vector<QPointF> &p, size_t i)
+{
+    const size_t n = p.size();
+    return (p[(i + 1) % n] - p[(i + n - 1) % n]) / 6;
+}
+
+} // namespace
+
+QPointF polar(double grad, double radius)
+{
+    return {std::cos(grad * bogenmass) * radius, -std::sin(grad * bogenmass) * radius};
+}
+
+QPainterPath ellipse(QPointF mitte, double rx, double ry)
+{
+    QPainterPath pfad;
+    pfad.addEllipse(mitte, rx, ry);
+    return pfad;
+}
+
+QPainterPath geschlossen(const std::vector<QPointF> &p)
+{
+    QPainterPath pfad(p.front());
+    for (size_t i = 0; i < p.size(); ++i) {
+        const size_t j = (i + 1) % p.size();
+        pfad.cubicTo(p[i] + tangente(p, i), p[j] - tangente(p, j), p[j]);
+    }
+    pfad.closeSubpath();
+    return pfad;
+}
+
+QPointF Kurve::punkt(double t) const
+{
+    const double s = 1 - t;
+    return s * s * s * a + 3 * s * s * t * b + 3 * s * t * t * c + t * t * t * d;
+}
+
+double Kurve::winkel(double t) const
+{
+    const QPointF r = punkt(std::min(1.0, t + 0.01)) - punkt(std::max(0.0, t - 0.01));
+    return std::atan2(-r.y(), r.x()) / bogenmass;
+}
+
+double Kurve::laenge() const
+{
+    double summe = 0;
+    for (int i = 0; i < 8; ++i) {
+        const QPointF r = punkt((i + 1) / 8.0) - punkt(i / 8.0);
+        summe += std::hypot(r.x(), r.y());
+    }
+    return summe;
+}
+
+QPainterPath Kurve::pfad() const
+{
+    QPainterPath pfad(a);
+    pfad.cubicTo(b, c, d);
+    return pfad;
+}
+
+Kurve Kurve::bogen(QPointF a, double grad, double laenge, double neigung)
+{
+    // Leaning follows gravity: it turns the shoot towards the side it leans to already.
+    const double seite = std::cos(grad * bogenmass) >= 0 ? -1 : 1;
+    const QPointF b = a + polar(grad, laenge / 3);
+    const QPointF c = b + polar(grad + seite * neigung * 0.5, laenge / 3);
+    return {a, b, c, c + polar(grad + seite * neigung, laenge / 3)};
+}
+
+QPainterPath band(const Kurve &k, const std::function<double(double)> &halbeBreite, double von, double bis, int schritte)
+{
+    QPolygonF links, rechts;
+    for (int i = 0; i <= schritte; ++i) {
+        const double t = von + (bis - von) * i / schritte;
+        const QPointF quer = polar(k.winkel(t) + 90, halbeBreite(t));
+        links << k.punkt(t) + quer;
+        rechts.prepend(k.punkt(t) - quer);
+    }
+    QPainterPath pfad;
+    pfad.addPolygon(links + rechts);
+    pfad.closeSubpath();
+    return pfad;
+}
+
+void stiel(QPainter &p, const Kurve &k, double unten, double oben, const QColor &f)
+{
+    const auto breite = [&](double t) { return (unten + (oben - unten) * t) / 2; };
+    p.setPen(QPen(umriss(f), 0.8));
+    p.setBrush(f);
+    p.drawPath(band(k, breite, 0, 1, 14));
+    if (unten > 5) {
+        p.setPen(QPen(durchsichtig(heller(f, 0.5), 0.6), unten * 0.16, Qt::SolidLine, Qt::RoundCap));
+        p.setBrush(Qt::NoBrush);
+        p.drawPath(k.pfad().translated(-unten * 0.16, 0));
+    }
+}

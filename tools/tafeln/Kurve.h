@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QColor>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <functional>
+#include <vector>
+
+QPointF polar(double grad, double radius); ///< 0 to the right, 90 upwards on the sheet
+QPainterPath ellipse(QPointF mitte, double rx, double ry);
+/// Closed smooth line through points.
+QPainterPath geschlossen(const std::vector<QPointF> &punkte);
+
+/// Cubic curve.
+struct Kurve
+{
+    QPointF a, b, c, d;
+    QPointF punkt(double t) const;
+    double winkel(double t) const; ///< direction in degrees, 90 upwards
+    double laenge() const;
+    QPainterPath pfad() const;
+    /// Leaves `a` at `grad` and bends down (positive) or up by `neigung` degrees on its way.
+    static Kurve bogen(QPointF a, double grad, double laenge, double neigung);
+};
+
+/// Ribbon along a curve with a half width at each t.
+QPainterPath band(const Kurve &k, const std::function<double(double)> &halbeBreite, double von = 0, double bis = 1, int schritte = 18);
+/// Stem that gets thinner, with a light side.
+void stiel(QPainter &p, const Kurve &k, double dickeUnten, double dickeOben, const QColor &farbe);
