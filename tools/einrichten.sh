@@ -2,7 +2,7 @@
 # Installs what building and testing need on Debian 12 and is not there yet. Sourced by run.sh and test.sh.
 pakete=(g++ cmake ninja-build ccache mold pkg-config qt6-base-dev qt6-base-dev-tools libqt6svg6-dev qt6-tools-dev
     qt6-translations-l10n libgl-dev libsqlite3-dev libicu-dev libturbojpeg0-dev
-    xvfb xauth openbox imagemagick fonts-dejavu-core fonts-liberation poppler-utils clang-format)
+    xvfb xauth openbox imagemagick fonts-dejavu-core fonts-liberation poppler-utils mdbtools clang-format)
 fehlend=()
 for paket in "${pakete[@]}"; do
     dpkg-query -W -f='${Status}' "$paket" 2>/dev/null | grep -q 'ok installed' || fehlend+=("$paket")

@@ -14,11 +14,23 @@ namespace {
 constexpr size_t laengsterLangwertHier = 64, laengsterVerdichteter = 1024;
 constexpr uint32_t ersteFreieSeite = 6; // behind head, map of all pages and the four tables of the engine
 
+/// Of the first 127 characters behind U+0000.
+bool istAscii(char zeichen)
+{
+    return uint8_t(zeichen - 1) < 0x7F;
+}
+
 /// UTF-8 as little-endian UTF-16, which must be no longer than `meiste` units; false where it is.
 bool nachUtf16(std::string_view utf8, std::vector<uint8_t> &bytes, size_t meiste, bool &nurEinByte)
 {
     bytes.clear();
     nurEinByte = true;
+    if (utf8.size() <= meiste && std::ranges::all_of(utf8, istAscii)) {
+        bytes.resize(2 * utf8.size());
+        for (size_t i = 0; i < utf8.size(); ++i)
+            bytes[2 * i] = uint8_t(utf8[i]);
+        return true;
+    }
     const auto einheit = [&](uint32_t zeichen) {
         nurEinByte = nurEinByte && zeichen - 1 < 0xFF;
         bytes.push_back(uint8_t(zeichen));
@@ -47,7 +59,6 @@ bool nachUtf16(std::string_view utf8, std::vector<uint8_t> &bytes, size_t meiste
 bool textBytes(std::string_view utf8, bool verdichten, size_t meiste, std::vector<uint8_t> &bytes)
 {
     constexpr size_t lohnend = 3;
-    const auto istAscii = [](char zeichen) { return uint8_t(zeichen - 1) < 0x7F; };
     if (verdichten && utf8.size() >= lohnend && utf8.size() <= std::min(meiste, laengsterVerdichteter) && std::ranges::all_of(utf8, istAscii)) {
         bytes.assign(std::begin(verdichtet), std::end(verdichtet));
         bytes.insert(bytes.end(), utf8.begin(), utf8.end());

@@ -50,6 +50,9 @@ bool gleich(const Wert &wert, const QJsonValue &fremd, Typ typ)
     case Gestalt::Text: {
         QString eigener = QString::fromUtf8(wert.text.data(), qsizetype(wert.text.size()));
         const QString anderer = fremd.toString(QStringLiteral("-"));
+        // It tells of no empty texts.
+        if (eigener.isEmpty() && fremd.isUndefined())
+            return true;
         // Characters beyond the first 65,536 it does not know.
         if (anderer.contains(u"??"))
             for (QChar &zeichen : eigener)
