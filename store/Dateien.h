@@ -5,7 +5,19 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
+#include <memory>
+
+class QFile;
+
 /* Files that the program writes. Paths are the system's. What fails throws a Fehler that names the file and the cause. */
+
+/// What is done to files, one call of the system at a time.
+enum class Dateischritt { Oeffnen, Lesen, Schreiben, Abgleichen, Umbenennen, Entfernen, Anlegen };
+/// Asked before every step with the path it works on; a number other than 0 (errno) makes the step fail by it, undone. Empty: none.
+using Dateiaufsicht = std::function<int(Dateischritt, const QString &)>;
+/// The layer under every file call of this header, by which tests let any of them fail.
+void setDateiaufsicht(Dateiaufsicht aufsicht);
 
 /// The failure of a write for which there is no room left.
 class Datentraegervoll : public Fehler
@@ -24,12 +36,55 @@ QString dateiursache(int nummer);
 /// file; a journal left beside it is removed first. On a failure the target is in an undefined state.
 void kopiereUeber(const QString &quelle, const QString &ziel);
 
+/// A file that is written beside its target and takes its place when it is complete: whatever happens, the target is the old file or the
+/// new one. A link is followed, and rights are kept. Any thread.
+class Beidatei
+{
+public:
+    explicit Beidatei(const QString &ziel);
+    /// Removes what did not come to be the target.
+    ~Beidatei();
+    Beidatei(const Beidatei &) = delete;
+    Beidatei &operator=(const Beidatei &) = delete;
+
+    /// The file that stands there until then; empty. Others may write it, if nothing is written here, and have let go of it at the end.
+    QString pfad() const { return pfad_; }
+    void schreiben(const char *bytes, qint64 anzahl);
+    /// Appends a whole file.
+    void kopieren(const QString &quelle);
+    /// The file keeps the time at which another one was changed, where the file system knows such a time.
+    void zeitUebernehmen(const QString &quelle);
+    /// What has been written is on the disk, and its size is the one that was written.
+    void abschliessen();
+    /// Puts the file in place, once, closing it before where nobody did. When the call returns, the change is on the disk, too.
+    void einsetzen();
+
+private:
+    void schliessen();
+
+    QString gewuenscht_, ziel_, pfad_;
+    std::unique_ptr<QFile> datei_;
+    qint64 geschrieben_ = 0;
+    enum class Stand { Offen, Abgeschlossen, Eingesetzt } stand_ = Stand::Offen;
+    class Notiz;
+    std::unique_ptr<Notiz> notiz_;
+};
+
+/// Byte copy that takes the place of `ziel` when it is complete, with the time of its last change. Any thread.
+void kopiereSicher(const QString &quelle, const QString &ziel);
+/// Whether two files hold the same bytes.
+[[nodiscard]] bool gleicherInhalt(const QString &eine, const QString &andere);
+/// Whether both paths lead to one file, by whatever name.
+[[nodiscard]] bool dieselbeDatei(const QString &eine, const QString &andere);
+void entferneDatei(const QString &pfad);
+/// A file gets another name in its folder; one that has that name already is in the way.
+void benenneUm(const QString &pfad, const QString &neu);
+/// Makes a folder where there is none.
+void legeOrdnerAn(const QString &pfad);
+
 /// Writes the whole file or leaves the old one untouched. The bytes are on the disk before the switch, since a full disk can go
 /// unnoticed there. Any thread.
 void schreibeSicher(const QString &pfad, const QByteArray &inhalt);
-
-/// Copies a file as schreibeSicher writes one, with the time of its last change. Any thread.
-void kopiereSicher(const QString &quelle, const QString &ziel);
 
 /// File that names the targets that are being written, for as long as they are; empty: none is kept. A run that was killed leaves it
 /// and the half-written files behind.

@@ -55,6 +55,18 @@ int bedeutung(sqlite3 *db, bool beimOeffnen)
     throw Fehler(text.arg(datei));
 }
 
+/// Whether the last failure came from writing to a file.
+bool scheitertAmSchreiben(sqlite3 *db)
+{
+    switch (bedeutung(db, false)) {
+    case SQLITE_FULL:
+    case SQLITE_READONLY: return true;
+    default: break;
+    }
+    const int genau = sqlite3_extended_errcode(db);
+    return genau == SQLITE_IOERR_WRITE || genau == SQLITE_IOERR_FSYNC || genau == SQLITE_IOERR_TRUNCATE;
+}
+
 void likeFunktion(sqlite3_context *kontext, int, sqlite3_value **werte)
 {
     if (sqlite3_value_type(werte[0]) == SQLITE_NULL || sqlite3_value_type(werte[1]) == SQLITE_NULL) {
@@ -210,9 +222,11 @@ std::shared_ptr<Datenbank> Datenbank::OpenDatabase(const QString &pfad, Zugriff 
             throw Fehler(QStringLiteral("Die Datenbank '%1' ist schon auf andere Weise geöffnet.").arg(QFileInfo(echt).fileName()));
         return schon;
     }
-    std::shared_ptr<Datenbank> neu(new Datenbank(echt, SQLITE_OPEN_READWRITE));
+    std::shared_ptr<Datenbank> neu(new Datenbank(echt, zugriff == Zugriff::Lesen ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE));
     neu->einstellen(zugriff);
-    neu->pruefen();
+    neu->ansehen();
+    if (zugriff != Zugriff::Lesen)
+        neu->lesbarFordern();
     offene().insert(name, neu);
     return neu;
 }
@@ -247,25 +261,37 @@ void Datenbank::einstellen(Zugriff zugriff)
         sqlite3_db_config(db_, SQLITE_DBCONFIG_DEFENSIVE, 0, nullptr);
         for (const char *pragma : {"locking_mode = EXCLUSIVE", "journal_mode = OFF", "synchronous = OFF", "secure_delete = OFF"})
             roh(QStringLiteral("PRAGMA ") + QLatin1String(pragma));
-    } else {
+    } else if (zugriff == Zugriff::Arbeit) {
         roh(QStringLiteral("PRAGMA synchronous = EXTRA"));
     }
 }
 
-void Datenbank::pruefen()
+qint64 Datenbank::pragma(const char *name)
 {
-    const auto wert = [this](const char *pragma) {
-        Anweisung &anweisung = vorbereitet(QStringLiteral("PRAGMA ") + QLatin1String(pragma));
-        const qint64 zahl = anweisung.schritt() ? anweisung.zahl(0) : 0;
-        anweisung.zuruecksetzen();
-        return zahl;
-    };
+    Anweisung &anweisung = vorbereitet(QStringLiteral("PRAGMA ") + QLatin1String(name));
+    const qint64 zahl = anweisung.schritt() ? anweisung.zahl(0) : 0;
+    anweisung.zuruecksetzen();
+    return zahl;
+}
+
+void Datenbank::ansehen()
+{
     // The first page is read here, so that a broken file shows at once.
-    vorbereitet(QStringLiteral("SELECT count(*) FROM sqlite_master")).schritt();
-    vorbereitet(QStringLiteral("SELECT count(*) FROM sqlite_master")).zuruecksetzen();
-    if (wert("application_id") != schema::anwendungsnummer)
+    Anweisung &anweisung = vorbereitet(QStringLiteral("SELECT count(*) FROM sqlite_master"));
+    anweisung.schritt();
+    anweisung.zuruecksetzen();
+}
+
+bool Datenbank::vonUns()
+{
+    return pragma("application_id") == schema::anwendungsnummer;
+}
+
+void Datenbank::lesbarFordern()
+{
+    if (!vonUns())
         throw Fehler(QStringLiteral("Die Datei '%1' ist keine Flox-Datenbank.").arg(QFileInfo(pfad_).fileName()));
-    if (wert("user_version") > schema::version)
+    if (pragma("user_version") > schema::version)
         throw Fehler(QStringLiteral("Die Datenbank '%1' wurde mit einer neueren Version von Flox angelegt.").arg(QFileInfo(pfad_).fileName()));
 }
 
@@ -324,6 +350,9 @@ void Datenbank::tabelleKopieren(const QString &spalten, const QString &ziel, con
         sqlite3_exec(db->db_, "DETACH ziel", nullptr, nullptr, nullptr);
     };
     const std::unique_ptr<Datenbank, decltype(trennen)> halter(this, trennen);
+    // Nobody has the file yet: what breaks off is thrown away, and the last one syncs it.
+    roh(QStringLiteral("PRAGMA ziel.synchronous = OFF"));
+    roh(QStringLiteral("PRAGMA ziel.journal_mode = MEMORY"));
 
     const QString zielname = u'"' + ziel + u'"';
     QStringList indexe;
@@ -345,15 +374,29 @@ void Datenbank::tabelleKopieren(const QString &spalten, const QString &ziel, con
     if (istAbfrage(auswahl.tabelle))
         spaltenliste = abfragespalten(vorbereitet(quelle));
     Transaktion transaktion(*this);
-    if (auswahl.spalten != u"*" || spaltenliste.isEmpty()) {
-        Execute(QStringLiteral("CREATE TABLE ziel.%1 AS %2").arg(zielname, quelle));
-    } else {
-        Execute(QStringLiteral("CREATE TABLE ziel.%1 %2").arg(zielname, spaltenliste));
-        Execute(QStringLiteral("INSERT INTO ziel.%1 %2").arg(zielname, quelle));
-        for (const QString &index : indexe)
-            Execute(index);
+    try {
+        if (auswahl.spalten != u"*" || spaltenliste.isEmpty()) {
+            Execute(QStringLiteral("CREATE TABLE ziel.%1 AS %2").arg(zielname, quelle));
+        } else {
+            // A whole table and its indexes go over page by page, where the target has the same ones.
+            const bool imGanzen = auswahl.bedingung.isEmpty();
+            const auto indexeAnlegen = [&] {
+                for (const QString &index : indexe)
+                    Execute(index);
+            };
+            Execute(QStringLiteral("CREATE TABLE ziel.%1 %2").arg(zielname, spaltenliste));
+            if (imGanzen)
+                indexeAnlegen();
+            Execute(QStringLiteral("INSERT INTO ziel.%1 %2").arg(zielname, quelle));
+            if (!imGanzen)
+                indexeAnlegen();
+        }
+        transaktion.festschreiben();
+    } catch (const Fehler &) {
+        if (scheitertAmSchreiben(db_))
+            werfen(db_, echt); // the file of this connection is only read
+        throw;
     }
-    transaktion.festschreiben();
 }
 
 namespace {
@@ -427,16 +470,27 @@ void Datenbank::durchlaufen(const QString &tabelle, const QStringList &ausdrueck
         werfen(db_, pfad_);
 }
 
+QStringList Datenbank::texte(const QString &sql, const QString &wert)
+{
+    QStringList gefunden;
+    Anweisung &anweisung = vorbereitet(sql);
+    if (!wert.isNull())
+        anweisung.binden(0, wert);
+    while (anweisung.schritt())
+        gefunden += anweisung.text(0);
+    return gefunden;
+}
+
 void Datenbank::indexeFallenLassen(const QString &tabelle)
 {
-    QStringList namen;
-    Anweisung &anweisung =
-        vorbereitet(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'index' AND sql IS NOT NULL AND lower(tbl_name) = lower(?)"));
-    anweisung.binden(0, tabelle);
-    while (anweisung.schritt())
-        namen += anweisung.text(0);
-    for (const QString &name : namen)
+    const QString sql = QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'index' AND sql IS NOT NULL AND lower(tbl_name) = lower(?)");
+    for (const QString &name : texte(sql, tabelle))
         roh(QStringLiteral("DROP INDEX \"%1\"").arg(name));
+}
+
+QStringList Datenbank::Indexe(const QString &tabelle)
+{
+    return texte(QStringLiteral("SELECT sql FROM sqlite_master WHERE type = 'index' AND sql IS NOT NULL AND lower(tbl_name) = lower(?)"), tabelle);
 }
 
 void Datenbank::loescheAusser(const QString &tabelle, const QStringList &felder, const Behalten &behalten)
@@ -462,11 +516,21 @@ void Datenbank::loescheAusser(const QString &tabelle, const QStringList &felder,
 
 QStringList Datenbank::TableDefs()
 {
+    return texte(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT GLOB 'sqlite_*' ORDER BY lower(name)"));
+}
+
+QStringList Datenbank::TabellenUndAbfragen()
+{
+    return texte(QStringLiteral("SELECT name FROM sqlite_master WHERE type IN ('table', 'view') AND name NOT GLOB 'sqlite_*' ORDER BY lower(name)"));
+}
+
+QStringList Datenbank::Spaltennamen(const QString &tabelle)
+{
+    tabelleFordern(tabelle);
+    const Anweisung &anweisung = vorbereitet(QStringLiteral("SELECT * FROM \"%1\"").arg(QString(tabelle).replace(u'"', QStringLiteral("\"\""))));
     QStringList namen;
-    Anweisung &anweisung =
-        vorbereitet(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT GLOB 'sqlite_*' ORDER BY lower(name)"));
-    while (anweisung.schritt())
-        namen += anweisung.text(0);
+    for (int i = 0; i < anweisung.spalten(); ++i)
+        namen += anweisung.spaltenname(i);
     return namen;
 }
 
@@ -531,6 +595,13 @@ QByteArray aenderungsstand(const QString &pfad)
     constexpr qint64 ort = 24, bytes = 4;
     QFile datei(systemPfad(pfad));
     return datei.open(QIODevice::ReadOnly) && datei.seek(ort) ? datei.read(bytes) : QByteArray();
+}
+
+Transaktion::Transaktion(Datenbank &db, Art art) : db_(db)
+{
+    db_.Execute(art == Art::Schreibend ? QStringLiteral("BEGIN IMMEDIATE") : QStringLiteral("BEGIN"));
+    if (art == Art::Lesend)
+        db_.Execute(QStringLiteral("SELECT count(*) FROM sqlite_master"));
 }
 
 Transaktion::~Transaktion()

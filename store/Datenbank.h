@@ -50,11 +50,12 @@ public:
     enum class Zugriff {
         Arbeit, ///< the user's data: every change is on the disk when the call returns
         Privat, ///< a window's scratch copy: no journal on the disk, exclusive, lost with a crash
+        Lesen,  ///< somebody's file that must stay as it is
     };
 
     /// Opens an existing file; all controls that work on the same file share one connection, which has the access asked for. A file that
-    /// has come in the place of another gets a connection of its own. Throws when the file is missing, no database, damaged, of a newer
-    /// version, not one of this program or open with the other access.
+    /// has come in the place of another gets a connection of its own. Throws when the file is missing, no database, damaged or open with
+    /// another access and, unless it is for reading only, of a newer version or not one of this program.
     static std::shared_ptr<Datenbank> OpenDatabase(const QString &pfad, Zugriff zugriff = Zugriff::Arbeit);
     /// Creates an empty database in place of any file there.
     static std::shared_ptr<Datenbank> CreateDatabase(const QString &pfad);
@@ -65,7 +66,8 @@ public:
     Datenbank &operator=(const Datenbank &) = delete;
 
     /// Runs a statement of the program, Access dialect included; "SELECT * INTO t IN 'file' FROM t" copies the table with its
-    /// indexes into a database file that exists already. Throws on any error.
+    /// indexes into a database file that exists already and is not on the disk for certain before its owner sees to it. Throws on any
+    /// error.
     void Execute(const QString &sql, const QVariantList &werte = {});
     /// Keeps the rows for which `behalten` is true and deletes the others, in one walk over the whole table or query. It gets
     /// ARTNR and the fields' raw UTF-8 (no data for a null). What it throws comes out; rows deleted so far stay deleted.
@@ -79,12 +81,22 @@ public:
     void durchlaufen(const QString &tabelle, const QStringList &ausdruecke, const Ansehen &ansehen);
     /// Names of the tables (stored queries are none), in alphabetical order.
     QStringList TableDefs();
+    /// The same with the stored queries among them.
+    QStringList TabellenUndAbfragen();
+    /// Names of the columns of a table or query, in their order. Throws where there is none of this name.
+    QStringList Spaltennamen(const QString &tabelle);
+    /// Statements that create the indexes of a table.
+    QStringList Indexe(const QString &tabelle);
     bool hatTabelle(const QString &name);
     /// Throws where neither a table nor a query has this name.
     void tabelleFordern(const QString &name);
     bool istAbfrage(const QString &name);
     /// Whether a column of a table is declared INTEGER; false for queries and unknown names.
     bool istGanzzahl(const QString &tabelle, const QString &spalte);
+    /// Whether the file bears the program's mark. One that is open for reading only may be anybody's.
+    bool vonUns();
+    /// Throws for a file that is not one of this program or of a newer version.
+    void lesbarFordern();
     bool schreibgeschuetzt() const;
     /// Whether another file, or none, stands at the path by now: what is written here is lost.
     bool ersetzt() const;
@@ -97,8 +109,10 @@ public:
 private:
     Datenbank(const QString &pfad, int schalter);
     void einstellen(Zugriff zugriff);
-    void pruefen();
+    void ansehen();
+    qint64 pragma(const char *name);
     void roh(const QString &sql);
+    QStringList texte(const QString &sql, const QString &wert = {});
     void indexeFallenLassen(const QString &tabelle);
     void tabelleKopieren(const QString &spalten, const QString &ziel, const QString &datei, const QString &rest);
 
@@ -119,7 +133,11 @@ QByteArray aenderungsstand(const QString &pfad);
 class Transaktion
 {
 public:
-    explicit Transaktion(Datenbank &db) : db_(db) { db_.Execute(QStringLiteral("BEGIN IMMEDIATE")); }
+    enum class Art {
+        Schreibend,
+        Lesend, ///< nobody changes the file meanwhile
+    };
+    explicit Transaktion(Datenbank &db, Art art = Art::Schreibend);
     ~Transaktion();
     void festschreiben();
     Transaktion(const Transaktion &) = delete;

@@ -63,6 +63,12 @@ QString satz(const QString &pfad)
 
 } // namespace
 
+bool beschaedigt(const QString &pfad)
+{
+    std::atomic<bool> nie = false;
+    return beschaedigt(systemPfad(pfad), nie);
+}
+
 void suchen(const QString &pfad)
 {
     const QFileInfo datei(systemPfad(pfad));

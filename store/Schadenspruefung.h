@@ -8,6 +8,9 @@ namespace schaden {
 
 constexpr qint64 grosseDatei = 16 << 20; ///< bytes; from here on the search runs beside the program
 
+/// Whether a file that is no working database is damaged: searched through here and now. A file that cannot be read is not.
+[[nodiscard]] bool beschaedigt(const QString &pfad);
+
 /// Begins the search; what an earlier one found in this file is forgotten.
 void suchen(const QString &pfad);
 /// Whether `befund` has nothing to wait for but a small file.

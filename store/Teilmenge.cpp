@@ -1,0 +1,157 @@
+#include "Teilmenge.h"
+
+#include "Dateien.h"
+#include "Datenbank.h"
+#include "Fehler.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace teilmenge {
+
+namespace {
+
+// clang-format off
+constexpr const char *neben[] = {
+    "Familien",
+    "Gehoelze_Bilder", "Stauden_Bilder", "Friedhof_Bilder", "Topfpfl_Bilder", "Obst_Bilder", "Apfel_Bilder",
+    "Gehoelze_Synonyme_Botanisch", "Gehoelze_Synonyme_Deutsch",
+    "Stauden_Synonyme_Botanisch", "Stauden_Synonyme_Deutsch",
+    "Topfpfl_Synonyme_Botanisch", "Topfpfl_Synonyme_Deutsch",
+    "Namen_Benutzer_Optionen", "Abfrage_Friedhof", "Obstarten",
+    "BeetBalkon_Bilder", "BeetBalkon_Synonyme_Botanisch", "BeetBalkon_Synonyme_Deutsch",
+    "Daten",
+};
+constexpr Haupttabelle haupt[] = {
+    {"Topfpfl", Sparte::Topf},
+    {"BeetBalkon", std::nullopt},
+    {"Stauden", Sparte::Stauden},
+    {"Gehoelze", Sparte::Gehoelze},
+    {"Friedhof", Sparte::Friedhof},
+    {"Obst", Sparte::Obst},
+    {"Apfel", Sparte::Apfel},
+};
+// clang-format on
+static_assert(std::size(neben) == 20);
+
+class Schreiber
+{
+public:
+    Schreiber(const QString &arbeit, const QString &ziel) : arbeit_(Datenbank::OpenDatabase(arbeit)), ziel_(ziel), neu_(ziel) {}
+
+    void anlegen()
+    {
+        gedeutet(QStringLiteral("Die Teilmenge '%1' kann nicht angelegt werden:").arg(QDir::toNativeSeparators(ziel_)), [this] {
+            // Let go of at once: whoever attaches it takes it for himself alone.
+            (void)Datenbank::CreateDatabase(neu_.pfad());
+        });
+    }
+
+    /// What the working database cannot give is left out; what it gives and the file does not take is a failure.
+    void nebentabelle(const QString &name)
+    {
+        if (!arbeit_->hatTabelle(name))
+            return;
+        try {
+            uebertragen(*arbeit_, name);
+        } catch (const Fehler &) {
+            if (lesbar(name))
+                throw;
+        }
+    }
+
+    void haupttabelle(const Haupttabelle &tabelle, const QString &kopie)
+    {
+        const QString name = QString::fromLatin1(tabelle.name);
+        if (!tabelle.sparte)
+            return nebentabelle(name);
+        if (kopie.isEmpty())
+            return uebertragen(*arbeit_, name);
+        uebertragen(*Datenbank::OpenDatabase(kopie, Datenbank::Zugriff::Privat), name);
+        // A filter run has dropped those of the copy.
+        ergaenzt_ += name;
+    }
+
+    void abschliessen()
+    {
+        for (const QString &name : ergaenzt_)
+            gedeutet(ueberschrift(name), [&] { indexeErgaenzen(name); });
+        gedeutet(QString(), [this] { neu_.einsetzen(); });
+    }
+
+private:
+    static QString ueberschrift(const QString &tabelle)
+    {
+        return QStringLiteral("Die Tabelle '%1' kann nicht in die Teilmenge geschrieben werden:").arg(tabelle);
+    }
+
+    /// Fails with a heading, and with the name that the user has given.
+    template<typename Tun>
+    void gedeutet(const QString &ueberschrift, Tun &&tun)
+    {
+        try {
+            tun();
+        } catch (const Fehler &fehler) {
+            const QString text = QString(fehler.text()).replace(QFileInfo(neu_.pfad()).fileName(), QFileInfo(ziel_).fileName());
+            throw Fehler(ueberschrift.isEmpty() ? text : ueberschrift + u'\n' + text);
+        }
+    }
+
+    void uebertragen(Datenbank &von, const QString &name)
+    {
+        const QString datei = QString(neu_.pfad()).replace(u'\'', QStringLiteral("''"));
+        gedeutet(ueberschrift(name), [&] { von.Execute(QStringLiteral("SELECT * INTO %1 IN '%2' FROM %1").arg(name, datei)); });
+    }
+
+    bool lesbar(const QString &name)
+    {
+        try {
+            arbeit_->Execute(QStringLiteral("SELECT * FROM \"%1\"").arg(name));
+            return true;
+        } catch (const Fehler &) {
+            return false;
+        }
+    }
+
+    void indexeErgaenzen(const QString &name)
+    {
+        const QStringList alle = arbeit_->Indexe(name);
+        const std::shared_ptr<Datenbank> teil = Datenbank::OpenDatabase(neu_.pfad());
+        if (!teil->Indexe(name).isEmpty() || alle.isEmpty())
+            return;
+        Transaktion transaktion(*teil);
+        for (const QString &index : alle)
+            teil->Execute(index);
+        transaktion.festschreiben();
+    }
+
+    std::shared_ptr<Datenbank> arbeit_;
+    QString ziel_;
+    Beidatei neu_;
+    QStringList ergaenzt_;
+};
+
+} // namespace
+
+std::span<const char *const> nebentabellen()
+{
+    return neben;
+}
+
+std::span<const Haupttabelle> haupttabellen()
+{
+    return haupt;
+}
+
+void schreiben(const QString &arbeit, const QString &ziel, const Quelle &quelle)
+{
+    Schreiber schreiber(arbeit, ziel);
+    schreiber.anlegen();
+    for (const char *name : neben)
+        schreiber.nebentabelle(QString::fromLatin1(name));
+    for (const Haupttabelle &tabelle : haupt)
+        schreiber.haupttabelle(tabelle, tabelle.sparte ? quelle(*tabelle.sparte) : QString());
+    schreiber.abschliessen();
+}
+
+} // namespace teilmenge
