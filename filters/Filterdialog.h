@@ -37,6 +37,7 @@ public:
     /// Throws when the file cannot be written.
     void FilterSpeichern(const QString &pfad);
 
+    static constexpr QStringView hilfethema = u"4-3-2.htm";
     Filterzustand zustand() const;
     /// Checks the box of a trade, i counted from 0.
     void ausbildungWaehlen(int i);

@@ -3,6 +3,7 @@
 #include "Aussehen.h"
 #include "Beendigung.h"
 #include "Einstellungen.h"
+#include "Hilfe.h"
 #include "frmDBWahl.h"
 #include "frmStart.h"
 #include "mdiZentral.h"
@@ -135,6 +136,7 @@ Ablauf::Ergebnis Ablauf::starten()
     // A stored picture folder does not survive the start: the folder of a run is the program's until another is chosen.
     programm_.BilderPfad = programm_.ProgrammPfad;
 
+    hilfe_ = std::make_unique<Hilfe>(programm_);
     start_ = std::make_unique<frmStart>(programm_.ProgrammVersion);
     QObject::connect(start_.get(), &frmStart::fertig, qApp, [this] { splashBeenden(); });
     // The window system needs a moment to show what has been painted.
@@ -228,6 +230,7 @@ mdiZentral &Ablauf::zentrale()
         vorbereiten();
         zentrale_ = std::make_unique<mdiZentral>(programm_);
         QObject::connect(zentrale_.get(), &mdiZentral::wahlGewuenscht, zentrale_.get(), [this] { wahlZeigen(); });
+        QObject::connect(zentrale_.get(), &mdiZentral::hilfeGewuenscht, hilfe_.get(), &Hilfe::zeigen);
     }
     return *zentrale_;
 }

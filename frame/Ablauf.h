@@ -10,6 +10,7 @@
 #include <memory>
 
 class Beendigung;
+class Hilfe;
 class frmDBWahl;
 class frmStart;
 class mdiZentral;
@@ -49,6 +50,7 @@ private:
     bool schadenNebenher_ = false;
     QTimer schadensTakt_; ///< while a large database is searched
     enum class Vorbereitung { Offen, Laeuft, Fertig } vorbereitung_ = Vorbereitung::Offen;
+    std::unique_ptr<Hilfe> hilfe_;
     std::unique_ptr<frmStart> start_;
     QPointer<frmDBWahl> wahl_;
     std::unique_ptr<mdiZentral> zentrale_;

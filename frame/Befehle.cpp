@@ -38,6 +38,7 @@ Befehle::Befehle(Programm &programm, Befehlsumgebung &umgebung) : programm_(prog
         {"mnuUeberlappend", &Befehle::anordnen<Anordnung::Ueberlappend>},
         {"mnuNebeneinander", &Befehle::anordnen<Anordnung::Nebeneinander>},
         {"mnuUntereinander", &Befehle::anordnen<Anordnung::Untereinander>},
+        {"mnuHilfethemen", &Befehle::hilfe},
     };
     befehle_.insert(befehle_.end(), std::begin(uebrige), std::end(uebrige));
 }
@@ -96,6 +97,11 @@ void Befehle::optionen(const Befehl &)
 void Befehle::bilderAssistent(const Befehl &)
 {
     umgebung_.bilderAssistent();
+}
+
+void Befehle::hilfe(const Befehl &)
+{
+    umgebung_.hilfeZeigen({});
 }
 
 void Befehle::beenden(const Befehl &)

@@ -43,6 +43,8 @@ public:
     virtual void anordnen(Anordnung anordnung) = 0;
     /// Shows the picture assistant, modally, and goes the way it was given.
     virtual void bilderAssistent() = 0;
+    /// Opens the manual at a page; empty: the first one.
+    virtual void hilfeZeigen(const QString &thema) = 0;
     virtual void beenden() = 0;
 };
 
@@ -79,6 +81,7 @@ private:
     void anordnen(const Befehl &befehl);
     void optionen(const Befehl &befehl);
     void bilderAssistent(const Befehl &befehl);
+    void hilfe(const Befehl &befehl);
     void beenden(const Befehl &befehl);
 
     Programm &programm_;

@@ -5,6 +5,7 @@
 #include "controls/Steuerelemente.h"
 #include "store/Programm.h"
 
+#include <QApplication>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -108,8 +109,12 @@ void frmDBWahl::changeEvent(QEvent *ereignis)
     if (ereignis->type() != QEvent::ActivationChange)
         return;
     // It may lose activation before it ever had it; only after it was active does that close it.
+    // Who reads about the choice in the manual, or is told that there is none, has not given it up.
+    const QWidget *vorn = QApplication::activeWindow();
     if (isActiveWindow())
         warAktiv_ = true;
+    else if (vorn && (vorn->objectName() == u"frmHilfe" || vorn->parentWidget() == this))
+        return;
     else if (warAktiv_ && isVisible() && !entschieden_)
         close();
 }

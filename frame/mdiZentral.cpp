@@ -459,8 +459,6 @@ void mdiZentral::pflanzeGewechselt(Sparte sparte, int nummer)
     bilder_->NeuePflanze();
 }
 
-void mdiZentral::hilfeZeigen(const QString &) {}
-
 QString mdiZentral::filtersatz(Sparte sparte, const Filterzustand &zustand)
 {
     const Druckbeschreibung *druck = druckbeschreibung(sparte);

@@ -58,10 +58,12 @@ public:
     void bildZeigen() override;
     void drucken() override;
     void pflanzeGewechselt(Sparte sparte, int nummer) override;
-    void hilfeZeigen(const QString &thema) override;
     QString filtersatz(Sparte sparte, const Filterzustand &zustand) override;
+    void hilfeZeigen(const QString &thema) override { emit hilfeGewuenscht(thema); }
 
 signals:
+    /// A page of the manual; empty: the first one.
+    void hilfeGewuenscht(const QString &thema);
     /// A right click asks for the chooser.
     void wahlGewuenscht();
 

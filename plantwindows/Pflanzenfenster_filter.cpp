@@ -45,7 +45,7 @@ Filterdialog *Pflanzenfenster::filterdialog()
     const Filterbeschreibung *beschreibung = filterbeschreibung(sparte());
     if (!filter_ && beschreibung) {
         filter_ = new Filterdialog(programm_, *this, *beschreibung, Fensternummer, window() == this ? nullptr : window());
-        connect(filter_, &Filterdialog::hilfeGewuenscht, this, [this] { zentrale_.hilfeZeigen(QStringLiteral("4-3-2.htm")); });
+        connect(filter_, &Filterdialog::hilfeGewuenscht, this, [this] { zentrale_.hilfeZeigen(Filterdialog::hilfethema.toString()); });
     }
     return filter_;
 }

@@ -36,6 +36,7 @@ public:
     std::vector<Laufwerk> laufwerke() override { return {}; }
     void anordnen(Anordnung anordnung) override { getan += u"anordnen %1"_s.arg(int(anordnung)); }
     void bilderAssistent() override { getan += u"Bilderassistent"_s; }
+    void hilfeZeigen(const QString &thema) override { getan += u"Hilfe "_s + thema; }
     void beenden() override { getan += u"beenden"_s; }
 
     QStringList getan;
