@@ -92,6 +92,8 @@ QString Handbuch::eingesetzt(Seite &seite, const QString &wort, const QString &r
             return tabellen::worte(rest);
         if (wort == u"alleworte")
             return tabellen::alleWorte(sparteNamens(rest));
+        if (wort == u"kennzeichen")
+            return tabellen::kennzeichen(sparteNamens(rest));
         if (wort == u"anzahl")
             return anzahl(rest);
     } catch (const Fehler &fehler) {

@@ -14,7 +14,7 @@
      {{bild NAME|Text}}                a picture of a window and what it shows
      {{knopf NAME}}                    the picture of a button
      {{stichwort Wort}}                a word of the index that leads here
-     {{kriterien Sparte}}, {{felder Sparte}}, {{worte Tabelle.Feld}}, {{alleworte Sparte}}, {{anzahl Sparte}}
+     {{kriterien Sparte}}, {{felder Sparte}}, {{worte Tabelle.Feld}}, {{alleworte Sparte}}, {{kennzeichen Sparte}}, {{anzahl Sparte}}
    Whatever is unknown is an error with page and word: no dead link and no missing picture leaves the build. */
 class Handbuch
 {

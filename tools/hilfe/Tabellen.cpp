@@ -160,6 +160,23 @@ QString darstellung(Sparte sparte, const Element &element)
     }
 }
 
+std::vector<const Symbol *> symboleVon(Sparte sparte)
+{
+    std::vector<const Symbol *> alle;
+    const auto sammeln = [&](std::span<const Element> elemente) {
+        for (const Element &element : elemente)
+            for (const Symbol &symbol : element.symbole)
+                alle.push_back(&symbol);
+    };
+    const Fensterbeschreibung &fenster = *fensterbeschreibung(sparte);
+    sammeln(fenster.kopf);
+    sammeln(fenster.tafel);
+    for (const Reiter &reiter : fenster.reiter)
+        for (const Gruppe &gruppe : reiter.gruppen)
+            sammeln(gruppe.elemente);
+    return alle;
+}
+
 } // namespace
 
 QString html(QStringView text)
@@ -237,6 +254,34 @@ QString alleWorte(Sparte sparte)
         gezeigt.insert(zeile);
     }
     return tafel({QStringLiteral("Angabe"), QStringLiteral("Wörter")}, reihen);
+}
+
+QStringList kennzeichenbilder(Sparte sparte)
+{
+    QStringList bilder;
+    for (const Symbol *symbol : symboleVon(sparte))
+        if (const QString bild = QString::fromLatin1(symbol->bild); !bilder.contains(bild))
+            bilder += bild;
+    return bilder;
+}
+
+QString zeichendatei(const QString &bild)
+{
+    return QStringLiteral("zeichen-") + QString(bild).replace(u'/', u'-');
+}
+
+QString kennzeichen(Sparte sparte)
+{
+    QString reihen;
+    QStringList gezeigt;
+    for (const Symbol *symbol : symboleVon(sparte)) {
+        const QString bild = QString::fromLatin1(symbol->bild);
+        if (gezeigt.contains(bild))
+            continue;
+        gezeigt += bild;
+        reihen += reihe({QStringLiteral("<img src=\"bilder/%1.png\">").arg(zeichendatei(bild)), html(symbol->hinweis)});
+    }
+    return tafel({QStringLiteral("Bild"), QStringLiteral("Bedeutung")}, reihen);
 }
 
 } // namespace tabellen

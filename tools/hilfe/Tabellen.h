@@ -2,7 +2,7 @@
 
 #include "store/Sparten.h"
 
-#include <QString>
+#include <QStringList>
 
 /* Parts of pages that the program's own tables say, in HTML. */
 namespace tabellen {
@@ -15,6 +15,12 @@ QString kriterien(Sparte sparte);
 QString felder(Sparte sparte);
 /// The words of a column "Table.Field" with their positions. Throws Fehler where it has none.
 QString worte(const QString &spalte);
+/// The pictures that stand for something in a Sparte's window, each with its sentence.
+QString kennzeichen(Sparte sparte);
+/// Those pictures, as keys of picture lists.
+QStringList kennzeichenbilder(Sparte sparte);
+/// Name of a picture's file in the manual.
+QString zeichendatei(const QString &bild);
 /// The words of every column of a Sparte.
 QString alleWorte(Sparte sparte);
 

@@ -1,3 +1,5 @@
+#include "Tabellen.h"
+
 #include "frame/Ablauf.h"
 #include "frame/frmDBWahl.h"
 #include "frame/mdiZentral.h"
@@ -38,7 +40,9 @@ QPixmap ruhig(QWidget &fenster)
         QCoreApplication::processEvents();
         QThread::msleep(pause);
         const QImage jetzt = fenster.grab().toImage();
-        gleich = jetzt == vorher ? gleich + 1 : 0;
+        // A window that lays itself out a moment after a change of its size.
+        const auto *spaeter = fenster.findChild<QTimer *>(QStringLiteral("timResize"));
+        gleich = jetzt == vorher && !(spaeter && spaeter->isActive()) ? gleich + 1 : 0;
         vorher = jetzt;
     }
     return QPixmap::fromImage(vorher);
@@ -106,6 +110,9 @@ void Fotograf::knoepfe()
                                                                {"original", "original_n"}};
     for (const auto &[name, bild] : namen)
         ablegen(QStringLiteral("knopf-") + QLatin1String(name), bilder::pixmap(QStringLiteral("iliIcons/") + QLatin1String(bild), {24, 24}, 1));
+    for (const SpartenEintrag &sparte : alleSparten())
+        for (const QString &bild : tabellen::kennzeichenbilder(sparte.sparte))
+            ablegen(tabellen::zeichendatei(bild), bilder::pixmap(bild, {36, 36}, 1));
     const QString lebensbereiche = QStringLiteral("bilder/lebensbereiche");
     ablegen(QStringLiteral("lebensbereiche"), bilder::pixmap(lebensbereiche, bilder::eigengroesse(lebensbereiche), 1));
 }
