@@ -49,8 +49,6 @@ public:
     void anordnen(Anordnung anordnung) override;
     void bilderAssistent() override;
     void beenden() override { close(); }
-    /// Another list than that of this machine.
-    void setLaufwerke(Laufwerksliste laufwerke) { laufwerke_ = std::move(laufwerke); }
 
     void mulkoSpeichernErlauben(bool erlaubt) override;
     void fensterGeschlossen(Sparte sparte, int nummer) override;
@@ -91,7 +89,6 @@ private:
     std::array<Fenstertabelle, anzahlSparten> tabellen_;
     QPointer<frmBilder> bilder_;
     Flaeche *flaeche_;
-    Laufwerksliste laufwerke_ = medium::laufwerke;
     QTimer timResize_{this}, uhr_{this};
     QLabel *uhrzeit_ = nullptr;
     QString HintergrundBild;
