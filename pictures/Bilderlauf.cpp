@@ -189,10 +189,10 @@ QString Bilderlauf::ordnerAnlegen()
 
 void Bilderlauf::naechste()
 {
-    if (abgebrochen_)
-        return enden(Ende::Abgebrochen);
     if (stelle_ == dateien_.size())
         return enden(Ende::Fertig);
+    if (abgebrochen_)
+        return enden(Ende::Abgebrochen);
     std::shared_future<QImage> bild;
     if (auftrag_.handlung.vorbereiten) {
         vorauslesen();

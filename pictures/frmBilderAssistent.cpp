@@ -33,6 +33,23 @@ constexpr struct
      u"Am schnellsten, und die CD wird nicht mehr gebraucht. Braucht den meisten Platz auf der Festplatte."},
 };
 
+/// A folder on the second page: where it is, whether pictures are there, and a button to change that.
+struct Ordnerkarte
+{
+    QStringView titel, satz;
+    const char *pfad, *knopf;
+    QStringView text;
+};
+
+constexpr Ordnerkarte bilderkarte = {
+    u"Ordner für Bilder:",
+    u"In ihm liegen die Ordner 'topfpflanzen', 'stauden', 'gehoelze', 'apfel' und 'obst'. Eigene Fotos, die Sie dort ablegen, zeigt Flox wie die "
+    u"mitgelieferten Bilder.",
+    "lblBilderPfad", "cmdBilderPfadAendern", u"Ändern"};
+constexpr Ordnerkarte vorschaukarte = {u"Ordner für Vorschau-Bilder:",
+                                       u"Kleine Bilder für den Bilderstreifen: Liegen sie auf der Festplatte, erscheint er viel schneller.",
+                                       "lblVorschaubilderPfad", "cmdVorschauBilderErstellen", u"Bilder erzeugen"};
+
 constexpr QStringView erweitert = u"Erweiterte Optionen >>>", standard = u"<<< Standard";
 constexpr QColor rot(0xb0, 0x1e, 0x1e); // on white 6.9 : 1
 
@@ -88,6 +105,7 @@ frmBilderAssistent::frmBilderAssistent(Programm &programm, Laufwerksliste laufwe
     alles->addWidget(seiten_, 1);
     alles->addLayout(tasten);
     beschriften();
+    setMinimumWidth(std::max(600, fontMetrics().averageCharWidth() * 88));
 }
 
 QWidget *frmBilderAssistent::standardseite()
@@ -120,39 +138,40 @@ QWidget *frmBilderAssistent::erweiterteSeite()
     auto *anordnung = new QVBoxLayout(seite);
     anordnung->setContentsMargins(0, 0, 0, 0);
     anordnung->setSpacing(12);
-    const auto karte =
-        [&](const QString &titel, const char *pfadname, QLabel *&pfad, QLabel *&fehlt, const char *knopfname, const QString &text, auto beiKlick) {
+    const auto karte = [&](const Ordnerkarte &wovon, QLabel *&pfad, QLabel *&fehlt, auto beiKlick) {
         auto *rahmen = new QFrame(seite);
         rahmen->setProperty("karte", true);
-        auto *kopf = new QLabel(titel, rahmen);
-        kopf->setProperty("gruppentitel", true);
+        auto *titel = new QLabel(wovon.titel.toString(), rahmen);
+        titel->setProperty("gruppentitel", true);
         pfad = new QLabel(rahmen);
-        pfad->setObjectName(QString::fromLatin1(pfadname));
+        pfad->setObjectName(QString::fromLatin1(wovon.pfad));
         pfad->setTextFormat(Qt::PlainText);
         pfad->setWordWrap(true);
         pfad->setTextInteractionFlags(Qt::TextSelectableByMouse);
         fehlt = new QLabel(QStringLiteral("nicht gefunden"), rahmen);
-        fehlt->setObjectName(QString::fromLatin1(pfadname) + QStringLiteral("Fehlt"));
-        auto *knopf = new QPushButton(text, rahmen);
-        knopf->setObjectName(QString::fromLatin1(knopfname));
+        fehlt->setObjectName(QString::fromLatin1(wovon.pfad) + QStringLiteral("Fehlt"));
+        auto *satz = new QLabel(wovon.satz.toString(), rahmen);
+        satz->setProperty("feldtitel", true);
+        satz->setWordWrap(true);
+        auto *knopf = new QPushButton(wovon.text.toString(), rahmen);
+        knopf->setObjectName(QString::fromLatin1(wovon.knopf));
         knopf->setAutoDefault(false);
         connect(knopf, &QPushButton::clicked, this, geschuetzt(this, beiKlick));
         auto *raster = new QGridLayout(rahmen);
         raster->setContentsMargins(14, 12, 14, 12);
         raster->setHorizontalSpacing(16);
+        raster->setVerticalSpacing(6);
         raster->setColumnStretch(0, 1);
-        raster->addWidget(kopf, 0, 0);
+        raster->addWidget(titel, 0, 0);
         raster->addWidget(fehlt, 0, 1, Qt::AlignRight);
         raster->addWidget(pfad, 1, 0);
         raster->addWidget(knopf, 1, 1, Qt::AlignTop | Qt::AlignRight);
+        raster->addWidget(satz, 2, 0, 1, 2);
         anordnung->addWidget(rahmen);
         return knopf;
     };
-    karte(QStringLiteral("Ordner für Bilder:"), "lblBilderPfad", lblBilderPfad_, lblBilderFehlen_, "cmdBilderPfadAendern", QStringLiteral("Ändern"),
-          [this] { cmdBilderPfadAendern_Click(); });
-    cmdVorschauBilderErstellen_ =
-        karte(QStringLiteral("Ordner für Vorschau-Bilder:"), "lblVorschaubilderPfad", lblVorschaubilderPfad_, lblVorschauFehlt_,
-              "cmdVorschauBilderErstellen", QStringLiteral("Bilder erzeugen"), [this] { cmdVorschauBilderErstellen_Click(); });
+    karte(bilderkarte, lblBilderPfad_, lblBilderFehlen_, [this] { cmdBilderPfadAendern_Click(); });
+    cmdVorschauBilderErstellen_ = karte(vorschaukarte, lblVorschaubilderPfad_, lblVorschauFehlt_, [this] { cmdVorschauBilderErstellen_Click(); });
     lblErklaerung_ = new QLabel(QStringLiteral("rote Schrift => Bilder im angegebenen Ordner nicht gefunden"), seite);
     lblErklaerung_->setObjectName(QStringLiteral("lblErklaerung"));
     lblErklaerung_->setWordWrap(true);

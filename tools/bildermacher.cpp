@@ -38,15 +38,11 @@ constexpr const char *mitGrau[] = {"back", "next", "first", "last", "filterl", "
 constexpr const char *ohneGrau[] = {"botanisc", "deutsch", "druck", "filterb", "anpassen", "groesser", "kleiner", "original"};
 
 /// Folder of the drawings and the list they make up.
-constexpr std::pair<const char *, const char *> listen[] = {{"licht", "iliLicht"},
-                                                            {"eigenschaften", "iliEigenschaften"},
-                                                            {"eigenschaften", "bilder"},
-                                                            {"verwendung", "bilder"},
-                                                            {"formulare", "bilder"},
-                                                            {"benutzer", "iliBenutzer"},
-                                                            {"hand", "iliHand"},
-                                                            {"wahl", "wahl"},
-                                                            {".", "."}};
+constexpr std::pair<const char *, const char *> listen[] = {{"licht", "iliLicht"},       {"eigenschaften", "iliEigenschaften"},
+                                                            {"eigenschaften", "bilder"}, {"verwendung", "bilder"},
+                                                            {"formulare", "bilder"},     {"benutzer", "iliBenutzer"},
+                                                            {"hand", "iliHand"},         {"wahl", "wahl"},
+                                                            {"assistent", "assistent"},  {".", "."}};
 
 [[noreturn]] void ende(const QString &was)
 {
