@@ -32,6 +32,7 @@ constexpr struct
 
 /// What a field of a row takes.
 enum class Feldart { Wort, Blatt, Bluete, Frucht, Farbe, Zahl, Zeichnung };
+// clang-format off
 constexpr struct
 {
     QStringView name;
@@ -53,32 +54,14 @@ constexpr struct
     {u"Winter", Feldart::Wort, u"kahl gruen"},
     {u"Vorlaub", Feldart::Wort, u"ja nein"},
     {u"Schau", Feldart::Wort, u"bluete frucht beides"},
-    {u"Blatt", Feldart::Blatt},
-    {u"Blatt2", Feldart::Blatt},
-    {u"Bluete", Feldart::Bluete},
-    {u"Bluetenstand", Feldart::Bluete},
-    {u"Frucht", Feldart::Frucht},
-    {u"Fruchtstand", Feldart::Frucht},
-    {u"Breite", Feldart::Zahl},
-    {u"Hoehe", Feldart::Zahl},
-    {u"Blattlaenge", Feldart::Zahl},
-    {u"Blattlaenge2", Feldart::Zahl},
-    {u"Blattstiel", Feldart::Zahl},
-    {u"Bluetengroesse", Feldart::Zahl},
-    {u"Standgroesse", Feldart::Zahl},
-    {u"Bluetenzahl", Feldart::Zahl},
-    {u"Fruchtgroesse", Feldart::Zahl},
-    {u"Blattfarbe", Feldart::Farbe},
-    {u"Unterseite", Feldart::Farbe},
-    {u"Bluetenfarbe", Feldart::Farbe},
-    {u"Bluetenfarbe2", Feldart::Farbe},
-    {u"Bluetenfarbe3", Feldart::Farbe},
-    {u"Mitte", Feldart::Farbe},
-    {u"Hochblatt", Feldart::Farbe},
-    {u"Fruchtfarbe", Feldart::Farbe},
-    {u"Fruchtfarbe2", Feldart::Farbe},
-    {u"Rindenfarbe", Feldart::Farbe},
-    {u"Zeichnung", Feldart::Zeichnung}};
+    {u"Blatt", Feldart::Blatt}, {u"Blatt2", Feldart::Blatt}, {u"Bluete", Feldart::Bluete}, {u"Bluetenstand", Feldart::Bluete},
+    {u"Frucht", Feldart::Frucht}, {u"Fruchtstand", Feldart::Frucht}, {u"Breite", Feldart::Zahl}, {u"Hoehe", Feldart::Zahl},
+    {u"Blattlaenge", Feldart::Zahl}, {u"Blattlaenge2", Feldart::Zahl}, {u"Blattstiel", Feldart::Zahl}, {u"Bluetengroesse", Feldart::Zahl},
+    {u"Standgroesse", Feldart::Zahl}, {u"Bluetenzahl", Feldart::Zahl}, {u"Fruchtgroesse", Feldart::Zahl}, {u"Blattfarbe", Feldart::Farbe},
+    {u"Unterseite", Feldart::Farbe}, {u"Bluetenfarbe", Feldart::Farbe}, {u"Bluetenfarbe2", Feldart::Farbe}, {u"Bluetenfarbe3", Feldart::Farbe},
+    {u"Mitte", Feldart::Farbe}, {u"Hochblatt", Feldart::Farbe}, {u"Fruchtfarbe", Feldart::Farbe}, {u"Fruchtfarbe2", Feldart::Farbe},
+    {u"Rindenfarbe", Feldart::Farbe}, {u"Zeichnung", Feldart::Zeichnung}};
+// clang-format on
 
 constexpr QStringView zeichnungen = u"rand mitte ader haelfte flecken streifen fiederstreifen punkte zone basis spitze";
 

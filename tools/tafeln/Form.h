@@ -10,35 +10,12 @@
 
 /* Forms: outlines of leaves, flowers and fruits as the data tell them, and the rows that say which plant has which. Nothing here knows a plant. */
 
+// clang-format off
 enum class Rolle {
-    Blatt,
-    Blatt2,
-    Stiel,
-    Rippe,
-    Ader,
-    Rand,
-    Faden,
-    Bluete,
-    Bluete2,
-    Bluete3,
-    Mitte,
-    Staub,
-    Narbe,
-    Kelch,
-    Hochblatt,
-    Bluetenader,
-    Schatten,
-    Licht,
-    Haut,
-    Haut2,
-    Fleisch,
-    Kern,
-    Stein,
-    Samen,
-    Huelle,
-    Haar,
-    Anzahl
+    Blatt, Blatt2, Stiel, Rippe, Ader, Rand, Faden, Bluete, Bluete2, Bluete3, Mitte, Staub, Narbe,
+    Kelch, Hochblatt, Bluetenader, Schatten, Licht, Haut, Haut2, Fleisch, Kern, Stein, Samen, Huelle, Haar, Anzahl
 };
+// clang-format on
 enum class Formgruppe { Blatt, Bluete, Frucht, Ding };
 
 struct Formteil

@@ -47,7 +47,12 @@ void deckfarbe(Haut &h, const Steckbrief &s)
 
 void berostung(Haut &h, const Steckbrief &s)
 {
-    const double stark = s.hautwort(u"stark berostet") ? 1 : s.hautwort(u"mittelstark berostet") ? 0.5 : s.hautwort(u"gering berostet") ? 0.2 : 0;
+    double stark = 0, worte = 0;
+    for (const auto &[wort, wert] :
+         {std::pair(u"gering berostet", 0.2), std::pair(u"mittelstark berostet", 0.45), std::pair(u" stark berostet", 1.0)})
+        if (s.hautwort(wort))
+            stark += wert, ++worte;
+    stark /= std::max(1.0, worte);
     const QColor rost(0xA0, 0x74, 0x42);
     h.p.setPen(Qt::NoPen);
     if (stark > 0) {
@@ -142,7 +147,7 @@ bool Steckbrief::hautwort(QStringView wort) const
 {
     for (const QStringView spalte : {sammlung.schale, sammlung.deckfarbe})
         for (const QString &w : pflanze.worte(spalte))
-            if (w.contains(wort))
+            if (QString(u' ' + w).contains(wort))
                 return true;
     return false;
 }

@@ -89,24 +89,30 @@ void rindeMalen(QPainter &p, const QRectF &platz, const Steckbrief &s)
     g.setColorAt(1, dunkler(f, 0.4));
     p.fillRect(r, g);
     p.setBrush(Qt::NoBrush);
-    if (s.rinde == u"laengsrissig")
-        risse(p, r, z, dunkel, 110, false, 4);
-    else if (s.rinde == u"gefeldert")
-        platten(p, r, z, f, seite * 0.15, seite * 0.12, false);
-    else if (s.rinde == u"schuppig")
-        platten(p, r, z, f, seite * 0.2, seite * 0.1, true);
-    else if (s.rinde == u"abblaetternd")
-        platten(p, r, z, gemischt(f, QColor(0xC9, 0xC0, 0x90), 0.4), seite * 0.3, seite * 0.24, true);
-    else if (s.rinde == u"ringelig")
-        risse(p, r, z, dunkler(f, 0.45), 70, true, 4);
-    else if (s.rinde == u"weiss")
-        risse(p, r, z, QColor(0x2C, 0x28, 0x26), 34, true, 5);
-    else if (s.rinde == u"streifig")
-        risse(p, r, z, heller(f, 0.7), 60, false, 3);
-    else if (s.rinde == u"korkleisten")
-        risse(p, r, z, heller(f, 0.35), 16, false, 16);
-    else
-        risse(p, r, z, durchsichtig(dunkel, 0.35), 26, true, 1.6);
+    // Cracks by number, direction and width; plates by their size.
+    const struct
+    {
+        QStringView wort;
+        QColor farbe;
+        int risse;
+        bool quer, rund;
+        double dick, breit, hoch;
+    } arten[] = {// clang-format off
+        {u"laengsrissig", dunkel, 110, false, false, 4, 0, 0},              {u"ringelig", dunkler(f, 0.45), 70, true, false, 4, 0, 0},
+        {u"weiss", QColor(0x2C, 0x28, 0x26), 34, true, false, 5, 0, 0},     {u"streifig", heller(f, 0.7), 60, false, false, 3, 0, 0},
+        {u"korkleisten", heller(f, 0.35), 16, false, false, 16, 0, 0},      {u"gefeldert", f, 0, false, false, 0, 0.15, 0.12},
+        {u"schuppig", f, 0, false, true, 0, 0.2, 0.1},
+        {u"abblaetternd", gemischt(f, QColor(0xC9, 0xC0, 0x90), 0.4), 0, false, true, 0, 0.3, 0.24},
+        {u"", durchsichtig(dunkel, 0.35), 26, true, false, 1.6, 0, 0}};
+    // clang-format on
+    for (const auto &a : arten)
+        if (a.wort == s.rinde || a.wort.isEmpty()) {
+            if (a.risse)
+                risse(p, r, z, a.farbe, a.risse, a.quer, a.dick);
+            else
+                platten(p, r, z, a.farbe, seite * a.breit, seite * a.hoch, a.rund);
+            break;
+        }
     QLinearGradient rundung(r.left(), 0, r.right(), 0);
     rundung.setColorAt(0, QColor(0, 0, 0, 70));
     rundung.setColorAt(0.3, QColor(255, 255, 255, 30));

@@ -196,7 +196,7 @@ void Motiv::flaecheMalen(QPainter &p, const Strich &s, const Anstrich &a, double
     const QColor f = mitTon(a[s.rolle], ton);
     const bool blatt = s.rolle == Rolle::Blatt || s.rolle == Rolle::Blatt2;
     const bool durchscheinend = s.rolle == Rolle::Schatten || s.rolle == Rolle::Licht;
-    p.setPen(durchscheinend || pixel < 15 ? QPen(Qt::NoPen) : umrissstift(f, pixel));
+    p.setPen(durchscheinend || pixel < 20 ? QPen(Qt::NoPen) : umrissstift(f, pixel));
     if (pixel < grob || durchscheinend) {
         p.setBrush(f);
         p.drawPath(s.pfad);

@@ -33,11 +33,10 @@ Pflanzenbild::Pflanzenbild(const Steckbrief &brief, const Formen &formen, double
 
 void Pflanzenbild::bauen()
 {
-    for (const auto &raum : {wuchsKraut, wuchsGehoelz, wuchsSonder})
-        if (const Wuchs wuchs = raum(s.wuchs)) {
-            wuchs(*this);
-            break;
-        }
+    for (const auto &raum : {wuchsKraut(), wuchsGehoelz(), wuchsSonder()})
+        for (const auto &[wort, wuchs] : raum)
+            if (wort == s.wuchs)
+                wuchs(*this);
     pflanze_ = kasten_;
     if (!s.sammlung.imTopf)
         return;
@@ -125,7 +124,7 @@ void Pflanzenbild::bluete(QPointF ort, double grad, double ebene)
     if (!bluehtJetzt())
         return;
     // On a tree true flowers would be dots: they are drawn as large as one sees that it flowers.
-    const double radius = std::clamp(s.bluetengroesse / 200 * px, std::max(3.5, hoehe() * (s.verholzt() ? 0.0125 : 0.006)), hoehe() * 0.3);
+    const double radius = std::clamp(s.bluetengroesse / 200 * px, std::max(3.5, hoehe() * (s.verholzt() ? 0.016 : 0.006)), hoehe() * 0.3);
     const double richtung = bluete_.rund() ? grad + zufall.streuung(25) : bluete_.haengt() ? 90 + zufall.streuung(8) : grad;
     const QTransform dort = ::lage(ort, richtung, 200 * radius / bluete_.blueteneinheiten());
     ding(ebene, dort.mapRect(bluete_.rahmen()), [this, dort, t = zufall.streuung(0.07)](QPainter &p) { bluete_.malen(p, s.anstrich, dort, t); });
@@ -165,7 +164,7 @@ void Pflanzenbild::frucht(QPointF ort, double ebene)
     if (!s.zeigtFruechte() || winter)
         return;
     const double hundert = s.fruchtstand ? 2.2 : 1;
-    const double laenge = std::clamp(s.fruchtgroesse / 100 * px * hundert, std::max(11.0, hoehe() * (s.fruchtstand ? 0.036 : 0.024)), hoehe() * 0.3);
+    const double laenge = std::clamp(s.fruchtgroesse / 100 * px * hundert, std::max(11.0, hoehe() * (s.fruchtstand ? 0.03 : 0.024)), hoehe() * 0.3);
     const QTransform dort = ::lage(ort, 90 + zufall.streuung(12), laenge);
     ding(ebene, dort.mapRect(frucht_.rahmen()), [this, dort, t = zufall.streuung(0.06)](QPainter &p) { frucht_.malen(p, s.anstrich, dort, t); });
 }

@@ -86,8 +86,8 @@ private:
     std::vector<std::pair<double, std::function<void(QPainter &)>>> dinge_;
 };
 
-/// A habit: puts the plant together. Null for a word without one.
-using Wuchs = void (*)(Pflanzenbild &);
-Wuchs wuchsKraut(QStringView wort);
-Wuchs wuchsGehoelz(QStringView wort);
-Wuchs wuchsSonder(QStringView wort);
+/// A habit puts the plant together; each room knows some by their words.
+using Wuchs = std::pair<QStringView, void (*)(Pflanzenbild &)>;
+std::span<const Wuchs> wuchsKraut();
+std::span<const Wuchs> wuchsGehoelz();
+std::span<const Wuchs> wuchsSonder();

@@ -22,48 +22,25 @@ constexpr Sammlung alle[] = {
     {u"Stauden", u"stauden", u"", u"farben", u"blattfarbe", u"fruchtfarb", u"", false, {}},
     {u"Gehoelze", u"gehoelze", u"", u"bluehfarb", u"laubfarb", u"fruchtfarb", u"groesse", false, {}},
     {u"Apfel", u"apfel", u"=Apfel", u"", u"", u"grundfarbe", u"", false, aepfel, true},
-    {u"Obst",
-     u"obst",
-     u"DTNAM",
-     u"",
-     u"BLATT",
-     u"FRUFAR",
-     u"",
-     false,
-     {},
-     false,
-     u"GRUNDFARB",
-     u"DECKFARB",
-     u"SCHALE",
-     u"FRUFLEI",
-     u"FRUFOR",
-     u"WUCHS",
-     u"FRUSTAN"},
+    // clang-format off
+    {u"Obst", u"obst", u"DTNAM", u"", u"BLATT", u"FRUFAR", u"", false, {}, false,
+     u"GRUNDFARB", u"DECKFARB", u"SCHALE", u"FRUFLEI", u"FRUFOR", u"WUCHS", u"FRUSTAN"},
+    // clang-format on
 };
 
+// clang-format off
 /// What words on the growth of a variety change of its kind: height, width, leaf.
 constexpr struct
 {
     QStringView wort;
     double hoehe, breite, blatt;
-} wuchskraft[] = {{u"schwach", 0.82, 1, 1},
-                  {u"stark", 1.15, 1, 1},
-                  {u"schmalwüchsig", 1, 0.8, 1},
-                  {u"breitwüchsig", 1, 1.2, 1},
-                  {u"steil aufrecht", 1.04, 0.82, 1},
-                  {u"überhängend", 0.94, 1.14, 1},
-                  {u"kompakt", 0.92, 0.95, 1},
-                  {u"sparrig", 1, 1.1, 1},
-                  {u"buschförmig", 0.96, 1.06, 1},
-                  {u"kleinkronig", 0.94, 0.9, 1},
-                  {u"großkronig", 1.06, 1.08, 1},
-                  {u"locker aufgebaut", 1, 1.05, 1},
-                  {u"dicht aufgebaut", 0.98, 0.97, 1},
-                  {u"breitkegelförmig", 1, 1.08, 1},
-                  {u"pyramidal", 1.05, 0.9, 1},
-                  {u"kugelförmig", 0.97, 1.02, 1},
-                  {u"groß", 1, 1, 1.2},
-                  {u"klein", 1, 1, 0.8}};
+} wuchskraft[] = {
+    {u"schwach", 0.82, 1, 1}, {u"stark", 1.15, 1, 1}, {u"schmalwüchsig", 1, 0.8, 1}, {u"breitwüchsig", 1, 1.2, 1},
+    {u"steil aufrecht", 1.04, 0.82, 1}, {u"überhängend", 0.94, 1.14, 1}, {u"kompakt", 0.92, 0.95, 1}, {u"sparrig", 1, 1.1, 1},
+    {u"buschförmig", 0.96, 1.06, 1}, {u"kleinkronig", 0.94, 0.9, 1}, {u"großkronig", 1.06, 1.08, 1}, {u"locker aufgebaut", 1, 1.05, 1},
+    {u"dicht aufgebaut", 0.98, 0.97, 1}, {u"breitkegelförmig", 1, 1.08, 1}, {u"pyramidal", 1.05, 0.9, 1}, {u"kugelförmig", 0.97, 1.02, 1},
+    {u"groß", 1, 1, 1.2}, {u"klein", 1, 1, 0.8}};
+// clang-format on
 
 /// Names of which a row may speak, the most particular first: the whole name, the species, the genus, the kind.
 QStringList namen(const Datensatz &pflanze, const Sammlung &sammlung)
@@ -145,12 +122,8 @@ QStringList Steckbrief::kennzeichen() const
 
 bool Steckbrief::verholzt() const
 {
-    // clang-format off
-    static const QStringList worte{QStringLiteral("strauch"), QStringLiteral("zwergstrauch"), QStringLiteral("baum"), QStringLiteral("kletternd"),
-                                   QStringLiteral("nadelbaum"), QStringLiteral("nadelstrauch"), QStringLiteral("obstbaum"),
-                                   QStringLiteral("beerenstrauch"), QStringLiteral("rebe"), QStringLiteral("ruten")};
-    // clang-format on
-    return worte.contains(wuchs);
+    static const QStringView worte = u" strauch zwergstrauch baum kletternd nadelbaum nadelstrauch obstbaum beerenstrauch rebe ruten ";
+    return worte.contains(QString(u' ' + wuchs + u' '));
 }
 
 void Steckbrief::formenWaehlen(const Formen &formen)
@@ -198,22 +171,28 @@ void Steckbrief::masseLesen()
             h = std::max(h, von + (mehrere ? 0.12 : 0.6) * (bis - von));
             mehrere = true;
         }
+    // Climbers reach what they find, and are put among the small for their stems alone.
+    if (ist(u"kletternd") && !sammlung.imTopf)
+        h = std::max(h, zahl(QStringLiteral("Hoehe"), h));
     bluetenhoehe = pflanze.zahl(u"BLMAXH").value_or(0);
     hoehe = h > 0 ? h : bluetenhoehe > 0 ? bluetenhoehe * 0.7 : zahl(QStringLiteral("Hoehe"), verholzt() ? 2.5 : 0.4);
     if (kleinste <= 0 || kleinste > hoehe)
         kleinste = hoehe;
     // Flowers on scapes: a height that says nothing of them is that of the whole plant, and the leaves stay below.
-    static const QStringList mitSchaft{QStringLiteral("rosette"), QStringLiteral("horst"),    QStringLiteral("zwiebel"),
-                                       QStringLiteral("knolle"),  QStringLiteral("zisterne"), QStringLiteral("sukkulentrosette")};
-    if (blueht && bluetenhoehe <= 0 && mitSchaft.contains(wuchs) && sitz != u"im-laub") {
+    static const QStringView mitSchaft = u" rosette horst zwiebel knolle zisterne sukkulentrosette ";
+    const double ganze = hoehe;
+    const bool ungesagt = bluetenhoehe <= 0 || (sammlung.imTopf && bluetenhoehe <= hoehe);
+    if (blueht && ungesagt && mitSchaft.contains(QString(u' ' + wuchs + u' ')) && sitz != u"im-laub") {
+        const double laub = zahl(QStringLiteral("Blattlaenge"), hoehe * 72) / 100 * (1 + zahl(QStringLiteral("Blattstiel"), 0));
         bluetenhoehe = hoehe;
-        hoehe *= 0.72;
+        hoehe = std::clamp(laub, hoehe * 0.35, hoehe * 0.72);
     }
     bluetenhoehe = blueht ? std::clamp(bluetenhoehe, hoehe * 0.75, hoehe * 4) : hoehe;
     const double durchmesser = pflanze.zahl(u"maxdurchm").value_or(0);
     const bool flach = ist(u"teppich") || ist(u"polster") || ist(u"schwimmblatt");
     const bool schmal = ist(u"eintriebig") || ist(u"rohr") || ist(u"zwiebel") || krone == u"saeule" || ist(u"nadelbaum") || ist(u"saeulenkaktus");
     breite = zahl(QStringLiteral("Breite"), durchmesser > 0 ? std::clamp(durchmesser / hoehe, 0.25, 3.5) : flach ? 2.6 : schmal ? 0.45 : 0.9);
+    breite *= ganze / hoehe;
     double blattfaktor = 1;
     for (const QStringView spalte : {sammlung.kraft, sammlung.fruchtform, sammlung.laubfarbe})
         for (const QString &wort : pflanze.worte(spalte))

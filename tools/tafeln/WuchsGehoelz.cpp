@@ -254,13 +254,14 @@ void nadelbaum(Pflanzenbild &b)
     rindeMalen(b, stamm, dick, form.stamm + 0.1);
     const bool etagen = form.wort == u"etagen";
     const int n = etagen ? 8 : std::clamp(int(h / 22), 14, 34);
-    const double nadel = std::clamp(b.blattlaenge(5), 5.0, 24.0);
+    const double nadel = std::clamp(b.blattlaenge(5), std::max(5.0, h * 0.01), 24.0);
     for (int i = 0; i < n; ++i) {
         const double t = double(i) / n, y = form.stamm * 0.6 + (1 - form.stamm * 0.6) * t * 0.97;
         for (int j = 0; j < (etagen ? 5 : 4); ++j) {
             const double steig = form.steigung + 46 * t * t - 8 + b.zufall.streuung(8);
             const double quer = j < 2 ? 1.0 : b.zufall.zwischen(0.35, 0.8);
-            const double laenge = std::max(h * 0.035, halb * weite(form, std::min(1.0, y + 0.04)) * quer);
+            const double laenge =
+                std::max(h * 0.035, halb * weite(form, std::min(1.0, y + 0.04)) * quer / std::max(0.4, std::cos(steig * 0.0174533)));
             const QPointF fuss = stamm.punkt(std::min(0.98, y + (etagen ? 0 : b.zufall.streuung(0.015))));
             const double grad = j % 2 ? steig : 180 - steig;
             nadelast(b, Kurve::bogen(fuss, grad, laenge, form.neigung), std::max(1.0, dick * 0.22 * (1 - t)), nadel, j < 2 ? -0.2 : 0.3);
@@ -274,7 +275,7 @@ void nadelbaum(Pflanzenbild &b)
 
 void nadelstrauch(Pflanzenbild &b)
 {
-    const double h = b.hoehe(), halb = b.halb(), nadel = std::clamp(b.blattlaenge(5), 5.0, 20.0);
+    const double h = b.hoehe(), halb = b.halb(), nadel = std::clamp(b.blattlaenge(5), std::max(5.0, h * 0.024), 22.0);
     const bool flach = krone(b.s).wort == u"flach";
     const int n = 19;
     for (int i = 0; i < n; ++i) {
@@ -347,14 +348,15 @@ void ruten(Pflanzenbild &b)
     }
 }
 
-constexpr std::pair<QStringView, Wuchs> woerter[] = {
-    {u"baum", baum},           {u"obstbaum", obstbaum},         {u"strauch", strauch},     {u"zwergstrauch", strauch}, {u"beerenstrauch", strauch},
-    {u"nadelbaum", nadelbaum}, {u"nadelstrauch", nadelstrauch}, {u"kletternd", kletternd}, {u"rebe", kletternd},       {u"ruten", ruten}};
+// clang-format off
+constexpr Wuchs woerter[] = {
+    {u"baum", baum}, {u"obstbaum", obstbaum}, {u"strauch", strauch}, {u"zwergstrauch", strauch}, {u"beerenstrauch", strauch},
+    {u"nadelbaum", nadelbaum}, {u"nadelstrauch", nadelstrauch}, {u"kletternd", kletternd}, {u"rebe", kletternd}, {u"ruten", ruten}};
+// clang-format on
 
 } // namespace
 
-Wuchs wuchsGehoelz(QStringView wort)
+std::span<const Wuchs> wuchsGehoelz()
 {
-    const auto *w = std::ranges::find(woerter, wort, [](const auto &eintrag) { return eintrag.first; });
-    return w == std::end(woerter) ? nullptr : w->second;
+    return woerter;
 }

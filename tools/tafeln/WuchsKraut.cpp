@@ -327,15 +327,16 @@ void erdbeere(Pflanzenbild &b)
     }
 }
 
-constexpr std::pair<QStringView, Wuchs> woerter[] = {
-    {u"rosette", rosette},     {u"horst", horst},     {u"aufrecht", aufrecht},         {u"eintriebig", eintriebig},   {u"buschig", buschig},
-    {u"halbstrauch", buschig}, {u"polster", polster}, {u"teppich", teppich},           {u"haengend", haengend},       {u"zwiebel", zwiebel},
-    {u"knolle", knolle},       {u"sumpf", sumpf},     {u"schwimmblatt", schwimmblatt}, {u"unterwasser", unterwasser}, {u"erdbeere", erdbeere}};
+// clang-format off
+constexpr Wuchs woerter[] = {
+    {u"rosette", rosette}, {u"horst", horst}, {u"aufrecht", aufrecht}, {u"eintriebig", eintriebig}, {u"buschig", buschig},
+    {u"halbstrauch", buschig}, {u"polster", polster}, {u"teppich", teppich}, {u"haengend", haengend}, {u"zwiebel", zwiebel}, {u"knolle", knolle},
+    {u"sumpf", sumpf}, {u"schwimmblatt", schwimmblatt}, {u"unterwasser", unterwasser}, {u"erdbeere", erdbeere}};
+// clang-format on
 
 } // namespace
 
-Wuchs wuchsKraut(QStringView wort)
+std::span<const Wuchs> wuchsKraut()
 {
-    const auto *w = std::ranges::find(woerter, wort, [](const auto &eintrag) { return eintrag.first; });
-    return w == std::end(woerter) ? nullptr : w->second;
+    return woerter;
 }

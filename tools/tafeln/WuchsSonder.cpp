@@ -45,7 +45,15 @@ void rohr(Pflanzenbild &b)
         const double blade = std::min(b.blattlaenge(20), h * 0.4);
         for (int j = 0; j < 9; ++j) {
             const double t = 0.12 + 0.095 * j, zur = k.winkel(t) + (j % 2 ? 1 : -1) * b.zufall.zwischen(28, 50);
-            b.bandblatt(Kurve::bogen(k.punkt(t), zur, blade * b.zufall.zwischen(0.8, 1), 55), 1, b.zufall.streuung(0.8));
+            if (blade > h * 0.1) {
+                b.bandblatt(Kurve::bogen(k.punkt(t), zur, blade * b.zufall.zwischen(0.8, 1), 55), 1, b.zufall.streuung(0.8));
+                continue;
+            }
+            const Kurve zweig = Kurve::bogen(k.punkt(t), zur, h * 0.1, 30); // small leaves stand on twigs
+            b.trieb(zweig, 1.6, 1, b.stielfarbe(), 0);
+            for (int l = 0; l < 7; ++l)
+                b.blatt(zweig.punkt(0.3 + 0.1 * l), zweig.winkel(0.3 + 0.1 * l) + (l % 2 ? 1 : -1) * b.zufall.zwischen(15, 60),
+                        std::max(blade, h * 0.045), b.zufall.streuung(0.8), 1.3);
         }
         if (b.s.zeigtBlueten())
             b.bluehe(k.punkt(1), k.winkel(1), 1.1);
@@ -111,7 +119,7 @@ void schopf(Pflanzenbild &b)
     const double h = b.hoehe(), laenge = std::min(b.blattlaenge() * (b.bandartig() ? 1 : 1 + b.s.blattstiel), h * 0.62);
     const int staemme = !flasche && b.s.hoehe > 0.8 && b.s.breite > 0.45 ? 3 : 1;
     if (flasche) { // the foot of the stem stores water
-        const double weit = h * 0.15, hoch = h * 0.2;
+        const double weit = h * 0.11, hoch = h * 0.16;
         QPainterPath leib({-weit, -2});
         leib.cubicTo({-weit * 1.15, -hoch * 0.75}, {-weit * 0.35, -hoch * 0.85}, {-h * 0.02, -hoch * 1.5});
         leib.lineTo(h * 0.02, -hoch * 1.5);
@@ -267,24 +275,16 @@ void gliederkaktus(Pflanzenbild &b)
     }
 }
 
-constexpr std::pair<QStringView, Wuchs> woerter[] = {{u"gras", gras},
-                                                     {u"rohr", rohr},
-                                                     {u"schirm", schirm},
-                                                     {u"farn", farn},
-                                                     {u"schopf", schopf},
-                                                     {u"flaschenstamm", schopf},
-                                                     {u"palme", palme},
-                                                     {u"zisterne", zisterne},
-                                                     {u"orchidee", orchidee},
-                                                     {u"sukkulentrosette", sukkulentrosette},
-                                                     {u"kugelkaktus", kugelkaktus},
-                                                     {u"saeulenkaktus", saeulenkaktus},
-                                                     {u"gliederkaktus", gliederkaktus}};
+// clang-format off
+constexpr Wuchs woerter[] = {
+    {u"gras", gras}, {u"rohr", rohr}, {u"schirm", schirm}, {u"farn", farn}, {u"schopf", schopf}, {u"flaschenstamm", schopf}, {u"palme", palme},
+    {u"zisterne", zisterne}, {u"orchidee", orchidee}, {u"sukkulentrosette", sukkulentrosette}, {u"kugelkaktus", kugelkaktus},
+    {u"saeulenkaktus", saeulenkaktus}, {u"gliederkaktus", gliederkaktus}};
+// clang-format on
 
 } // namespace
 
-Wuchs wuchsSonder(QStringView wort)
+std::span<const Wuchs> wuchsSonder()
 {
-    const auto *w = std::ranges::find(woerter, wort, [](const auto &eintrag) { return eintrag.first; });
-    return w == std::end(woerter) ? nullptr : w->second;
+    return woerter;
 }
