@@ -1,8 +1,8 @@
+#include "Kleinformen.h"
 #include "store/Recordset.h"
 #include "tests/store/Datenhilfen.h"
 #include "tools/Pflanzendaten.h"
 
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -268,7 +268,7 @@ private:
     QString bauen(const QString &text) const
     {
         return fehlerVon([&] {
-            Pflanzendaten daten(ziel());
+            Pflanzendaten daten(ziel(), kleinsteFormen(*ordner_));
             for (const RecSatz &satz : recLesen(text.toUtf8(), u"probe.rec"_s))
                 daten.aufnehmen(satz);
             daten.abschliessen();

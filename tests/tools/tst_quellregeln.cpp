@@ -1,10 +1,9 @@
+#include "Kleinformen.h"
 #include "tests/store/Datenhilfen.h"
 #include "tools/Pflanzendaten.h"
 #include "tools/tafeln/Form.h"
 
 #include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -29,17 +28,6 @@ private:
     {
         return u"%rec: Familien\n\nFAMILIE: 1\nFAMNAME: Malvaceae (Malvengewächse)\nGATTUNGEN: Abutilon, Hibiscus\n\nFAMILIE: 2\nFAMNAME: Rosaceae "
                "(Rosengewächse)\n\n"_s;
-    }
-    /// A folder of forms that has the two which every plant needs, and `zusatz`.
-    QString formen(const QByteArray &zusatz = {}) const
-    {
-        QFile datei(ordner_->filePath(u"formen.rec"_s));
-        if (!datei.open(QIODevice::WriteOnly))
-            qFatal("The folder of the test cannot be written.");
-        datei.write("%rec: Pflanzenform\n\nPflanze: Abutilon\n" + zusatz
-                    + "\n\n%rec: Blattform\n\nForm: elliptisch\nTitel: t\nFlaeche: blatt M0 0L10 -50L0 -100Z\n\n"
-                      "%rec: Bluetenform\n\nForm: fuenfzaehlig-rund\nTitel: t\nFlaeche: bluete M0 0L40 -50L0 -100Z\n\n");
-        return ordner_->path();
     }
     /// Message of the build, empty where the text is taken.
     QString bauen(const QString &text, const QString &formenordner) const
@@ -141,7 +129,7 @@ void TestQuellregeln::regeln_data()
 void TestQuellregeln::regeln()
 {
     QFETCH(QString, text);
-    QTEST(bauen(text, formen()), "meldung");
+    QTEST(bauen(text, kleinsteFormen(*ordner_)), "meldung");
 }
 
 void TestQuellregeln::schreibung_data()
@@ -208,7 +196,8 @@ void TestQuellregeln::fremdeForm()
 {
     QFETCH(QByteArray, feld);
     QFETCH(bool, bekannt);
-    const QString ordner = formen(feld), meldung = bauen(familien() + u"%rec: Topfpfl\n\nARTNR: 1\nBOT_NAME: Abutilon\nbewertung: 5\n"_s, ordner);
+    const QString ordner = kleinsteFormen(*ordner_, feld),
+                  meldung = bauen(familien() + u"%rec: Topfpfl\n\nARTNR: 1\nBOT_NAME: Abutilon\nbewertung: 5\n"_s, ordner);
     QCOMPARE(meldung, bekannt ? QString()
                               : u"%1/formen.rec:4: %2 kennt \"gibtsnicht\" nicht"_s.arg(ordner, QString::fromLatin1(feld.left(feld.indexOf(':')))));
 }
