@@ -145,6 +145,16 @@ private slots:
     /// The window of the apples shows no remark of the maker.
     void aepfelOhneBemerkung() { QCOMPARE(werte(*db_, u"SELECT BOT_NAME FROM Apfel WHERE BEMERKUNG IS NOT NULL"_s), QStringList()); }
 
+    /// No trade's preset shows nearly all potted plants or next to none.
+    void ausbildung()
+    {
+        const qint64 alle = zahl(*db_, u"SELECT count(*) FROM Topfpfl"_s);
+        for (int p = 1; p <= WL_Ausbildung.anzahl(); ++p) {
+            const qint64 eine = zahl(*db_, u"SELECT count(*) FROM Topfpfl WHERE substr(Ausbildung, %1, 1) = '1'"_s.arg(p));
+            QVERIFY2(4 * eine >= alle && 10 * eine <= 7 * alle, qPrintable(u"%1: %2"_s.arg(WL_Ausbildung.wort(p)).arg(eine)));
+        }
+    }
+
     void synonyme()
     {
         for (const char *art : {"Botanisch", "Deutsch"}) {
