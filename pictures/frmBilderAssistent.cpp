@@ -104,6 +104,14 @@ frmBilderAssistent::frmBilderAssistent(Programm &programm, Laufwerksliste laufwe
     alles->setSpacing(12);
     alles->addWidget(seiten_, 1);
     alles->addLayout(tasten);
+    // The page first, then what stands below it.
+    QWidget *voriger = nullptr;
+    for (QWidget *knopf : seiten_->findChildren<QAbstractButton *>())
+        if (QWidget *vor = std::exchange(voriger, knopf))
+            setTabOrder(vor, knopf);
+    setTabOrder(voriger, cmdErweitert_);
+    setTabOrder(cmdErweitert_, cmdAbbrechen);
+    findChild<QWidget *>(QLatin1String(wege[0].name))->setFocus();
     beschriften();
     setMinimumWidth(std::max(600, fontMetrics().averageCharWidth() * 88));
 }

@@ -70,6 +70,12 @@ frmBilderSuche::frmBilderSuche(Programm &programm, const Laufwerksliste &laufwer
     ordnerZeigen(systemPfad(programm.BilderPfad));
 }
 
+frmBilderSuche::~frmBilderSuche()
+{
+    // The focus leaves the text box while the windows go; that must not reach a form half gone.
+    txtFloxBildVerzeichnis_->disconnect(this);
+}
+
 void frmBilderSuche::aufbauen()
 {
     drvLaufwerk_->setObjectName(QStringLiteral("drvLaufwerk"));

@@ -19,6 +19,7 @@ class frmBilderSuche : public QDialog
 
 public:
     frmBilderSuche(Programm &programm, const Laufwerksliste &laufwerke, QWidget *eltern);
+    ~frmBilderSuche() override;
 
 private:
     void aufbauen();

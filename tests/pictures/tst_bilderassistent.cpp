@@ -57,15 +57,25 @@ private:
         // First the next turn: what is done now may open a form and come back when that is gone.
         QTimer::singleShot(1, this, [this] { weiter(); });
         QWidget *vorn = QApplication::activeModalWidget();
-        if (!vorn || vorn->objectName() != griffe_[stelle_].first)
-            return;
         const size_t jetzt = stelle_++;
-        if (!griffe_[jetzt].second(vorn))
-            stelle_ = jetzt;
+        if (vorn && vorn->objectName() == griffe_[jetzt].first && griffe_[jetzt].second(vorn)) {
+            gewartet_ = 0;
+            return;
+        }
+        stelle_ = jetzt;
+        if (++gewartet_ < geduld)
+            return;
+        const QWidget *fokus = QApplication::focusWidget();
+        qWarning("Step %d does not come; in front is '%s', the focus is on '%s'.", int(jetzt), qPrintable(vorn ? vorn->objectName() : QString()),
+                 qPrintable(fokus ? fokus->objectName() : QString()));
+        if (auto *dialog = qobject_cast<QDialog *>(vorn))
+            dialog->reject();
     }
 
     std::vector<std::pair<QString, Griff>> griffe_;
+    static constexpr int geduld = 3000; // turns
     size_t stelle_ = 0;
+    int gewartet_ = 0;
 };
 
 Hand::Griff drueckt(const char *name)
@@ -107,7 +117,7 @@ private slots:
             auto *knopf = teil<QAbstractButton>(form, name);
             QCOMPARE(knopf->toolTip(), u"Anklicken zum Auswählen"_s);
             QVERIFY(!knopf->accessibleName().isEmpty());
-            QVERIFY(bilder::eigengroesse(u"assistent/vorschlag%1"_s.arg(QLatin1Char(name[11]))).isValid());
+            QVERIFY(bilder::eigengroesse(u"assistent/vorschlag%1"_s.arg(QLatin1Char(name[12]))).isValid());
         }
         auto *cmdErweitert = teil<QPushButton>(form, "cmdErweitert");
         QCOMPARE(cmdErweitert->text(), u"Erweiterte Optionen >>>"_s);
@@ -275,7 +285,10 @@ private slots:
             if (antworten.texte.size() == kommtNach)
                 laufwerke_ = {cd_->laufwerk()};
         };
-        const Hand hand({{assistent, drueckt("cmdVorschlag2")}, {assistent, drueckt("cmdAbbrechen")}});
+        std::vector<std::pair<QString, Hand::Griff>> griffe = {{assistent, drueckt("cmdVorschlag2")}};
+        if (!kommtNach)
+            griffe.push_back({assistent, drueckt("cmdAbbrechen")}); // the assistant is still there
+        const Hand hand(griffe);
         zeigen();
         QCOMPARE(antworten.texte.size(), kommtNach ? kommtNach : 3);
         for (const QString &text : antworten.texte)
@@ -284,7 +297,7 @@ private slots:
         QCOMPARE(programm_.BilderPfad, kommtNach ? mitStrich(cd_->pfad()) : u"/anderswo\\"_s);
         QCOMPARE(programm_.VermissterBilderPfad, kommtNach ? QString() : u"/vermisst\\"_s);
         QCOMPARE(programm_.BilderAufCD, kommtNach > 0);
-        QCOMPARE(hand.fertig(), kommtNach == 0); // the assistant was still there
+        QVERIFY(hand.fertig());
         QCOMPARE(aktualisiert_, kommtNach ? 1 : 0);
     }
 
@@ -364,7 +377,7 @@ private slots:
                          {assistent,
                           [&](QWidget *form) {
             schild_ = teil<QLabel>(*form, "lblVorschaubilderPfad")->text();
-            return true;
+            return schild_.endsWith(u'/'); // the labels follow when the form is gone
                           }},
                         {assistent, drueckt("cmdAbbrechen")}});
         zeigen();
@@ -389,15 +402,38 @@ private slots:
         const auto steht = [](const char *name) {
             return [name](QWidget *) { return QApplication::focusWidget() && QApplication::focusWidget()->objectName() == QLatin1String(name); };
         };
-        const Hand hand({{assistent, steht("cmdVorschlag1")}, {assistent, taste(Qt::Key_Tab)},     {assistent, steht("cmdVorschlag2")},
-                         {assistent, taste(Qt::Key_Tab)},     {assistent, steht("cmdVorschlag3")}, {assistent, taste(Qt::Key_Tab)},
-                         {assistent, steht("cmdErweitert")},  {assistent, taste(Qt::Key_Space)},   {assistent, taste(Qt::Key_Tab)},
-                         {assistent, steht("cmdAbbrechen")},  {assistent, taste(Qt::Key_Tab)},     {assistent, steht("cmdBilderPfadAendern")},
-                         {assistent, taste(Qt::Key_Space)},   {suche, steht("drvLaufwerk")},       {suche, taste(Qt::Key_Down)},
-                         {suche, taste(Qt::Key_Return)},      {assistent, taste(Qt::Key_Tab)},     {assistent, steht("cmdVorschauBilderErstellen")},
-                         {assistent, taste(Qt::Key_Tab)},     {assistent, steht("cmdErweitert")},  {assistent, taste(Qt::Key_Space)},
-                         {assistent, taste(Qt::Key_Backtab)}, {assistent, steht("cmdVorschlag3")}, {assistent, taste(Qt::Key_Up)},
-                         {assistent, steht("cmdVorschlag2")}, {assistent, taste(Qt::Key_Return)}});
+        // What a window manager does when the form above is gone.
+        const auto wiederVorn = [](QWidget *form) {
+            form->activateWindow();
+            return QApplication::focusWidget() && QApplication::focusWidget()->objectName() == u"cmdBilderPfadAendern";
+        };
+        const Hand hand({{assistent, steht("cmdVorschlag1")},
+                         {assistent, taste(Qt::Key_Tab)},
+                         {assistent, steht("cmdVorschlag2")},
+                         {assistent, taste(Qt::Key_Tab)},
+                         {assistent, steht("cmdVorschlag3")},
+                         {assistent, taste(Qt::Key_Tab)},
+                         {assistent, steht("cmdErweitert")},
+                         {assistent, taste(Qt::Key_Space)},
+                         {assistent, taste(Qt::Key_Tab)},
+                         {assistent, steht("cmdAbbrechen")},
+                         {assistent, taste(Qt::Key_Tab)},
+                         {assistent, steht("cmdBilderPfadAendern")},
+                         {assistent, taste(Qt::Key_Space)},
+                         {suche, steht("drvLaufwerk")},
+                         {suche, taste(Qt::Key_Down)},
+                         {suche, taste(Qt::Key_Return)},
+                         {assistent, wiederVorn},
+                         {assistent, taste(Qt::Key_Tab)},
+                         {assistent, steht("cmdVorschauBilderErstellen")},
+                         {assistent, taste(Qt::Key_Tab)},
+                         {assistent, steht("cmdErweitert")},
+                         {assistent, taste(Qt::Key_Space)},
+                         {assistent, taste(Qt::Key_Backtab)},
+                         {assistent, steht("cmdVorschlag3")},
+                         {assistent, taste(Qt::Key_Up)},
+                         {assistent, steht("cmdVorschlag2")},
+                         {assistent, taste(Qt::Key_Return)}});
         zeigen();
         QVERIFY(hand.fertig());
         QCOMPARE(programm_.BilderPfad, mitStrich(cd_->pfad()));
