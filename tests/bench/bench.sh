@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
-# bench.sh [PLANTS...]   builds the benchmarks as the program is released and runs them, on that many plants (3000 and 100000) of each collection, on print and on pictures.
+# bench.sh [PLANTS...]   builds the benchmarks as the program is released and runs them, on that many plants (3000 and 100000) of each collection, on print,
+#                        on pictures and on making previews.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 # A build of its own: it needs the plates of a few plants only, and drawing all of them takes minutes.
 ordner=build/bench
 cmake --preset bench >/dev/null
-cmake --build $ordner --target bench_flox bench_bilder bench_druck vervielfacher flox_daten -- --quiet
+cmake --build $ordner --target bench_flox bench_bilder bench_druck bench_vorschau vervielfacher flox_daten -- --quiet
 # database N   path of a database with N potted plants
 database() {
     local file=$ordner/bench-$1.mdb
@@ -35,3 +36,4 @@ for anzahl in "${@:-3000 100000}"; do
 done
 QT_QPA_PLATFORM=offscreen $ordner/tests/bench/bench_druck "$(database 10000)"
 $ordner/tests/bench/bench_bilder
+$ordner/tests/bench/bench_vorschau

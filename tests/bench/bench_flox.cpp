@@ -192,6 +192,32 @@ public:
             [&] { namenSortieren(*db, QStringLiteral("DTNAM")); });
     }
 
+    /// The strip from previews on the disk: two of a thousand for every plant, another two for the next.
+    void schritteMitVorschau()
+    {
+        constexpr int vorschauen = 1000;
+        QDir(ordner_.pfad()).mkpath(QStringLiteral("vorschau/topfpflanzen"));
+        for (const char *probe : {"begonia-rex", "bougainvillea-glabra"})
+            vorschauSchreiben(QString::fromLatin1(probe), 0);
+        for (int i = 0; i < vorschauen; ++i)
+            vorschauSchreiben(QStringLiteral("p%1").arg(i), i);
+        ordner_.db()->Execute(QStringLiteral("UPDATE Topfpfl_Bilder SET \"BILD1-G\" = 'p' || (ARTNR * 2 % 1000), "
+                                             "\"BILD1-D\" = 'p' || (ARTNR * 2 % 1000 + 1)"));
+        const std::unique_ptr<Pflanzenfenster> fenster = gezeigt();
+        if (!programm_.LokaleVorschauBilder)
+            std::abort();
+        auto *cmdNext = fenster->findChild<QAbstractButton *>(QStringLiteral("cmdNext"));
+        std::vector<double> schritte;
+        for (int i = 0; i < 100; ++i)
+            schritte.push_back(einmal([&] {
+                cmdNext->click();
+                malen(*fenster);
+            }));
+        std::printf("%-44s %8.2f ms  (goal <= 12)\n", "step with 1,000 local previews", median(schritte));
+        QDir(ordner_.pfad(QStringLiteral("vorschau"))).removeRecursively();
+        ordner_.db()->Execute(QStringLiteral("UPDATE Topfpfl_Bilder SET \"BILD1-G\" = 'begonia-rex', \"BILD1-D\" = 'bougainvillea-glabra'"));
+    }
+
     void filter()
     {
         const std::unique_ptr<Pflanzenfenster> fenster = gezeigt();
@@ -218,6 +244,15 @@ public:
     }
 
 private:
+    void vorschauSchreiben(const QString &stamm, int farbe)
+    {
+        QImage bild(133, 100, QImage::Format_RGB32);
+        for (int y = 0; y < bild.height(); ++y)
+            for (int x = 0; x < bild.width(); ++x)
+                bild.setPixel(x, y, qRgb(x * 255 / bild.width(), y * 255 / bild.height(), farbe % 256));
+        bild.save(ordner_.pfad(QStringLiteral("vorschau/topfpflanzen/%1.jpg").arg(stamm)), "JPG", 75);
+    }
+
     std::unique_ptr<Pflanzenfenster> neu() { return std::make_unique<Pflanzenfenster>(programm_, zentrale_, *fensterbeschreibung(Sparte::Topf), 1); }
     std::unique_ptr<Pflanzenfenster> gezeigt()
     {
@@ -391,6 +426,7 @@ int main(int anzahl, char **argumente)
         bank.anteile();
         bank.bilderAnlegen();
         bank.schritte();
+        bank.schritteMitVorschau();
         bank.filter();
         bank.halbeBilder();
         bank.filterMitBild("rows fit");

@@ -145,8 +145,8 @@ private slots:
         const QByteArray ganz = foto(1);
         for (int i = 0; i < anzahl; ++i) {
             QByteArray schaden = ganz.first(ganz.size() * (i % 90) / 100);
-            if (i % 3 == 0 && schaden.size() > 400)
-                schaden[200 + i % 190] = '\xFF';
+            if (i % 3 == 0 && schaden.size() > 2000)
+                schaden[1000 + i % 900] = '\xFF';
             baum_->dazu(u"%1/%2.jpg"_s.arg(bilderordner[i % 5]).arg(i), schaden);
         }
         baum_->dazu(u"obst/zuletzt.jpg"_s, ganz);
