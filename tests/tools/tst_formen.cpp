@@ -22,6 +22,7 @@ private slots:
     void abgelehnt();
     void vorrang();
     void merkmale();
+    void blueteUndLaub();
     void aufriss();
     void jedePflanzeAnders_data();
     void jedePflanzeAnders();
@@ -136,6 +137,32 @@ void TestFormen::merkmale()
     QCOMPARE(organVon(u"Beeren rot"_s, alle), Organ::Frucht);
     QVERIFY(!organVon(u"Beeren rot"_s, {Organ::Blatt}));
     QVERIFY(!organVon(u"riecht stark"_s, alle));
+    // Of a variety of fruit, calyx and stalk are the fruit's and the crown is the tree's.
+    QCOMPARE(organVon(u"Kelch offen, in flacher Mulde"_s, alle), Organ::Bluete);
+    QCOMPARE(organVon(u"Kelch offen, in flacher Mulde"_s, alle, true), Organ::Frucht);
+    QCOMPARE(organVon(u"Stiel lang, gebogen"_s, alle, true), Organ::Frucht);
+    QVERIFY(!organVon(u"Krone leuchterartig"_s, alle, true));
+    QCOMPARE(organVon(u"Blüte groß, Krone breit"_s, alle, true), Organ::Bluete);
+}
+
+/// What flowers before its leaves does so on the bare shape; leaves stand below flowers on scapes.
+void TestFormen::blueteUndLaub()
+{
+    static const Formen geliefert = Formen::laden(QStringLiteral(FLOX_FORMEN));
+    const auto brief = [&](int sammlung, QStringView name, auto &&pruefe) {
+        for (const Datensatz &pflanze : Datensatz::alle(*db_, sammlungen()[size_t(sammlung)].tabelle))
+            if (pflanze.name() == name)
+                return pruefe(Steckbrief(pflanze, sammlungen()[size_t(sammlung)], geliefert));
+        QFAIL(qPrintable(name.toString()));
+    };
+    brief(2, u"Corylus avellana", [](const Steckbrief &s) {
+        QVERIFY(s.vorLaub && s.zeigtBlueten());
+        QVERIFY(gesamttitel(s).contains(u"vor dem Laub"));
+    });
+    brief(2, u"Tilia cordata", [](const Steckbrief &s) { QVERIFY(!s.vorLaub && s.winterkahl); });
+    brief(2, u"Hippophae rhamnoides", [](const Steckbrief &s) { QVERIFY(s.zeigtFruechte() && !s.zeigtBlueten()); });
+    brief(2, u"Larix decidua", [](const Steckbrief &s) { QVERIFY(s.winterkahl); });
+    brief(0, u"Agapanthus praecox", [](const Steckbrief &s) { QVERIFY2(s.hoehe < 0.75 * s.bluetenhoehe, qPrintable(QString::number(s.hoehe))); });
 }
 
 void TestFormen::aufriss()
@@ -166,7 +193,7 @@ void TestFormen::jedePflanzeAnders_data()
         QTest::newRow(qPrintable(sammlungen()[size_t(i)].tabelle.toString())) << i;
 }
 
-/// No two plants of a collection are the same drawing; every caption names what is drawn.
+/// No two plants of a collection are the same drawing; every caption names what is drawn; no colour of a flower is shown twice.
 void TestFormen::jedePflanzeAnders()
 {
     QFETCH(int, nummer);
@@ -179,6 +206,11 @@ void TestFormen::jedePflanzeAnders()
         const std::vector<Organ> teile = organe(s);
         QVERIFY2(std::ranges::find(teile, Organ::Blatt) != teile.end(), qPrintable(pflanze.name()));
         QCOMPARE(detailtitel(s).contains(u"Blüte"), s.blueht);
+        QVERIFY2(!s.vorLaub || s.zeigtBlueten(), qPrintable(pflanze.name()));
+        QSet<QRgb> farben{s.anstrich[Rolle::Bluete].rgb()};
+        for (const QColor &f : s.weitereFarben)
+            farben.insert(f.rgb());
+        QVERIFY2(farben.size() == qsizetype(s.weitereFarben.size()) + 1, qPrintable(pflanze.name()));
         const QString zwilling = gesehen.value(s.aussehen());
         if (!zwilling.isEmpty())
             gleiche += zwilling + u" = "_s + pflanze.name();

@@ -138,7 +138,6 @@ void Steckbrief::formenWaehlen(const Formen &formen)
     dornen = wort("Dornen", "keine");
     schau = wort("Schau", !sammlung.art.isEmpty() ? "frucht" : sammlung.imTopf ? "beides" : "bluete");
     winterkahl = wort("Winter", "gruen") == u"kahl" && verholzt();
-    vorLaub = winterkahl && wort("Vorlaub", "nein") == u"ja";
     blatt = formen.form(Formgruppe::Blatt, wort("Blatt", "elliptisch"));
     blatt2 = formen.form(Formgruppe::Blatt, wort("Blatt2", ""));
     bluete = formen.form(Formgruppe::Bluete, wort("Bluete", "fuenfzaehlig-rund"));
@@ -154,6 +153,7 @@ void Steckbrief::formenWaehlen(const Formen &formen)
         sammlung.bluetenfarbe.isEmpty() ? felder_.contains(QStringLiteral("Bluetenfarbe")) : !pflanze.worte(sammlung.bluetenfarbe).isEmpty();
     blueht = farbig && bluete && wort("Bluete", "") != u"keine";
     fruchtet = frucht && (felder_.contains(QStringLiteral("Fruchtfarbe")) || !pflanze.worte(sammlung.fruchtfarbe).isEmpty());
+    vorLaub = winterkahl && zeigtBlueten() && wort("Vorlaub", "nein") == u"ja";
 }
 
 void Steckbrief::masseLesen()
