@@ -4,6 +4,7 @@
 #include "Filterlauf.h"
 #include "Filtername.h"
 #include "Filterziel.h"
+#include "controls/Dateifrage.h"
 #include "controls/Geschuetzt.h"
 #include "controls/Sanduhr.h"
 #include "store/Dateien.h"
@@ -14,7 +15,6 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFile>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
@@ -24,70 +24,6 @@
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QTabWidget>
-#include <QUrl>
-
-namespace {
-
-/// "text (*.x)|*.x|..." as the file dialog wants it; a text that names another pattern than it has stays as it is.
-QString namensfilter(QStringView filter)
-{
-    const QStringList teile = filter.toString().split(u'|');
-    QStringList fertig;
-    for (qsizetype i = 0; i + 1 < teile.size(); i += 2) {
-        const QString muster = QStringLiteral("(%1)").arg(teile[i + 1] == u"*.*" ? QStringLiteral("*") : teile[i + 1]);
-        fertig += teile[i].endsWith(muster) ? teile[i] : teile[i] + u' ' + muster;
-    }
-    return fertig.join(QStringLiteral(";;"));
-}
-
-/// First pattern of a filter: "*.x".
-QString muster(QStringView filter)
-{
-    return filter.toString().section(u'|', 1, 1);
-}
-
-bool istMuster(const QString &pfad)
-{
-    return QFileInfo(pfad).fileName().contains(u'*') && !QFileInfo::exists(pfad);
-}
-
-/// Asks for a filter file. It begins in the current folder with `name` in its box; a pattern there is the name of no file.
-class Dateifrage : public QFileDialog
-{
-public:
-    Dateifrage(QWidget *eltern, const QString &titel, QStringView filter, const QString &name, const QString &letzterOrdner)
-        : QFileDialog(eltern, titel, QDir::currentPath(), namensfilter(filter))
-    {
-        selectFile(name);
-        const QUrl ort = QUrl::fromLocalFile(letzterOrdner);
-        if (letzterOrdner.isEmpty() || !QDir(letzterOrdner).exists() || sidebarUrls().contains(ort))
-            return;
-        dazu_ = ort;
-        setSidebarUrls(sidebarUrls() << ort);
-    }
-
-    /// The chosen path; empty after a cancel.
-    QString fragen()
-    {
-        const bool gewaehlt = exec() == QDialog::Accepted && !selectedFiles().isEmpty() && !istMuster(selectedFiles().constFirst());
-        // The toolkit remembers the places for good; this one is for this time.
-        QList<QUrl> orte = sidebarUrls();
-        if (orte.removeAll(dazu_) > 0)
-            setSidebarUrls(orte);
-        return gewaehlt ? selectedFiles().constFirst() : QString();
-    }
-
-    void accept() override
-    {
-        if (selectedFiles().isEmpty() || !istMuster(selectedFiles().constFirst()))
-            QFileDialog::accept();
-    }
-
-private:
-    QUrl dazu_;
-};
-
-} // namespace
 
 Filterzustand Filterdialog::zustand() const
 {
@@ -260,7 +196,8 @@ void Filterdialog::dateisperreZeigen()
 
 void Filterdialog::DialogLaden()
 {
-    Dateifrage frage(this, QStringLiteral("Filter laden"), beschreibung_.ladeFilter, muster(beschreibung_.speicherFilter), programm_.FilterOrdner);
+    Dateifrage frage(this, QStringLiteral("Filter laden"), beschreibung_.ladeFilter, dateimuster(beschreibung_.speicherFilter),
+                     programm_.FilterOrdner);
     frage.setFileMode(QFileDialog::ExistingFile);
     const QString pfad = frage.fragen();
     if (pfad.isEmpty()) {
@@ -280,7 +217,7 @@ void Filterdialog::DialogLaden()
 
 void Filterdialog::DialogSpeichernunter()
 {
-    const QString endung = muster(beschreibung_.speicherFilter);
+    const QString endung = dateimuster(beschreibung_.speicherFilter);
     const QString name = filtername(beschreibung_, zustand(), [this](const Kriterium &kriterium, const Steuerteil &teil, int i) {
         return beschriftung(umgebung_, kriterium, teil, i);
     });

@@ -1,5 +1,7 @@
 #include "Befehle.h"
 
+#include "Datenbankwechsel.h"
+#include "Export.h"
 #include "frmOptionen.h"
 #include "plantwindows/Beschreibung.h"
 #include "store/Programm.h"
@@ -33,6 +35,10 @@ Befehle::Befehle(Programm &programm, Befehlsumgebung &umgebung) : programm_(prog
         {"mnuABStaudenAlle", &Befehle::ausbildung, staudenAlle, staudengaertner},
         {"mnuABSTStauden", &Befehle::ausbildung, stauden, staudengaertner},
         {"mnuABSTGehoelze", &Befehle::ausbildung, gehoelze, staudengaertner},
+        {"mnuFloxTeilmegeSpeichern", &Befehle::teilmengeSpeichern},
+        {"mnuDateiDBLadenOriginal", &Befehle::originalLaden},
+        {"mnuDateiDBLadenBenutzer", &Befehle::benutzerLaden},
+        {"mnuMulkoSpeichern", &Befehle::mulkoSpeichern},
         {"mnuOptionen", &Befehle::optionen},
         {"mnuFloxBilder", &Befehle::bilderAssistent},
         {"mnuUeberlappend", &Befehle::anordnen<Anordnung::Ueberlappend>},
@@ -102,6 +108,26 @@ void Befehle::bilderAssistent(const Befehl &)
 void Befehle::hilfe(const Befehl &)
 {
     umgebung_.hilfeZeigen({});
+}
+
+void Befehle::originalLaden(const Befehl &)
+{
+    Datenbankwechsel(programm_, umgebung_).mnuDateiDBLadenOriginal_Click();
+}
+
+void Befehle::benutzerLaden(const Befehl &)
+{
+    Datenbankwechsel(programm_, umgebung_).mnuDateiDBLadenBenutzer_Click();
+}
+
+void Befehle::teilmengeSpeichern(const Befehl &)
+{
+    Export(programm_, umgebung_).mnuFloxTeilmegeSpeichern_Click();
+}
+
+void Befehle::mulkoSpeichern(const Befehl &)
+{
+    Export(programm_, umgebung_).mnuMulkoSpeichern_Click();
 }
 
 void Befehle::beenden(const Befehl &)

@@ -28,12 +28,21 @@ public:
     virtual void FormenAktualisieren() = 0;
     /// Null while there is none.
     virtual Pflanzenfenster *aktivesFenster() = 0;
+    /// Before the windows go: stores what has been noted, and asks where that fails. False: the user wants them to stay.
+    [[nodiscard]] virtual bool NotizenSichern() = 0;
+    /// Closes the picture window.
+    virtual void bilderSchliessen() = 0;
     /// The slots of a Sparte, which tell what is open.
     virtual Fenstertabelle &tabelle(Sparte sparte) = 0;
     /// Enables an entry of the menu, or a menu in it.
     virtual void erlauben(const char *eintrag, bool erlaubt) = 0;
     /// Shows an entry of the menu or hides it.
     virtual void zeigen(const char *eintrag, bool sichtbar) = 0;
+    /// Writes the sentence about the database in use into the status bar.
+    virtual void statussatz(const QString &satz) = 0;
+    /// Says something in the status bar for a while.
+    virtual void melden(const QString &satz) = 0;
+    virtual void aktualisierenErlauben(bool erlaubt) = 0;
     /// The window that forms and boxes belong to; null: none.
     virtual QWidget *hauptfenster() = 0;
     /// Shows a form modally, until it is gone.
@@ -82,6 +91,10 @@ private:
     void optionen(const Befehl &befehl);
     void bilderAssistent(const Befehl &befehl);
     void hilfe(const Befehl &befehl);
+    void originalLaden(const Befehl &befehl);
+    void benutzerLaden(const Befehl &befehl);
+    void teilmengeSpeichern(const Befehl &befehl);
+    void mulkoSpeichern(const Befehl &befehl);
     void beenden(const Befehl &befehl);
 
     Programm &programm_;

@@ -147,6 +147,14 @@ void EinstellungenLesen(Programm &programm)
     (void)sichern();
 }
 
+bool OriginalDatenbankSchreiben(const Programm &programm)
+{
+    const auto zeile =
+        std::ranges::find(tabelle, QByteArrayView("OriginalDatenbank"), [](const Einstellung &eine) { return QByteArrayView(eine.name); });
+    RegWertSchreiben(unter(QString::fromLatin1(zeile->schluessel)), QString::fromLatin1(zeile->name), einstellungstext(programm, *zeile));
+    return sichern();
+}
+
 bool EinstellungenSchreiben(const Programm &programm)
 {
     for (const Einstellung &zeile : tabelle)

@@ -28,5 +28,7 @@ QString einstellungstext(const Programm &programm, const Einstellung &zeile);
 /// Reads all settings; the program's own key wins over the design program's, that one over the editor's. A blank counts as not
 /// set. Writes the paths back, so that the keys exist from the first run; where that fails they come with the next write.
 void EinstellungenLesen(Programm &programm);
+/// Writes the truth about the working database alone; false when the disk did not take it.
+[[nodiscard]] bool OriginalDatenbankSchreiben(const Programm &programm);
 /// Writes all settings; false when the disk did not take them. The caller has put the window's geometry into `programm`.
 [[nodiscard]] bool EinstellungenSchreiben(const Programm &programm);

@@ -118,13 +118,13 @@ void mdiZentral::statusleisteBauen()
     auto *leiste = statusBar();
     leiste->setObjectName(QStringLiteral("stbAnzeigeZentral"));
     leiste->setSizeGripEnabled(false);
-    auto *satz = new QLabel(leiste);
-    satz->setObjectName(QStringLiteral("stbAnzeigeZentral_1"));
-    satz->setContentsMargins(8, 0, 0, 0);
+    satz_ = new QLabel(leiste);
+    satz_->setObjectName(QStringLiteral("stbAnzeigeZentral_1"));
+    satz_->setContentsMargins(8, 0, 0, 0);
     if (!programm_.OriginalDatenbank)
-        satz->setText(QStringLiteral("Sie arbeiten mit Datenbanken die vom Benutzer geändert wurden!"));
+        statussatz(QStringLiteral("Sie arbeiten mit Datenbanken die vom Benutzer geändert wurden!"));
     erlauben("mnuDateiDBLadenOriginal", !programm_.OriginalDatenbank);
-    leiste->addWidget(satz, 1);
+    leiste->addWidget(satz_, 1);
     uhrzeit_ = new QLabel(leiste);
     uhrzeit_->setObjectName(QStringLiteral("stbAnzeigeZentral_2"));
     leiste->addPermanentWidget(uhrzeit_);
@@ -427,6 +427,11 @@ void mdiZentral::bildZeigen()
     bilder_->activateWindow();
 }
 
+void mdiZentral::bilderSchliessen()
+{
+    delete bilder_;
+}
+
 void mdiZentral::drucken()
 {
     Systemdrucker drucker;
@@ -446,7 +451,7 @@ void mdiZentral::drucken()
         drucker, this);
     form.exec();
     if (!form.gespeichert().isEmpty())
-        statusBar()->showMessage(QStringLiteral("Gespeichert: %1").arg(QDir::toNativeSeparators(form.gespeichert())), meldungsdauer);
+        melden(QStringLiteral("Gespeichert: %1").arg(QDir::toNativeSeparators(form.gespeichert())));
 }
 
 void mdiZentral::pflanzeGewechselt(Sparte sparte, int nummer)
@@ -466,6 +471,16 @@ QString mdiZentral::filtersatz(Sparte sparte, const Filterzustand &zustand)
     if (!druck || !filter)
         return {};
     return ::filtersatz(druck->kriterien, *filter, zustand, {programm_, eintrag(sparte)});
+}
+
+void mdiZentral::statussatz(const QString &satz)
+{
+    satz_->setText(satz);
+}
+
+void mdiZentral::melden(const QString &satz)
+{
+    statusBar()->showMessage(satz, meldungsdauer);
 }
 
 void mdiZentral::erlauben(const char *eintrag, bool erlaubt)
@@ -531,7 +546,7 @@ void mdiZentral::closeEvent(QCloseEvent *ereignis)
     // Names and settings must not hinder the end.
     geschuetztAusfuehren(nullptr, [this] { benutzernamenSchreiben(programm_); });
     (void)EinstellungenSchreiben(programm_); // settings that cannot be kept do not last, and nobody is asked
-    delete bilder_;
+    bilderSchliessen();
     AlleFensterSchliessen();
     ereignis->accept();
     // Hidden before it was closed, it does not count as the last window.

@@ -31,8 +31,8 @@ public:
     void FensterFreigeben(Sparte sparte) override { fensterBedienbar(sparte, !dialogOffen(sparte)); }
     void notizGespeichert(Sparte sparte, int nummer, const Notiz &notiz) override;
     void FormenAktualisieren() override;
-    /// Before the windows go: stores what has been noted, and asks where that fails. False: the user wants them to stay.
-    [[nodiscard]] bool NotizenSichern();
+    [[nodiscard]] bool NotizenSichern() override;
+    void bilderSchliessen() override;
     void AlleFensterSchliessen() override;
     /// Stores notes, names and settings and shows nothing: the program may be at its end at any moment. Windows stay as they are.
     void sichern();
@@ -41,6 +41,9 @@ public:
     Pflanzenfenster *aktivesFenster() override;
     void erlauben(const char *eintrag, bool erlaubt) override;
     void zeigen(const char *eintrag, bool sichtbar) override;
+    void statussatz(const QString &satz) override;
+    void melden(const QString &satz) override;
+    void aktualisierenErlauben(bool erlaubt) override { AktualisierenErlaubt = erlaubt; }
     QWidget *hauptfenster() override { return this; }
     void formZeigen(QDialog &form) override { form.exec(); }
     std::vector<Laufwerk> laufwerke() override { return laufwerke_(); }
@@ -58,6 +61,8 @@ public:
     void pflanzeGewechselt(Sparte sparte, int nummer) override;
     QString filtersatz(Sparte sparte, const Filterzustand &zustand) override;
     void hilfeZeigen(const QString &thema) override { emit hilfeGewuenscht(thema); }
+
+    bool AktualisierenErlaubt = true; ///< false while another database comes in the place of the old one
 
 signals:
     /// A page of the manual; empty: the first one.
@@ -90,7 +95,7 @@ private:
     QPointer<frmBilder> bilder_;
     Flaeche *flaeche_;
     QTimer timResize_{this}, uhr_{this};
-    QLabel *uhrzeit_ = nullptr;
+    QLabel *satz_ = nullptr, *uhrzeit_ = nullptr;
     QString HintergrundBild;
     QRect angewandt_; ///< place and size that the settings gave the window
     QPoint rahmen_;   ///< from the frame's corner to the window's, while it is neither maximised nor minimised

@@ -5,11 +5,13 @@
 
 namespace {
 
+const QString namentabelle = QStringLiteral("Namen_Benutzer_Optionen");
+
 DatenControl namenOeffnen(const Programm &programm)
 {
     DatenControl datBenutzer;
     datBenutzer.setDatabaseName(programm.arbeitsdatenbank());
-    datBenutzer.setRecordSource(QStringLiteral("Namen_Benutzer_Optionen"));
+    datBenutzer.setRecordSource(namentabelle);
     datBenutzer.Refresh();
     datBenutzer.recordset().MoveFirst();
     return datBenutzer;
@@ -19,6 +21,14 @@ DatenControl namenOeffnen(const Programm &programm)
 
 QString benutzernamenLesen(Programm &programm)
 {
+    // A database that the user has loaded may lack it, and is no reason not to start.
+    if (!Datenbank::OpenDatabase(programm.arbeitsdatenbank())->hatTabelle(namentabelle)) {
+        for (auto &sparte : programm.BenutzerNamen)
+            for (size_t r = 0; r < anzahlEigenschaften; ++r)
+                sparte[r] = QStringLiteral("Eigenschaft %1").arg(r + 1);
+        return QStringLiteral("In der Datenbank fehlt die Tabelle '%1'. Die benutzerdefinierten Eigenschaften haben keine eigenen Namen.")
+            .arg(namentabelle);
+    }
     DatenControl datBenutzer = namenOeffnen(programm);
     Recordset &satz = datBenutzer.recordset();
     for (size_t r = 0; r < anzahlEigenschaften && !satz.Eof(); ++r, satz.MoveNext())
@@ -26,7 +36,7 @@ QString benutzernamenLesen(Programm &programm)
             programm.BenutzerNamen[size_t(sparte.sparte)][r] = satz.Fields(QString::fromLatin1(sparte.namenSpalte)).Text();
     if (satz.RecordCount() <= anzahlEigenschaften)
         return {};
-    return QStringLiteral("Die Tabelle 'Namen_Benutzer_Optionen' hat mehr als %1 Zeilen. Die ersten %1 werden verwendet.").arg(anzahlEigenschaften);
+    return QStringLiteral("Die Tabelle '%2' hat mehr als %1 Zeilen. Die ersten %1 werden verwendet.").arg(anzahlEigenschaften).arg(namentabelle);
 }
 
 void benutzernamenSchreiben(const Programm &programm)

@@ -124,13 +124,19 @@ QStringList ersetzteDateien(const Programm &programm, bool istOriginal)
     return ersetzte;
 }
 
-void originalHolen(const Programm &programm, const Merker &merken)
+void originalFordern(const Programm &programm)
 {
-    const QString arbeit = arbeitsdatei(programm), original = originaldatei(programm);
+    const QString original = originaldatei(programm);
     if (!QFileInfo(original).isFile())
         throw Fehler(
             QStringLiteral("Die gesicherte Originaldatenbank wurde nicht gefunden:\n%1\n\nDie Datenbank, mit der Sie arbeiten, bleibt erhalten.")
                 .arg(QDir::toNativeSeparators(original)));
+}
+
+void originalHolen(const Programm &programm, const Merker &merken)
+{
+    const QString arbeit = arbeitsdatei(programm), original = originaldatei(programm);
+    originalFordern(programm);
     Beidatei neu(arbeit);
     neu.kopieren(original);
     neu.abschliessen();

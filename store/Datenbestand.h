@@ -29,6 +29,8 @@ QStringList ersetzteDateien(const Programm &programm, bool istOriginal);
 
 /// Tells for good whether the working database is the original. What it throws stops the loading of another one.
 using Merker = std::function<void(bool original)>;
+/// Throws where there is no saved original.
+void originalFordern(const Programm &programm);
 /// Copies the saved original over the working database. Throws, with nothing changed, when that fails or there is none.
 void originalHolen(const Programm &programm, const Merker &merken);
 /// Copies a chosen file over the working database; where that is the original, it is saved first. Throws, with the working database

@@ -1,0 +1,185 @@
+#include "Export.h"
+
+#include "Aufheben.h"
+#include "Befehle.h"
+#include "Fenstertabelle.h"
+#include "frmHinweis.h"
+#include "controls/Dateifrage.h"
+#include "controls/Geschuetzt.h"
+#include "controls/Sanduhr.h"
+#include "plantwindows/Pflanzenfenster.h"
+#include "store/Dateien.h"
+#include "store/Datenbestand.h"
+#include "store/Pfade.h"
+#include "store/Sicherungen.h"
+#include "store/Teilmenge.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+const QString teilmengenFilter = QStringLiteral("Teilmenge Flox-Datenbank (*.fit)|*.fit|Access-Datenbank (*.mdb)|*.mdb|Alle Dateien|*.*");
+
+/// The order in which windows are counted before a subset is written.
+constexpr Sparte zaehlfolge[] = {Sparte::Topf, Sparte::Friedhof, Sparte::Stauden, Sparte::Gehoelze, Sparte::Obst, Sparte::Apfel};
+
+/// Ending of the design program's files: its last letter is that of the filter files'.
+QString mulkoEndung(const SpartenEintrag &sparte)
+{
+    return QStringLiteral(".mu") + sparte.filterEndung.back();
+}
+
+/// Calls `tun` for each window that is open, until it returns true.
+template<typename Tun>
+void fensterDurchgehen(Befehlsumgebung &umgebung, Tun &&tun)
+{
+    for (const SpartenEintrag &sparte : alleSparten()) {
+        Fenstertabelle &tabelle = umgebung.tabelle(sparte.sparte);
+        for (int nummer = 1; nummer <= tabelle.obergrenze(); ++nummer)
+            if (Pflanzenfenster *form = tabelle.besetzt(nummer) ? tabelle.platz(nummer).fenster.data() : nullptr; form && tun(*form, nummer))
+                return;
+    }
+}
+
+/// The private copy of the first window open; empty where there is none, or it shows the working database itself.
+QString ersteKopie(Befehlsumgebung &umgebung, Sparte sparte)
+{
+    Fenstertabelle &tabelle = umgebung.tabelle(sparte);
+    for (int nummer = 1; nummer <= tabelle.obergrenze(); ++nummer)
+        if (tabelle.besetzt(nummer)) {
+            Pflanzenfenster *form = tabelle.platz(nummer).fenster;
+            const QString kopie = form ? systemPfad(form->satz().tempPfad(nummer)) : QString();
+            return QFileInfo(kopie).isFile() ? kopie : QString();
+        }
+    return {};
+}
+
+} // namespace
+
+void Export::mnuFloxTeilmegeSpeichern_Click()
+{
+    if (!programm_.HinweisAus[frmHinweis::speichern]) {
+        programm_.HinweisNummer = frmHinweis::speichern;
+        frmHinweis hinweis(programm_, umgebung_.hauptfenster());
+        umgebung_.formZeigen(hinweis);
+    }
+    for (const Sparte sparte : zaehlfolge) {
+        const Fenstertabelle &tabelle = umgebung_.tabelle(sparte);
+        int besetzt = 0;
+        for (int nummer = 1; nummer <= tabelle.obergrenze(); ++nummer)
+            besetzt += tabelle.besetzt(nummer);
+        if (besetzt < 2)
+            continue;
+        const QStringView wort = eintrag(sparte).titel;
+        // The number is that of the slots, which may be more than the windows.
+        QMessageBox::information(umgebung_.hauptfenster(), QStringLiteral("%1 %2-Fenster geöffnet!").arg(tabelle.obergrenze()).arg(wort),
+                                 QStringLiteral("Bei dieser Aktion darf höchstens ein Fenster pro Sparte geöffnet sein! \n"
+                                                "Bitte schließen Sie alle %1-Fenster bis auf das mit der gewünschten Auswahl!")
+                                     .arg(wort));
+        return;
+    }
+    DialogFloxTeilmengeSpeichern();
+}
+
+QString Export::gefragt(const QString &titel, const QString &filter, const QString &name, const QString &ordner)
+{
+    Dateifrage frage(umgebung_.hauptfenster(), titel, filter, name, QString(), ordner);
+    frage.setAcceptMode(QFileDialog::AcceptSave);
+    frage.setFileMode(QFileDialog::AnyFile);
+    frage.endungDesFilters();
+    return frage.fragen([this](QDialog &dialog) { umgebung_.formZeigen(dialog); });
+}
+
+void Export::DialogFloxTeilmengeSpeichern()
+{
+    const QString dateiname = gefragt(QStringLiteral("Datenbanken speichern unter"), teilmengenFilter, QStringLiteral("*.fit"), QDir::currentPath());
+    if (!dateiname.isEmpty())
+        FloxTeilmengeSpeichern(dateiname);
+}
+
+void Export::FloxTeilmengeSpeichern(const QString &dateiname)
+{
+    constexpr int geprueft = 9; // characters, fewer than the name has: what tells is which file it is
+    if (dateiname.right(geprueft) == u"\\flox-demo.mdb" || verweigert(dateiname))
+        return DialogFloxTeilmengeSpeichern();
+    notizenSpeichern();
+    if (!aufhebenOderFragen(programm_, umgebung_.hauptfenster(), {dateiname}))
+        return;
+    const Sanduhr sanduhr(umgebung_.hauptfenster());
+    teilmenge::schreiben(datenbestand::arbeitsdatei(programm_), dateiname, [this](Sparte sparte) { return ersteKopie(umgebung_, sparte); });
+}
+
+bool Export::verweigert(const QString &dateiname)
+{
+    const auto sagen = [this](const QString &titel, const QString &text) {
+        QMessageBox::information(umgebung_.hauptfenster(), titel, text + QStringLiteral(" \nBitte versuchen Sie es mit einem anderen Namen!"));
+        return true;
+    };
+    if (dieselbeDatei(dateiname, datenbestand::arbeitsdatei(programm_)))
+        return sagen(QStringLiteral("'flox-demo.mdb' darf nicht überschrieben werden!"),
+                     QStringLiteral("Die Datei 'flox-demo.mdb' darf nicht überschrieben werden!"));
+    const QString name = QFileInfo(dateiname).fileName();
+    if (dieselbeDatei(dateiname, datenbestand::originaldatei(programm_)))
+        return sagen(programmtitel.toString(), QStringLiteral("Die Datei '%1' ist die gesicherte Originaldatenbank.").arg(name));
+    bool kopie = false;
+    fensterDurchgehen(umgebung_, [&](Pflanzenfenster &form, int nummer) {
+        kopie = dieselbeDatei(dateiname, systemPfad(form.satz().tempPfad(nummer)));
+        return kopie;
+    });
+    return kopie && sagen(programmtitel.toString(), QStringLiteral("Mit der Datei '%1' arbeitet ein geöffnetes Fenster.").arg(name));
+}
+
+void Export::notizenSpeichern()
+{
+    // What has just been typed belongs to the selection, too.
+    fensterDurchgehen(umgebung_, [](Pflanzenfenster &form, int) {
+        if (form.DatenGeaendert)
+            form.BenutzerdatenSpeichern();
+        return false;
+    });
+}
+
+void Export::DialogMulkoSpeichern()
+{
+    const std::optional<Sparte> sparte = sparteVonWort(programm_.AktiveSparte);
+    QString name, filter;
+    const auto hoppla = [this] { QMessageBox::information(umgebung_.hauptfenster(), programmtitel.toString(), QStringLiteral("Hoppla")); };
+    if (sparte)
+        name = u'*' + mulkoEndung(eintrag(*sparte));
+    else
+        hoppla();
+    if (sparte)
+        filter = QStringLiteral("Mulko-Datenbank für %1 (%2)|%2|Access-Datenbank (*.mdb)|*.mdb|Alle Dateien|*.*").arg(eintrag(*sparte).titel, name);
+    else
+        hoppla();
+    const QString ordner = systemPfad(programm_.MulkoPfad);
+    const QString dateiname = gefragt(QStringLiteral("gefilterte Datensätze speichern"), filter, name,
+                                      !ordner.isEmpty() && QFileInfo(ordner).isDir() ? ordner : QDir::currentPath());
+    if (!dateiname.isEmpty())
+        MulkoSpeichern(dateiname);
+}
+
+void Export::MulkoSpeichern(const QString &dateiname)
+{
+    const std::optional<Sparte> sparte = sparteVonWort(programm_.AktiveSparte);
+    if (!sparte) {
+        QMessageBox::information(umgebung_.hauptfenster(), programmtitel.toString(), QStringLiteral("Hoppla"));
+        return;
+    }
+    if (verweigert(dateiname))
+        return DialogMulkoSpeichern();
+    try {
+        notizenSpeichern();
+        const Pflanzenfenster *form = umgebung_.aktivesFenster();
+        if (!form || !aufhebenOderFragen(programm_, umgebung_.hauptfenster(), {dateiname}))
+            return;
+        const Sanduhr sanduhr(umgebung_.hauptfenster());
+        const QString kopie =
+            QStringLiteral("%1%2%3.tmp").arg(programm_.laufordner(), eintrag(*sparte).tempDatenbank).arg(programm_.aktuellesFenster(*sparte));
+        kopiereSicher(systemPfad(kopie), dateiname);
+        umgebung_.melden(QStringLiteral("Gespeichert: %1").arg(QDir::toNativeSeparators(dateiname)));
+    } catch (const Fehler &fehler) {
+        umgebung_.melden(QStringLiteral("Nicht gespeichert: %1").arg(fehler.text()));
+    }
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+
+class Befehlsumgebung;
+struct Programm;
+
+/* The commands that write the plants of open windows into files of the user's: as a subset of the database, and for the design program. */
+class Export
+{
+public:
+    Export(Programm &programm, Befehlsumgebung &umgebung) : programm_(programm), umgebung_(umgebung) {}
+
+    void mnuFloxTeilmegeSpeichern_Click();
+    void DialogFloxTeilmengeSpeichern();
+    /// Writes all side tables and, of each Sparte, the plants of its first open window or all. Throws, with no file half written.
+    void FloxTeilmengeSpeichern(const QString &dateiname);
+
+    void mnuMulkoSpeichern_Click() { DialogMulkoSpeichern(); }
+    void DialogMulkoSpeichern();
+    /// Copies the private database of the active window. A failure is told in the status bar only.
+    void MulkoSpeichern(const QString &dateiname);
+
+private:
+    QString gefragt(const QString &titel, const QString &filter, const QString &name, const QString &ordner);
+    /// Why nothing may be written to a file that the program itself works with: a message, and true.
+    bool verweigert(const QString &dateiname);
+    void notizenSpeichern();
+
+    Programm &programm_;
+    Befehlsumgebung &umgebung_;
+};
