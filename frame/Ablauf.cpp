@@ -23,7 +23,7 @@
 #include <QStandardPaths>
 #include <QTranslator>
 
-Ablauf::Ablauf() = default;
+Ablauf::Ablauf() : hilfe_(std::make_unique<Hilfe>(programm_)) {}
 
 Ablauf::~Ablauf()
 {
@@ -136,7 +136,6 @@ Ablauf::Ergebnis Ablauf::starten()
     // A stored picture folder does not survive the start: the folder of a run is the program's until another is chosen.
     programm_.BilderPfad = programm_.ProgrammPfad;
 
-    hilfe_ = std::make_unique<Hilfe>(programm_);
     start_ = std::make_unique<frmStart>(programm_.ProgrammVersion);
     QObject::connect(start_.get(), &frmStart::fertig, qApp, [this] { splashBeenden(); });
     // The window system needs a moment to show what has been painted.

@@ -27,6 +27,7 @@ public:
     /// cannot be used; another run of the same user ends it without one.
     Ergebnis starten();
 
+    Hilfe &hilfe() { return *hilfe_; }
     Programm &programm() { return programm_; }
     /// The main window, loaded when it is first asked for.
     mdiZentral &zentrale();

@@ -122,14 +122,14 @@ void frmHilfe::aufbauen()
     const QSize wunsch(1060, 760);
     resize(wunsch.boundedTo(schirm.size() * 9 / 10));
     move(schirm.right() - width() - schirm.width() / 40, schirm.top() + schirm.height() / 30);
-    connect(blatt_, &QTextBrowser::sourceChanged, this, [this] {
+    connect(blatt_, &QTextBrowser::sourceChanged, this, [this](const QUrl &quelle) {
         setWindowTitle(QStringLiteral("%1 - Flox - Hilfe").arg(blatt_->documentTitle()));
-        inhaltNachziehen();
+        inhaltNachziehen(quelle);
         treffermarken();
     });
     connect(inhalt(), &QHelpContentModel::contentsCreated, this, [this] {
         sammlung_->contentWidget()->expandAll();
-        inhaltNachziehen();
+        inhaltNachziehen(blatt_->source());
     });
 }
 
@@ -186,6 +186,7 @@ QWidget *frmHilfe::verzeichnisse()
     inhaltsbaum->setAccessibleName(QStringLiteral("Inhalt"));
     inhaltsbaum->setFrameShape(QFrame::NoFrame);
     inhaltsbaum->header()->hide();
+    inhaltsbaum->setStyleSheet(QStringLiteral("QTreeView::item { padding: 2px 0px; }"));
     connect(inhaltsbaum, &QHelpContentWidget::linkActivated, this, &frmHilfe::anzeigen);
     // One click is enough, as for any link.
     connect(inhaltsbaum, &QTreeView::clicked, this, [this](const QModelIndex &ort) {
@@ -290,10 +291,9 @@ void frmHilfe::zoomen(int schritte)
     treffermarken();
 }
 
-void frmHilfe::inhaltNachziehen()
+void frmHilfe::inhaltNachziehen(QUrl quelle)
 {
     auto *baum = sammlung_->contentWidget();
-    QUrl quelle = blatt_->source();
     quelle.setFragment({});
     if (const QModelIndex ort = baum->indexOf(quelle); ort.isValid())
         baum->setCurrentIndex(ort);

@@ -59,7 +59,7 @@ private:
     void anzeigen(const QUrl &ziel);
     void treffermarken();
     void zoomen(int schritte);
-    void inhaltNachziehen();
+    void inhaltNachziehen(QUrl quelle);
     void anDialogHaengen();
     void druckdialog();
 

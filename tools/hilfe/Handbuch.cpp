@@ -166,7 +166,7 @@ void Handbuch::schreiben()
     for (size_t i = 0; i < seiten_.size(); ++i) {
         Seite &seite = seiten_[i];
         ablegen(seite.name, QStringLiteral("<!DOCTYPE html>\n<html lang=\"de\"><head><meta charset=\"utf-8\"><title>%1</title>"
-                                           "<link rel=\"stylesheet\" href=\"stil.css\"></head>\n<body>\n%2%3\n</body></html>\n")
+                                           "<link rel=\"stylesheet\" type=\"text/css\" href=\"stil.css\"></head>\n<body>\n%2%3\n</body></html>\n")
                                 .arg(seite.titel, setzen(seite), blaetterleiste(i)));
     }
     ablegen(QStringLiteral("stil.css"), gelesen(quelle_.filePath(QStringLiteral("stil.css"))));

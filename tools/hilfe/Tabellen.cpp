@@ -160,6 +160,17 @@ QString darstellung(Sparte sparte, const Element &element)
     }
 }
 
+/// Print label of a column, or what the filter calls it.
+QString spaltentitel(Sparte sparte, const Spalte &spalte)
+{
+    QString name = ohneDoppelpunkt(schema::titelVon(&spalte));
+    const Filterbeschreibung &beschreibung = *filterbeschreibung(sparte);
+    for (const Kriterium &k : beschreibung.kriterien)
+        if (name.isEmpty() && k.feld && spalteVon(beschreibung, k.feld) == &spalte)
+            name = ohneDoppelpunkt(titelVon(beschreibung, k));
+    return name.isEmpty() ? QStringLiteral("Weitere Angabe") : name;
+}
+
 std::vector<const Symbol *> symboleVon(Sparte sparte)
 {
     std::vector<const Symbol *> alle;
@@ -245,9 +256,9 @@ QString alleWorte(Sparte sparte)
     QString reihen;
     QSet<QString> gezeigt;
     for (const Spalte &spalte : schema::spaltenVon(eintrag(sparte).haupttabelle)) {
-        const QString name = ohneDoppelpunkt(schema::titelVon(&spalte));
-        if (!spalte.liste || name.isEmpty())
+        if (!spalte.liste)
             continue;
+        const QString name = spaltentitel(sparte, spalte);
         const QString zeile = reihe({QStringLiteral("<b>%1</b>").arg(html(name)), wortliste(*spalte.liste)});
         if (!gezeigt.contains(zeile))
             reihen += zeile;
