@@ -64,6 +64,7 @@ void Hilfe::zeigen(const QString &thema)
     geschuetztAusfuehren(vorn, [&] {
         if (!fenster_)
             fenster_ = std::make_unique<frmHilfe>(hilfesammlung(hilfedatei(programm_)));
+        fenster_->inhaltZeigen();
         const bool gefunden = fenster_->aufschlagen(thema);
         fenster_->nachVorn();
         if (!gefunden)

@@ -86,7 +86,9 @@ void Hilfeblatt::hervorheben(const QStringList &worte)
         QTextCursor ort(document());
         ort.setPosition(erste);
         setTextCursor(ort);
-        ensureCursorVisible();
+        // Not at the edge: what stands before it belongs to it.
+        constexpr int davor = 90; // pixels
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + cursorRect().top() - davor);
     }
 }
 

@@ -24,7 +24,7 @@ QString ohneMarken(const QString &html)
 
 QString auszugUm(const QString &text, qsizetype ort)
 {
-    constexpr qsizetype davor = 50, danach = 110;
+    constexpr qsizetype davor = 30, danach = 70;
     if (ort < 0)
         return {};
     qsizetype von = std::max<qsizetype>(0, ort - davor), bis = std::min(text.size(), ort + danach);

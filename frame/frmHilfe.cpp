@@ -216,6 +216,7 @@ QWidget *frmHilfe::verzeichnisse()
     connect(stichworte, &QListView::clicked, stichworte, &QHelpIndexWidget::activateCurrentItem);
     reiter_->addTab(index, QStringLiteral("Index"));
     reiter_->addTab(sucheBauen(), QStringLiteral("Suche"));
+    connect(reiter_, &QTabWidget::currentChanged, this, &frmHilfe::treffermarken);
     return reiter_;
 }
 
@@ -234,7 +235,11 @@ QWidget *frmHilfe::sucheBauen()
     lstTreffer_->setAccessibleName(QStringLiteral("Gefundene Seiten"));
     lstTreffer_->setFrameShape(QFrame::NoFrame);
     lstTreffer_->setWordWrap(true);
-    lstTreffer_->setSpacing(3);
+    lstTreffer_->setAlternatingRowColors(true);
+    lstTreffer_->setStyleSheet(QStringLiteral("QListWidget::item { padding: 5px 3px; }"));
+    // Lines are wrapped for a width that does not change with their number.
+    lstTreffer_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    lstTreffer_->setResizeMode(QListView::Adjust);
     lstTreffer_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto *spalte = new QVBoxLayout(flaeche);
     spalte->setContentsMargins(6, 8, 6, 0);
@@ -282,7 +287,18 @@ void frmHilfe::suche(const QString &frage)
 
 void frmHilfe::treffermarken()
 {
-    blatt_->hervorheben(suchworte(txtSuche_->text()));
+    // Who reads along the contents or pressed F1 has not come for the words.
+    blatt_->hervorheben(suchtGerade() ? suchworte(txtSuche_->text()) : QStringList());
+}
+
+bool frmHilfe::suchtGerade() const
+{
+    return reiter_->currentIndex() == reiter_->count() - 1;
+}
+
+void frmHilfe::inhaltZeigen()
+{
+    reiter_->setCurrentIndex(0);
 }
 
 void frmHilfe::zoomen(int schritte)

@@ -32,6 +32,8 @@ public:
 
     /// Turns to a page, empty: the first one; false, with nothing changed, where there is none of that name.
     [[nodiscard]] bool aufschlagen(const QString &thema);
+    /// Shows the contents beside the page, in place of index or search.
+    void inhaltZeigen();
     /// Comes to the front, also before a dialog that locks the other windows.
     void nachVorn();
     /// The page that is shown, with its place behind "#".
@@ -57,6 +59,7 @@ private:
     QWidget *sucheBauen();
     void leisteBauen();
     void anzeigen(const QUrl &ziel);
+    bool suchtGerade() const;
     void treffermarken();
     void zoomen(int schritte);
     void inhaltNachziehen(QUrl quelle);

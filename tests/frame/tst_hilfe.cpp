@@ -577,6 +577,9 @@ void TestHilfe::suche()
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     QCOMPARE(seite(), u"lernen.htm"_s);
     QVERIFY(!teil<Hilfeblatt>("txtSeite")->extraSelections().isEmpty());
+    // Another way to a page does not show what was searched for before.
+    hilfe().zeigen(u"lernen.htm"_s);
+    QVERIFY(teil<Hilfeblatt>("txtSeite")->extraSelections().isEmpty());
     QCOMPARE(gefunden(u"xyzzy"_s), QStringList());
     QCOMPARE(teil<QLabel>("lblTreffer")->text(), u"Nichts gefunden."_s);
 }

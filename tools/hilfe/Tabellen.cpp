@@ -118,10 +118,11 @@ QString reihe(const QStringList &zellen)
     return QStringLiteral("<tr><td>%1</td></tr>\n").arg(zellen.join(QStringLiteral("</td><td>")));
 }
 
-QString tafel(const QStringList &kopf, const QString &reihen)
+/// `schmal`: as narrow as its words are.
+QString tafel(const QStringList &kopf, const QString &reihen, bool schmal = false)
 {
-    return QStringLiteral("<table class=\"liste\" width=\"100%\" cellspacing=\"0\" cellpadding=\"5\" border=\"1\"><tr><th>%1</th></tr>\n%2</table>\n")
-        .arg(kopf.join(QStringLiteral("</th><th>")), reihen);
+    return QStringLiteral("<table class=\"liste\"%1 cellspacing=\"0\" cellpadding=\"5\" border=\"1\"><tr><th>%2</th></tr>\n%3</table>\n")
+        .arg(schmal ? QString() : QStringLiteral(" width=\"100%\""), kopf.join(QStringLiteral("</th><th>")), reihen);
 }
 
 QString wortliste(const Werteliste &liste)
@@ -248,7 +249,7 @@ QString worte(const QString &spalte)
     QString reihen;
     for (int p = 1; p <= liste->anzahl(); ++p)
         reihen += reihe({QString::number(p), html(liste->wort(p).trimmed())});
-    return tafel({QStringLiteral("Nr."), QStringLiteral("Wort")}, reihen);
+    return tafel({QStringLiteral("Nr."), QStringLiteral("Wort")}, reihen, true);
 }
 
 QString alleWorte(Sparte sparte)
@@ -292,7 +293,7 @@ QString kennzeichen(Sparte sparte)
         gezeigt += bild;
         reihen += reihe({QStringLiteral("<img src=\"bilder/%1.png\">").arg(zeichendatei(bild)), html(symbol->hinweis)});
     }
-    return tafel({QStringLiteral("Bild"), QStringLiteral("Bedeutung")}, reihen);
+    return tafel({QStringLiteral("Bild"), QStringLiteral("Bedeutung")}, reihen, true);
 }
 
 } // namespace tabellen

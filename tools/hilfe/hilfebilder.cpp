@@ -184,6 +184,7 @@ void Fotograf::pflanzenfenster(mdiZentral &zentrale)
             dialog(QStringLiteral("drucken"), [&] { zentrale.drucken(); });
             dialog(QStringLiteral("eigenschaften"), [&] { zentrale.namenAendern(&zentrale); });
             programm_.GewaehltesBild = 0;
+            programm_.OriginalGroesse = false;
             zentrale.bildZeigen();
             for (QWidget *fenster : QApplication::topLevelWidgets())
                 if (fenster->objectName() == u"frmBilder") {
