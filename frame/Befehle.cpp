@@ -22,6 +22,10 @@ Befehle::Befehle(Programm &programm, Befehlsumgebung &umgebung) : programm_(prog
 {
     for (const SpartenEintrag &sparte : alleSparten())
         befehle_.push_back({sparte.menue, &Befehle::oeffnen, std::span(&sparte.sparte, 1)});
+    for (const Begleitprogramm &begleiter : begleitprogramme()) {
+        befehle_.push_back({.name = begleiter.mnuInstall, .tat = &Befehle::begleiterInstallieren, .begleiter = &begleiter});
+        befehle_.push_back({.name = begleiter.mnuRun, .tat = &Befehle::begleiterAufrufen, .begleiter = &begleiter});
+    }
     static constexpr Befehl uebrige[] = {
         {"mnuprogbeenden", &Befehle::beenden},
         {"mnuABZierAlle", &Befehle::ausbildung, zierAlle, zierpflanzen},
@@ -128,6 +132,16 @@ void Befehle::teilmengeSpeichern(const Befehl &)
 void Befehle::mulkoSpeichern(const Befehl &)
 {
     Export(programm_, umgebung_).mnuMulkoSpeichern_Click();
+}
+
+void Befehle::begleiterInstallieren(const Befehl &befehl)
+{
+    begleiter_.installieren(*befehl.begleiter);
+}
+
+void Befehle::begleiterAufrufen(const Befehl &befehl)
+{
+    begleiter_.aufrufen(*befehl.begleiter);
 }
 
 void Befehle::beenden(const Befehl &)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Begleiter.h"
 #include "store/Medium.h"
 #include "store/Sparten.h"
 
@@ -66,6 +67,7 @@ struct Befehl
     void (Befehle::*tat)(const Befehl &befehl);
     std::span<const Sparte> sparten = {};
     int beruf = -1; ///< position in AzubiAuswahl
+    const Begleitprogramm *begleiter = nullptr;
 };
 
 /* The commands of the menu, by the names of its entries. */
@@ -81,6 +83,8 @@ public:
     bool moeglich(const char *name) const;
     /// Throws what the command throws; does nothing where there is none.
     void ausfuehren(const char *name);
+    /// The entries of the companions follow what is there; once, when the menu stands.
+    void begleiterPruefen() { begleiter_.StatusPruefen(); }
 
 private:
     void oeffnen(const Befehl &befehl);
@@ -95,9 +99,12 @@ private:
     void benutzerLaden(const Befehl &befehl);
     void teilmengeSpeichern(const Befehl &befehl);
     void mulkoSpeichern(const Befehl &befehl);
+    void begleiterInstallieren(const Befehl &befehl);
+    void begleiterAufrufen(const Befehl &befehl);
     void beenden(const Befehl &befehl);
 
     Programm &programm_;
     Befehlsumgebung &umgebung_;
+    Begleiter begleiter_{programm_, umgebung_};
     std::vector<Befehl> befehle_;
 };

@@ -35,10 +35,7 @@ constexpr Einstellung tabelle[] = {
 
 constexpr double kleinsteBilderForm = 5000; // twips
 const QString editorSchluessel = QStringLiteral("Software\\FH Lindenhof\\Flox-Editor1.0\\Pfade");
-const QString mulkoSchluessel = QStringLiteral("Software\\FH Lindenhof\\Mulko1.0\\Pfade");
 const QString programmVerz = QStringLiteral("FLOX-Verz");
-const QString mulkoVerz = QStringLiteral("Mulko-Verz");
-const QString editorVerz = QStringLiteral("FLOX-Editor-Verz");
 const QString bilderVerz = QStringLiteral("FLOX-DEMO-Bilder-Verz");
 const QString hinweise = QStringLiteral("HinweisText");
 
@@ -84,8 +81,8 @@ void pfadeLesen(Programm &programm)
 {
     QString editor = mitStrich(RegWertOderVorgabe(editorSchluessel, editorVerz, {}));
     QString mulko = mitStrich(RegWertOderVorgabe(editorSchluessel, mulkoVerz, {}));
-    editor = RegWertOderVorgabe(mulkoSchluessel, editorVerz, editor);
-    mulko = mitStrich(RegWertOderVorgabe(mulkoSchluessel, mulkoVerz, mulko));
+    editor = RegWertOderVorgabe(begleiterSchluessel, editorVerz, editor);
+    mulko = mitStrich(RegWertOderVorgabe(begleiterSchluessel, mulkoVerz, mulko));
     const QString eigene = unter(QStringLiteral("Pfade"));
     programm.BilderPfad = RegWertOderVorgabe(eigene, bilderVerz, programm.BilderPfad);
     programm.EditorPfad = RegWertOderVorgabe(eigene, editorVerz, editor);
@@ -105,7 +102,7 @@ void hinweiseLesen(Programm &programm)
 /// The companions learn where the program and its pictures stand.
 void begleiterUnterrichten(const Programm &programm)
 {
-    const std::pair<QString, QString> begleiter[] = {{mulkoSchluessel, mulkoVerz}, {editorSchluessel, editorVerz}};
+    const std::pair<QStringView, QStringView> begleiter[] = {{begleiterSchluessel, mulkoVerz}, {editorSchluessel, editorVerz}};
     for (const auto &[schluessel, name] : begleiter)
         if (vorhanden(schluessel, name)) {
             RegWertSchreiben(schluessel, programmVerz, programm.ProgrammPfad + u'\\');

@@ -21,6 +21,9 @@ struct Einstellung
 
 std::span<const Einstellung> einstellungstabelle();
 inline constexpr QStringView wurzelschluessel = u"Software\\FH Lindenhof\\FLOX3-DEMO";
+/// Key of the design program, and the values that the companions' setups leave there: their folders.
+inline constexpr QStringView begleiterSchluessel = u"Software\\FH Lindenhof\\Mulko1.0\\Pfade";
+inline constexpr QStringView mulkoVerz = u"Mulko-Verz", editorVerz = u"FLOX-Editor-Verz";
 
 /// Text of a setting as it is stored: "True"/"False" and decimal numbers.
 QString einstellungstext(const Programm &programm, const Einstellung &zeile);

@@ -13,6 +13,8 @@ public:
     /// Keys have "/" between their parts. Null where the key does not exist.
     QString wert(const QString &schluessel) const;
     void setWert(const QString &schluessel, const QString &text);
+    /// Takes up what others have written meanwhile; what cannot be read leaves the values as they are.
+    void auffrischen() { (void)lesen(); }
     /// Takes up what others have written meanwhile and writes the values set since the last time. True without any; false when the
     /// file cannot be read or written: then it is as it was, and the values are written the next time.
     [[nodiscard]] bool sichern();

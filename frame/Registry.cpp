@@ -38,6 +38,11 @@ bool ablegen()
     return ablage().status() == QSettings::NoError;
 }
 
+void nachsehen()
+{
+    ablage().sync();
+}
+
 #else
 
 Inidatei &ablage()
@@ -64,23 +69,28 @@ bool ablegen()
     return ablage().sichern();
 }
 
+void nachsehen()
+{
+    ablage().auffrischen();
+}
+
 #endif
 
-QString pfad(const QString &schluessel, const QString &name)
+QString pfad(QStringView schluessel, QStringView name)
 {
-    return QString(schluessel).replace(u'\\', u'/') + u'/' + name;
+    return schluessel.toString().replace(u'\\', u'/') + u'/' + name.toString();
 }
 
 } // namespace
 
-void RegWertSchreiben(const QString &schluessel, const QString &name, const QString &text)
+void RegWertSchreiben(QStringView schluessel, QStringView name, const QString &text)
 {
     // What stands there already is not written again: a start without news leaves the file alone.
     if (RegWertLesen(schluessel, name) != text || !vorhanden(schluessel, name))
         setzen(pfad(schluessel, name), text);
 }
 
-QString RegWertLesen(const QString &schluessel, const QString &name)
+QString RegWertLesen(QStringView schluessel, QStringView name)
 {
     QString text = lesen(pfad(schluessel, name));
     if (text.isNull())
@@ -91,15 +101,20 @@ QString RegWertLesen(const QString &schluessel, const QString &name)
     return text.isNull() ? QStringLiteral("") : text;
 }
 
-QString RegWertOderVorgabe(const QString &schluessel, const QString &name, const QString &vorgabe)
+QString RegWertOderVorgabe(QStringView schluessel, QStringView name, const QString &vorgabe)
 {
     const QString text = RegWertLesen(schluessel, name);
     return text.isEmpty() || text <= QStringLiteral(" ") ? vorgabe : text;
 }
 
-bool vorhanden(const QString &schluessel, const QString &name)
+bool vorhanden(QStringView schluessel, QStringView name)
 {
     return !RegWertLesen(schluessel, name).isNull();
+}
+
+void auffrischen()
+{
+    nachsehen();
 }
 
 bool sichern()

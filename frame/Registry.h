@@ -9,12 +9,14 @@ namespace registry {
 inline constexpr int groessterWert = 255; ///< characters that are read of a value
 
 /// Takes hold at once; it reaches the disk with `sichern`.
-void RegWertSchreiben(const QString &schluessel, const QString &name, const QString &text);
+void RegWertSchreiben(QStringView schluessel, QStringView name, const QString &text);
 /// Null when the key or value does not exist; cut at the first NUL.
-[[nodiscard]] QString RegWertLesen(const QString &schluessel, const QString &name);
+[[nodiscard]] QString RegWertLesen(QStringView schluessel, QStringView name);
 /// The default for a value that is missing, empty or sorts not above a blank.
-[[nodiscard]] QString RegWertOderVorgabe(const QString &schluessel, const QString &name, const QString &vorgabe);
-[[nodiscard]] bool vorhanden(const QString &schluessel, const QString &name);
+[[nodiscard]] QString RegWertOderVorgabe(QStringView schluessel, QStringView name, const QString &vorgabe);
+[[nodiscard]] bool vorhanden(QStringView schluessel, QStringView name);
+/// Takes up what other programs have written since the last look.
+void auffrischen();
 /// Writes what has been set to the disk; false, with the values kept for the next time, when that fails.
 [[nodiscard]] bool sichern();
 

@@ -82,6 +82,7 @@ mdiZentral::mdiZentral(Programm &programm) : programm_(programm), befehle_(progr
     flaeche_->viewport()->installEventFilter(this);
     menueBauen(*menuBar(), this, befehle_);
     statusleisteBauen();
+    befehle_.begleiterPruefen();
     connect(flaeche_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *unterfenster) {
         if (auto *form = unterfenster ? qobject_cast<Pflanzenfenster *>(unterfenster->widget()) : nullptr)
             geschuetztAusfuehren(this, [form] { form->Form_Activate(); });

@@ -18,6 +18,14 @@ Programmordner::Programmordner()
         friedhofFuellen(*db(), 40);
 }
 
+void Programmordner::mulkoEinrichten(Programm &programm) const
+{
+    QFile datei(pfad(QStringLiteral("Mulko.exe")));
+    if (!datei.open(QIODevice::WriteOnly))
+        qFatal("cannot write the test file");
+    programm.MulkoPfad = pfad() + u'\\';
+}
+
 std::vector<Sparte> spartenMitFenster()
 {
     std::vector<Sparte> sparten;

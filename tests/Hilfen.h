@@ -16,6 +16,8 @@ class Programmordner : public Datenordner
 {
 public:
     Programmordner();
+    /// A design program that can be found: its entries are shown from the next main window on.
+    void mulkoEinrichten(Programm &programm) const;
 };
 
 /// What a test that stands for every Sparte loops over.

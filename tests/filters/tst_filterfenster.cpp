@@ -558,6 +558,7 @@ void TestFilterfenster::geschwisterGesperrt()
 void TestFilterfenster::namenAusDemHauptfenster()
 {
     // The menu for a trade opens the windows on their subset, and leaves no trace for later ones.
+    probe_->ordner.mulkoEinrichten(probe_->programm);
     mdiZentral zentral(probe_->programm);
     zentral.show();
     probe_->programm.AzubiAuswahl = {true};

@@ -388,6 +388,7 @@ void TestZentral::aktivierungFolgtDemFenster()
 
 void TestZentral::mulkoEintragBeimSchliessen()
 {
+    probe_->ordner.mulkoEinrichten(probe_->programm);
     probe_->laden();
     probe_->waehlen("mnudbtopfpflanzen");
     probe_->waehlen("mnudbapfel");
