@@ -2,6 +2,7 @@
 
 #include "Datenbankwechsel.h"
 #include "Export.h"
+#include "frmInfos.h"
 #include "frmOptionen.h"
 #include "plantwindows/Beschreibung.h"
 #include "store/Programm.h"
@@ -49,6 +50,7 @@ Befehle::Befehle(Programm &programm, Befehlsumgebung &umgebung) : programm_(prog
         {"mnuNebeneinander", &Befehle::anordnen<Anordnung::Nebeneinander>},
         {"mnuUntereinander", &Befehle::anordnen<Anordnung::Untereinander>},
         {"mnuHilfethemen", &Befehle::hilfe},
+        {"mnuInfos", &Befehle::infos},
     };
     befehle_.insert(befehle_.end(), std::begin(uebrige), std::end(uebrige));
 }
@@ -132,6 +134,12 @@ void Befehle::teilmengeSpeichern(const Befehl &)
 void Befehle::mulkoSpeichern(const Befehl &)
 {
     Export(programm_, umgebung_).mnuMulkoSpeichern_Click();
+}
+
+void Befehle::infos(const Befehl &)
+{
+    frmInfos form(programm_, umgebung_.hauptfenster());
+    umgebung_.formZeigen(form);
 }
 
 void Befehle::begleiterInstallieren(const Befehl &befehl)

@@ -99,6 +99,7 @@ private:
     void benutzerLaden(const Befehl &befehl);
     void teilmengeSpeichern(const Befehl &befehl);
     void mulkoSpeichern(const Befehl &befehl);
+    void infos(const Befehl &befehl);
     void begleiterInstallieren(const Befehl &befehl);
     void begleiterAufrufen(const Befehl &befehl);
     void beenden(const Befehl &befehl);

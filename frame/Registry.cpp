@@ -43,6 +43,11 @@ void nachsehen()
     ablage().sync();
 }
 
+QString ablageort()
+{
+    return QStringLiteral("HKEY_LOCAL_MACHINE\\Software\\FH Lindenhof");
+}
+
 #else
 
 Inidatei &ablage()
@@ -72,6 +77,11 @@ bool ablegen()
 void nachsehen()
 {
     ablage().auffrischen();
+}
+
+QString ablageort()
+{
+    return QDir::toNativeSeparators(ablage().pfad());
 }
 
 #endif
@@ -115,6 +125,11 @@ bool vorhanden(QStringView schluessel, QStringView name)
 void auffrischen()
 {
     nachsehen();
+}
+
+QString ort()
+{
+    return ablageort();
 }
 
 bool sichern()

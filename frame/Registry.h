@@ -17,6 +17,8 @@ void RegWertSchreiben(QStringView schluessel, QStringView name, const QString &t
 [[nodiscard]] bool vorhanden(QStringView schluessel, QStringView name);
 /// Takes up what other programs have written since the last look.
 void auffrischen();
+/// Where the settings stand, as the system names it.
+[[nodiscard]] QString ort();
 /// Writes what has been set to the disk; false, with the values kept for the next time, when that fails.
 [[nodiscard]] bool sichern();
 

@@ -140,6 +140,12 @@ private slots:
         QCOMPARE(umgebung_.getan, (QStringList{u"frmOptionen"_s, u"aktualisieren"_s}));
     }
 
+    void infos()
+    {
+        befehle_.ausfuehren("mnuInfos");
+        QCOMPARE(umgebung_.getan, QStringList{u"frmInfos"_s});
+    }
+
     void unbekanntes()
     {
         QVERIFY(!befehle_.befehl("mnuHilfe"));
