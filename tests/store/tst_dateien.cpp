@@ -2,6 +2,7 @@
 #include "Rechte.h"
 
 #include "store/Dateien.h"
+#include "store/Fehler.h"
 #include "store/Pfade.h"
 
 #include <QDateTime>
@@ -41,6 +42,26 @@ private slots:
     {
         ordner_.emplace();
         QVERIFY(ordner_->isValid());
+    }
+
+    void ganzGelesen()
+    {
+        const QString pfad = ordner_->filePath(u"text.bin"_s);
+        const QByteArray bytes = muster(70'000, 3);
+        schreibeSicher(pfad, bytes);
+        QCOMPARE(liesGanz(pfad), bytes);
+        schreibeSicher(pfad, {});
+        QCOMPARE(liesGanz(pfad), QByteArray());
+        const auto meldung = [](const QString &datei) {
+            try {
+                (void)liesGanz(datei);
+            } catch (const Fehler &fehler) {
+                return fehler.text();
+            }
+            return QString();
+        };
+        QVERIFY(meldung(ordner_->filePath(u"fehlt"_s)).endsWith(u"Sie ist nicht vorhanden."));
+        QVERIFY(meldung(ordner_->path()).contains(u"Ordner"));
     }
 
     void pfadAus_data()
