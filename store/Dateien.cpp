@@ -449,6 +449,13 @@ void legeOrdnerAn(const QString &pfad)
         throw Fehler(QStringLiteral("Der Ordner '%1' kann nicht angelegt werden: %2").arg(QDir::toNativeSeparators(pfad), dateiursache(nummer)));
 }
 
+void schreibeSicher(const QString &pfad, const std::function<void(const QString &)> &schreiben)
+{
+    Beidatei neu(pfad);
+    schreiben(neu.pfad());
+    neu.einsetzen();
+}
+
 void setSchreibmerker(const QString &pfad)
 {
     schreibmerker() = pfad;

@@ -86,6 +86,10 @@ void legeOrdnerAn(const QString &pfad);
 /// unnoticed there. Any thread.
 void schreibeSicher(const QString &pfad, const QByteArray &inhalt);
 
+/// The same for a file that somebody else writes: `schreiben` gets the path of an empty file beside the target and has let go of it when it
+/// returns. What it throws comes out, and the target stays as it was.
+void schreibeSicher(const QString &pfad, const std::function<void(const QString &)> &schreiben);
+
 /// File that names the targets that are being written, for as long as they are; empty: none is kept. A run that was killed leaves it
 /// and the half-written files behind.
 void setSchreibmerker(const QString &pfad);

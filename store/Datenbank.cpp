@@ -79,20 +79,6 @@ void likeFunktion(sqlite3_context *kontext, int, sqlite3_value **werte)
     sqlite3_result_int(kontext, accessLike(text(werte[0]), text(werte[1])));
 }
 
-/// The columns of a query for a table that takes its rows: the query's key becomes the table's.
-QString abfragespalten(const Anweisung &abfrage)
-{
-    QStringList spalten;
-    for (int i = 0; i < abfrage.spalten(); ++i) {
-        const QString name = abfrage.spaltenname(i), typ = abfrage.spaltentyp(i);
-        spalten += QStringLiteral("\"%1\" %2")
-                       .arg(name, name == u"ARTNR" ? QStringLiteral("INTEGER PRIMARY KEY")
-                                  : typ.isEmpty()  ? QStringLiteral("TEXT")
-                                                   : typ);
-    }
-    return u'(' + spalten.join(QStringLiteral(", ")) + u')';
-}
-
 QHash<QString, std::weak_ptr<Datenbank>> &offene()
 {
     static QHash<QString, std::weak_ptr<Datenbank>> tabelle;
@@ -109,6 +95,19 @@ QString schluessel(const QString &echt)
 constexpr int meisteAnweisungen = 100;
 
 } // namespace
+
+QString abfragespalten(const Anweisung &abfrage)
+{
+    QStringList spalten;
+    for (int i = 0; i < abfrage.spalten(); ++i) {
+        const QString name = abfrage.spaltenname(i), typ = abfrage.spaltentyp(i);
+        spalten += QStringLiteral("\"%1\" %2")
+                       .arg(name, name == u"ARTNR" ? QStringLiteral("INTEGER PRIMARY KEY")
+                                  : typ.isEmpty()  ? QStringLiteral("TEXT")
+                                                   : typ);
+    }
+    return u'(' + spalten.join(QStringLiteral(", ")) + u')';
+}
 
 Anweisung::~Anweisung()
 {
@@ -131,6 +130,37 @@ void Anweisung::binden(int nummer, const QVariant &wert)
     }
     if (ergebnis != SQLITE_OK)
         werfen(db_, QString::fromUtf8(sqlite3_db_filename(db_, nullptr)));
+}
+
+namespace {
+
+void bindungPruefen(int ergebnis, sqlite3 *db)
+{
+    if (ergebnis != SQLITE_OK)
+        werfen(db, QString::fromUtf8(sqlite3_db_filename(db, nullptr)));
+}
+
+} // namespace
+
+void Anweisung::textBinden(int nummer, std::string_view utf8)
+{
+    // An empty text is no null.
+    bindungPruefen(sqlite3_bind_text64(stmt_, nummer + 1, utf8.data() ? utf8.data() : "", utf8.size(), SQLITE_STATIC, SQLITE_UTF8), db_);
+}
+
+void Anweisung::zahlBinden(int nummer, qint64 zahl)
+{
+    bindungPruefen(sqlite3_bind_int64(stmt_, nummer + 1, zahl), db_);
+}
+
+void Anweisung::kommazahlBinden(int nummer, double zahl)
+{
+    bindungPruefen(sqlite3_bind_double(stmt_, nummer + 1, zahl), db_);
+}
+
+void Anweisung::nullBinden(int nummer)
+{
+    bindungPruefen(sqlite3_bind_null(stmt_, nummer + 1), db_);
 }
 
 bool Anweisung::schritt()
@@ -168,6 +198,21 @@ QString Anweisung::spaltentyp(int spalte) const
 bool Anweisung::istNull(int spalte) const
 {
     return sqlite3_column_type(stmt_, spalte) == SQLITE_NULL;
+}
+
+Anweisung::Wertart Anweisung::wertart(int spalte) const
+{
+    switch (sqlite3_column_type(stmt_, spalte)) {
+    case SQLITE_NULL: return Wertart::Null;
+    case SQLITE_INTEGER: return Wertart::Ganzzahl;
+    case SQLITE_FLOAT: return Wertart::Kommazahl;
+    default: return Wertart::Text;
+    }
+}
+
+double Anweisung::kommazahl(int spalte) const
+{
+    return sqlite3_column_double(stmt_, spalte);
 }
 
 qint64 Anweisung::zahl(int spalte) const
@@ -243,6 +288,26 @@ std::shared_ptr<Datenbank> Datenbank::CreateDatabase(const QString &pfad)
     neu->roh(QStringLiteral("PRAGMA application_id = %1").arg(schema::anwendungsnummer));
     neu->roh(QStringLiteral("PRAGMA user_version = %1").arg(schema::version));
     offene().insert(schluessel(echt), neu);
+    return neu;
+}
+
+std::shared_ptr<Datenbank> Datenbank::oeffneFuerSich(const QString &pfad)
+{
+    const QString echt = systemPfad(pfad);
+    if (!QFileInfo(echt).isFile())
+        throw Fehler(QStringLiteral("Die Datenbank '%1' wurde nicht gefunden.").arg(QDir::toNativeSeparators(echt)));
+    std::shared_ptr<Datenbank> neu(new Datenbank(echt, SQLITE_OPEN_READONLY));
+    neu->pruefen();
+    return neu;
+}
+
+std::shared_ptr<Datenbank> Datenbank::legeFuerSichAn(const QString &pfad)
+{
+    QFile datei(pfad);
+    if (datei.exists() && !datei.resize(0))
+        throw Fehler(QStringLiteral("Die Datei '%1' kann nicht ersetzt werden.").arg(QDir::toNativeSeparators(pfad)));
+    std::shared_ptr<Datenbank> neu(new Datenbank(pfad, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE));
+    neu->einstellen(Zugriff::Privat);
     return neu;
 }
 

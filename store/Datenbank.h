@@ -26,6 +26,11 @@ public:
     ~Anweisung();
 
     void binden(int nummer, const QVariant &wert);
+    /// The same without a detour, for many rows. A text must live until the statement is reset.
+    void textBinden(int nummer, std::string_view utf8);
+    void zahlBinden(int nummer, qint64 zahl);
+    void kommazahlBinden(int nummer, double zahl);
+    void nullBinden(int nummer);
     /// Next row; false at the end, where the statement is reset. Throws, reset, on an error.
     bool schritt();
     void zuruecksetzen(); ///< values are null again
@@ -34,7 +39,10 @@ public:
     QString spaltenname(int spalte) const;
     QString spaltentyp(int spalte) const; ///< as declared; empty for a computed column
     bool istNull(int spalte) const;
+    enum class Wertart { Null, Ganzzahl, Kommazahl, Text };
+    Wertart wertart(int spalte) const;
     qint64 zahl(int spalte) const;
+    double kommazahl(int spalte) const;
     QString text(int spalte) const;
     /// Raw UTF-8 of the value; valid until the next step.
     std::string_view bytes(int spalte) const;
@@ -59,6 +67,10 @@ public:
     static std::shared_ptr<Datenbank> OpenDatabase(const QString &pfad, Zugriff zugriff = Zugriff::Arbeit);
     /// Creates an empty database in place of any file there.
     static std::shared_ptr<Datenbank> CreateDatabase(const QString &pfad);
+    /// OpenDatabase with a connection that is shared with nobody, to be read: for a thread of its own. Same checks.
+    static std::shared_ptr<Datenbank> oeffneFuerSich(const QString &pfad);
+    /// A database without tables, not even a version, in place of any file there; private as a scratch copy, for a thread of its own.
+    static std::shared_ptr<Datenbank> legeFuerSichAn(const QString &pfad);
     /// Whether somebody holds a connection to this path, be it to a file that is gone by now.
     static bool offen(const QString &pfad);
     ~Datenbank();
@@ -125,6 +137,9 @@ private:
     QHash<QString, std::shared_ptr<Anweisung>> anweisungen_;
     QHash<QString, Sorte> sorten_; ///< tables and queries asked for so far
 };
+
+/// The columns of a table that takes the rows of a query, in brackets: the query's key becomes the table's.
+QString abfragespalten(const Anweisung &abfrage);
 
 /// The counter in a database file's head that every change moves on, read without opening a connection; empty where there is no such file.
 QByteArray aenderungsstand(const QString &pfad);

@@ -436,6 +436,7 @@ Durchgang Leser::durchlaufen(const Tabelle &tabelle, const Ansehen &ansehen)
     bool weiter = true;
     for (size_t s = 0; weiter && s < tabelle.seiten.size(); ++s) {
         const Sicht seiteDerZeilen = seite(tabelle.seiten[s]);
+        z.seitenDavor_ = s;
         const uint32_t anzahl = std::min<uint32_t>(seiteDerZeilen.u16(gliederung(jet3()).zeilenzahl), meisteZeilenJeSeite);
         for (uint32_t i = 0; weiter && i < anzahl; ++i) {
             try {

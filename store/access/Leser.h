@@ -59,6 +59,9 @@ public:
     /// comes as far as it can be read and is counted.
     Wert wert(size_t spalte);
 
+    /// How many of the table's pages lie before its own.
+    size_t seitenDavor() const { return seitenDavor_; }
+
 private:
     friend class Leser;
     struct Feld
@@ -68,6 +71,7 @@ private:
     };
     Leser *leser_ = nullptr;
     const Tabelle *tabelle_ = nullptr;
+    size_t seitenDavor_ = 0;
     std::vector<Feld> felder_;
     std::vector<std::string> puffer_; ///< one a column: texts that the file does not hold as they are read
     std::vector<uint32_t> orte_;
@@ -112,8 +116,6 @@ public:
     /// Every row of a table, in the file's order. False from `ansehen` ends the walk.
     using Ansehen = std::function<bool(Zeile &)>;
     Durchgang durchlaufen(const Tabelle &tabelle, const Ansehen &ansehen);
-    /// Pages of the table's rows, for a measure of progress.
-    size_t seitenzahl() const { return bytes_.size() / seite_; }
 
 private:
     friend class Zeile;
