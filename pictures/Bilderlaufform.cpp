@@ -155,8 +155,8 @@ void Bilderlaufform::aufbauen()
     cmdAbbrechen_->setAutoDefault(false);
     connect(cmdAbbrechen_, &QPushButton::clicked, this, &Bilderlaufform::reject);
     inhalt->addWidget(cmdAbbrechen_, 0, Qt::AlignRight);
-    inhalt->addStretch();
-    alles->addLayout(inhalt, 1);
+    alles->addLayout(inhalt);
+    alles->addStretch();
     auto *leiste = new QStatusBar(this);
     leiste->setObjectName(QStringLiteral("stbAnzeige"));
     leiste->setSizeGripEnabled(false);
@@ -165,8 +165,9 @@ void Bilderlaufform::aufbauen()
     status_->setContentsMargins(8, 0, 8, 2);
     leiste->addWidget(status_, 1);
     alles->addWidget(leiste);
-    setMinimumWidth(std::max(460, fontMetrics().averageCharWidth() * 68));
-    adjustSize();
+    const int breite = std::max(460, fontMetrics().averageCharWidth() * 68);
+    setMinimumWidth(breite);
+    resize(breite, alles->hasHeightForWidth() ? alles->totalHeightForWidth(breite) : alles->totalSizeHint().height());
 }
 
 void Bilderlaufform::showEvent(QShowEvent *ereignis)

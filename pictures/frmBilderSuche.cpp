@@ -22,7 +22,7 @@ namespace {
 
 constexpr int wurzelrolle = Qt::UserRole; // root of a drive, the system's
 constexpr int namensspalte = 0;
-constexpr int laufwerkszeilen = 4;
+constexpr int laufwerkszeilen = 3, ordnerzeilen = 10; ///< that are seen without scrolling
 
 /// The disk that the program stands on, always there.
 Laufwerk festplatte(const Programm &programm)
@@ -65,6 +65,12 @@ frmBilderSuche::frmBilderSuche(Programm &programm, const Laufwerksliste &laufwer
         if (index.isValid() && !zeigt_)
             txtFloxBildVerzeichnis_->setText(anzeigePfad(mitStrich(ordner_->filePath(index))));
     });
+    // Folders are read in the background: what is chosen is held in view until they have come.
+    connect(ordner_, &QFileSystemModel::directoryLoaded, this, [this](const QString &geladen) {
+        const QModelIndex index = dirVerzeichnisse_->currentIndex();
+        if (index.isValid() && ordner_->filePath(index).startsWith(geladen))
+            dirVerzeichnisse_->scrollTo(index, QAbstractItemView::PositionAtCenter);
+    });
     connect(txtFloxBildVerzeichnis_, &QLineEdit::textChanged, this, [this] { txtFloxBildVerzeichnis_Change(); });
     connect(txtFloxBildVerzeichnis_, &QLineEdit::editingFinished, this, &frmBilderSuche::pfadEingegeben);
     ordnerZeigen(systemPfad(programm.BilderPfad));
@@ -100,9 +106,8 @@ void frmBilderSuche::aufbauen()
     dirVerzeichnisse_->setUniformRowHeights(true);
     for (int spalte = namensspalte + 1; spalte < ordner_->columnCount(); ++spalte)
         dirVerzeichnisse_->hideColumn(spalte);
-    const int zeile = fontMetrics().height() + 6;
-    drvLaufwerk_->setFixedHeight(laufwerkszeilen * zeile);
-    dirVerzeichnisse_->setMinimumHeight(8 * zeile);
+    drvLaufwerk_->setFixedHeight(laufwerkszeilen * zeilenhoehe() + 2 * drvLaufwerk_->frameWidth());
+    dirVerzeichnisse_->setMinimumHeight(ordnerzeilen * zeilenhoehe());
     lblGefunden_->setMinimumWidth(lblGefunden_->fontMetrics().horizontalAdvance(QStringLiteral("nicht gefunden")));
 
     auto *raster = new QGridLayout;
@@ -132,7 +137,12 @@ void frmBilderSuche::aufbauen()
     const QList<QWidget *> folge = {drvLaufwerk_, dirVerzeichnisse_, txtFloxBildVerzeichnis_, cmdOK_, cmdAbbrechen};
     for (qsizetype i = 1; i < folge.size(); ++i)
         setTabOrder(folge[i - 1], folge[i]);
-    resize(std::max(520, fontMetrics().averageCharWidth() * 72), sizeHint().height() + 6 * zeile);
+    resize(std::max(520, fontMetrics().averageCharWidth() * 72), sizeHint().height());
+}
+
+int frmBilderSuche::zeilenhoehe() const
+{
+    return fontMetrics().height() + 8;
 }
 
 void frmBilderSuche::laufwerkeAuflisten(const Laufwerksliste &laufwerke)
@@ -140,6 +150,7 @@ void frmBilderSuche::laufwerkeAuflisten(const Laufwerksliste &laufwerke)
     const auto dazu = [this](const Laufwerk &laufwerk, const QString &text) {
         auto *zeile = new QListWidgetItem(text, drvLaufwerk_);
         zeile->setData(wurzelrolle, laufwerk.wurzel);
+        zeile->setSizeHint({0, zeilenhoehe()});
     };
     const Laufwerk fest = festplatte(programm_);
     dazu(fest, QStringLiteral("Festplatte (%1)").arg(medium::beschriftung(fest)));

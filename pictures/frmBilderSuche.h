@@ -23,6 +23,7 @@ public:
 
 private:
     void aufbauen();
+    int zeilenhoehe() const; ///< of both lists, pixels
     void laufwerkeAuflisten(const Laufwerksliste &laufwerke);
     void drvLaufwerk_Change();
     void txtFloxBildVerzeichnis_Change();
