@@ -177,6 +177,7 @@ public:
             if (!alleDurchlaeufe(bytes_))
                 return;
             bytes_ += "\xFF\xD9";
+            abgeschnitten_ = true;
         }
         QSize groesse;
         int proben = 0;
@@ -232,8 +233,11 @@ private:
         // Damage ends the first run at once, however large the picture claims to be; a harmless warning costs a second one.
         if (!lauf(TJFLAG_STOPONWARNING))
             return {};
-        if (tjGetErrorCode(bibliothek_.get()) == TJERR_WARNING && !lauf(0))
-            return {};
+        if (tjGetErrorCode(bibliothek_.get()) == TJERR_WARNING) {
+            // The library tells of the first warning only: a harmless one hides that of a cut behind it.
+            if (abgeschnitten_ || !lauf(0))
+                return {};
+        }
         if (tinten)
             farbenAusTinten(bild);
         return bild;
@@ -246,6 +250,7 @@ private:
     Jpegkopf kopf_;
     int farbraum_ = 0;
     bool gueltig_ = false;
+    bool abgeschnitten_ = false; ///< the end mark is ours
 };
 
 } // namespace

@@ -140,6 +140,17 @@ private slots:
         QCOMPARE(ladeGanz(pfad), ganz);
     }
 
+    /// Only the first warning is told: a harmless one must not hide that the rest of the picture is missing.
+    void harmloseWarnungVorEinemSchnitt()
+    {
+        const QByteArray bytes = jpeg(gemischt(200, 160, 3));
+        QByteArray warnend = bytes;
+        warnend[warnend.indexOf("\xFF\xDA") + 12] = '\x01'; // the last coefficient of the scan, which plain pictures do without
+        QCOMPARE(ladeGanz(ordner_.schreibe(warnend)), ladeGanz(ordner_.schreibe(bytes, u"ganz.jpg"_s)));
+        for (const qsizetype fehlend : {20, 200, 2000})
+            QVERIFY2(unlesbar(ordner_.schreibe(warnend.chopped(fehlend))), QByteArray::number(fehlend));
+    }
+
     void riesig_data()
     {
         QTest::addColumn<QSize>("groesse");
