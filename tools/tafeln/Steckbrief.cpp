@@ -172,8 +172,8 @@ void Steckbrief::masseLesen()
             mehrere = true;
         }
     // Climbers reach what they find, and are put among the small for their stems alone.
-    if (ist(u"kletternd") && !sammlung.imTopf)
-        h = std::max(h, zahl(QStringLiteral("Hoehe"), h));
+    if (const double gesagt = zahl(QStringLiteral("Hoehe"), h); ist(u"kletternd") && !sammlung.imTopf && gesagt > h)
+        h = kleinste = gesagt;
     bluetenhoehe = pflanze.zahl(u"BLMAXH").value_or(0);
     hoehe = h > 0 ? h : bluetenhoehe > 0 ? bluetenhoehe * 0.7 : zahl(QStringLiteral("Hoehe"), verholzt() ? 2.5 : 0.4);
     if (kleinste <= 0 || kleinste > hoehe)
