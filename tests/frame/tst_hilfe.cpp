@@ -330,7 +330,7 @@ void TestHilfe::tasteInDialogen_data()
 {
     QTest::addColumn<QString>("fenster");
     QTest::addColumn<QString>("thema");
-    for (const char *fenster : {"mdiZentral", "frmBenutzer", "frmDrucken", "frmBilder"})
+    for (const char *fenster : {"mdiZentral", "frmBenutzer", "frmDrucken", "frmBilder", "frmOptionen", "frmBilderAssistent"})
         for (const Hilfethema &zeile : hilfethemen())
             if (qstrcmp(zeile.fenster, fenster) == 0)
                 QTest::newRow(fenster) << QString::fromLatin1(fenster) << zeile.seite.toString();
@@ -359,8 +359,13 @@ void TestHilfe::tasteInDialogen()
         offen->close();
     });
     takt.start(5);
+    const auto waehlen = [this](const QString &befehl) { zentrale().findChild<QAction *>(befehl)->trigger(); };
     if (fenster == u"frmBenutzer")
         zentrale().namenAendern(form);
+    else if (fenster == u"frmOptionen")
+        waehlen(u"mnuOptionen"_s);
+    else if (fenster == u"frmBilderAssistent")
+        waehlen(u"mnuFloxBilder"_s);
     else if (fenster == u"frmDrucken")
         zentrale().drucken();
     else
