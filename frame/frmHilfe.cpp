@@ -115,7 +115,7 @@ void frmHilfe::aufbauen()
     teiler->addWidget(verzeichnisse());
     teiler->addWidget(blatt_);
     teiler->setStretchFactor(1, 1);
-    teiler->setSizes({280, 760});
+    teiler->setSizes({310, 750});
     setCentralWidget(teiler);
     setMinimumSize(560, 360);
     const QRect schirm = screen()->availableGeometry();

@@ -76,7 +76,7 @@ QString Handbuch::eingesetzt(Seite &seite, const QString &wort, const QString &r
         if (!ziel_.exists(datei))
             throw Fehler(QStringLiteral("%1: kein Bild \"%2\"").arg(seite.name, datei));
         if (wort == u"knopf")
-            return QStringLiteral("<img src=\"%1\">").arg(datei);
+            return QStringLiteral("<img src=\"%1\" style=\"vertical-align: middle\">").arg(datei);
         return QStringLiteral("<p class=\"bild\"><img src=\"%1\"></p>\n<p class=\"legende\">%2</p>").arg(datei, rest.section(u'|', 1));
     }
     if (wort == u"stichwort") {
