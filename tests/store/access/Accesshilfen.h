@@ -28,6 +28,10 @@ QList<QStringList> zeilen(accessdatei::Leser &leser, const QString &tabelle);
 /// Bytes of a file.
 std::vector<uint8_t> bytes(const QString &pfad);
 
+/// A file of Jet 3 with one table, "Pflanzen", of every kind of column. Its texts hold the bytes E4 and 81: "ä" and nothing in code page
+/// 1252, "õ" and "ü" in 850.
+std::vector<uint8_t> jet3Datei();
+
 accessdatei::Wert text(std::string_view utf8);
 accessdatei::Wert ganz(int64_t zahl);
 accessdatei::Wert komma(double zahl);
