@@ -83,6 +83,26 @@ private slots:
         QTEST(::pfadAus(ordner, rest), "pfad");
     }
 
+    void mitStrich_data()
+    {
+        QTest::addColumn<QString>("ordner");
+        QTest::addColumn<QString>("gespeichert");
+        QTest::newRow("ohne") << u"C:\\flox"_s << u"C:\\flox\\"_s;
+        QTest::newRow("mit") << u"C:\\flox\\"_s << u"C:\\flox\\"_s;
+        QTest::newRow("Laufwerk") << u"D:/"_s << u"D:\\"_s;
+        QTest::newRow("des Systems") << u"/media/anna/FLOX/"_s << u"/media/anna/FLOX\\"_s;
+        QTest::newRow("Wurzel") << u"/"_s << u"\\"_s;
+        QTest::newRow("keiner") << u""_s << u""_s;
+    }
+    void mitStrich()
+    {
+        QFETCH(QString, ordner);
+        QTEST(::mitStrich(ordner), "gespeichert");
+    }
+
+    /// What is shown has the system's separator throughout.
+    void anzeige() { QCOMPARE(anzeigePfad(u"/opt/flox\\vorschau\\"_s), QDir::toNativeSeparators(u"/opt/flox/vorschau/"_s)); }
+
     void systemPfadFindet_data()
     {
         QTest::addColumn<QStringList>("vorhanden");
