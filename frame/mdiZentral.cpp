@@ -83,6 +83,8 @@ mdiZentral::mdiZentral(Programm &programm) : programm_(programm), befehle_(progr
     menueBauen(*menuBar(), this, befehle_);
     statusleisteBauen();
     befehle_.begleiterPruefen();
+    // Until a window has a filter there is nothing to hand over.
+    mulkoSpeichernErlauben(false);
     connect(flaeche_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *unterfenster) {
         if (auto *form = unterfenster ? qobject_cast<Pflanzenfenster *>(unterfenster->widget()) : nullptr)
             geschuetztAusfuehren(this, [form] { form->Form_Activate(); });

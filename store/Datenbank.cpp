@@ -285,8 +285,11 @@ std::shared_ptr<Datenbank> Datenbank::CreateDatabase(const QString &pfad)
     std::shared_ptr<Datenbank> neu(new Datenbank(echt, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE));
     neu->einstellen(Zugriff::Arbeit);
     neu->roh(QStringLiteral("PRAGMA page_size = 16384"));
-    neu->roh(QStringLiteral("PRAGMA application_id = %1").arg(schema::anwendungsnummer));
-    neu->roh(QStringLiteral("PRAGMA user_version = %1").arg(schema::version));
+    // One write of an empty file, which is nothing that must last.
+    neu->roh(QStringLiteral("PRAGMA synchronous = OFF; BEGIN; PRAGMA application_id = %1; PRAGMA user_version = %2; COMMIT; "
+                            "PRAGMA synchronous = EXTRA")
+                 .arg(schema::anwendungsnummer)
+                 .arg(schema::version));
     offene().insert(schluessel(echt), neu);
     return neu;
 }

@@ -8,6 +8,7 @@
 #include "frame/frmDateiAuswahl.h"
 #include "pictures/frmBilder.h"
 #include "store/Benutzernamen.h"
+#include "store/Dateien.h"
 #include "store/Datenbestand.h"
 #include "store/Fehler.h"
 #include "store/Recordset.h"
@@ -157,6 +158,27 @@ private slots:
         probe_->waehlen("mnuDateiDBLadenBenutzer");
         QCOMPARE(gesehen.size(), 3);
         unveraendert();
+    }
+
+    /// What is seen while files are copied: it cannot be closed, and tells what is under way.
+    void derMoment()
+    {
+        datenbank(u"eins.fit"_s, u"eins"_s);
+        QStringList texte;
+        bool sichtbar = false;
+        setDateiaufsicht([&](Dateischritt, const QString &) {
+            if (QWidget *moment = form("frmMoment"); moment && texte.isEmpty()) {
+                sichtbar = moment->isVisible() && !moment->close();
+                for (const QLabel *satz : moment->findChildren<QLabel *>())
+                    texte += satz->text();
+            }
+            return 0;
+        });
+        laden(u"eins.fit"_s);
+        setDateiaufsicht({});
+        QVERIFY(sichtbar);
+        QVERIFY(texte.contains(u"Die Datenbank 'eins.fit' wird geladen."_s));
+        QVERIFY(texte.contains(u"Einen Moment, bitte …"_s));
     }
 
     void wasNichtGeht_data()

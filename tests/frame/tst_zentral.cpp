@@ -149,7 +149,7 @@ void TestZentral::menueHatAlleEintraege()
         verlangt += u"%1 %2 %3"_s.arg(zeile.ebene).arg(QString::fromUtf8(zeile.name), QString::fromUtf8(zeile.text));
     auflisten(probe_->zentrale->menuBar()->actions(), 0, da);
     QCOMPARE(da.join(u'\n'), verlangt.join(u'\n'));
-    // What is not built yet cannot be chosen, what is built can.
+    // What is not built yet cannot be chosen, what is built can; plants are handed over by a window with a filter.
     for (const SpartenEintrag &sparte : alleSparten())
         QCOMPARE(probe_->aktion(sparte.menue)->isEnabled(), fensterbeschreibung(sparte.sparte) != nullptr);
     QVERIFY(!probe_->aktion("mnuMulkoSpeichern")->isEnabled());

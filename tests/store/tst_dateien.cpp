@@ -50,7 +50,7 @@ private slots:
         const QByteArray bytes = muster(70'000, 3);
         schreibeSicher(pfad, bytes);
         QCOMPARE(liesGanz(pfad), bytes);
-        schreibeSicher(pfad, {});
+        schreibeSicher(pfad, QByteArray());
         QCOMPARE(liesGanz(pfad), QByteArray());
         const auto meldung = [](const QString &datei) {
             try {
