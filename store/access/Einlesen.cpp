@@ -8,6 +8,7 @@
 #include "store/Schema.h"
 #include "store/Text.h"
 
+#include <QFileInfo>
 #include <QHash>
 
 #include <algorithm>
