@@ -465,7 +465,7 @@ void TestZentral::geometrie()
     QTRY_COMPARE(probe_->zentrale->size(), QSize(850, 700));
     probe_->zentrale->close();
     for (const auto &[name, pixel] : {std::pair("Breite", 850), std::pair("Hoehe", 700), std::pair("Links", 10), std::pair("Oben", 20)})
-        QCOMPARE(registry::RegWertLesen(u"Software\\FH Lindenhof\\FLOX3-DEMO\\MDI"_s, QLatin1String(name)), QString::number(pixel * 15));
+        QCOMPARE(registry::RegWertLesen(u"Software\\FH Lindenhof\\FLOX3-DEMO\\MDI"_s, QString::fromLatin1(name)), QString::number(pixel * 15));
     QCOMPARE(registry::RegWertLesen(u"Software\\FH Lindenhof\\FLOX3-DEMO\\MDI"_s, u"Status"_s), u"0"_s);
 }
 
