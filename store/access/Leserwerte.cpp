@@ -54,6 +54,16 @@ public:
             utf8Anhaengen(utf8_, zweite ? ersatz : einheit);
     }
 
+    /// Characters below 0x80, one every `abstand` bytes.
+    void asciiNehmen(const uint8_t *von, size_t anzahl, size_t abstand)
+    {
+        abschliessen();
+        const size_t bisher = utf8_.size();
+        utf8_.resize(bisher + anzahl);
+        for (size_t i = 0; i < anzahl; ++i)
+            utf8_[bisher + i] = char(von[i * abstand]);
+    }
+
 private:
     static constexpr uint32_t ersatz = 0xFFFD;
     void abschliessen()
@@ -75,7 +85,14 @@ void ausVerdichtetem(Sicht roh, std::string &utf8)
             einByte = !einByte;
             ++i;
         } else if (einByte) {
-            ziel.nehmen(roh.daten[i++]);
+            size_t ende = i;
+            while (ende < roh.laenge && uint8_t(roh.daten[ende] - 1) < 0x7F)
+                ++ende;
+            if (ende > i)
+                ziel.asciiNehmen(roh.daten + i, ende - i, 1);
+            else
+                ziel.nehmen(roh.daten[ende++]);
+            i = ende;
         } else {
             if (i + 1 >= roh.laenge)
                 return;
@@ -165,16 +182,26 @@ std::string_view Leser::text(Sicht roh, std::string &puffer) const
     const bool istVerdichtet = roh.laenge >= 2 && roh.daten[0] == verdichtet[0] && roh.daten[1] == verdichtet[1];
     if (istVerdichtet && nurAscii(roh.ab(2)))
         return alsText(roh.ab(2));
-    puffer.clear();
     // As long as it can become, no longer: a string that grows by itself may take twice that.
+    puffer.clear();
     puffer.reserve(istVerdichtet ? 2 * roh.laenge : roh.laenge + roh.laenge / 2);
     if (istVerdichtet) {
         ausVerdichtetem(roh.ab(2), puffer);
         return puffer;
     }
     Zusammensetzer ziel(puffer);
-    for (size_t i = 0; i + 1 < roh.laenge; i += 2)
-        ziel.nehmen(lies16(roh.daten + i));
+    for (size_t i = 0; i + 1 < roh.laenge; i += 2) {
+        // Most texts are of one kind over long stretches.
+        size_t ende = i;
+        while (ende + 1 < roh.laenge && roh.daten[ende + 1] == 0 && roh.daten[ende] < 0x80)
+            ende += 2;
+        if (ende > i) {
+            ziel.asciiNehmen(roh.daten + i, (ende - i) / 2, 2);
+            i = ende - 2;
+        } else {
+            ziel.nehmen(lies16(roh.daten + i));
+        }
+    }
     return puffer;
 }
 
