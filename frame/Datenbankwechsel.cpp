@@ -10,18 +10,21 @@
 #include "controls/Geschuetzt.h"
 #include "store/Dateien.h"
 #include "store/Datenbestand.h"
+#include "store/Laufordner.h"
 #include "store/Schadenspruefung.h"
 #include "store/Sicherungen.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QInputDialog>
 #include <QScopeGuard>
 
 namespace {
 
 constexpr QStringView ladeFilter = u"Teilmenge Flox-Datenbank (*.fit)|*.fit|Flox-Datenbank (flox-demo.mdb)|flox-demo.mdb|"
                                    "Access-Datenbank (*.mdb)|*.mdb|Alle Dateien|*.*";
+const QString wirdGeladen = QStringLiteral("Die Datenbank '%1' wird geladen.");
 constexpr const char *originalEintrag = "mnuDateiDBLadenOriginal";
 
 /// The main window rests for as long as this lives.
@@ -70,6 +73,45 @@ QString fehltHier(const QStringList &spalten)
     return spalten.size() > meiste ? text + QStringLiteral(" und %1 weitere").arg(spalten.size() - meiste) : text;
 }
 
+/// Lines that a box has room for: a long one ends at one of its commas.
+QString gekuerzt(const QString &text)
+{
+    constexpr qsizetype laengste = 110;
+    QStringList zeilen = text.split(u'\n');
+    for (QString &zeile : zeilen)
+        if (zeile.size() > laengste)
+            zeile = zeile.left(zeile.lastIndexOf(u' ', laengste)) + QStringLiteral(" ...");
+    return zeilen.join(u'\n');
+}
+
+/// The code page that the user takes the texts of an old file for; nothing: he does not want to load it.
+std::optional<int> codeseiteFragen(Befehlsumgebung &umgebung, const accessdatei::Inhalt &inhalt)
+{
+    constexpr qsizetype probe = 80;
+    QStringList namen;
+    int vorgabe = 0;
+    const std::vector<accessdatei::Codeseitenwahl> alle = accessdatei::codeseiten();
+    for (const accessdatei::Codeseitenwahl &eine : alle) {
+        if (eine.nummer == inhalt.codeseite)
+            vorgabe = int(namen.size());
+        namen += eine.name.toString();
+    }
+    QInputDialog frage(umgebung.hauptfenster());
+    frage.setObjectName(QStringLiteral("Codeseite"));
+    frage.setWindowTitle(programmtitel.toString());
+    frage.setLabelText(QStringLiteral("Die Datei ist mit einer alten Version von Access geschrieben. Ihre Texte passen nicht zu der\nCodeseite, die "
+                                      "sie nennt, zum Beispiel dieser:\n\n%1\n\nIn welcher Codeseite sollen sie gelesen werden?")
+                           .arg(inhalt.zweifelhaft.left(probe)));
+    frage.setComboBoxItems(namen);
+    frage.setTextValue(namen.value(vorgabe));
+    frage.setOkButtonText(QStringLiteral("OK"));
+    frage.setCancelButtonText(QStringLiteral("Abbrechen"));
+    umgebung.formZeigen(frage);
+    if (frage.result() != QDialog::Accepted)
+        return std::nullopt;
+    return alle.at(size_t(namen.indexOf(frage.textValue()))).nummer;
+}
+
 } // namespace
 
 void Datenbankwechsel::mnuDateiDBLadenOriginal_Click()
@@ -90,6 +132,7 @@ void Datenbankwechsel::mnuDateiDBLadenBenutzer_Click()
 void Datenbankwechsel::klick(Wahl wahl)
 {
     bericht_.clear();
+    einzelheiten_.clear();
     {
         const auto beide = [this](void (frmMoment::*tat)()) {
             return [this, tat](frmDateiAuswahl &auswahl) {
@@ -106,8 +149,11 @@ void Datenbankwechsel::klick(Wahl wahl)
         else
             auswahl.cmdTeilmenge_Click();
     }
-    if (!bericht_.isEmpty())
-        QMessageBox::information(umgebung_.hauptfenster(), programmtitel.toString(), bericht_);
+    if (bericht_.isEmpty())
+        return;
+    QMessageBox meldung(QMessageBox::Information, programmtitel.toString(), bericht_, QMessageBox::Ok, umgebung_.hauptfenster());
+    meldung.setDetailedText(einzelheiten_);
+    meldung.exec();
 }
 
 void Datenbankwechsel::OriginalDBWiederherstellen(frmMoment &moment)
@@ -139,21 +185,71 @@ void Datenbankwechsel::DBFloxAuswaehlen(frmMoment &moment)
                                  QStringLiteral("Mit der Datei '%1' arbeiten Sie gerade. Es wurde nichts geändert.").arg(datei));
         return;
     }
-    moment.zeigen(QStringLiteral("Die Datenbank '%1' wird geladen.").arg(QFileInfo(pfad).fileName()));
+    if (accessdatei::istAccessdatei(pfad))
+        return accessLaden(moment, pfad);
+    const QString name = QFileInfo(pfad).fileName();
+    moment.zeigen(wirdGeladen.arg(name));
     const datenbestand::Befund befund = datenbestand::pruefen(programm_, pfad);
-    if (!befund.unbekannteTabelle.isEmpty()) {
-        moment.hide();
-        QMessageBox::warning(umgebung_.hauptfenster(), programmtitel.toString(), datei + QStringLiteral(" ist keine Flox-Datenbank!!"));
-        return OriginalDBWiederherstellen(moment);
+    if (!befund.unbekannteTabelle.isEmpty())
+        return keineFloxDatenbank(moment, pfad);
+    einsetzen(pfad, name, fehltHier(befund.fehlendeSpalten));
+}
+
+void Datenbankwechsel::keineFloxDatenbank(frmMoment &moment, const QString &pfad)
+{
+    moment.hide();
+    QMessageBox::warning(umgebung_.hauptfenster(), programmtitel.toString(),
+                         QDir::toNativeSeparators(pfad) + QStringLiteral(" ist keine Flox-Datenbank!!"));
+    OriginalDBWiederherstellen(moment);
+}
+
+void Datenbankwechsel::accessLaden(frmMoment &moment, const QString &pfad)
+{
+    const QString name = QFileInfo(pfad).fileName(), satz = wirdGeladen.arg(name);
+    const auto abgebrochen = [this] { umgebung_.melden(QStringLiteral("Das Laden wurde abgebrochen. Es wurde nichts geändert.")); };
+    accessdatei::Inhalt inhalt;
+    moment.arbeiten(satz, [&](const accessdatei::Lauf &) { inhalt = accessdatei::inhaltVon(pfad); });
+    if (moment.abgebrochen())
+        return abgebrochen();
+    if (!datenbestand::unbekannteTabelle(programm_, inhalt.tabellen).isEmpty())
+        return keineFloxDatenbank(moment, pfad);
+    if (!inhalt.verknuepfte.isEmpty()) {
+        accessdatei::Bericht nichts;
+        nichts.verknuepfteTabellen = inhalt.verknuepfte;
+        throw Fehler(QStringLiteral("Die Access-Datei '%1' kann nicht geladen werden.\n\n%2").arg(name, nichts.text()));
     }
+    int codeseite = 0; // the file's own
+    if (!inhalt.zweifelhaft.isEmpty()) {
+        moment.hide();
+        const std::optional<int> gewaehlt = codeseiteFragen(umgebung_, inhalt);
+        if (!gewaehlt)
+            return abgebrochen();
+        codeseite = *gewaehlt;
+    }
+    const Zwischendatei zwischen(programm_);
+    std::optional<accessdatei::Bericht> bericht;
+    moment.arbeiten(satz, [&](const accessdatei::Lauf &lauf) { bericht = accessdatei::einlesen(pfad, zwischen.pfad(), lauf, codeseite); });
+    if (!bericht || moment.abgebrochen())
+        return abgebrochen();
+    moment.zeigen(satz);
+    // Its tables are all of the program's, whatever the file had; that was looked at above.
+    (void)datenbestand::pruefen(programm_, zwischen.pfad());
+    const QString ganz = bericht->text(), kurz = gekuerzt(ganz);
+    einsetzen(zwischen.pfad(), name, QStringLiteral("\n\nAus der Access-Datei kamen:\n") + kurz);
+    if (!bericht_.isEmpty() && kurz != ganz)
+        einzelheiten_ = ganz;
+}
+
+void Datenbankwechsel::einsetzen(const QString &pfad, const QString &name, const QString &dazu)
+{
     const bool altesOriginal = programm_.OriginalDatenbank;
     if (!austauschen(false, datenbestand::ersetzteDateien(programm_, altesOriginal),
                      [&] { datenbestand::laden(programm_, pfad, altesOriginal, [this](bool original) { merken(original); }); }))
         return;
     umgebung_.statussatz(QStringLiteral("Sie arbeiten mit einer Teilmenge der Flox-Datenbank!"));
     umgebung_.erlauben(originalEintrag, true);
-    bericht_.prepend(QStringLiteral("Die Datenbank '%1' ist geladen.").arg(QFileInfo(pfad).fileName()));
-    bericht_ += fehltHier(befund.fehlendeSpalten);
+    bericht_.prepend(QStringLiteral("Die Datenbank '%1' ist geladen.").arg(name));
+    bericht_ += dazu;
 }
 
 bool Datenbankwechsel::austauschen(bool original, const QStringList &ersetzte, const std::function<void()> &tausch)

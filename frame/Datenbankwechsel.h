@@ -27,11 +27,18 @@ public:
 private:
     enum class Wahl { Original, Teilmenge };
     void klick(Wahl wahl);
+    /// Says that a file is none of the program's, and goes back to the original.
+    void keineFloxDatenbank(frmMoment &moment, const QString &pfad);
+    /// Brings a file of Access in, and puts what came of it in place.
+    void accessLaden(frmMoment &moment, const QString &pfad);
+    /// Puts a database of the program in place that has been looked at. `name` is what the user knows it by, `dazu` what he is told.
+    void einsetzen(const QString &pfad, const QString &name, const QString &dazu);
     /// Stores notes, keeps the files that are replaced, closes all windows and exchanges. False: held up, and nothing has changed.
     bool austauschen(bool original, const QStringList &ersetzte, const std::function<void()> &tausch);
     void merken(bool original);
 
     Programm &programm_;
     Befehlsumgebung &umgebung_;
-    QString bericht_; ///< what the user is told when all is done
+    QString bericht_;      ///< what the user is told when all is done
+    QString einzelheiten_; ///< the whole of it, where that would be too long for a box
 };

@@ -30,6 +30,7 @@ constexpr Einstellung tabelle[] = {
     {"Optionen", "MonatsDarstellung", &Programm::MonatsDarstellung, "1"},
     {"Optionen", "Originalgroesse", &Programm::OriginalGroesse, "True"},
     {"Optionen", "OriginalDatenbank", &Programm::OriginalDatenbank, "True"},
+    {"Optionen", "AccessFormat", &Programm::AccessFormat, "False"},
     {"Version", "Version", &Programm::ProgrammVersion, ""},
 };
 

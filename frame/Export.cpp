@@ -3,6 +3,7 @@
 #include "Aufheben.h"
 #include "Befehle.h"
 #include "Fenstertabelle.h"
+#include "Wartefenster.h"
 #include "frmHinweis.h"
 #include "controls/Dateifrage.h"
 #include "controls/Geschuetzt.h"
@@ -10,6 +11,7 @@
 #include "plantwindows/Pflanzenfenster.h"
 #include "store/Dateien.h"
 #include "store/Datenbestand.h"
+#include "store/Laufordner.h"
 #include "store/Pfade.h"
 #include "store/Sicherungen.h"
 #include "store/Teilmenge.h"
@@ -17,8 +19,11 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
+const QString teilmengenEndung = QStringLiteral(".fit"), accessEndung = QStringLiteral(".mdb"), accessMuster = QStringLiteral("(*.mdb)");
 const QString teilmengenFilter = QStringLiteral("Teilmenge Flox-Datenbank (*.fit)|*.fit|Access-Datenbank (*.mdb)|*.mdb|Alle Dateien|*.*");
 
 /// The order in which windows are counted before a subset is written.
@@ -88,7 +93,28 @@ QString Export::gefragt(const QString &titel, const QString &filter, const QStri
     frage.setAcceptMode(QFileDialog::AcceptSave);
     frage.setFileMode(QFileDialog::AnyFile);
     frage.endungDesFilters();
-    return frage.fragen([this](QDialog &dialog) { umgebung_.formZeigen(dialog); });
+    const QString dateiname = frage.fragen([this](QDialog &dialog) { umgebung_.formZeigen(dialog); });
+    accessFilter_ = frage.selectedNameFilter().endsWith(accessMuster);
+    return dateiname;
+}
+
+bool Export::alsAccess(const QString &dateiname) const
+{
+    const auto endetAuf = [&](const QString &endung) { return dateiname.endsWith(endung, Qt::CaseInsensitive); };
+    if (accessFilter_ || endetAuf(accessEndung))
+        return true;
+    const auto mulko = [&](const SpartenEintrag &sparte) { return endetAuf(mulkoEndung(sparte)); };
+    return programm_.AccessFormat && (endetAuf(teilmengenEndung) || std::ranges::any_of(alleSparten(), mulko));
+}
+
+void Export::accessSchreiben(const QString &quelle, const QString &dateiname)
+{
+    Wartefenster warten(umgebung_.hauptfenster());
+    std::optional<accessdatei::Bericht> bericht;
+    warten.arbeiten(QStringLiteral("Die Access-Datei '%1' wird geschrieben.").arg(QFileInfo(dateiname).fileName()),
+                    [&](const accessdatei::Lauf &lauf) { bericht = accessdatei::ausgeben(quelle, dateiname, lauf); });
+    umgebung_.melden((bericht ? QStringLiteral("Gespeichert: %1") : QStringLiteral("Abgebrochen, nicht gespeichert: %1"))
+                         .arg(QDir::toNativeSeparators(dateiname)));
 }
 
 void Export::DialogFloxTeilmengeSpeichern()
@@ -106,8 +132,15 @@ void Export::FloxTeilmengeSpeichern(const QString &dateiname)
     notizenSpeichern();
     if (!aufhebenOderFragen(programm_, umgebung_.hauptfenster(), {dateiname}))
         return;
-    const Sanduhr sanduhr(umgebung_.hauptfenster());
-    teilmenge::schreiben(datenbestand::arbeitsdatei(programm_), dateiname, [this](Sparte sparte) { return ersteKopie(umgebung_, sparte); });
+    const auto schreiben = [this](const QString &ziel) {
+        const Sanduhr sanduhr(umgebung_.hauptfenster());
+        teilmenge::schreiben(datenbestand::arbeitsdatei(programm_), ziel, [this](Sparte sparte) { return ersteKopie(umgebung_, sparte); });
+    };
+    if (!alsAccess(dateiname))
+        return schreiben(dateiname);
+    const Zwischendatei zwischen(programm_);
+    schreiben(zwischen.pfad());
+    accessSchreiben(zwischen.pfad(), dateiname);
 }
 
 bool Export::verweigert(const QString &dateiname)
@@ -174,9 +207,16 @@ void Export::MulkoSpeichern(const QString &dateiname)
         const Pflanzenfenster *form = umgebung_.aktivesFenster();
         if (!form || !aufhebenOderFragen(programm_, umgebung_.hauptfenster(), {dateiname}))
             return;
-        const Sanduhr sanduhr(umgebung_.hauptfenster());
         const QString kopie =
             QStringLiteral("%1%2%3.tmp").arg(programm_.laufordner(), eintrag(*sparte).tempDatenbank).arg(programm_.aktuellesFenster(*sparte));
+        if (alsAccess(dateiname)) {
+            // The window keeps its copy to itself.
+            const Zwischendatei zwischen(programm_);
+            kopiereSicher(systemPfad(kopie), zwischen.pfad());
+            accessSchreiben(zwischen.pfad(), dateiname);
+            return;
+        }
+        const Sanduhr sanduhr(umgebung_.hauptfenster());
         kopiereSicher(systemPfad(kopie), dateiname);
         umgebung_.melden(QStringLiteral("Gespeichert: %1").arg(QDir::toNativeSeparators(dateiname)));
     } catch (const Fehler &fehler) {

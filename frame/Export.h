@@ -18,7 +18,7 @@ public:
 
     void mnuMulkoSpeichern_Click() { DialogMulkoSpeichern(); }
     void DialogMulkoSpeichern();
-    /// Copies the private database of the active window. A failure is told in the status bar only.
+    /// Writes the plants of the active window, as its private database holds them. A failure is told in the status bar only.
     void MulkoSpeichern(const QString &dateiname);
 
 private:
@@ -26,7 +26,12 @@ private:
     /// Why nothing may be written to a file that the program itself works with: a message, and true.
     bool verweigert(const QString &dateiname);
     void notizenSpeichern();
+    /// Whether a file becomes one of Access, and not one of the program's own format.
+    bool alsAccess(const QString &dateiname) const;
+    /// Brings a database into a file of Access, unless the user calls it off.
+    void accessSchreiben(const QString &quelle, const QString &dateiname);
 
     Programm &programm_;
     Befehlsumgebung &umgebung_;
+    bool accessFilter_ = false; ///< the last dialog was left with the filter of Access files
 };

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <QWidget>
+#include "Wartefenster.h"
 
 class Datenbankwechsel;
-class QLabel;
 
-/* Please wait: what is shown while databases are copied. */
-class frmMoment : public QWidget
+/* Please wait, while another database takes the place of the working one. */
+class frmMoment : public Wartefenster
 {
     Q_OBJECT
 
@@ -16,13 +15,6 @@ public:
     void OriginalDBWiederherstellen();
     void DBFloxAuswaehlen();
 
-    /// Shows itself in the middle of the main window, painted at once: nothing is painted any more while files are copied.
-    void zeigen(const QString &satz);
-
-protected:
-    void closeEvent(QCloseEvent *ereignis) override;
-
 private:
     Datenbankwechsel &wechsel_;
-    QLabel *lblMoment_;
 };

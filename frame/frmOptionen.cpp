@@ -21,6 +21,7 @@ frmOptionen::frmOptionen(Programm &programm, QWidget *eltern) : QDialog(eltern),
     ausbildungBauen();
     bilderBauen();
     monateBauen();
+    dateienBauen();
 
     auto *cmdOK = new QPushButton(QStringLiteral("OK"), this);
     cmdOK->setObjectName(QStringLiteral("cmdOK"));
@@ -97,10 +98,21 @@ void frmOptionen::monateBauen()
     optMonat_[1 - gewaehlt]->setFocusPolicy(Qt::ClickFocus);
 }
 
+void frmOptionen::dateienBauen()
+{
+    QGroupBox *fraDateien = kasten("fraDateien", QStringLiteral("Dateien"));
+    auto *zeilen = new QVBoxLayout(fraDateien);
+    chkAccess_ = new QCheckBox(QStringLiteral("Teilmengen und Mulko-Dateien im Access-Format"), fraDateien);
+    chkAccess_->setObjectName(QStringLiteral("chkAccess"));
+    chkAccess_->setChecked(programm_.AccessFormat);
+    zeilen->addWidget(chkAccess_);
+}
+
 void frmOptionen::cmdOK_Click()
 {
     programm_.MonatsDarstellung = optMonat_[1]->isChecked();
     programm_.OriginalGroesse = chkOriginal_->isChecked();
+    programm_.AccessFormat = chkAccess_->isChecked();
     AusbildungUebernehmen();
     accept();
 }

@@ -11,7 +11,8 @@ class QGroupBox;
 class QRadioButton;
 class QVBoxLayout;
 
-/* The options. They hold from cmdOK on: months at once, pictures from the next one, the training in windows opened afterwards. */
+/* The options. They hold from cmdOK on: months at once, pictures from the next one, the training in windows opened afterwards, the
+   format with the next file. */
 class frmOptionen : public QDialog
 {
     Q_OBJECT
@@ -25,6 +26,7 @@ private:
     void ausbildungBauen();
     void bilderBauen();
     void monateBauen();
+    void dateienBauen();
     void cmdOK_Click();
     void AusbildungUebernehmen();
 
@@ -33,4 +35,5 @@ private:
     std::array<QCheckBox *, std::tuple_size_v<decltype(Programm::AzubiAuswahl)>> chkAusbildung_{};
     QCheckBox *chkOriginal_ = nullptr;
     std::array<QRadioButton *, 2> optMonat_{};
+    QCheckBox *chkAccess_ = nullptr;
 };

@@ -20,14 +20,13 @@ namespace {
 constexpr QStringView geduldet[] = {u"Abfrage_Friedhof", u"Obstarten"};
 
 /// Names that count when two databases are compared.
-QStringList verglicheneTabellen(Datenbank &db)
+QStringList verglicheneTabellen(QStringList namen)
 {
-    QStringList namen = db.TabellenUndAbfragen();
     namen.removeIf([](const QString &name) { return std::ranges::find(geduldet, name) != std::end(geduldet) || name.startsWith(u"MSys"); });
     return namen;
 }
 
-/// Opens a chosen file, which stays as it is. Files of another format would be read here.
+/// Opens a chosen file, which stays as it is.
 std::shared_ptr<Datenbank> gewaehlteOeffnen(const QString &pfad)
 {
     const std::shared_ptr<Datenbank> db = Datenbank::OpenDatabase(pfad, Datenbank::Zugriff::Lesen);
@@ -94,6 +93,14 @@ QString originaldatei(const Programm &programm)
     return systemPfad(programm.ProgrammPfad + QStringLiteral("\\flox-original.pdb"));
 }
 
+QString unbekannteTabelle(const Programm &programm, const QStringList &tabellen)
+{
+    const QString vorhanden = verglicheneTabellen(Datenbank::OpenDatabase(programm.arbeitsdatenbank())->TabellenUndAbfragen()).join(QString());
+    const QStringList verglichene = verglicheneTabellen(tabellen);
+    const auto fremd = std::ranges::find_if(verglichene, [&](const QString &name) { return !vorhanden.contains(name); });
+    return fremd == verglichene.end() ? QString() : *fremd;
+}
+
 Befund pruefen(const Programm &programm, const QString &pfad)
 {
     const std::shared_ptr<Datenbank> gewaehlt = gewaehlteOeffnen(pfad);
@@ -103,13 +110,10 @@ Befund pruefen(const Programm &programm, const QString &pfad)
     if (schaden::beschaedigt(pfad))
         throw Fehler(QStringLiteral("Die Datenbank '%1' ist beschädigt.").arg(QFileInfo(pfad).fileName()));
     const std::shared_ptr<Datenbank> arbeit = Datenbank::OpenDatabase(programm.arbeitsdatenbank());
-    const QString vorhanden = verglicheneTabellen(*arbeit).join(QString());
     Befund befund;
-    for (const QString &name : verglicheneTabellen(*gewaehlt))
-        if (!vorhanden.contains(name)) {
-            befund.unbekannteTabelle = name;
-            return befund;
-        }
+    befund.unbekannteTabelle = unbekannteTabelle(programm, gewaehlt->TabellenUndAbfragen());
+    if (!befund.unbekannteTabelle.isEmpty())
+        return befund;
     gewaehlt->lesbarFordern();
     befund.fehlendeSpalten = fehlendeSpalten(*gewaehlt, *arbeit);
     return befund;

@@ -14,13 +14,16 @@ namespace datenbestand {
 QString arbeitsdatei(const Programm &programm);
 QString originaldatei(const Programm &programm);
 
+/// The first of a file's tables that the working database lacks; empty: none, the file may be loaded.
+[[nodiscard]] QString unbekannteTabelle(const Programm &programm, const QStringList &tabellen);
+
 /// What a look into a chosen file has found.
 struct Befund
 {
     QString unbekannteTabelle;   ///< the first table that the working database lacks; empty: none, the file may be loaded
     QStringList fehlendeSpalten; ///< "Table.Column", for what the file's tables lack; it can be loaded all the same
 };
-/// Looks at a file that is to be loaded and changes nothing. Throws where it cannot be opened as a database, is damaged, of a newer
+/// Looks at a file of the program's own format that is to be loaded and changes nothing. Throws where it cannot be opened as a database, is damaged, of a newer
 /// version or not one of this program.
 [[nodiscard]] Befund pruefen(const Programm &programm, const QString &pfad);
 

@@ -13,6 +13,7 @@ namespace {
 
 const QString sperrdatei = QStringLiteral("flox.lock");
 const QString merkdatei = QStringLiteral("flox-unfertig.txt");
+const QString zwischendatei = QStringLiteral("flox-zwischen.tmp");
 constexpr int meisteOrdner = 50; // more programs than anyone runs side by side
 
 /// Takes a lock whose process is gone, and one that names no process.
@@ -44,6 +45,7 @@ void laufordnerFegen(const QString &ordner)
                  + QStringLiteral("(\\.[A-Za-z]{6})?");
     }
     namen += QStringLiteral(".+\\.pdf\\.[A-Za-z]{6}");
+    namen += QRegularExpression::escape(zwischendatei);
     const QRegularExpression reste(QRegularExpression::anchoredPattern(namen.join(u'|')), QRegularExpression::CaseInsensitiveOption);
     QDir dir(ordner);
     for (const QString &name : dir.entryList(QDir::Files | QDir::Hidden | QDir::System))
@@ -93,6 +95,13 @@ void Laufordner::fegen(const Programm &programm) const
 {
     if (gewaehlt_)
         laufordnerFegen(systemPfad(programm.laufordner()));
+}
+
+Zwischendatei::Zwischendatei(const Programm &programm) : pfad_(QDir(systemPfad(programm.laufordner())).filePath(zwischendatei)) {}
+
+Zwischendatei::~Zwischendatei()
+{
+    QFile::remove(pfad_);
 }
 
 QString nichtGespeichertes(const Programm &programm)

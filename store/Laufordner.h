@@ -29,6 +29,21 @@ private:
     bool gewaehlt_ = false;
 };
 
+/// A database on its way from one format into another, in the folder of what does not outlive the run; one at a time. It goes with its
+/// owner.
+class Zwischendatei
+{
+public:
+    explicit Zwischendatei(const Programm &programm);
+    ~Zwischendatei();
+    Zwischendatei(const Zwischendatei &) = delete;
+    Zwischendatei &operator=(const Zwischendatei &) = delete;
+    QString pfad() const { return pfad_; } ///< the system's; nobody has made it yet
+
+private:
+    QString pfad_;
+};
+
 /// Whether a file can be made in a folder; asked by making one.
 bool ordnerBeschreibbar(const QString &ordner);
 /// Removes the private copies, parked filters and half-written files of a dead run. The folder must belong to the caller.

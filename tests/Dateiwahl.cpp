@@ -1,13 +1,14 @@
 #include "Dateiwahl.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QFileInfo>
 #include <QLineEdit>
 
-Dateiwahl::Dateiwahl(const QString &pfad)
+Dateiwahl::Dateiwahl(const QString &pfad, const QString &filter)
 {
     takt_.setInterval(1);
-    connect(&takt_, &QTimer::timeout, this, [this, pfad] {
+    connect(&takt_, &QTimer::timeout, this, [this, pfad, filter] {
         auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
         if (!dialog)
             return;
@@ -23,6 +24,10 @@ Dateiwahl::Dateiwahl(const QString &pfad)
         if (pfad.isEmpty() || wieder) {
             static_cast<QDialog *>(dialog)->reject();
             return;
+        }
+        if (auto *typen = dialog->findChild<QComboBox *>(QStringLiteral("fileTypeCombo")); !filter.isEmpty()) {
+            typen->setCurrentText(filter);
+            emit typen->activated(typen->currentIndex());
         }
         dialog->setDirectory(QFileInfo(pfad).path());
         eingabe->setText(QFileInfo(pfad).fileName());

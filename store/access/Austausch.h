@@ -49,9 +49,10 @@ bool istAccessdatei(const QString &pfad);
 /// What a file holds, before anything is done with it.
 struct Inhalt
 {
-    QStringList tabellen; ///< the user's, those among them too that stand in another file or cannot be read
-    int codeseite = 0;    ///< of its texts; 0 where they are Unicode
-    QString zweifelhaft;  ///< the first text that does not fit the code page; empty: all do
+    QStringList tabellen;    ///< the user's, those among them too that stand in another file or cannot be read
+    QStringList verknuepfte; ///< those that stand in another file
+    int codeseite = 0;       ///< of its texts; 0 where they are Unicode
+    QString zweifelhaft;     ///< the first text that does not fit the code page; empty: all do
 };
 /// `codeseite` in place of the file's own; 0: its own.
 Inhalt inhaltVon(const QString &pfad, int codeseite = 0);

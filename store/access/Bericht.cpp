@@ -103,7 +103,7 @@ Inhalt inhaltVon(const QString &pfad, int codeseite)
     const std::unique_ptr<Leser> leser = Leser::ausDatei(pfad);
     if (codeseite)
         (void)leser->setCodeseite(codeseite);
-    Inhalt inhalt{{}, leser->codeseite(), {}};
+    Inhalt inhalt{{}, leser->verknuepfungen(), leser->codeseite(), {}};
     for (const Tabelle &tabelle : leser->tabellen()) {
         inhalt.tabellen += tabelle.name;
         if (inhalt.codeseite && inhalt.zweifelhaft.isEmpty())

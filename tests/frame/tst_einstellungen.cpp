@@ -44,6 +44,7 @@ constexpr Zeile zeilen[] = {
     {"Optionen", "MonatsDarstellung", "1", "0"},
     {"Optionen", "Originalgroesse", "True", "False"},
     {"Optionen", "OriginalDatenbank", "True", "False"},
+    {"Optionen", "AccessFormat", "False", "True"},
     {"Version", "Version", "", "3.0.1"},
 };
 

@@ -39,7 +39,7 @@ private slots:
         QCOMPARE(form.objectName(), u"frmOptionen"_s);
         QCOMPARE(form.windowTitle(), u"Optionen"_s);
         const std::pair<const char *, QString> rahmen[] = {
-            {"fraAusbildung", u"Ausbildung"_s}, {"fraOriginal", u"Bilder"_s}, {"fraMonat", u"Monatsdarstellung"_s}};
+            {"fraAusbildung", u"Ausbildung"_s}, {"fraOriginal", u"Bilder"_s}, {"fraMonat", u"Monatsdarstellung"_s}, {"fraDateien", u"Dateien"_s}};
         for (const auto &[name, titel] : rahmen)
             QCOMPARE(form.findChild<QGroupBox *>(QLatin1String(name))->title(), titel);
         QCOMPARE(form.findChild<QLabel *>(u"Label8"_s)->text(), u"Automatisch nur Pflanzen anzeigen die wichtig sind für die Gehilfenprüfung"_s);
@@ -50,6 +50,7 @@ private slots:
                                       u"bei Obstbauern"_s, u"bei Landschaftsgärtnern"_s}));
         QVERIFY(!form.findChild<QCheckBox *>(u"chkAusbildung_6"_s));
         QCOMPARE(original(form)->text(), u"Bilder immer in Originalgröße darstellen"_s);
+        QCOMPARE(access(form)->text(), u"Teilmengen und Mulko-Dateien im Access-Format"_s);
         QCOMPARE(monat(form, 0)->text(), u"1 2 3 4 5 6 7 8 9 10 11 12"_s);
         QCOMPARE(monat(form, 1)->text(), u"J F M A M J J A S O N D"_s);
         QCOMPARE(knopf(form, "cmdOK")->text(), u"OK"_s);
@@ -75,18 +76,21 @@ private slots:
         Programm &programm = probe_->programm;
         programm.MonatsDarstellung = darstellung;
         programm.OriginalGroesse = original;
+        programm.AccessFormat = !original;
         programm.AzubiAuswahl = {};
         programm.AzubiAuswahl[size_t(beruf)] = true;
         frmOptionen form(programm, nullptr);
         QCOMPARE(monat(form, 0)->isChecked(), darstellung == 0);
         QCOMPARE(monat(form, 1)->isChecked(), darstellung != 0);
         QCOMPARE(this->original(form)->isChecked(), original);
+        QCOMPARE(access(form)->isChecked(), !original);
         for (int i = 0; i < 6; ++i)
             QCOMPARE(ausbildung(form, i)->isChecked(), i == beruf);
         // Opened and closed with OK it leaves everything as it means.
         knopf(form, "cmdOK")->click();
         QCOMPARE(programm.MonatsDarstellung, darstellung != 0);
         QCOMPARE(programm.OriginalGroesse, original);
+        QCOMPARE(programm.AccessFormat, !original);
         QVERIFY(programm.AzubiAuswahl[size_t(beruf)] && std::ranges::count(programm.AzubiAuswahl, true) == 1);
     }
 
@@ -101,6 +105,8 @@ private slots:
                 klick(ausbildung(form, i));
             klick(original(form));
             klick(monat(form, 0));
+            klick(access(form));
+            QVERIFY(!programm.AccessFormat);
             QVERIFY(programm.AzubiAuswahl == (std::array<bool, 6>{true, false, false, true, false, false}));
             QVERIFY(programm.OriginalGroesse);
             QCOMPARE(programm.MonatsDarstellung, 1);
@@ -109,17 +115,20 @@ private slots:
         QVERIFY(programm.AzubiAuswahl == (std::array<bool, 6>{false, true, false, true, false, true}));
         QVERIFY(programm.AusbildungAktiv);
         QVERIFY(!programm.OriginalGroesse);
+        QVERIFY(programm.AccessFormat);
         QCOMPARE(programm.MonatsDarstellung, 0);
         waehlen([&](frmOptionen &form) {
             for (const int i : {1, 3, 5})
                 klick(ausbildung(form, i));
             klick(original(form));
+            klick(access(form));
             klick(monat(form, 1));
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         });
         QVERIFY(std::ranges::none_of(programm.AzubiAuswahl, std::identity()));
         QVERIFY(!programm.AusbildungAktiv);
         QVERIFY(programm.OriginalGroesse);
+        QVERIFY(!programm.AccessFormat);
         QCOMPARE(programm.MonatsDarstellung, 1);
     }
 
@@ -141,6 +150,7 @@ private slots:
         waehlen([&](frmOptionen &form) {
             klick(ausbildung(form, 2));
             klick(original(form));
+            klick(access(form));
             klick(monat(form, 1));
             if (weg == u"Esc")
                 QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
@@ -150,7 +160,7 @@ private slots:
                 klick(knopf(form, "cmdAbbrechen"));
         });
         QCOMPARE(programm.MonatsDarstellung, 0);
-        QVERIFY(programm.OriginalGroesse && !programm.AusbildungAktiv);
+        QVERIFY(programm.OriginalGroesse && !programm.AusbildungAktiv && !programm.AccessFormat);
         QVERIFY(std::ranges::none_of(programm.AzubiAuswahl, std::identity()));
         QCOMPARE(monatImFenster(probe_->fenster(1)), u"12"_s);
     }
@@ -212,13 +222,14 @@ private slots:
         QCOMPARE(probe_->fenster(3)->Anzahl, alle);
     }
 
-    /// The months and the size of pictures come again with the next run, the training does not.
+    /// The months, the size of pictures and the format of files come again with the next run, the training does not.
     void naechsterLauf()
     {
         waehlen([&](frmOptionen &form) {
             klick(ausbildung(form, 4));
             klick(original(form));
             klick(monat(form, 0));
+            klick(access(form));
             klick(knopf(form, "cmdOK"));
         });
         probe_->zentrale->close();
@@ -226,6 +237,7 @@ private slots:
         EinstellungenLesen(naechster);
         QCOMPARE(naechster.MonatsDarstellung, 0);
         QVERIFY(!naechster.OriginalGroesse);
+        QVERIFY(naechster.AccessFormat);
         QVERIFY(std::ranges::none_of(naechster.AzubiAuswahl, std::identity()) && !naechster.AusbildungAktiv);
         QFile datei(probe_->ablage.datei());
         QVERIFY(datei.open(QIODevice::ReadOnly));
@@ -276,12 +288,12 @@ private slots:
     {
         waehlen([&](frmOptionen &form) {
             QStringList namen;
-            for (int i = 0; i < 10; ++i) {
+            for (int i = 0; i < 11; ++i) {
                 namen += QApplication::focusWidget()->objectName();
                 QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
             }
             QCOMPARE(namen, (QStringList{u"chkAusbildung_0"_s, u"chkAusbildung_1"_s, u"chkAusbildung_2"_s, u"chkAusbildung_3"_s, u"chkAusbildung_4"_s,
-                                         u"chkAusbildung_5"_s, u"chkOriginal"_s, u"optMonat_1"_s, u"cmdOK"_s, u"cmdAbbrechen"_s}));
+                                         u"chkAusbildung_5"_s, u"chkOriginal"_s, u"optMonat_1"_s, u"chkAccess"_s, u"cmdOK"_s, u"cmdAbbrechen"_s}));
             form.reject();
         });
     }
@@ -314,6 +326,7 @@ private:
     static QString monatImFenster(Pflanzenfenster *form) { return monatIn(form); }
     static QCheckBox *ausbildung(frmOptionen &form, int i) { return form.findChild<QCheckBox *>(u"chkAusbildung_%1"_s.arg(i)); }
     static QCheckBox *original(frmOptionen &form) { return form.findChild<QCheckBox *>(u"chkOriginal"_s); }
+    static QCheckBox *access(frmOptionen &form) { return form.findChild<QCheckBox *>(u"chkAccess"_s); }
     static QRadioButton *monat(frmOptionen &form, int i) { return form.findChild<QRadioButton *>(u"optMonat_%1"_s.arg(i)); }
     static QPushButton *knopf(frmOptionen &form, const char *name) { return form.findChild<QPushButton *>(QLatin1String(name)); }
 
