@@ -330,7 +330,7 @@ void TestHilfe::tasteInDialogen_data()
 {
     QTest::addColumn<QString>("fenster");
     QTest::addColumn<QString>("thema");
-    for (const char *fenster : {"mdiZentral", "frmBenutzer", "frmDrucken", "frmBilder", "frmOptionen", "frmBilderAssistent"})
+    for (const char *fenster : {"mdiZentral", "frmBenutzer", "frmDrucken", "frmBilder", "frmOptionen", "frmInfos", "frmBilderAssistent"})
         for (const Hilfethema &zeile : hilfethemen())
             if (qstrcmp(zeile.fenster, fenster) == 0)
                 QTest::newRow(fenster) << QString::fromLatin1(fenster) << zeile.seite.toString();
@@ -364,6 +364,8 @@ void TestHilfe::tasteInDialogen()
         zentrale().namenAendern(form);
     else if (fenster == u"frmOptionen")
         waehlen(u"mnuOptionen"_s);
+    else if (fenster == u"frmInfos")
+        waehlen(u"mnuInfos"_s);
     else if (fenster == u"frmBilderAssistent")
         waehlen(u"mnuFloxBilder"_s);
     else if (fenster == u"frmDrucken")
