@@ -49,7 +49,7 @@ private slots:
             QTest::addRow("Journal %s", sparte) << u"db_%1%2.tmp-journal"_s.arg(QLatin1String(sparte)).arg(1) << false;
         }
         for (const char *name : {"TempFilterTo1.fft", "TempFilterSt3.ffs", "TempFilterAp1.ffa", "tempfilterto1.fft", "TempFilterTo1.fft.AbCdEf",
-                                 "Liste.pdf.AbCdEf", "Meine Liste (2).pdf.abcdef"})
+                                 "Liste.pdf.AbCdEf", "Meine Liste (2).pdf.abcdef", "flox-zwischen.tmp"})
             QTest::newRow(name) << QString::fromLatin1(name) << false;
         for (const char *name : {"flox-demo.mdb", "db_to.tmp", "db_xy1.tmp", "mydb_to1.tmp", "db_to1.tmp.bak", "TempFilterTo.fft", "Klausur.fft",
                                  "Liste.pdf", "Liste.pdf.abcdefg", "Liste.pdf.tar.gz", "Liste.pdf.123456", ".pdf.abcdef", "flox-demo.mdb-journal"})
