@@ -3,16 +3,17 @@
 #include "controls/Geschuetzt.h"
 #include "store/Sicherungen.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 #include <QPushButton>
 
-std::optional<QStringList> aufhebenOderFragen(const Programm &programm, QWidget *fenster, const QStringList &pfade)
+std::optional<QStringList> aufhebenOderFragen(const Programm &programm, QWidget *fenster, const QStringList &pfade, const QString &gebraucht)
 {
     QStringList kopien;
     for (const QString &pfad : pfade) {
         QString ursache;
         try {
-            if (const QString kopie = sicherungen::aufheben(programm, pfad); !kopie.isEmpty())
+            if (const QString kopie = sicherungen::aufheben(programm, pfad, QDateTime::currentDateTime(), gebraucht); !kopie.isEmpty())
                 kopien += kopie;
             continue;
         } catch (const Fehler &fehler) {

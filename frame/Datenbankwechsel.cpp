@@ -160,7 +160,7 @@ void Datenbankwechsel::OriginalDBWiederherstellen(frmMoment &moment)
 {
     datenbestand::originalFordern(programm_);
     moment.zeigen(QStringLiteral("Die Originaldatenbank wird geladen."));
-    if (!austauschen(true, {datenbestand::arbeitsdatei(programm_)},
+    if (!austauschen(true, {datenbestand::arbeitsdatei(programm_)}, datenbestand::originaldatei(programm_),
                      [this] { datenbestand::originalHolen(programm_, [this](bool original) { merken(original); }); }))
         return;
     umgebung_.statussatz(QString());
@@ -243,7 +243,7 @@ void Datenbankwechsel::accessLaden(frmMoment &moment, const QString &pfad)
 void Datenbankwechsel::einsetzen(const QString &pfad, const QString &name, const QString &dazu)
 {
     const bool altesOriginal = programm_.OriginalDatenbank;
-    if (!austauschen(false, datenbestand::ersetzteDateien(programm_, altesOriginal),
+    if (!austauschen(false, datenbestand::ersetzteDateien(programm_, altesOriginal), pfad,
                      [&] { datenbestand::laden(programm_, pfad, altesOriginal, [this](bool original) { merken(original); }); }))
         return;
     umgebung_.statussatz(QStringLiteral("Sie arbeiten mit einer Teilmenge der Flox-Datenbank!"));
@@ -252,11 +252,11 @@ void Datenbankwechsel::einsetzen(const QString &pfad, const QString &name, const
     bericht_ += dazu;
 }
 
-bool Datenbankwechsel::austauschen(bool original, const QStringList &ersetzte, const std::function<void()> &tausch)
+bool Datenbankwechsel::austauschen(bool original, const QStringList &ersetzte, const QString &gebraucht, const std::function<void()> &tausch)
 {
     if (!umgebung_.NotizenSichern())
         return false;
-    const std::optional<QStringList> kopien = aufhebenOderFragen(programm_, umgebung_.hauptfenster(), ersetzte);
+    const std::optional<QStringList> kopien = aufhebenOderFragen(programm_, umgebung_.hauptfenster(), ersetzte, gebraucht);
     if (!kopien)
         return false;
     // From here on nobody is asked: what was stored and kept above is all there is.

@@ -34,7 +34,7 @@ private:
     /// Puts a database of the program in place that has been looked at. `name` is what the user knows it by, `dazu` what he is told.
     void einsetzen(const QString &pfad, const QString &name, const QString &dazu);
     /// Stores notes, keeps the files that are replaced, closes all windows and exchanges. False: held up, and nothing has changed.
-    bool austauschen(bool original, const QStringList &ersetzte, const std::function<void()> &tausch);
+    bool austauschen(bool original, const QStringList &ersetzte, const QString &gebraucht, const std::function<void()> &tausch);
     void merken(bool original);
 
     Programm &programm_;

@@ -115,6 +115,9 @@ void Export::accessSchreiben(const QString &quelle, const QString &dateiname)
                     [&](const accessdatei::Lauf &lauf) { bericht = accessdatei::ausgeben(quelle, dateiname, lauf); });
     umgebung_.melden((bericht ? QStringLiteral("Gespeichert: %1") : QStringLiteral("Abgebrochen, nicht gespeichert: %1"))
                          .arg(QDir::toNativeSeparators(dateiname)));
+    // What Access cannot keep is lost in the file: nobody must learn that later.
+    if (bericht && bericht->bereinigteTexte > 0)
+        QMessageBox::information(umgebung_.hauptfenster(), programmtitel.toString(), bericht->text());
 }
 
 void Export::DialogFloxTeilmengeSpeichern()
@@ -153,7 +156,8 @@ bool Export::verweigert(const QString &dateiname)
         return sagen(QStringLiteral("'flox-demo.mdb' darf nicht überschrieben werden!"),
                      QStringLiteral("Die Datei 'flox-demo.mdb' darf nicht überschrieben werden!"));
     const QString name = QFileInfo(dateiname).fileName();
-    if (dieselbeDatei(dateiname, datenbestand::originaldatei(programm_)))
+    const QString original = datenbestand::originaldatei(programm_); // it need not be there yet
+    if (dieselbeDatei(dateiname, original) || QFileInfo(dateiname).absoluteFilePath() == QFileInfo(original).absoluteFilePath())
         return sagen(programmtitel.toString(), QStringLiteral("Die Datei '%1' ist die gesicherte Originaldatenbank.").arg(name));
     bool kopie = false;
     fensterDurchgehen(umgebung_, [&](Pflanzenfenster &form, int nummer) {

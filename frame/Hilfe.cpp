@@ -22,6 +22,9 @@ constexpr Hilfethema themen[] = {
     {"frmHinweis", u"1-datenbanken.htm"},
     {"frmDateiAuswahl", u"1-datenbanken.htm"},
     {"frmMoment", u"1-datenbanken.htm"},
+    {"Wartefenster", u"1-datenbanken.htm"},
+    {"QInputDialog", u"1-datenbanken.htm"},
+    {"frmLebensbereiche", u"2-stauden.htm"},
     {"frmInstall", u"1-zusatzprogramme.htm"},
     {"frmBilderAssistent", u"index-bilderassi.htm"},
     {"frmBilderSuche", u"index-bilderassi.htm"},
@@ -29,6 +32,8 @@ constexpr Hilfethema themen[] = {
     {"frmBilderKopieren", u"5-vorschau.htm"},
     {"frmVorschauBilderKopieren", u"5-vorschau.htm"},
     {"frmHilfe", u"1-hilfe.htm"},
+    {"QPrintDialog", u"6-drucken.htm"},
+    {"QProgressDialog", u"6-drucken.htm"},
     {"QMessageBox", u"9-meldungen.htm"},
     {"QFileDialog", u"9-dateien.htm"},
 };

@@ -20,6 +20,7 @@ Hilfeblatt::Hilfeblatt(std::function<QByteArray(const QUrl &)> lesen, QWidget *e
     // Pictures are fitted into a width that does not depend on the length of the page.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     document()->setDocumentMargin(seitenrand);
+    nachGroesse_.setObjectName(QStringLiteral("timGroesse"));
     nachGroesse_.setSingleShot(true);
     nachGroesse_.setInterval(150);
     connect(&nachGroesse_, &QTimer::timeout, this, [this] {

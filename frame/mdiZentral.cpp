@@ -3,6 +3,7 @@
 #include "Einstellungen.h"
 #include "Flaeche.h"
 #include "Menue.h"
+#include "System.h"
 #include "frmBenutzer.h"
 #include "filters/Filterdialog.h"
 #include "plantwindows/Beschreibung.h"
@@ -325,6 +326,12 @@ void mdiZentral::FormenAktualisieren()
     }
 }
 
+void mdiZentral::namenSchreiben()
+{
+    if (hatBenutzernamen(programm_))
+        benutzernamenSchreiben(programm_);
+}
+
 bool mdiZentral::NotizenSichern()
 {
     for (const SpartenEintrag &sparte : alleSparten())
@@ -366,7 +373,7 @@ void mdiZentral::sichern()
         for (int nummer = 1; nummer <= tabelle(sparte.sparte).obergrenze(); ++nummer)
             if (Pflanzenfenster *form = fenster(sparte.sparte, nummer); form)
                 form->notizRetten();
-    still([this] { benutzernamenSchreiben(programm_); });
+    still([this] { namenSchreiben(); });
     geometrieMerken();
     if (!EinstellungenSchreiben(programm_))
         qWarning("The settings cannot be written.");
@@ -513,7 +520,7 @@ void mdiZentral::anordnen(Anordnung anordnung)
 void mdiZentral::bilderAssistent()
 {
     ::bilderAssistent(
-        programm_, laufwerke_, [this] { FormenAktualisieren(); }, this);
+        programm_, laufwerke_, betriebssystem(), [this] { FormenAktualisieren(); }, this);
 }
 
 bool mdiZentral::eventFilter(QObject *quelle, QEvent *ereignis)
@@ -547,7 +554,7 @@ void mdiZentral::closeEvent(QCloseEvent *ereignis)
     geometrieMerken();
     hide();
     // Names and settings must not hinder the end.
-    geschuetztAusfuehren(nullptr, [this] { benutzernamenSchreiben(programm_); });
+    geschuetztAusfuehren(nullptr, [this] { namenSchreiben(); });
     (void)EinstellungenSchreiben(programm_); // settings that cannot be kept do not last, and nobody is asked
     bilderSchliessen();
     AlleFensterSchliessen();

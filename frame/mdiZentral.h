@@ -78,6 +78,8 @@ protected:
     bool eventFilter(QObject *quelle, QEvent *ereignis) override;
 
 private:
+    /// The names of the user's properties into the working database, where that has a place for them.
+    void namenSchreiben();
     void fensterBedienbar(Sparte sparte, bool bedienbar);
     bool dialogOffen(Sparte sparte);
     Pflanzenfenster *fensterAnlegen(Sparte sparte, int nummer);

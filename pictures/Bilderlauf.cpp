@@ -127,7 +127,7 @@ void Bilderlauf::beginnen()
     if (abgebrochen_)
         return enden(Ende::Abgebrochen);
     auflisten();
-    if (gesamt_ == 0)
+    if (dateien_.empty())
         return enden(Ende::KeineBilder, QStringLiteral("In dem Ordner '%1' sind keine Bilder.").arg(anzeigePfad(auftrag_.quelle)));
     const qint64 frei = bedarf_ > 0 ? auftrag_.frei(auftrag_.ziel) : -1;
     if (frei >= 0 && frei < bedarf_) {

@@ -202,7 +202,10 @@ void Bilderlaufform::Timer1_Timer()
     lauf_ = std::make_unique<Bilderlauf>(auftrag_);
     lauf_->melden = [this](const Bilderlauf::Fehlschlag &fehlschlag) { return fehlschlagMelden(fehlschlag); };
     connect(lauf_.get(), &Bilderlauf::fortschritt, this, [this](int zeile, int prozent) { ProgBar_[size_t(zeile)]->setValue(prozent); });
-    connect(lauf_.get(), &Bilderlauf::restzeitGeschaetzt, status_, &QLabel::setText);
+    connect(lauf_.get(), &Bilderlauf::restzeitGeschaetzt, this, [this](const QString &text) {
+        if (!abgebrochen_)
+            status_->setText(text);
+    });
     connect(lauf_.get(), &Bilderlauf::beendet, this, &Bilderlaufform::beendet);
     if (abgebrochen_)
         lauf_->abbrechen();

@@ -270,13 +270,15 @@ void frmBilderAssistent::beschriften()
     cmdVorschauBilderErstellen_->setEnabled(!bilder.isEmpty());
 }
 
-void bilderAssistent(Programm &programm, const Laufwerksliste &laufwerke, const std::function<void()> &FormenAktualisieren, QWidget *eltern)
+void bilderAssistent(Programm &programm, const Laufwerksliste &laufwerke, const QString &betriebssystem,
+                     const std::function<void()> &FormenAktualisieren, QWidget *eltern)
 {
     Weg weg = Weg::Keiner;
     bool geaendert = false;
     const QPointer<QWidget> fenster(eltern);
     {
         frmBilderAssistent form(programm, laufwerke, eltern);
+        form.setProperty("Betriebssystem", betriebssystem);
         form.exec();
         weg = form.weg();
         geaendert = form.geaendert();

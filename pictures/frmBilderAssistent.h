@@ -51,5 +51,7 @@ private:
     QLabel *lblBilderFehlen_ = nullptr, *lblVorschauFehlt_ = nullptr;
 };
 
-/// Shows the assistant and goes the way that was chosen. `FormenAktualisieren` lets the open windows show the new state.
-void bilderAssistent(Programm &programm, const Laufwerksliste &laufwerke, const std::function<void()> &FormenAktualisieren, QWidget *eltern);
+/// Shows the assistant and goes the way that was chosen. `FormenAktualisieren` lets the open windows show the new state. The name of the
+/// operating system is a property of the form, "Betriebssystem", by which its appearance can be told apart.
+void bilderAssistent(Programm &programm, const Laufwerksliste &laufwerke, const QString &betriebssystem,
+                     const std::function<void()> &FormenAktualisieren, QWidget *eltern);

@@ -165,7 +165,8 @@ void frmBilderSuche::ordnerZeigen(const QString &systempfad)
     qsizetype laenge = -1;
     for (int i = 0; i < drvLaufwerk_->count(); ++i) {
         const QString wurzel = drvLaufwerk_->item(i)->data(wurzelrolle).toString();
-        if (systempfad.startsWith(wurzel) && wurzel.size() > laenge) {
+        const QString ordner = wurzel.endsWith(u'/') ? wurzel : wurzel + u'/';
+        if ((systempfad + u'/').startsWith(ordner) && wurzel.size() > laenge) {
             zeile = i;
             laenge = wurzel.size();
         }
@@ -198,8 +199,13 @@ void frmBilderSuche::drvLaufwerk_Change()
     QMessageBox::warning(this, programmtitel.toString(), QStringLiteral("Laufwerk nicht bereit!"));
     if (!ich)
         return;
-    const QSignalBlocker still(drvLaufwerk_);
-    drvLaufwerk_->setCurrentRow(laufwerk_);
+    const auto zurueck = [this] {
+        const QSignalBlocker still(drvLaufwerk_);
+        drvLaufwerk_->setCurrentRow(laufwerk_);
+    };
+    zurueck();
+    // A press of the mouse selects its line only behind this.
+    QMetaObject::invokeMethod(this, zurueck, Qt::QueuedConnection);
 }
 
 QString frmBilderSuche::pfad() const

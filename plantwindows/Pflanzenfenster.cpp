@@ -17,6 +17,7 @@
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScopeGuard>
 #include <QSignalBlocker>
 
 Pflanzenfenster::Pflanzenfenster(Programm &programm, Zentrale &zentrale, const Fensterbeschreibung &beschreibung, int nummer)
@@ -107,7 +108,7 @@ void Pflanzenfenster::datenFordern()
         return;
     (void)datenHolen(); // the next run tells of a copy that cannot be made
     satz_.alleNehmen();
-    gesamt_ = 0;
+    gelaufen_.reset();
     satz_.haupt().Finden(gezeigt_);
     DatenOrdnen();
     darstellen();
@@ -352,6 +353,8 @@ void Pflanzenfenster::BenutzerdatenSpeichern()
     // What an input method still holds belongs to the note.
     QGuiApplication::inputMethod()->commit();
     const Notiz eingabe = notiz();
+    // Notes are stored in windows that nobody works in, too: the user's current one stays the current one.
+    const auto aktuelles = qScopeGuard([this, vorher = programm_.aktuellesFenster(sparte())] { programm_.aktuellesFenster(sparte()) = vorher; });
     // The database that lasts comes first: what a copy does holds no note back.
     const bool dauerhaft = satz_.benutzerSchreiben(eingabe);
     if (dauerhaft) {

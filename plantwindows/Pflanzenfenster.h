@@ -4,6 +4,7 @@
 #include "Knopfzustaende.h"
 #include "Pflanzensatz.h"
 #include "filters/Filterziel.h"
+#include "filters/Filterzustand.h"
 #include "pictures/frmBilder.h"
 
 #include <QPointer>
@@ -13,6 +14,7 @@
 #include <array>
 #include <exception>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class Filterdialog;
@@ -170,7 +172,8 @@ private:
     qint64 gezeigt_ = 0; ///< number of the record last shown: the user's fields belong to it
     QString gezeigterName_;
     bool hatKopie_ = false, geschlossen_ = false;
-    qsizetype gesamt_ = 0;          ///< plants before the last filter run; 0: no run has left the set that is shown
-    bool meldet_ = false;           ///< a box tells of an unknown origin
-    QPointer<QWidget> fokusVorher_; ///< had the focus when the filter dialog opened
+    qsizetype gesamt_ = 0;                  ///< plants before the last filter run
+    std::optional<Filterzustand> gelaufen_; ///< what that run was asked for; nothing: no run has left the set that is shown
+    bool meldet_ = false;                   ///< a box tells of an unknown origin
+    QPointer<QWidget> fokusVorher_;         ///< had the focus when the filter dialog opened
 };

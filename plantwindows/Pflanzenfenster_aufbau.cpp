@@ -37,6 +37,7 @@ void Pflanzenfenster::aufbauen()
     setMouseTracking(true);
     installEventFilter(this);
     resize(980, 600);
+    hinweisende_.setObjectName(QStringLiteral("timHinweis"));
     hinweisende_.setSingleShot(true);
     connect(&hinweisende_, &QTimer::timeout, this, [this] { hinweis(QString()); });
 

@@ -120,9 +120,10 @@ void Pflanzenfenster::filterUmschalten()
 void Pflanzenfenster::zustandZeigen()
 {
     QString satz = QStringLiteral("Alle Pflanzen");
-    if (Filterdialog *dialog = gesamt_ > 0 ? filterdialog() : nullptr)
-        satz = (FilterEin ? QString() : QStringLiteral("Filter aus – ")) + zentrale_.filtersatz(sparte(), dialog->zustand());
-    const qsizetype alle = gesamt_ > 0 ? gesamt_ : Anzahl;
+    // The dialog may show by now what no run was asked for.
+    if (gelaufen_)
+        satz = (FilterEin ? QString() : QStringLiteral("Filter aus – ")) + zentrale_.filtersatz(sparte(), *gelaufen_);
+    const qsizetype alle = gelaufen_ ? gesamt_ : Anzahl;
     satz += QStringLiteral(" – %1 von %2").arg(Anzahl).arg(alle);
     QLabel *feld = stbAnzeige_[0];
     feld->setText(satz);
@@ -146,6 +147,7 @@ void Pflanzenfenster::filterGelaufen(const Laufergebnis &ergebnis)
     eigeneNummer();
     satz_.ausgeduennt(ergebnis.uebrig, ergebnis.gesamt);
     gesamt_ = ergebnis.gesamt;
+    gelaufen_ = filterdialog()->zustand();
     DatenOrdnen();
     satz_.haupt().MoveFirst();
     cboArten_->setCurrentIndex(int(satz_.haupt().AbsolutePosition()));
@@ -165,7 +167,7 @@ void Pflanzenfenster::filterVerworfen()
 {
     const std::exception_ptr kopierfehler = datenHolen();
     satz_.alleNehmen();
-    gesamt_ = 0;
+    gelaufen_.reset();
     DatenOrdnen();
     darstellen();
     zustandZeigen();

@@ -19,10 +19,15 @@ DatenControl namenOeffnen(const Programm &programm)
 
 } // namespace
 
+bool hatBenutzernamen(const Programm &programm)
+{
+    return Datenbank::OpenDatabase(programm.arbeitsdatenbank())->hatTabelle(namentabelle);
+}
+
 QString benutzernamenLesen(Programm &programm)
 {
     // A database that the user has loaded may lack it, and is no reason not to start.
-    if (!Datenbank::OpenDatabase(programm.arbeitsdatenbank())->hatTabelle(namentabelle)) {
+    if (!hatBenutzernamen(programm)) {
         for (auto &sparte : programm.BenutzerNamen)
             for (size_t r = 0; r < anzahlEigenschaften; ++r)
                 sparte[r] = QStringLiteral("Eigenschaft %1").arg(r + 1);

@@ -8,5 +8,7 @@
 /// Throws where the database cannot be opened or lacks the table.
 [[nodiscard]] QString benutzernamenLesen(Programm &programm);
 /// Writes the names that differ from the stored ones, in one durable transaction; where none does the database is left alone.
+/// Whether the working database has the table of the names: one that the user has loaded may lack it.
+[[nodiscard]] bool hatBenutzernamen(const Programm &programm);
 /// Throws as above, with the old names kept.
 void benutzernamenSchreiben(const Programm &programm);

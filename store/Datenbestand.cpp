@@ -55,7 +55,14 @@ QStringList fehlendeSpalten(Datenbank &gewaehlt, Datenbank &arbeit)
     for (const QString &tabelle : gewaehlt.TabellenUndAbfragen()) {
         if (!arbeit.hatTabelle(tabelle))
             continue;
-        const QStringList vorhanden = gewaehlt.Spaltennamen(tabelle);
+        QStringList vorhanden;
+        try {
+            vorhanden = gewaehlt.Spaltennamen(tabelle);
+        } catch (const Fehler &) {
+            if (!gewaehlt.istAbfrage(tabelle))
+                throw;
+            // A query that rests on what is missing; all its columns count as missing.
+        }
         for (const QString &spalte : erwarteteSpalten(tabelle, arbeit))
             if (schema::stelleVon(tabelle, vorhanden, spalte) == schema::keineSpalte)
                 fehlend += tabelle + u'.' + spalte;
@@ -75,7 +82,9 @@ void freigeben(const QString &pfad)
         // What broke off in it is undone by opening it.
         (void)Datenbank::OpenDatabase(pfad);
     } catch (const Fehler &) {
-        entferneDatei(journal);
+        // The journal of another program that is at work is not ours to remove.
+        if (QFileInfo::exists(journal) && schaden::beschaedigt(pfad))
+            entferneDatei(journal);
     }
     if (QFileInfo::exists(journal))
         throw Fehler(QStringLiteral("Die Datenbank '%1' wird gerade von einem anderen Programm benutzt. Sie wurde nicht ersetzt.").arg(name));

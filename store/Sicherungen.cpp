@@ -66,7 +66,7 @@ QString ordner(const Programm &programm)
     return systemPfad(programm.ProgrammPfad + QStringLiteral("\\sicherungen"));
 }
 
-QString aufheben(const Programm &programm, const QString &pfad, const QDateTime &jetzt)
+QString aufheben(const Programm &programm, const QString &pfad, const QDateTime &jetzt, const QString &gebraucht)
 {
     const QFileInfo datei(pfad);
     if (!datei.exists())
@@ -76,6 +76,8 @@ QString aufheben(const Programm &programm, const QString &pfad, const QDateTime 
     const QDir dort(ziel);
     std::vector<Aufgehobenes> schon = alleAufgehobenen(dort);
     if (const auto kopie = std::ranges::find_if(schon, [&](const Aufgehobenes &eine) { return gleich(eine.pfad, pfad); }); kopie != schon.end()) {
+        if (dieselbeDatei(kopie->pfad, gebraucht))
+            return kopie->pfad;
         const QString neu = datiert(dort, kopie->anfang, kopie->endung, jetzt).pfad;
         try {
             benenneUm(kopie->pfad, neu);
@@ -86,7 +88,9 @@ QString aufheben(const Programm &programm, const QString &pfad, const QDateTime 
     }
     const Aufgehobenes neu = datiert(dort, datei.completeBaseName(), datei.suffix().isEmpty() ? QString() : u'.' + datei.suffix(), jetzt);
     kopiereSicher(pfad, neu.pfad);
-    std::erase_if(schon, [&](const Aufgehobenes &eine) { return eine.anfang != neu.anfang || eine.endung != neu.endung; });
+    std::erase_if(schon, [&](const Aufgehobenes &eine) {
+        return eine.anfang != neu.anfang || eine.endung != neu.endung || dieselbeDatei(eine.pfad, gebraucht);
+    });
     // The one just kept stays, whatever the clock says.
     for (size_t i = 0; i + meiste <= schon.size(); ++i)
         try {

@@ -225,6 +225,8 @@ private:
     /// The query's rows as they are: a table takes its place.
     void abfrageErsetzen()
     {
+        if (!db_->istAbfrage(abfrage.toString()))
+            return; // a file may name it twice
         const QString spalten = abfragespalten(db_->vorbereitet(QStringLiteral("SELECT * FROM %1").arg(abfrage)));
         db_->Execute(QStringLiteral("DROP VIEW %1").arg(abfrage));
         db_->Execute(QStringLiteral("CREATE TABLE %1 %2").arg(abfrage, spalten));

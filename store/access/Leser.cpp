@@ -284,6 +284,7 @@ std::vector<uint32_t> Leser::datenseiten(uint32_t tabelle, uint32_t karte)
         // What two maps of one file name twice is one page.
         std::ranges::sort(seiten);
         seiten.erase(std::ranges::unique(seiten).begin(), seiten.end());
+        seiten.shrink_to_fit(); // a map may name every page of the file
         return seiten;
     } catch (const Beschaedigt &) {
     }
@@ -444,6 +445,8 @@ Durchgang Leser::durchlaufen(const Tabelle &tabelle, const Ansehen &ansehen)
                 const Sicht roh = verfolgen(seiteDerZeilen, i, geloescht);
                 if (geloescht)
                     continue;
+                if (roh.daten < seiteDerZeilen.daten || roh.daten >= seiteDerZeilen.daten + seiteDerZeilen.laenge)
+                    abziehen(roh); // moved to another page: no row stands for two
                 zerlegen(tabelle, roh, z);
             } catch (const Beschaedigt &) {
                 ++ergebnis.unlesbar;

@@ -149,7 +149,9 @@ private:
     std::vector<std::pair<uint32_t, uint32_t>> besitzer_; ///< owner and page of every page of rows; empty until a map is damaged
     std::set<uint32_t> definitionsseiten_;                ///< each is one table's
     std::vector<uint8_t> sammler_;                        ///< pieces of one long value
-    size_t langwertVorrat_ = 0;                           ///< bytes that chains of this walk may still have
+    /// Takes a row from what the long values of a walk may still have: no file has more of them than bytes.
+    void abziehen(Sicht zeile);
+    size_t langwertVorrat_ = 0; ///< bytes that chains of this walk may still have
     qint64 schadhaft_ = 0;
 };
 

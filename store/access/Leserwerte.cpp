@@ -205,6 +205,13 @@ std::string_view Leser::text(Sicht roh, std::string &puffer) const
     return puffer;
 }
 
+void Leser::abziehen(Sicht zeile)
+{
+    if (zeile.laenge > langwertVorrat_)
+        throw Beschaedigt("long values");
+    langwertVorrat_ -= zeile.laenge;
+}
+
 Sicht Leser::langwert(Sicht feld)
 {
     const uint32_t wort = feld.u32(0), laenge = wort & langwertLaenge;
@@ -217,7 +224,8 @@ Sicht Leser::langwert(Sicht feld)
     sammler_.clear();
     try {
         if (wort & langwertEineZeile) {
-            const Sicht roh = zeileAn(zeiger).hoechstens(laenge);
+            const Sicht zeile = zeileAn(zeiger), roh = zeile.hoechstens(laenge);
+            abziehen(zeile);
             if (roh.laenge < laenge)
                 ++schadhaft_;
             return roh;
@@ -231,9 +239,7 @@ Sicht Leser::langwert(Sicht feld)
                 throw Beschaedigt("long value loop");
             const Sicht roh = zeileAn(zeiger), stueck = roh.ab(4);
             zeiger = roh.u32(0);
-            if (stueck.laenge > langwertVorrat_)
-                throw Beschaedigt("long values");
-            langwertVorrat_ -= stueck.laenge;
+            abziehen(roh);
             sammler_.insert(sammler_.end(), stueck.daten, stueck.daten + stueck.laenge);
         }
         if (sammler_.size() < laenge)

@@ -12,6 +12,7 @@
 #include "store/Datenbestand.h"
 #include "store/Fehler.h"
 #include "store/Recordset.h"
+#include "store/Sicherungen.h"
 #include "tests/Dateiwahl.h"
 #include "tests/store/Dateistoerung.h"
 #include "tests/store/Datenhilfen.h"
@@ -93,6 +94,22 @@ private slots:
         takt.stop();
         laden(u"sicherungen/"_s + QFileInfo(kopie).fileName());
         QCOMPARE(stand(), u"benutzer|ausgeliefert|ausgeliefert|"_s + teilmengensatz);
+    }
+
+    /// A kept database can be loaded though room is made for another one, and though the working one equals it.
+    void dieAeltesteSicherung()
+    {
+        for (int i = 0; i < sicherungen::meiste; ++i) {
+            const QString name = u"flox-demo 2020-01-01 00-00-%1.mdb"_s.arg(i, 2, 10, u'0');
+            QVERIFY(QDir(probe_->ordner.pfad()).mkpath(u"sicherungen"_s));
+            datenbank(u"sicherungen/"_s + name, u"stand %1"_s.arg(i));
+        }
+        const QString aelteste = u"sicherungen/flox-demo 2020-01-01 00-00-00.mdb"_s;
+        for (int i = 0; i < 2; ++i) {
+            laden(aelteste);
+            QVERIFY(QFile::exists(probe_->ordner.pfad(aelteste)));
+            QCOMPARE(stand(), u"benutzer|stand 0|ausgeliefert|"_s + teilmengensatz);
+        }
     }
 
     void derDialog()

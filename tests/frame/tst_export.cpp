@@ -374,6 +374,28 @@ private slots:
         QVERIFY(probe_->zentrale->statusBar()->currentMessage().contains(u"auswahl.x"_s));
     }
 
+    /// Another window's note is stored on the way; the plants are those of the window that is worked in.
+    void mulkoNebenEinerNotiz()
+    {
+        probe_->waehlen("mnudbtopfpflanzen");
+        probe_->waehlen("mnudbtopfpflanzen");
+        Pflanzenfenster *eins = probe_->fenster(1), *zwei = probe_->fenster(2);
+        hand::nachVorn(zwei);
+        hand::notieren(zwei, u"kalkfrei"_s);
+        hand::titelleiste(eins);
+        eins->filterdialog()->findChild<QLineEdit *>(u"txtbotName"_s)->setText(u"Begonia"_s);
+        eins->filterdialog()->cmdOK_Click();
+        QVERIFY(zwei->DatenGeaendert && eins->Anzahl < zwei->Anzahl);
+        probe_->programm.MulkoPfad = probe_->ordner.pfad() + u'\\';
+        Dateiwahl wahl(pfad(u"auswahl.mut"_s));
+        probe_->aktion("mnuMulkoSpeichern")->setEnabled(true);
+        probe_->waehlen("mnuMulkoSpeichern");
+        QVERIFY(!zwei->DatenGeaendert);
+        const auto db = Datenbank::OpenDatabase(pfad(u"auswahl.mut"_s));
+        QCOMPARE(Recordset(db, u"SELECT * FROM Topfpfl"_s).RecordCount(), eins->Anzahl);
+        QCOMPARE(probe_->zentrale->aktivesFenster(), eins);
+    }
+
     void hoppla()
     {
         Dateiwahl wahl;

@@ -45,6 +45,22 @@ private slots:
         QCOMPARE(stand(), satz(u"Filter: schattig"_s));
     }
 
+    /// What is chosen in the dialog counts only when it has run.
+    void verworfeneWahl()
+    {
+        const QString vorher = stand();
+        Filterdialog *dialog = oeffnen();
+        licht(dialog);
+        hand::druecken(dialog, "cmdAbbruch");
+        probe_->zentrale->FormenAktualisieren();
+        QCOMPARE(stand(), vorher);
+        (void)oeffnen();
+        probe_->zentrale->FormenAktualisieren();
+        QCOMPARE(stand(), vorher);
+        hand::druecken(dialog, "cmdOK");
+        QCOMPARE(stand(), satz(u"Filter: schattig"_s));
+    }
+
     void alleDurchDieBewertung()
     {
         Filterdialog *dialog = oeffnen();

@@ -549,7 +549,7 @@ private:
         QWidget fenster;
         fenster.show();
         bilderAssistent(
-            programm_, liste(), [this] { ++aktualisiert_; }, &fenster);
+            programm_, liste(), u"Windows XP"_s, [this] { ++aktualisiert_; }, &fenster);
     }
 
     std::optional<QTemporaryDir> programmordner_;

@@ -117,6 +117,27 @@ private slots:
         QCOMPARE(namen().size(), sicherungen::meiste);
     }
 
+    /// A file that is about to be read goes neither for its age nor for another date.
+    void gebrauchteBleibt()
+    {
+        for (int i = 0; i < sicherungen::meiste; ++i) {
+            zeit_ = zeit_.addSecs(1);
+            schreiben(pfad(u"a.fit"_s), QByteArray::number(i));
+            (void)aufheben(u"a.fit"_s);
+        }
+        const QString aelteste = pfad(u"sicherungen/"_s + namen().constFirst());
+        QCOMPARE(inhalt(aelteste), "0");
+        zeit_ = zeit_.addSecs(1);
+        schreiben(pfad(u"a.fit"_s), "neu");
+        QVERIFY(!sicherungen::aufheben(programm_, pfad(u"a.fit"_s), zeit_, aelteste).isEmpty());
+        QCOMPARE(inhalt(aelteste), "0");
+        // The same when it equals what is kept.
+        zeit_ = zeit_.addSecs(1);
+        schreiben(pfad(u"a.fit"_s), "0");
+        QCOMPARE(QFileInfo(sicherungen::aufheben(programm_, pfad(u"a.fit"_s), zeit_, aelteste)), QFileInfo(aelteste));
+        QCOMPARE(inhalt(aelteste), "0");
+    }
+
     void fremdeBleiben()
     {
         QVERIFY(QDir(ordner_->path()).mkdir(u"sicherungen"_s));
