@@ -48,12 +48,15 @@ Wartefenster::Wartefenster(QWidget *eltern)
     texte->addWidget(titel);
     texte->addWidget(lblMoment_);
     texte->addStretch();
-    texte->addLayout(unten);
-    auto *alles = new QHBoxLayout(this);
-    alles->setContentsMargins(20, 18, 24, 18);
-    alles->setSpacing(18);
-    alles->addWidget(bild, 0, Qt::AlignTop);
-    alles->addLayout(texte, 1);
+    auto *oben = new QHBoxLayout;
+    oben->setSpacing(18);
+    oben->addWidget(bild);
+    oben->addLayout(texte, 1);
+    auto *alles = new QVBoxLayout(this);
+    alles->setContentsMargins(20, 18, 20, 18);
+    alles->setSpacing(14);
+    alles->addLayout(oben, 1);
+    alles->addLayout(unten);
     umschalten(false);
 }
 

@@ -319,6 +319,36 @@ private slots:
         inRuhe();
     }
 
+    /// Whatever the disk does not take, the old file stays.
+    void vollerDatentraeger_data()
+    {
+        QTest::addColumn<int>("grenze");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("die Teilmenge") << 500000 << u"kann nicht in die Teilmenge geschrieben werden:"_s;
+        QTest::newRow("die Access-Datei") << 0 << u"a.mdb' kann nicht geschrieben werden:"_s; // one byte less than it needs
+    }
+    void vollerDatentraeger()
+    {
+        QFETCH(int, grenze);
+        QFETCH(QString, text);
+        schreiben(pfad(u"a.mdb"_s), "die alte");
+        if (grenze == 0) {
+            // Access takes more room than the subset does.
+            speichern(u"gross.mdb"_s);
+            grenze = int(QFileInfo(pfad(u"gross.mdb"_s)).size()) - 1;
+        }
+        meldungen_.reset();
+        const Antworten antworten({u"Yes"_s});
+        {
+            const Dateigrenze voll{rlim_t(grenze)};
+            speichern(u"a.mdb"_s);
+        }
+        QCOMPARE(antworten.texte.size(), 2);
+        QVERIFY2(antworten.texte[1].contains(text), qPrintable(antworten.texte[1]));
+        QCOMPARE(inhalt(pfad(u"a.mdb"_s)), QByteArray("die alte"));
+        inRuhe();
+    }
+
     void wasNichtGeht_data()
     {
         using Bytes = std::vector<uint8_t>;
