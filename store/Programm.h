@@ -35,7 +35,7 @@ struct Programm
     QString PflanzenfensterMass = QStringLiteral("0 0 0"); ///< width and height of plant windows in twips, 0: not set; 2: maximised
     int MonatsDarstellung = 1;                             ///< 0: month numbers, otherwise letters
     bool OriginalGroesse = true;
-    bool AccessFormat = false; ///< subsets and files for the design program are written as Access files
+    bool AccessFormat = false;        ///< subsets and files for the design program are written as Access files
     std::array<bool, 3> HinweisAus{}; ///< entries 1 and 2 are used
 
     QString AktiveSparte; ///< word of the Sparte whose window was last activated; empty: none
