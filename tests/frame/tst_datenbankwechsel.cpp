@@ -100,7 +100,7 @@ private slots:
     void dieAeltesteSicherung()
     {
         for (int i = 0; i < sicherungen::meiste; ++i) {
-            const QString name = u"flox-demo 2020-01-01 00-00-%1.mdb"_s.arg(i, 2, 10, u'0');
+            const QString name = u"flox-demo 2020-01-01 00-00-%1.mdb"_s.arg(i, 2, 10, QChar(u'0'));
             QVERIFY(QDir(probe_->ordner.pfad()).mkpath(u"sicherungen"_s));
             datenbank(u"sicherungen/"_s + name, u"stand %1"_s.arg(i));
         }
