@@ -20,6 +20,12 @@
 #include <QScopeGuard>
 #include <QSignalBlocker>
 
+namespace {
+
+constexpr int hinweisdauer = 6000; // milliseconds: a hint that no mouse ends
+
+} // namespace
+
 Pflanzenfenster::Pflanzenfenster(Programm &programm, Zentrale &zentrale, const Fensterbeschreibung &beschreibung, int nummer)
     : Fensternummer(nummer), programm_(programm), zentrale_(zentrale), beschreibung_(beschreibung), satz_(programm, eintrag(beschreibung.sparte))
 {
@@ -153,6 +159,7 @@ void Pflanzenfenster::darstellen()
     } pause(this);
     // First, and both or none: what they show and the record they belong to must never part.
     benutzerfelderZeigen();
+    verlauf_.besuchen(satz_.artnr());
     hinweis(QString()); // what it told of may be another plant's
     ansicht_->zeigen(satz_);
     bilderZeigen();
@@ -208,6 +215,17 @@ void Pflanzenfenster::eigenschaftenBenennen()
 
 void Pflanzenfenster::bewegen(Bewegung bewegung)
 {
+    gehen([bewegung](Recordset &haupt) {
+        const qsizetype vorher = haupt.AbsolutePosition();
+        (haupt.*bewegung)();
+        // A step beyond an end stays where it was.
+        if (haupt.AbsolutePosition() < 0 && vorher >= 0)
+            haupt.setAbsolutePosition(vorher);
+    });
+}
+
+void Pflanzenfenster::gehen(const std::function<void(Recordset &)> &schritt)
+{
     struct Zeigerende
     {
         QWidget *fenster;
@@ -217,13 +235,8 @@ void Pflanzenfenster::bewegen(Bewegung bewegung)
     if (DatenGeaendert)
         BenutzerdatenSpeichern();
     notizVerlassen();
-    Recordset &haupt = satz_.haupt();
-    const qsizetype vorher = haupt.AbsolutePosition();
-    (haupt.*bewegung)();
-    // A step beyond an end stays where it was.
-    if (haupt.AbsolutePosition() < 0 && vorher >= 0)
-        haupt.setAbsolutePosition(vorher);
-    cboArten_->setCurrentIndex(int(haupt.AbsolutePosition()));
+    schritt(satz_.haupt());
+    cboArten_->setCurrentIndex(int(satz_.haupt().AbsolutePosition()));
     darstellen();
     NaviPruefung();
 }
@@ -377,6 +390,12 @@ void Pflanzenfenster::hinweis(const QString &text)
     hinweisende_.stop();
     if (stbAnzeige_[1]->text() != text)
         stbAnzeige_[1]->setText(text);
+}
+
+void Pflanzenfenster::hinweisFuerEineWeile(const QString &text)
+{
+    hinweis(text);
+    hinweisende_.start(hinweisdauer);
 }
 
 bool Pflanzenfenster::eventFilter(QObject *quelle, QEvent *ereignis)

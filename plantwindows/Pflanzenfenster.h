@@ -3,6 +3,7 @@
 #include "Beschreibung.h"
 #include "Knopfzustaende.h"
 #include "Pflanzensatz.h"
+#include "Verlauf.h"
 #include "filters/Filterziel.h"
 #include "filters/Filterzustand.h"
 #include "pictures/frmBilder.h"
@@ -13,6 +14,7 @@
 
 #include <array>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -75,6 +77,10 @@ public:
     /// it cannot be read or its copy cannot take it.
     void notizNachziehen(const Notiz &notiz);
 
+    /// Goes to a plant as a hand does, its note stored before; false, with nothing changed, where it is not in the present set.
+    /// Throws when the note cannot be stored.
+    bool springen(qint64 artnr);
+
     /// The window's filter dialog, made when it is first asked for; null where the Sparte has no filter.
     Filterdialog *filterdialog();
 
@@ -101,6 +107,8 @@ private:
     QWidget *statusBauen();
     void groesseAnpassen();
     void knoepfeVerbinden();
+    /// The commands that have a key and no button; the bar offers them in its context menu.
+    void zusatzBauen(QWidget *leiste);
     /// Says once, when the events in hand are done, that the record's origin is none that is known.
     void herkunftMelden();
     void aktivMelden();
@@ -146,9 +154,18 @@ private:
 
     using Bewegung = void (Recordset::*)();
     void bewegen(Bewegung bewegung);
+    /// One way to another record: notes first, then the step, then everything that shows it.
+    void gehen(const std::function<void(Recordset &)> &schritt);
+    /// Whether the present set has the plant.
+    bool gehtZu(qint64 artnr);
+    void imVerlauf(int richtung);
+    void verlaufZurueck() { imVerlauf(-1); }
+    void verlaufVor() { imVerlauf(1); }
     void artenGewaehlt(bool vomBenutzer);
     void botDeu();
     void hinweis(const QString &text);
+    /// A hint that no mouse ends.
+    void hinweisFuerEineWeile(const QString &text);
     QString knopfbildVon(const Bildknopf &button, Knopfzustand zustand) const;
     void naviSetzen(Knopf innen, Knopf aussen, bool amEnde);
     Bildknopf *knopf(Knopf welcher) const { return knoepfe_[size_t(welcher)]; }
@@ -169,6 +186,7 @@ private:
     Pflanzenansicht *ansicht_ = nullptr;
     std::array<QWidget *, 2> leistenteile_{}; ///< walking and selector; the other buttons
     QTimer hinweisende_;
+    Verlauf verlauf_;
     qint64 gezeigt_ = 0; ///< number of the record last shown: the user's fields belong to it
     QString gezeigterName_;
     bool hatKopie_ = false, geschlossen_ = false;

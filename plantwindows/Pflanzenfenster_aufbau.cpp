@@ -28,7 +28,6 @@ constexpr int streifenbreite = 176; // pixels: preview strip
 constexpr int streifenAb = 640;     // pixels: width of a window from which it has room for the strip
 constexpr int kleinsteHoehe = 120;  // pixels: bar, status bar and a strip of the record
 constexpr int zeilenDerListe = 20;  // of the open selector
-constexpr int hinweisdauer = 6000;  // milliseconds: a hint that no mouse ends
 
 } // namespace
 
@@ -146,8 +145,7 @@ QWidget *Pflanzenfenster::leisteBauen()
     auto *liste = new Artenliste(cboArten_);
     liste->setUniformItemSizes(true);
     liste->nichtGefunden = [this](const QString &getippt) {
-        hinweis(getippt.isEmpty() ? QString() : QStringLiteral("Kein Name beginnt mit „%1“").arg(getippt));
-        hinweisende_.start(hinweisdauer);
+        hinweisFuerEineWeile(getippt.isEmpty() ? QString() : QStringLiteral("Kein Name beginnt mit „%1“").arg(getippt));
     };
     cboArten_->setView(liste);
     arten_ = new Artenmodell(this);
@@ -192,6 +190,7 @@ QWidget *Pflanzenfenster::leisteBauen()
         connect(befehl, &QAction::triggered, button, &QAbstractButton::click);
         addAction(befehl);
     }
+    zusatzBauen(picLeiste);
     return picLeiste;
 }
 

@@ -1,0 +1,67 @@
+#include "Pflanzenfenster.h"
+
+#include "Zentrale.h"
+#include "controls/Geschuetzt.h"
+
+#include <QAction>
+
+#include <algorithm>
+
+/* What the window offers beside its buttons: each entry is reached by its key and in the bar's context menu. */
+
+namespace {
+
+struct Zusatzbefehl
+{
+    const char *name; ///< of the action
+    const char *taste;
+    QStringView text;
+    void (Pflanzenfenster::*tat)();
+};
+
+} // namespace
+
+void Pflanzenfenster::zusatzBauen(QWidget *leiste)
+{
+    static constexpr Zusatzbefehl befehle[] = {
+        {"aktZurueck", "Alt+Left", u"Zurück zur zuletzt gezeigten Pflanze", &Pflanzenfenster::verlaufZurueck},
+        {"aktVor", "Alt+Right", u"Wieder vor", &Pflanzenfenster::verlaufVor},
+    };
+    for (const Zusatzbefehl &zeile : befehle) {
+        auto *befehl = new QAction(zeile.text.toString(), this);
+        befehl->setObjectName(QString::fromLatin1(zeile.name));
+        befehl->setShortcut(QKeySequence(QString::fromLatin1(zeile.taste)));
+        befehl->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        connect(befehl, &QAction::triggered, this, geschuetzt(this, [this, tat = zeile.tat] {
+                    aktivMelden();
+                    (this->*tat)();
+                }));
+        addAction(befehl);
+        leiste->addAction(befehl);
+    }
+    leiste->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+bool Pflanzenfenster::gehtZu(qint64 artnr)
+{
+    return satz_.offen() && std::ranges::find(satz_.haupt().Schluesselfolge(), artnr) != satz_.haupt().Schluesselfolge().end();
+}
+
+bool Pflanzenfenster::springen(qint64 artnr)
+{
+    datenFordern();
+    if (!gehtZu(artnr))
+        return false;
+    gehen([artnr](Recordset &haupt) { haupt.Finden(artnr); });
+    return true;
+}
+
+void Pflanzenfenster::imVerlauf(int richtung)
+{
+    datenFordern();
+    if (const qint64 artnr = verlauf_.gehen(richtung, [this](qint64 nummer) { return gehtZu(nummer); }))
+        springen(artnr);
+    else
+        hinweisFuerEineWeile(richtung < 0 ? QStringLiteral("Davor wurde keine Pflanze gezeigt.")
+                                          : QStringLiteral("Danach wurde keine Pflanze gezeigt."));
+}
