@@ -19,12 +19,16 @@ QString &ordnerVariable()
     return pfad;
 }
 
+bool dunkleFarben = false;
+
 QSvgRenderer *zeichner(const QString &bild)
 {
-    static QHash<QString, std::shared_ptr<QSvgRenderer>> geladen;
-    std::shared_ptr<QSvgRenderer> &eintrag = geladen[bild];
+    static QHash<QString, std::shared_ptr<QSvgRenderer>> geladen[2];
+    std::shared_ptr<QSvgRenderer> &eintrag = geladen[dunkleFarben][bild];
     if (!eintrag) {
-        const QString datei = QDir(ordner()).filePath(bild + QStringLiteral(".svg"));
+        const QString hell = QDir(ordner()).filePath(bild + QStringLiteral(".svg"));
+        const QString dunkel = QDir(ordner()).filePath(QStringLiteral("dunkel/%1.svg").arg(bild));
+        const QString datei = dunkleFarben && QFile::exists(dunkel) ? dunkel : hell;
         eintrag = std::make_shared<QSvgRenderer>();
         if (QFile::exists(datei))
             eintrag->load(datei);
@@ -44,6 +48,11 @@ QString ordner()
     return ordnerVariable();
 }
 
+void setDunkel(bool dunkel)
+{
+    dunkleFarben = dunkel;
+}
+
 QSize eigengroesse(const QString &bild)
 {
     QSvgRenderer *svg = zeichner(bild);
@@ -52,7 +61,7 @@ QSize eigengroesse(const QString &bild)
 
 QPixmap pixmap(const QString &bild, QSize groesse, qreal skala)
 {
-    const QString schluessel = QStringLiteral("%1 %2x%3@%4").arg(bild).arg(groesse.width()).arg(groesse.height()).arg(skala);
+    const QString schluessel = QStringLiteral("%1 %2x%3@%4 %5").arg(bild).arg(groesse.width()).arg(groesse.height()).arg(skala).arg(dunkleFarben);
     QPixmap fertig;
     if (QPixmapCache::find(schluessel, &fertig))
         return fertig;

@@ -13,6 +13,8 @@ namespace bilder {
 /// Folder of the pictures; set once at the start.
 void setOrdner(const QString &systempfad);
 QString ordner();
+/// Pictures that have a drawing for dark colours, in the folder "dunkel" beside the lists, are drawn from it.
+void setDunkel(bool dunkel);
 
 /// Paints a picture into a rectangle, keeping its proportions.
 void malen(QPainter &maler, const QRectF &flaeche, const QString &bild);

@@ -103,14 +103,6 @@ void beschreiben(QWidget &zelle, bool gesetzt)
         zelle.setAccessibleDescription(zustand);
 }
 
-/// Text colour less heavy than the palette's, and still readable on a button's face.
-QColor gedaempft(const QPalette &palette)
-{
-    const QColor text = palette.color(QPalette::Text), grund = palette.color(QPalette::Button);
-    const auto mischen = [](int vorn, int hinten) { return (3 * vorn + hinten) / 4; };
-    return QColor(mischen(text.red(), grund.red()), mischen(text.green(), grund.green()), mischen(text.blue(), grund.blue()));
-}
-
 QBrush vielfarbig(const QRectF &flaeche)
 {
     QLinearGradient verlauf(flaeche.topLeft(), flaeche.bottomRight());
@@ -126,6 +118,23 @@ constexpr int bewertungStufen = 9;
 constexpr int kaestchenBreite = 260; // pixels: the widest that a check box asks for
 
 } // namespace
+
+bool istDunkel(const QPalette &palette)
+{
+    return palette.color(QPalette::Base).lightness() < 128;
+}
+
+QColor warnfarbe(const QPalette &palette)
+{
+    return istDunkel(palette) ? QColor(0xff, 0x9d, 0x8c) : QColor(0xb0, 0x1e, 0x1e);
+}
+
+QColor zellenschrift(const QPalette &palette)
+{
+    const QColor text = palette.color(QPalette::Text), grund = palette.color(QPalette::Button);
+    const auto mischen = [](int vorn, int hinten) { return (3 * vorn + hinten) / 4; };
+    return QColor(mischen(text.red(), grund.red()), mischen(text.green(), grund.green()), mischen(text.blue(), grund.blue()));
+}
 
 void fokusrahmenMalen(QPainter &maler, const QRect &flaeche, const QPalette &palette)
 {
@@ -209,7 +218,7 @@ void Farbzelle::paintEvent(QPaintEvent *)
         maler.drawEllipse(flaeche.center(), 4.5, 4.5);
     }
     if (!caption_.isEmpty()) {
-        maler.setPen(gesetzt ? palette().color(QPalette::HighlightedText) : gedaempft(palette()));
+        maler.setPen(gesetzt ? palette().color(QPalette::HighlightedText) : zellenschrift(palette()));
         QFont schrift = font();
         schrift.setBold(gesetzt);
         maler.setFont(schrift);
@@ -279,8 +288,14 @@ void Bildfeld::setBorderStyle(int stil)
 void Bildfeld::paintEvent(QPaintEvent *)
 {
     QPainter maler(this);
+    maler.setRenderHint(QPainter::Antialiasing);
+    if (istDunkel(palette()) && !bild_.isEmpty()) {
+        // Drawn for a light ground.
+        maler.setPen(Qt::NoPen);
+        maler.setBrush(QColor(0xe4, 0xea, 0xe0));
+        maler.drawRoundedRect(QRectF(rect()), 4, 4);
+    }
     if (borderStyle_ == 1) {
-        maler.setRenderHint(QPainter::Antialiasing);
         maler.setPen(QPen(palette().color(QPalette::Highlight), 2));
         maler.setBrush(palette().color(QPalette::Highlight).lighter(180));
         maler.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);

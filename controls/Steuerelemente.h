@@ -11,6 +11,13 @@
 inline constexpr int farbeKnopf = int(0x8000000Fu); ///< button face: not set
 inline constexpr int farbeTitel = int(0x80000003u); ///< highlight: month set
 
+/// Whether a palette's colours are dark ones.
+bool istDunkel(const QPalette &palette);
+/// Text that says that something is wrong.
+QColor warnfarbe(const QPalette &palette);
+/// Text in a cell that is not set: less heavy than the palette's, and still readable on a button's face.
+QColor zellenschrift(const QPalette &palette);
+
 /* Cells and pictures that can be chosen and stand in one parent as "stem_0", "stem_1" ... are a row: Tab reaches the row once,
    the arrow keys, Home and End move inside it, Space chooses. Whether one is set stands in its accessible description. */
 

@@ -357,7 +357,7 @@ private:
             auto *bild = element<Bildfeld>(i);
             connect(bild, &Bildfeld::mausDarueber, satz, [satz, bild, text = teil_.bilder[size_t(i)].hinweis.toString()] {
                 satz->setText(text);
-                satz->setStyleSheet(bild->borderStyle() == 1 ? QStringLiteral("color: #808080") : QStringLiteral("color: black"));
+                satz->setForegroundRole(bild->borderStyle() == 1 ? QPalette::PlaceholderText : QPalette::WindowText);
             });
         }
         new Satzleerer(satz, rahmen);

@@ -3,6 +3,7 @@
 #include "Aussehen.h"
 #include "Beendigung.h"
 #include "Einstellungen.h"
+#include "Farbschema.h"
 #include "Hilfe.h"
 #include "frmDBWahl.h"
 #include "frmStart.h"
@@ -117,7 +118,10 @@ Ablauf::Ergebnis Ablauf::starten()
     programm_.IniPfad = pfadAus(programm_.ProgrammPfad, QStringLiteral("\\flox.ini"));
     programm_.BilderPfad = programm_.ProgrammPfad;
     bilder::setOrdner(systemPfad(programm_.symbolordner()));
-    oberflaecheEinrichten();
+    farbschema_ = std::make_unique<Farbschema>();
+    const auto schema = [](bool dunkel) { return dunkel ? aussehen::Schema::Dunkel : aussehen::Schema::Hell; };
+    oberflaecheEinrichten(schema(farbschema_->dunkel()));
+    QObject::connect(farbschema_.get(), &Farbschema::gewechselt, qApp, [schema](bool dunkel) { aussehen::anwenden(schema(dunkel)); });
     if (const QString fehler = ortsfehler(); !fehler.isEmpty()) {
         fehlerZeigen(nullptr, fehler);
         return Ergebnis::Abgebrochen;
@@ -234,12 +238,12 @@ mdiZentral &Ablauf::zentrale()
     return *zentrale_;
 }
 
-void oberflaecheEinrichten()
+void oberflaecheEinrichten(aussehen::Schema schema)
 {
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     static QTranslator deutsch;
     if (deutsch.load(QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("translations/qtbase_de.qm"))))
         QCoreApplication::installTranslator(&deutsch);
-    aussehen::anwenden();
+    aussehen::anwenden(schema);
     cDIBSection::Meldung = [](const QString &text) { QMessageBox::information(nullptr, programmtitel.toString(), text); };
 }

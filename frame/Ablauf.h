@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Aussehen.h"
 #include "store/Laufordner.h"
 #include "store/Programm.h"
 
@@ -10,6 +11,7 @@
 #include <memory>
 
 class Beendigung;
+class Farbschema;
 class Hilfe;
 class frmDBWahl;
 class frmStart;
@@ -49,6 +51,7 @@ private:
     Laufordner laufordner_;
     std::unique_ptr<Beendigung> beendigung_;
     bool schadenNebenher_ = false;
+    std::unique_ptr<Farbschema> farbschema_;
     QTimer schadensTakt_; ///< while a large database is searched
     enum class Vorbereitung { Offen, Laeuft, Fertig } vorbereitung_ = Vorbereitung::Offen;
     std::unique_ptr<Hilfe> hilfe_;
@@ -58,4 +61,4 @@ private:
 };
 
 /// German locale and Qt's own texts, look and fonts; once, before the first window.
-void oberflaecheEinrichten();
+void oberflaecheEinrichten(aussehen::Schema schema = aussehen::Schema::Hell);

@@ -14,7 +14,19 @@ Flaeche::Flaeche(QWidget *eltern) : QMdiArea(eltern)
 {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    grundFaerben();
+}
+
+void Flaeche::grundFaerben()
+{
     setBackground(palette().color(QPalette::Window).darker(104));
+}
+
+void Flaeche::changeEvent(QEvent *ereignis)
+{
+    QMdiArea::changeEvent(ereignis);
+    if (ereignis->type() == QEvent::PaletteChange)
+        grundFaerben();
 }
 
 void Flaeche::setBild(const QPixmap &bild)

@@ -32,6 +32,7 @@ protected:
     bool eventFilter(QObject *quelle, QEvent *ereignis) override;
     void resizeEvent(QResizeEvent *ereignis) override;
     void paintEvent(QPaintEvent *ereignis) override;
+    void changeEvent(QEvent *ereignis) override;
 
 private:
     /// Where the program has put a window that the user has not moved since.
@@ -41,6 +42,7 @@ private:
         QSize mass;
         QRect gesetzt;
     };
+    void grundFaerben();
     void einpassen(QMdiSubWindow *fenster, Lage &lage);
 
     QHash<QMdiSubWindow *, Lage> lagen_;

@@ -1,5 +1,7 @@
 #include "Hilfeblatt.h"
 
+#include "controls/Steuerelemente.h"
+
 #include <QImage>
 #include <QScrollBar>
 #include <QTextDocument>
@@ -9,8 +11,25 @@
 #include <utility>
 
 namespace {
+
 constexpr int seitenrand = 16; // pixels
+
+/// Colours of the manual's style sheet and what stands for them on dark paper.
+// clang-format off
+constexpr std::pair<const char *, const char *> dunkleFarben[] = {
+    {"#233326", "#e3e9e1"}, {"#2f6b3a", "#8fd19a"}, {"#1f5f8b", "#86c1ee"}, {"#eaf2e6", "#2b3a2f"}, {"#d5dcd0", "#48544b"},
+    {"#eef1ea", "#323b35"}, {"#fff8dc", "#3a3823"}, {"#5c665a", "#a3b0a1"},
+};
+// clang-format on
+
+QString fuerDunkel(QString blatt)
+{
+    for (const auto &[hell, dunkel] : dunkleFarben)
+        blatt.replace(QLatin1String(hell), QLatin1String(dunkel));
+    return blatt;
 }
+
+} // namespace
 
 Hilfeblatt::Hilfeblatt(std::function<QByteArray(const QUrl &)> lesen, QWidget *eltern)
     : QTextBrowser(eltern), lesen_(std::move(lesen)), schrift_(font())
@@ -34,6 +53,8 @@ QVariant Hilfeblatt::loadResource(int art, const QUrl &url)
     const QByteArray daten = lesen_(source().resolved(url));
     if (art == QTextDocument::HtmlResource)
         hatBilder_ = false;
+    if (art == QTextDocument::StyleSheetResource && istDunkel(palette()))
+        return fuerDunkel(QString::fromUtf8(daten));
     if (art != QTextDocument::ImageResource)
         return QString::fromUtf8(daten);
     hatBilder_ = true;
@@ -79,6 +100,7 @@ void Hilfeblatt::hervorheben(const QStringList &worte)
             ExtraSelection marke;
             marke.cursor = ort;
             marke.format.setBackground(QColor(0xff, 0xe8, 0x8a));
+            marke.format.setForeground(QColor(0x23, 0x33, 0x26));
             marken += marke;
             erste = erste < 0 ? ort.selectionStart() : std::min(erste, ort.selectionStart());
         }
@@ -97,6 +119,13 @@ void Hilfeblatt::resizeEvent(QResizeEvent *ereignis)
 {
     QTextBrowser::resizeEvent(ereignis);
     nachGroesse_.start();
+}
+
+void Hilfeblatt::changeEvent(QEvent *ereignis)
+{
+    QTextBrowser::changeEvent(ereignis);
+    if (ereignis->type() == QEvent::PaletteChange && !source().isEmpty())
+        neuSetzen();
 }
 
 void Hilfeblatt::wheelEvent(QWheelEvent *ereignis)

@@ -21,6 +21,7 @@ public:
 protected:
     QVariant loadResource(int art, const QUrl &url) override;
     void resizeEvent(QResizeEvent *ereignis) override;
+    void changeEvent(QEvent *ereignis) override;
     void wheelEvent(QWheelEvent *ereignis) override;
 
 private:

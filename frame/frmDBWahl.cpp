@@ -1,5 +1,6 @@
 #include "frmDBWahl.h"
 
+#include "Aussehen.h"
 #include "plantwindows/Beschreibung.h"
 #include "controls/Bilder.h"
 #include "controls/Steuerelemente.h"
@@ -43,6 +44,8 @@ private:
 frmDBWahl::frmDBWahl(Programm &programm) : QWidget(nullptr, Qt::Window | Qt::WindowTitleHint | Qt::WindowCloseButtonHint)
 {
     setObjectName(QStringLiteral("frmDBWahl"));
+    // Its background is a picture, light in every scheme.
+    setStyleSheet(QStringLiteral("QLabel { color: %1; }").arg(aussehen::palette(aussehen::Schema::Hell).color(QPalette::WindowText).name()));
     setWindowTitle(QStringLiteral("Flox - Auswahl der Datenbank"));
     auto *frage = new QLabel(QStringLiteral("Welche Datenbank wollen Sie verwenden?"), this);
     QFont schrift = frage->font();

@@ -5,6 +5,7 @@
 #include "Wegknopf.h"
 #include "frmBilderSuche.h"
 #include "controls/Geschuetzt.h"
+#include "controls/Steuerelemente.h"
 #include "store/Pfade.h"
 
 #include <QFrame>
@@ -51,7 +52,6 @@ constexpr Ordnerkarte vorschaukarte = {u"Ordner für Vorschau-Bilder:",
                                        "lblVorschaubilderPfad", "cmdVorschauBilderErstellen", u"Bilder erzeugen"};
 
 constexpr QStringView erweitert = u"Erweiterte Optionen >>>", standard = u"<<< Standard";
-constexpr QColor rot(0xb0, 0x1e, 0x1e); // on white 6.9 : 1
 
 /// Whether the ready previews of the CD are used; else they are made.
 bool originaleVorschau(QWidget *eltern)
@@ -256,7 +256,7 @@ void frmBilderAssistent::beschriften()
         for (QLabel *schild : {pfad, fehlt}) {
             QPalette farben = schild->parentWidget()->palette();
             if (!gefunden)
-                farben.setColor(QPalette::WindowText, rot);
+                farben.setColor(QPalette::WindowText, warnfarbe(farben));
             schild->setPalette(farben);
         }
         fehlt->setVisible(!gefunden);

@@ -5,6 +5,7 @@
 #include <QSvgRenderer>
 
 #include <cstdio>
+#include <span>
 
 /* bildermacher QUELLE ZIEL   makes the picture lists out of the drawings: toolbar glyphs get a plate and a colour for each
    state, the other pictures are taken as they are, backgrounds are painted to JPEG. */
@@ -17,22 +18,32 @@ struct Zustand
     const char *farbe, *platte, *rand;
 };
 
-constexpr Zustand hervorgehoben{"", "#2f6b3a", "#dfeed8", "#7fae77"};
-constexpr Zustand normal{"_n", "#33503a", "#ffffff", "#d5dcd0"};
-constexpr Zustand gedrueckt{"_u", "#ffffff", "#3f7d45", "#2f6b3a"};
-constexpr Zustand grau{"_ef", "#b9c1b6", "#f5f6f3", "#e3e7e0"};
+// clang-format off
+enum { Hervorgehoben, Normal, Gedrueckt, Grau };
+/// Of the states above, for a light window and, in a folder of their own, for a dark one.
+struct Satz
+{
+    const char *ordner;
+    Zustand zustaende[4];
+} constexpr saetze[] = {
+    {"", {{"", "#2f6b3a", "#dfeed8", "#7fae77"}, {"_n", "#33503a", "#ffffff", "#d5dcd0"},
+          {"_u", "#ffffff", "#3f7d45", "#2f6b3a"}, {"_ef", "#b9c1b6", "#f5f6f3", "#e3e7e0"}}},
+    {"dunkel/", {{"", "#c9efcb", "#34503a", "#6f9f72"}, {"_n", "#c3d6c2", "#2b322d", "#48544b"},
+                 {"_u", "#ffffff", "#3f7d45", "#8fd19a"}, {"_ef", "#5f6b61", "#252b27", "#333b35"}}},
+};
+// clang-format on
 
 struct Knopfbild
 {
     const char *schluessel, *glyphe;
-    Zustand zustand;
+    int zustand; ///< position in a set's states
 };
 
 /// The switch for the filter and the pressed button for saving have keys of their own.
 constexpr Knopfbild einzelne[] = {
-    {"filter", "filter_aus", hervorgehoben}, {"filter_n", "filter", hervorgehoben},  {"filter_n_n", "filter", normal},
-    {"filter_n_u", "filter", gedrueckt},     {"filter_n2", "filter_aus", normal},    {"filter_u", "filter", gedrueckt},
-    {"filter_u_n", "filter", grau},          {"filter_u2", "filter_aus", gedrueckt}, {"filtersu", "filters", gedrueckt},
+    {"filter", "filter_aus", Hervorgehoben}, {"filter_n", "filter", Hervorgehoben},  {"filter_n_n", "filter", Normal},
+    {"filter_n_u", "filter", Gedrueckt},     {"filter_n2", "filter_aus", Normal},    {"filter_u", "filter", Gedrueckt},
+    {"filter_u_n", "filter", Grau},          {"filter_u2", "filter_aus", Gedrueckt}, {"filtersu", "filters", Gedrueckt},
 };
 constexpr const char *mitGrau[] = {"back", "next", "first", "last", "filterl", "filters"};
 constexpr const char *ohneGrau[] = {"botanisc", "deutsch", "druck", "filterb", "anpassen", "groesser", "kleiner", "original"};
@@ -101,14 +112,19 @@ int main(int anzahl, char **argumente)
         ende(QStringLiteral("Aufruf: bildermacher QUELLE ZIEL"));
     const QDir quelle(QString::fromLocal8Bit(argumente[1]));
     const QDir ziel(QString::fromLocal8Bit(argumente[2]));
-    for (const char *name : mitGrau)
-        for (const Zustand &zustand : {hervorgehoben, normal, gedrueckt, grau})
-            knopf(quelle, ziel, QLatin1String(name) + QLatin1String(zustand.endung), QLatin1String(name), zustand);
-    for (const char *name : ohneGrau)
-        for (const Zustand &zustand : {hervorgehoben, normal, gedrueckt})
-            knopf(quelle, ziel, QLatin1String(name) + QLatin1String(zustand.endung), QLatin1String(name), zustand);
-    for (const Knopfbild &bild : einzelne)
-        knopf(quelle, ziel, QLatin1String(bild.schluessel), QLatin1String(bild.glyphe), bild.zustand);
+    for (const Satz &satz : saetze) {
+        const QDir satzziel(ziel.filePath(QLatin1String(satz.ordner)));
+        const auto malenBis = [&](const char *name, int letzter) {
+            for (const Zustand &zustand : std::span(satz.zustaende, size_t(letzter + 1)))
+                knopf(quelle, satzziel, QLatin1String(name) + QLatin1String(zustand.endung), QLatin1String(name), zustand);
+        };
+        for (const char *name : mitGrau)
+            malenBis(name, Grau);
+        for (const char *name : ohneGrau)
+            malenBis(name, Gedrueckt);
+        for (const Knopfbild &bild : einzelne)
+            knopf(quelle, satzziel, QLatin1String(bild.schluessel), QLatin1String(bild.glyphe), satz.zustaende[bild.zustand]);
+    }
     for (const auto &[ordner, liste] : listen)
         for (const QFileInfo &datei : QDir(quelle.filePath(QLatin1String(ordner))).entryInfoList({QStringLiteral("*.svg")}, QDir::Files))
             schreiben(ziel.filePath(QStringLiteral("%1/%2").arg(QLatin1String(liste), datei.fileName())), lesen(datei.filePath()));

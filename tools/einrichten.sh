@@ -3,7 +3,7 @@
 pakete=(g++ cmake ninja-build ccache mold pkg-config qt6-base-dev qt6-base-dev-tools libqt6svg6-dev qt6-tools-dev qt6-tools-dev-tools
     qt6-documentation-tools libqt6sql6-sqlite
     qt6-translations-l10n libgl-dev libsqlite3-dev libicu-dev libturbojpeg0-dev
-    xvfb xauth openbox imagemagick fonts-dejavu-core fonts-liberation poppler-utils mdbtools clang-format)
+    xvfb xauth openbox imagemagick fonts-dejavu-core fonts-liberation poppler-utils dbus-daemon mdbtools clang-format)
 fehlend=()
 for paket in "${pakete[@]}"; do
     dpkg-query -W -f='${Status}' "$paket" 2>/dev/null | grep -q 'ok installed' || fehlend+=("$paket")
