@@ -39,6 +39,13 @@ constexpr Bluehend bluehende[] = {{u"Topfpfl", u"PFLANZTYP", u"Blütenpflanze", 
                                   {u"Stauden", u"farben", {}, u"wuchsform"},
                                   {u"Gehoelze", u"bluehfarb", {}, u"habitus"}};
 
+/// Varieties with coloured leaves, and the colours of which the record then has one.
+struct Buntes
+{
+    QStringView tabelle, sorten, laub, farben;
+};
+constexpr Buntes buntlaubige[] = {{u"Topfpfl", u"SORTEN", u"BLATTFARB", u"gelbgrün weißgrün"}};
+
 /// Tables whose names are varieties: the column with their kind, which then has the one family.
 constexpr QStringView kindspalten[][2] = {{u"Obst", u"DTNAM"}};
 
@@ -155,6 +162,17 @@ void bluehendes(const RecSatz &satz, const Tabelle &tabelle, const QHash<QString
     }
 }
 
+void buntlaub(const RecSatz &satz, const Tabelle &tabelle, const QHash<QString, QString> &inhalt)
+{
+    static const QRegularExpression bunt(QStringLiteral("'Variegat\\p{Ll}+'|(weiß|gelb)bunt"));
+    for (const Buntes &regel : buntlaubige) {
+        const RecFeld *sorten = satz.feld(regel.sorten);
+        if (regel.tabelle == QLatin1String(tabelle.name) && sorten && bunt.match(sorten->wert).hasMatch()
+            && !eines(regel.farben, worte(tabelle, inhalt, regel.laub)))
+            satz.falsch(sorten->zeile, QStringLiteral("%1: bunte Sorte, %2 nennt keines von: %3").arg(regel.sorten, regel.laub, regel.farben));
+    }
+}
+
 } // namespace
 
 QString Quellregeln::alteSchreibung(const QString &text)
@@ -206,5 +224,6 @@ void Quellregeln::pruefen(const RecSatz &satz, const Tabelle &tabelle, const QHa
     zeiten(satz);
     bluetenhoehe(satz, tabelle, inhalt);
     bluehendes(satz, tabelle, inhalt);
+    buntlaub(satz, tabelle, inhalt);
     familie(satz, tabelle);
 }

@@ -92,6 +92,12 @@ void TestQuellregeln::regeln_data()
     pflanze("Staude ohne Wuchsform", "Stauden", "Hosta", "farben: weiß\nbluehzeit: 7", 4, u"blühende Pflanze ohne wuchsform"_s);
     pflanze("Strauch ohne Habitus", "Gehoelze", "Rosa", "bluehfarb: weiß\nbluehzeit: 6", 4, u"blühende Pflanze ohne habitus"_s);
 
+    const QString keinBunt = u"SORTEN: bunte Sorte, BLATTFARB nennt keines von: gelbgrün weißgrün"_s;
+    pflanze("bunte Sorte ohne Blattfarbe", "Topfpfl", "Myrtus", "SORTEN: 'Variegata' Laub gerandet", 4, keinBunt);
+    pflanze("bunte Sorte in grün", "Topfpfl", "Myrtus", "BLATTFARB: dunkelgrün, panaschiert\nSORTEN: 'Tricolor' weißbunt", 5, keinBunt);
+    pflanze("bunte Sorte", "Topfpfl", "Myrtus", "BLATTFARB: dunkelgrün, weißgrün\nSORTEN: 'Variegata' Laub gerandet");
+    pflanze("grüne Sorte", "Topfpfl", "Myrtus", "BLATTFARB: dunkelgrün\nSORTEN: 'Tarentina' kleinblättrig");
+
     pflanze("alte Schreibung", "Topfpfl", "Abutilon", "BEMERKUNG: Die Blüte muß hängen.", 4, u"BEMERKUNG: alte Schreibung \"muß\""_s);
     pflanze("alte Schreibung im Merkmal", "Topfpfl", "Abutilon", "MERKMAL: Blatt rauh", 4, u"MERKMAL: alte Schreibung \"rauh\""_s);
     pflanze("alte Schreibung in einer Textspalte", "Stauden", "Hosta", "blform: Trauben, naßkalt zurück", 4,
