@@ -12,6 +12,7 @@
 #include "controls/Geschuetzt.h"
 #include "pictures/cDIBSection.h"
 #include "store/Benutzernamen.h"
+#include "store/Benutzerordner.h"
 #include "store/Pfade.h"
 #include "store/Schadenspruefung.h"
 
@@ -80,7 +81,7 @@ bool Ablauf::einzigeInstanz()
 
 QString Ablauf::ortsfehler()
 {
-    const QString ordner = QCoreApplication::applicationDirPath();
+    const QString ordner = programm_.ProgrammPfad;
     // Paths are kept with "\" as their separator.
     if (ordner.contains(u'\\'))
         return QStringLiteral("Flox kann in diesem Ordner nicht arbeiten:\n%1\n\n"
@@ -113,11 +114,13 @@ Ablauf::Ergebnis Ablauf::starten()
         return Ergebnis::ZweiteInstanz;
     programm_.StartPhase = true;
     programm_.ProgrammVersion = QStringLiteral(FLOX_VERSION);
-    programm_.ProgrammPfad = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
-    QDir::setCurrent(QCoreApplication::applicationDirPath());
+    const QString geteilter = QCoreApplication::applicationDirPath();
+    const bool wirdGeteilt = benutzerordner::wirdGeteilt(geteilter);
+    const QString ordner = wirdGeteilt ? benutzerordner::ort() : geteilter;
+    programm_.ProgrammPfad = QDir::toNativeSeparators(ordner);
     programm_.IniPfad = pfadAus(programm_.ProgrammPfad, QStringLiteral("\\flox.ini"));
-    programm_.BilderPfad = programm_.ProgrammPfad;
-    bilder::setOrdner(systemPfad(programm_.symbolordner()));
+    // The pictures of boxes and icons are there in any case.
+    bilder::setOrdner(systemPfad(QDir::toNativeSeparators(geteilter) + QStringLiteral("\\icons")));
     farbschema_ = std::make_unique<Farbschema>();
     const auto schema = [](bool dunkel) { return dunkel ? aussehen::Schema::Dunkel : aussehen::Schema::Hell; };
     oberflaecheEinrichten(schema(farbschema_->dunkel()));
@@ -126,6 +129,16 @@ Ablauf::Ergebnis Ablauf::starten()
         fehlerZeigen(nullptr, fehler);
         return Ergebnis::Abgebrochen;
     }
+    if (wirdGeteilt) {
+        eigenenOrdnerEinrichten(geteilter);
+        // There is a database to lock only now.
+        if (const QString fehler = datenbanksperre_ ? QString() : ortsfehler(); !fehler.isEmpty()) {
+            fehlerZeigen(nullptr, fehler);
+            return Ergebnis::Abgebrochen;
+        }
+    }
+    QDir::setCurrent(systemPfad(programm_.ProgrammPfad));
+    programm_.BilderPfad = programm_.ProgrammPfad;
     QString hinweis;
     if (!geschuetztAusfuehren(nullptr, [&] {
             hinweis = benutzernamenLesen(programm_);
@@ -150,6 +163,25 @@ Ablauf::Ergebnis Ablauf::starten()
     start_->show();
     beendigung_ = std::make_unique<Beendigung>([this] { sichern(); });
     return Ergebnis::Laeuft;
+}
+
+void Ablauf::eigenenOrdnerEinrichten(const QString &geteilter)
+{
+    const QString eigener = systemPfad(programm_.ProgrammPfad);
+    try {
+        Programm einstellungen;
+        EinstellungenLesen(einstellungen);
+        hinweisZeigen(nullptr, benutzerordner::einrichten(geteilter, eigener, einstellungen.OriginalDatenbank).satz());
+    } catch (const Fehler &fehler) {
+        const bool nutzbar = QFileInfo(systemPfad(programm_.arbeitsdatenbank())).isFile();
+        fehlerZeigen(nullptr, QStringLiteral("Ihr eigener Ordner von Flox kann nicht eingerichtet werden:\n%1\n\n%2\n\n%3")
+                                  .arg(QDir::toNativeSeparators(eigener), fehler.text(),
+                                       nutzbar ? QStringLiteral("Flox arbeitet mit den Daten, die dort schon stehen.")
+                                               : QStringLiteral("Flox arbeitet mit den Daten, die für alle Benutzer da sind.")));
+        // Nothing can be written there, and the user is told so, too.
+        if (!nutzbar)
+            programm_.ProgrammPfad = QDir::toNativeSeparators(geteilter);
+    }
 }
 
 bool Ablauf::vorbereiten()

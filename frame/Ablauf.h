@@ -39,6 +39,8 @@ private:
     bool einzigeInstanz();
     /// Why the program's folder cannot be used now; empty where it can.
     QString ortsfehler();
+    /// The folder of one user of a program that is installed for all. Where it cannot be made, the program stays in the shared one.
+    void eigenenOrdnerEinrichten(const QString &geteilter);
     void splashBeenden();
     /// What need not hold up the splash, once, before there is any other window; may show boxes. False while it is still under way.
     bool vorbereiten();

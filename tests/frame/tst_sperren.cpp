@@ -57,6 +57,8 @@ private slots:
     void verlasseneSperreEinesAnderen();
     void laufendesProgrammEinesAnderen();
     void unbeschreibbarerOrdner();
+    void fuerAlleInstalliert();
+    void heimSchreibgeschuetzt();
 
 private:
     struct Start
@@ -80,6 +82,7 @@ private:
     {
         return Programmkopie(temp_->filePath(name), true, QCoreApplication::applicationFilePath().toStdString());
     }
+    QString eigenerOrdner(bool andererBenutzer) { return heim_[andererBenutzer]->filePath(u".local/share/flox"_s); }
     static QString sperre(const Programmkopie &kopie) { return kopie.datei(u"flox-demo.mdb.lock"_s); }
     static void schreiben(const QString &datei, const QByteArray &inhalt)
     {
@@ -112,6 +115,7 @@ TestSperren::Start TestSperren::starten(const Programmkopie &kopie, bool anderer
     QProcessEnvironment umgebung = QProcessEnvironment::systemEnvironment();
     umgebung.insert(QString::fromLatin1(anfang), u"1"_s);
     umgebung.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+    umgebung.remove(u"XDG_DATA_HOME"_s);
     for (const char *name : {"XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "HOME", "TMPDIR"})
         umgebung.insert(QString::fromLatin1(name), heim);
     start.prozess->setProcessEnvironment(umgebung);
@@ -239,16 +243,53 @@ void TestSperren::unbeschreibbarerOrdner()
 {
     if (geteuid() != 0)
         QSKIP("Only root can start a program for another user.");
-    // The folder is root's: no lock can be made there, and each user has the program once.
+    // The folder is root's: who cannot write there has one of his own.
     const Programmkopie ordner = kopie(u"a"_s);
     QFile::setPermissions(ordner.datei(u"flox-demo.mdb"_s), QFile::ReadOwner | QFile::ReadOther);
     const Start eigener = starten(ordner, true);
-    // What cannot be kept there is said, and nothing else.
-    QCOMPARE(eigener.meldungen.size(), 1);
-    QVERIFY2(eigener.meldungen[0].startsWith(u"Der Ordner des Programms ist schreibgeschützt:"_s), qPrintable(eigener.meldungen[0]));
+    QCOMPARE(eigener.meldungen, QStringList());
     QCOMPARE(int(eigener.ergebnis), int(Ablauf::Ergebnis::Laeuft));
     QVERIFY(!QFile::exists(sperre(ordner)));
+    QVERIFY(QFileInfo(eigenerOrdner(true)).isWritable());
+    QCOMPARE(QFileInfo(eigenerOrdner(true) + u"/flox-demo.mdb.lock"_s).ownerId(), uint(niemand));
     QCOMPARE(int(starten(ordner, true).ergebnis), int(Ablauf::Ergebnis::ZweiteInstanz));
+}
+
+/// Two users of one installation do not meet.
+void TestSperren::fuerAlleInstalliert()
+{
+    if (geteuid() != 0)
+        QSKIP("Only root can start a program for another user.");
+    const Programmkopie ordner = kopie(u"a"_s);
+    QFile::setPermissions(ordner.datei(u"flox-demo.mdb"_s), QFile::ReadOwner | QFile::ReadOther);
+    schreiben(ordner.datei(u"installiert.txt"_s), "Für alle.\n");
+    const QStringList vorher = ordner.dateien();
+    const Start erster = starten(ordner), zweiter = starten(ordner, true);
+    for (const Start *start : {&erster, &zweiter}) {
+        QCOMPARE(start->meldungen, QStringList());
+        QCOMPARE(int(start->ergebnis), int(Ablauf::Ergebnis::Laeuft));
+    }
+    for (const bool anderer : {false, true}) {
+        QVERIFY(QFile::exists(eigenerOrdner(anderer) + u"/flox-demo.mdb"_s));
+        QVERIFY(QFileInfo(eigenerOrdner(anderer) + u"/icons/start.jpg"_s).isSymLink());
+    }
+    QCOMPARE(ordner.dateien(), vorher);
+}
+
+/// A home that cannot be written: the plants are there all the same, and it is said what is not.
+void TestSperren::heimSchreibgeschuetzt()
+{
+    if (geteuid() != 0)
+        QSKIP("Only root can start a program for another user.");
+    const Programmkopie ordner = kopie(u"a"_s);
+    QFile::setPermissions(ordner.datei(u"flox-demo.mdb"_s), QFile::ReadOwner | QFile::ReadOther);
+    schreiben(heim_[1]->filePath(u".local"_s), "in the way");
+    const Start start = starten(ordner, true);
+    QCOMPARE(start.meldungen.size(), 2);
+    QVERIFY2(start.meldungen[0].startsWith(u"Ihr eigener Ordner von Flox kann nicht eingerichtet werden:"_s), qPrintable(start.meldungen[0]));
+    QVERIFY2(start.meldungen[0].contains(u"die für alle Benutzer da sind"_s), qPrintable(start.meldungen[0]));
+    QVERIFY2(start.meldungen[1].startsWith(u"Der Ordner des Programms ist schreibgeschützt:"_s), qPrintable(start.meldungen[1]));
+    QCOMPARE(int(start.ergebnis), int(Ablauf::Ergebnis::Laeuft));
 }
 
 int main(int anzahl, char **argumente)
