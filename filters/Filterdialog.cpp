@@ -159,9 +159,9 @@ void Filterdialog::ausbildungWaehlen(int i)
         kaestchen->setChecked(true);
 }
 
-void Filterdialog::FilterLaden(const QString &pfad)
+bool Filterdialog::FilterLaden(const QString &pfad)
 {
-    ladeDatei(pfad);
+    return ladeDatei(pfad);
 }
 
 bool Filterdialog::ladeDatei(const QString &pfad)

@@ -32,8 +32,9 @@ public:
 
     void DialogLaden();
     void DialogSpeichernunter();
-    /// Sets the controls from a file, value by value; a message for a file that cannot be read to its end. Does not run the filter.
-    void FilterLaden(const QString &pfad);
+    /// Sets the controls from a file, value by value; false, after a message, for a file that cannot be read to its end. Does not run the
+    /// filter.
+    bool FilterLaden(const QString &pfad);
     /// Throws when the file cannot be written.
     void FilterSpeichern(const QString &pfad);
 

@@ -108,10 +108,14 @@ QString Ablauf::ortsfehler()
         .arg(QFileInfo(datei).owner(), rechner, QString::number(prozess), QDir::toNativeSeparators(datei));
 }
 
-Ablauf::Ergebnis Ablauf::starten()
+Ablauf::Ergebnis Ablauf::starten(const QString &datei)
 {
-    if (!einzigeInstanz())
+    datei_ = datei;
+    if (!einzigeInstanz()) {
+        if (!datei_.isEmpty())
+            fehlerZeigen(nullptr, QStringLiteral("Flox läuft schon. Bitte laden Sie die Datei dort:\n%1").arg(QDir::toNativeSeparators(datei_)));
         return Ergebnis::ZweiteInstanz;
+    }
     programm_.StartPhase = true;
     programm_.ProgrammVersion = QStringLiteral(FLOX_VERSION);
     const QString geteilter = QCoreApplication::applicationDirPath();
@@ -227,10 +231,20 @@ void Ablauf::splashBeenden()
     // A box that is still open keeps the splash; its timer asks again.
     if (!start_ || !vorbereiten())
         return;
-    wahlZeigen();
+    datei_.isEmpty() ? wahlZeigen() : dateiOeffnen();
     start_->close();
     // It is inside one of its own events here.
     start_.release()->deleteLater();
+}
+
+void Ablauf::dateiOeffnen()
+{
+    mdiZentral &fenster = zentrale();
+    fenster.show();
+    // The splash goes first: opening may show boxes.
+    QMetaObject::invokeMethod(
+        &fenster, [&fenster, datei = std::exchange(datei_, {})] { geschuetztAusfuehren(&fenster, [&] { fenster.dateiOeffnen(datei); }); },
+        Qt::QueuedConnection);
 }
 
 void Ablauf::wahlZeigen()

@@ -27,7 +27,8 @@ public:
     enum class Ergebnis { Laeuft, ZweiteInstanz, Abgebrochen };
     /// Runs the start sequence up to the splash. Shows its own message when the working database cannot be read or its folder
     /// cannot be used; another run of the same user ends it without one.
-    Ergebnis starten();
+    /// `datei` is opened in the place of the chooser; empty: none.
+    Ergebnis starten(const QString &datei = {});
 
     Hilfe &hilfe() { return *hilfe_; }
     Programm &programm() { return programm_; }
@@ -41,6 +42,7 @@ private:
     QString ortsfehler();
     /// The folder of one user of a program that is installed for all. Where it cannot be made, the program stays in the shared one.
     void eigenenOrdnerEinrichten(const QString &geteilter);
+    void dateiOeffnen();
     void splashBeenden();
     /// What need not hold up the splash, once, before there is any other window; may show boxes. False while it is still under way.
     bool vorbereiten();
@@ -48,6 +50,7 @@ private:
     void sichern();
 
     Programm programm_;
+    QString datei_;                              ///< the program was called with it, and it is not open yet
     std::unique_ptr<QLockFile> sperre_;          ///< against a second run of this user
     std::unique_ptr<QLockFile> datenbanksperre_; ///< against other users of the folder
     Laufordner laufordner_;

@@ -1,10 +1,12 @@
 #include "Befehle.h"
 
+#include "Aufruf.h"
 #include "Datenbankwechsel.h"
 #include "Export.h"
 #include "frmInfos.h"
 #include "frmOptionen.h"
 #include "plantwindows/Beschreibung.h"
+#include "plantwindows/Pflanzenfenster.h"
 #include "store/Programm.h"
 
 #include <algorithm>
@@ -71,6 +73,19 @@ void Befehle::ausfuehren(const char *name)
 {
     if (const Befehl *gesucht = befehl(name))
         (this->*gesucht->tat)(*gesucht);
+}
+
+void Befehle::dateiOeffnen(const QString &pfad)
+{
+    if (!QFileInfo(pfad).isFile())
+        throw Fehler(QStringLiteral("Die Datei '%1' wurde nicht gefunden.").arg(QDir::toNativeSeparators(pfad)));
+    if (const std::optional<Sparte> sparte = filterSparte(pfad)) {
+        umgebung_.FensterOeffnen(*sparte);
+        if (Pflanzenfenster *fenster = umgebung_.aktivesFenster())
+            fenster->filterAusDatei(pfad);
+        return;
+    }
+    throw Fehler(QStringLiteral("Die Datei '%1' ist kein Filter von Flox.").arg(QDir::toNativeSeparators(pfad)));
 }
 
 void Befehle::oeffnen(const Befehl &befehl)

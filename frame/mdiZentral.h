@@ -52,6 +52,8 @@ public:
     void anordnen(Anordnung anordnung) override;
     void bilderAssistent() override;
     void beenden() override { close(); }
+    /// A file that the program was called with. Throws where it is none that can be opened.
+    void dateiOeffnen(const QString &pfad) { befehle_.dateiOeffnen(pfad); }
 
     void mulkoSpeichernErlauben(bool erlaubt) override;
     void fensterGeschlossen(Sparte sparte, int nummer) override;

@@ -84,6 +84,10 @@ public:
     /// The window's filter dialog, made when it is first asked for; null where the Sparte has no filter.
     Filterdialog *filterdialog();
 
+    /// Applies a filter file, as the dialog does; one that cannot be read to its end leaves the dialog open behind its message. Throws as
+    /// a run of the filter does.
+    void filterAusDatei(const QString &pfad);
+
     /// What the picture window shows of this window's plant.
     Bilderpflanze bilderpflanze();
 

@@ -86,6 +86,20 @@ void Pflanzenfenster::filterLaden()
     filter_->DialogLaden();
 }
 
+void Pflanzenfenster::filterAusDatei(const QString &pfad)
+{
+    aktivMelden();
+    datenFordern();
+    if (DatenGeaendert)
+        BenutzerdatenSpeichern();
+    if (!filterdialog())
+        return;
+    filterZeigen();
+    filter_->Form_Activate();
+    if (filter_->FilterLaden(pfad))
+        filter_->cmdOK_Click();
+}
+
 void Pflanzenfenster::filterSpeichern()
 {
     filterInKraft();
