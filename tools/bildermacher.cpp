@@ -5,9 +5,11 @@
 #include <QSvgRenderer>
 
 #include <cstdio>
+#include <cstdlib>
 #include <span>
 
-/* bildermacher QUELLE ZIEL   makes the picture lists out of the drawings: toolbar glyphs get a plate and a colour for each
+/* bildermacher --symbol BILD ZIEL GROESSE   draws an icon of that many pixels.
+   bildermacher QUELLE ZIEL   makes the picture lists out of the drawings: toolbar glyphs get a plate and a colour for each
    state, the other pictures are taken as they are, backgrounds are painted to JPEG. */
 
 namespace {
@@ -104,12 +106,31 @@ void malen(const QString &svg, const QString &ziel, QSize groesse)
         ende(QStringLiteral("%1: kann nicht geschrieben werden").arg(ziel));
 }
 
+/// An icon on nothing.
+void symbol(const QString &svg, const QString &ziel, int groesse)
+{
+    QSvgRenderer zeichner(svg);
+    QImage bild(groesse, groesse, QImage::Format_ARGB32_Premultiplied);
+    bild.fill(Qt::transparent);
+    QPainter maler(&bild);
+    maler.setRenderHint(QPainter::Antialiasing);
+    zeichner.render(&maler);
+    maler.end();
+    QDir().mkpath(QFileInfo(ziel).path());
+    if (!zeichner.isValid() || groesse < 1 || !bild.save(ziel, "PNG"))
+        ende(QStringLiteral("%1: kann nicht geschrieben werden").arg(ziel));
+}
+
 } // namespace
 
 int main(int anzahl, char **argumente)
 {
+    if (anzahl == 5 && qstrcmp(argumente[1], "--symbol") == 0) {
+        symbol(QString::fromLocal8Bit(argumente[2]), QString::fromLocal8Bit(argumente[3]), atoi(argumente[4]));
+        return 0;
+    }
     if (anzahl != 3)
-        ende(QStringLiteral("Aufruf: bildermacher QUELLE ZIEL"));
+        ende(QStringLiteral("Aufruf: bildermacher QUELLE ZIEL\n        bildermacher --symbol BILD ZIEL GROESSE"));
     const QDir quelle(QString::fromLocal8Bit(argumente[1]));
     const QDir ziel(QString::fromLocal8Bit(argumente[2]));
     for (const Satz &satz : saetze) {
