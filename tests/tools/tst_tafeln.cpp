@@ -46,7 +46,7 @@ void TestTafeln::zweiTafelnJePflanze()
     QCOMPARE(QDir(ordner.pfad(QStringLiteral("topfpflanzen"))).entryList(QDir::Files),
              QStringList({QStringLiteral("cyclamen-persicum-detail.jpg"), QStringLiteral("cyclamen-persicum.jpg")}));
     for (const QString &name : {QStringLiteral("cyclamen-persicum"), QStringLiteral("cyclamen-persicum-detail")})
-        QCOMPARE(QImage(ordner.pfad(QStringLiteral("topfpflanzen/%1.jpg").arg(name))).size(), QSize(1280, 960));
+        QCOMPARE(QImage(ordner.pfad(QStringLiteral("topfpflanzen/%1.jpg").arg(name))).size(), QSize(1040, 780));
 }
 
 void TestTafeln::zweimalDasselbe()

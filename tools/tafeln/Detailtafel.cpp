@@ -336,7 +336,7 @@ void detailMalen(Tafel &t, const Steckbrief &s, const Formen &formen, const QStr
         zeilenTeilen(sp[size_t(seite)], s, x, bis - x);
         for (const Zelle &z : sp[size_t(seite)]) {
             // Its corner lies on a stored pixel.
-            constexpr int raster = 5;
+            constexpr int raster = Tafel::raster;
             QRect feld = z.platz.adjusted(0, 4, 0, -titelhoehe - 6).toRect();
             feld.setTopLeft({(feld.left() + raster - 1) / raster * raster, (feld.top() + raster - 1) / raster * raster});
             feld.setSize({feld.width() / raster * raster, feld.height() / raster * raster});

@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int groessteTiefe = 5;
-constexpr double grob = 26, fein = 70; ///< sizes in pixels from which a form is shaded, from which it is worked out
+constexpr double kleinePixel = 40, grob = 26, fein = 70; ///< sizes in pixels from which a form is drawn exactly, is shaded, is worked out
 
 QColor mitTon(const QColor &f, double ton)
 {
@@ -70,7 +70,44 @@ QPainterPath zerlegt(const QPainterPath &pfad, const QTransform &lage)
     return neu;
 }
 
+/// Points of a line without those that lie closer than `abstand` to the straight way between the ones that stay.
+void ausduennen(const QPolygonF &linie, qsizetype von, qsizetype bis, double abstand, QPolygonF &ziel)
+{
+    const QPointF weg = linie[bis] - linie[von];
+    const double laenge = std::hypot(weg.x(), weg.y());
+    qsizetype fernster = von;
+    double weit = abstand;
+    for (qsizetype i = von + 1; i < bis; ++i) {
+        const QPointF hin = linie[i] - linie[von];
+        const double d = laenge < 1e-9 ? std::hypot(hin.x(), hin.y()) : std::abs(hin.x() * weg.y() - hin.y() * weg.x()) / laenge;
+        if (d > weit)
+            weit = d, fernster = i;
+    }
+    if (fernster != von) {
+        ausduennen(linie, von, fernster, abstand, ziel);
+        ziel << linie[fernster];
+        ausduennen(linie, fernster, bis, abstand, ziel);
+    }
+}
+
 } // namespace
+
+const QPainterPath &Motiv::Strich::fuer(double pixel) const
+{
+    if (pixel >= kleinePixel)
+        return pfad;
+    if (klein.isEmpty()) {
+        const QRectF r = pfad.controlPointRect();
+        const double halbesPixel = 0.5 * std::max(r.width(), r.height()) / kleinePixel;
+        for (const QPolygonF &linie : pfad.toSubpathPolygons()) {
+            QPolygonF wenige{linie.front()};
+            ausduennen(linie, 0, linie.size() - 1, halbesPixel, wenige);
+            klein.addPolygon(wenige << linie.back());
+        }
+        klein.setFillRule(pfad.fillRule());
+    }
+    return klein;
+}
 
 QTransform lage(QPointF ort, double grad, double laenge, double breite)
 {
@@ -199,14 +236,14 @@ void Motiv::flaecheMalen(QPainter &p, const Strich &s, const Anstrich &a, double
     p.setPen(durchscheinend || pixel < 20 ? QPen(Qt::NoPen) : umrissstift(f, pixel));
     if (pixel < grob || durchscheinend) {
         p.setBrush(f);
-        p.drawPath(s.pfad);
+        p.drawPath(s.fuer(pixel));
     } else if (blatt) {
         QLinearGradient g(s.fuss, s.spitze);
         g.setColorAt(0, dunkler(f, 0.14));
         g.setColorAt(0.45, f);
         g.setColorAt(1, heller(f, 0.13));
         p.setBrush(g);
-        p.drawPath(s.pfad);
+        p.drawPath(s.fuer(pixel));
     } else if (s.gruppe == Formgruppe::Frucht) {
         // A body: light from the upper left.
         const QRectF r = s.pfad.boundingRect();
@@ -216,7 +253,7 @@ void Motiv::flaecheMalen(QPainter &p, const Strich &s, const Anstrich &a, double
         g.setColorAt(0.35, f);
         g.setColorAt(1, dunkler(f, 0.42));
         p.setBrush(g);
-        p.drawPath(s.pfad);
+        p.drawPath(s.fuer(pixel));
     } else {
         // Petals are deeper towards the throat.
         QRadialGradient g(s.fuss, QLineF(s.fuss, s.spitze).length() * 1.05);
@@ -224,7 +261,7 @@ void Motiv::flaecheMalen(QPainter &p, const Strich &s, const Anstrich &a, double
         g.setColorAt(0.5, f);
         g.setColorAt(1, heller(f, 0.2));
         p.setBrush(g);
-        p.drawPath(s.pfad);
+        p.drawPath(s.fuer(pixel));
     }
     if (blatt && pixel >= grob && !s.haelfte.isEmpty()) {
         p.setPen(Qt::NoPen);
@@ -252,7 +289,7 @@ void Motiv::linieMalen(QPainter &p, const Strich &s, const Anstrich &a, double p
         p.drawPath(s.pfad.translated(0, s.breite * 1.1));
     }
     p.setPen(stift(f, breite));
-    p.drawPath(s.pfad);
+    p.drawPath(s.fuer(pixel));
 }
 
 void Motiv::zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, double pixel) const
@@ -339,7 +376,7 @@ void Motiv::zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, doub
     p.setBrush(Qt::NoBrush);
     p.setPen(umrissstift(a[Rolle::Blatt], pixel));
     if (pixel >= 15)
-        p.drawPath(s.pfad);
+        p.drawPath(s.fuer(pixel));
 }
 
 void Motiv::malen(QPainter &p, const Anstrich &anstrich, const QTransform &ort, double ton) const

@@ -53,8 +53,10 @@ private:
         double breite; ///< 0: an area
         QPainterPath pfad, haelfte;
         QTransform lage;
-        QPointF fuss, spitze; ///< of the form it belongs to, before `lage`
-        int stueck;           ///< counts the parts: each has its own tone
+        QPointF fuss, spitze;            ///< of the form it belongs to, before `lage`
+        int stueck;                      ///< counts the parts: each has its own tone
+        mutable QPainterPath klein = {}; ///< the same in few straight lines, worked out when it is first drawn small
+        const QPainterPath &fuer(double pixel) const;
     };
     void aufnehmen(const Formen &formen, const Form &form, const Form *bluete, const QTransform &lage, int tiefe);
     void punktMerken(size_t von);

@@ -77,7 +77,7 @@ public:
     Zufall zufall;
 
 private:
-    double ton(double ebene) { return 0.13 * std::clamp(ebene, -1.0, 1.0) + zufall.streuung(0.06); }
+    double ton(double ebene) { return 0.13 * std::clamp(ebene, -1.0, 1.0) + zufall.streuung(0.045); }
 
     Motiv blatt_, blattRechts_, blattLinks_, bluete_, stand_, frucht_;
     double schlank_ = 1;

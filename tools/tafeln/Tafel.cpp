@@ -2,10 +2,15 @@
 
 #include "Farben.h"
 
-#include <QImageWriter>
+#include <QFile>
 #include <QLocale>
 
 #include <cmath>
+#include <cstdlib>
+#include <memory>
+
+#include <cstdio> // the next one needs it
+#include <jpeglib.h>
 
 namespace {
 
@@ -144,11 +149,34 @@ void Tafel::massstab(QPointF ort, double pixelJeCm)
 bool Tafel::speichern(const QString &pfad)
 {
     maler_.end();
-    QImageWriter schreiber(pfad, "jpg");
-    schreiber.setQuality(85);
-    schreiber.setOptimizedWrite(true);
-    schreiber.setProgressiveScanWrite(true);
-    return schreiber.write(bild_);
+    // Progressive, but in five scans: those that refine single bits take as long as all others and save nothing on flat tones.
+    static constexpr jpeg_scan_info scans[] = {
+        {3, {0, 1, 2}, 0, 0, 0, 0}, {1, {0}, 1, 8, 0, 0}, {1, {1}, 1, 63, 0, 0}, {1, {2}, 1, 63, 0, 0}, {1, {0}, 9, 63, 0, 0}};
+    jpeg_error_mgr fehler;
+    jpeg_compress_struct jpeg{};
+    jpeg.err = jpeg_std_error(&fehler); // ends the program, with a word on what is wrong
+    jpeg_create_compress(&jpeg);
+    unsigned char *bytes = nullptr;
+    unsigned long anzahl = 0;
+    jpeg_mem_dest(&jpeg, &bytes, &anzahl);
+    jpeg.image_width = JDIMENSION(bild_.width());
+    jpeg.image_height = JDIMENSION(bild_.height());
+    jpeg.input_components = 4;
+    jpeg.in_color_space = QSysInfo::ByteOrder == QSysInfo::LittleEndian ? JCS_EXT_BGRX : JCS_EXT_XRGB;
+    jpeg_set_defaults(&jpeg);
+    jpeg_set_quality(&jpeg, 85, true);
+    jpeg.scan_info = scans;
+    jpeg.num_scans = int(std::size(scans));
+    jpeg_start_compress(&jpeg, true);
+    while (jpeg.next_scanline < jpeg.image_height) {
+        JSAMPROW zeile = bild_.scanLine(int(jpeg.next_scanline));
+        jpeg_write_scanlines(&jpeg, &zeile, 1);
+    }
+    jpeg_finish_compress(&jpeg);
+    jpeg_destroy_compress(&jpeg);
+    const std::unique_ptr<unsigned char, decltype(&std::free)> besitz(bytes, std::free);
+    QFile datei(pfad);
+    return datei.open(QIODevice::WriteOnly) && datei.write(reinterpret_cast<char *>(bytes), qint64(anzahl)) == qint64(anzahl) && datei.flush();
 }
 
 QFont schrift(double groesse, bool kursiv, bool fett)

@@ -34,13 +34,14 @@ private:
     std::vector<Feld> felder_;
 };
 
-/// A sheet with frame and a band of fixed height at its foot, laid out as 1600 x 1200 and stored at 1280 x 960. Above the band nothing names
+/// A sheet with frame and a band of fixed height at its foot, laid out as 1600 x 1200 and stored at 1040 x 780. Above the band nothing names
 /// the plant.
 class Tafel
 {
 public:
     static constexpr int breite = 1600, hoehe = 1200;
-    static constexpr double bildmass = 0.8;         ///< stored pixels to those of the layout: 1,400 plants are to fit on a disk
+    static constexpr double bildmass = 0.65;        ///< stored pixels to those of the layout: 1,500 plants are to fit on a disk
+    static constexpr int raster = 20;               ///< layout pixels: its multiples are whole stored pixels
     static constexpr double rand = 40, band = 1066; ///< drawing ends where the band begins
 
     explicit Tafel(bool getoent = false);
@@ -55,7 +56,7 @@ public:
     void zeiger(const QLineF &linie, int nummer);
     /// A bar of a round length with its label, within 120 pixels from `ort`; `pixelJeCm` of the drawing above it.
     void massstab(QPointF ort, double pixelJeCm);
-    /// Height of the sheet's image as bytes of a JPEG; false when the file cannot be written.
+    /// The sheet as a JPEG of quality 85, and nothing more can be drawn on it; false when the file cannot be written.
     bool speichern(const QString &pfad);
 
     Aufriss aufriss{QRectF(rand - 10, rand - 10, breite - 2 * rand + 20, band - rand + 6)};

@@ -168,7 +168,7 @@ void belauben(Pflanzenbild &b, const Geruest &g)
         const double licht = ((r.center().x() - hin.x()) / std::max(1.0, r.width()) + (r.center().y() - hin.y()) / std::max(1.0, r.height()));
         b.blatt(hin, grad + b.zufall.streuung(65) - (haengt ? 0 : 12), blade * b.zufall.zwischen(0.8, 1.1),
                 i < 0 ? -0.9 : std::clamp(licht * 0.9 + b.zufall.streuung(0.35), -0.8, 0.95), b.zufall.zwischen(0.6, 1),
-                i < 0 ? -1.1 : licht * 0.6 + b.zufall.streuung(0.25));
+                i < 0 ? -1.1 : licht * 0.6 + b.zufall.streuung(0.16));
     }
     const auto verteilt = [&](int anzahl, auto &&setzen) {
         for (int i = 0; i < anzahl; ++i)
