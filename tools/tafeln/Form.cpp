@@ -49,7 +49,7 @@ constexpr struct
     {u"Bluetensitz", Feldart::Wort, u"endstaendig achselstaendig grundstaendig im-laub staemmig"},
     {u"Rinde", Feldart::Wort, u"glatt laengsrissig gefeldert ringelig weiss abblaetternd schuppig streifig korkleisten"},
     {u"Knospe", Feldart::Wort, u"spitz eifoermig rund schwarz klebrig nackt"},
-    {u"Haftorgan", Feldart::Wort, u"ranken windend haftwurzeln haftscheiben blattstiele spreizend"},
+    {u"Haftorgan", Feldart::Wort, u"ranken windend linkswindend haftwurzeln haftscheiben blattstiele spreizend"},
     {u"Dornen", Feldart::Wort, u"dornen stacheln keine"},
     {u"Winter", Feldart::Wort, u"kahl gruen"},
     {u"Vorlaub", Feldart::Wort, u"ja nein"},

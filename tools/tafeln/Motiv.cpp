@@ -121,6 +121,8 @@ QTransform lage(QPointF ort, double grad, double laenge, double breite)
 Motiv::Motiv(const Formen &formen, const Form &form, const Form *bluete)
 {
     aufnehmen(formen, form, bluete, {}, 0);
+    if (punkte_.empty() && form.gruppe != Formgruppe::Blatt)
+        punktMerken(0);
     rahmenMessen();
 }
 

@@ -74,7 +74,7 @@ private:
         Formgruppe gruppe;
     };
     std::vector<Strich> striche_;
-    std::vector<Punkt> punkte_;
+    std::vector<Punkt> punkte_; ///< what has no parts but is no leaf is one as a whole
     QRectF rahmen_;
     int stuecke_ = 0;
     bool eigenerRand_ = false; ///< the form draws its margin itself

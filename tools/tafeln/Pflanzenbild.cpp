@@ -124,7 +124,7 @@ void Pflanzenbild::bluete(QPointF ort, double grad, double ebene)
     if (!bluehtJetzt())
         return;
     // On a tree true flowers would be dots: they are drawn as large as one sees that it flowers.
-    const double radius = std::clamp(s.bluetengroesse / 200 * px, std::max(3.5, hoehe() * (s.verholzt() ? 0.016 : 0.006)), hoehe() * 0.3);
+    const double radius = std::clamp(s.bluetengroesse / 200 * px, std::max(5.5, hoehe() * (s.verholzt() ? 0.02 : 0.009)), hoehe() * 0.3);
     const double richtung = bluete_.rund() ? grad + zufall.streuung(25) : bluete_.haengt() ? 90 + zufall.streuung(8) : grad;
     const QTransform dort = ::lage(ort, richtung, 200 * radius / bluete_.blueteneinheiten());
     ding(ebene, dort.mapRect(bluete_.rahmen()), [this, dort, t = zufall.streuung(0.07)](QPainter &p) { bluete_.malen(p, s.anstrich, dort, t); });
@@ -135,7 +135,7 @@ void Pflanzenbild::bluehe(QPointF ort, double grad, double ebene, double groesse
     if (!s.stand || !bluehtJetzt())
         return bluete(ort, grad, ebene);
     const QRectF r = stand_.rahmen();
-    const double kleinste = std::max(10.0, hoehe() * (s.verholzt() ? 0.062 : 0.03));
+    const double kleinste = std::max(10.0, hoehe() * (s.verholzt() ? 0.078 : 0.03));
     const double soll = std::clamp(s.standgroesse / 100 * px, kleinste, std::max(kleinste, bluetenhoehe() * 0.62)) * groesse;
     // What hangs is drawn downwards from its stalk, and hangs wherever its shoot points.
     const bool haengt = stand_.haengt();

@@ -61,6 +61,7 @@ public:
     void topf(double halbeWeite, double hoehe);
     void ding(double ebene, const QRectF &kasten, std::function<void(QPainter &)> malen);
 
+    double schlank() const { return schlank_; } ///< width of the blade as a part of its length
     bool bandartig() const { return schlank_ < 0.2; }
     /// Whether this shape of the plant, in leaf or bare, is the one that flowers.
     bool bluehtJetzt() const { return s.zeigtBlueten() && winter == s.vorLaub; }

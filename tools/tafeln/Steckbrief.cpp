@@ -136,6 +136,7 @@ void Steckbrief::formenWaehlen(const Formen &formen)
     rinde = wort("Rinde", "glatt");
     knospe = wort("Knospe", "eifoermig");
     dornen = wort("Dornen", "keine");
+    haftorgan = wort("Haftorgan", "");
     schau = wort("Schau", !sammlung.art.isEmpty() ? "frucht" : sammlung.imTopf ? "beides" : "bluete");
     winterkahl = wort("Winter", "gruen") == u"kahl" && verholzt();
     blatt = formen.form(Formgruppe::Blatt, wort("Blatt", "elliptisch"));
@@ -313,7 +314,7 @@ void Steckbrief::fruchtfarben()
 
 QByteArray Steckbrief::aussehen() const
 {
-    QStringList worte{wuchs, krone, stellung, sitz, rinde, knospe, dornen, schau};
+    QStringList worte{wuchs, krone, stellung, sitz, rinde, knospe, dornen, schau, haftorgan};
     for (const double m :
          {hoehe, bluetenhoehe, breite, blattlaenge, blattstiel, bluetengroesse, standgroesse, fruchtgroesse, double(bluetenzahl), blattlaenge2})
         worte += QString::number(m, 'f', 2);

@@ -42,7 +42,7 @@ struct Steckbrief
 
     const Datensatz &pflanze;
     const Sammlung &sammlung;
-    QString wuchs, krone, stellung, sitz, rinde, knospe, dornen, schau;
+    QString wuchs, krone, stellung, sitz, rinde, knospe, dornen, schau, haftorgan;
     bool winterkahl = false, blueht = false, fruchtet = false;
     bool vorLaub = false;                               ///< flowers stand on bare twigs
     double hoehe, bluetenhoehe, kleinste;               ///< metres; flowers stand at or above the foliage

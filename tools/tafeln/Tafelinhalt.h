@@ -4,7 +4,7 @@
 
 /* What the plates show, and the captions that say so: one answer for the sheets and for the picture rows. */
 
-enum class Organ { Bluete, Stand, Frucht, Schnitt, Blatt, Unterseite, Blatt2, Zweig, Rinde };
+enum class Organ { Bluete, Stand, Frucht, Schnitt, Blatt, Unterseite, Blatt2, Haftorgan, Zweig, Rinde };
 
 /// The parts on the second plate, at most six.
 std::vector<Organ> organe(const Steckbrief &s);

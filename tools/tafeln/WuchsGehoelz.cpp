@@ -155,19 +155,21 @@ void belauben(Pflanzenbild &b, const Geruest &g)
 {
     if (g.spitzen.empty())
         return;
-    const double h = b.hoehe(), blade = std::clamp(b.blattlaenge(), std::max(12.0, h * 0.024), h * 0.3);
+    // Narrow leaves cover less: they are more, larger and a little broader than true.
+    const double h = b.hoehe(), schmal = std::clamp(0.36 / b.schlank(), 1.0, 2.4);
+    const double blade = std::clamp(b.blattlaenge(), std::max(12.0, h * 0.024) * std::sqrt(schmal), h * 0.3);
     const bool haengt = krone(b.s).neigung > 60;
     const auto orte = b.winter ? std::vector<Geruest::Spitze>() : blattorte(b, g);
     QRectF r;
     for (const auto &spitze : orte)
         r |= QRectF(spitze.ort - QPointF(1, 1), QSizeF(2, 2));
-    const int soll = int(std::clamp(r.width() * r.height() / (blade * blade) * 5.2, 70.0, 2400.0)), dunkel = soll / 3;
+    const int soll = int(std::clamp(r.width() * r.height() / (blade * blade) * 5.2 * schmal, 70.0, 2600.0)), dunkel = soll / 3;
     for (int i = -dunkel; i < soll && !orte.empty(); ++i) {
         const auto &[ort, grad] = orte[size_t(b.zufall.ganz(int(orte.size())))];
         const QPointF hin = ort + polar(b.zufall.zwischen(0, 360), blade * b.zufall.zwischen(0, 0.6));
         const double licht = ((r.center().x() - hin.x()) / std::max(1.0, r.width()) + (r.center().y() - hin.y()) / std::max(1.0, r.height()));
         b.blatt(hin, grad + b.zufall.streuung(65) - (haengt ? 0 : 12), blade * b.zufall.zwischen(0.8, 1.1),
-                i < 0 ? -0.9 : std::clamp(licht * 0.9 + b.zufall.streuung(0.35), -0.8, 0.95), b.zufall.zwischen(0.6, 1),
+                i < 0 ? -0.9 : std::clamp(licht * 0.9 + b.zufall.streuung(0.35), -0.8, 0.95), b.zufall.zwischen(0.6, 1) * std::sqrt(schmal),
                 i < 0 ? -1.1 : licht * 0.6 + b.zufall.streuung(0.16));
     }
     const auto verteilt = [&](int anzahl, auto &&setzen) {
@@ -214,7 +216,7 @@ void nadelzweig(Pflanzenbild &b, const Kurve &k, double dick, double nadel, doub
     if (!b.bandartig() && b.blattlaenge() > 1)
         return b.beblaettern(k, 0.15, 1, nadel * 2.4, ebene, 0.42);
     const double laenge = k.laenge();
-    const int n = std::clamp(int(laenge / 3.2), 6, 60);
+    const int n = std::clamp(int(laenge / 2.8), 7, 60);
     QPainterPath nadeln;
     for (int i = 0; i <= n; ++i) {
         const double t = 0.06 + 0.94 * i / n, grad = k.winkel(t);
@@ -226,7 +228,7 @@ void nadelzweig(Pflanzenbild &b, const Kurve &k, double dick, double nadel, doub
     const QColor f = b.s.anstrich[Rolle::Blatt];
     const QColor ton = b.zufall.ganz(2) ? dunkler(f, 0.18 - 0.1 * ebene) : heller(f, 0.08 + 0.06 * ebene);
     b.ding(ebene, nadeln.boundingRect(), [nadeln, ton](QPainter &p) {
-        p.setPen(QPen(ton, 1.5, Qt::SolidLine, Qt::RoundCap));
+        p.setPen(QPen(ton, 1.8, Qt::SolidLine, Qt::RoundCap));
         p.setBrush(Qt::NoBrush);
         p.drawPath(nadeln);
     });
@@ -275,15 +277,14 @@ void nadelbaum(Pflanzenbild &b)
 
 void nadelstrauch(Pflanzenbild &b)
 {
-    const double h = b.hoehe(), halb = b.halb(), nadel = std::clamp(b.blattlaenge(5), std::max(5.0, h * 0.024), 22.0);
+    const double h = b.hoehe(), halb = b.halb(), nadel = std::clamp(b.blattlaenge(5), std::max(5.0, h * 0.034), 28.0);
     const bool flach = krone(b.s).wort == u"flach";
-    const int n = 19;
-    for (int i = 0; i < n; ++i) {
-        const double seite = -1 + 2.0 * i / (n - 1);
-        const double grad = 90 - seite * (flach ? 84 : 66);
-        const double laenge = std::min(halb / std::max(0.12, std::abs(std::cos(grad * 0.01745))), h / std::max(0.12, std::sin(grad * 0.01745)));
-        nadelast(b, Kurve::bogen({seite * halb * 0.15, 0}, grad, laenge * b.zufall.zwischen(0.8, 0.98), 8), 3.5, nadel, b.zufall.streuung(0.8));
-        nadelast(b, Kurve::bogen({seite * halb * 0.15, 0}, grad + b.zufall.streuung(14), laenge * b.zufall.zwischen(0.45, 0.7), 8), 3, nadel, 0.5);
+    // Row by row from behind to the front, each to the outline of half an ellipse.
+    for (int i = 0; i < 51; ++i) {
+        const double seite = -1 + (i % 17) / 8.0, ebene = -0.7 + 0.6 * (i / 17), grad = 90 - seite * (flach ? 82 : 66) + b.zufall.streuung(5);
+        const double laenge = 1 / std::hypot(std::cos(grad * 0.01745) / halb, std::sin(grad * 0.01745) / h);
+        nadelast(b, Kurve::bogen({seite * halb * 0.15, 0}, grad, laenge * (1 - 0.24 * (i / 17)) * b.zufall.zwischen(0.8, 0.98), flach ? 8 : -8), 3.5,
+                 nadel, ebene + b.zufall.streuung(0.2));
     }
     for (int i = 0; b.s.zeigtFruechte() && i < b.zahl(14); ++i)
         b.frucht({b.zufall.streuung(halb * 0.7), -h * b.zufall.zwischen(0.2, 0.7)}, 1.1);

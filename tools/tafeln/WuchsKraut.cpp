@@ -135,17 +135,18 @@ void buschig(Pflanzenbild &b)
 /// Half an ellipse covered with leaves and flowers.
 void kuppel(Pflanzenbild &b, double hoehe, double halb)
 {
-    QPainterPath grund({-halb, 0});
-    grund.cubicTo({-halb * 1.02, -hoehe * 1.1}, {halb * 1.02, -hoehe * 1.1}, {halb, 0});
-    grund.quadTo(0, hoehe * 0.12 + 4, -halb, 0);
-    b.form(QTransform::fromScale(0.84, 0.72).map(grund), dunkler(b.s.anstrich[Rolle::Blatt], 0.22), -1.5, 0);
     const double flaeche = 7 * halb * hoehe;
     const double blade = std::clamp(b.blattlaenge(10), std::max(10.0, std::sqrt(flaeche / 700)), std::max(16.0, hoehe * 0.6));
-    const int n = std::clamp(int(flaeche / (blade * blade)), 110, 700);
-    for (int i = 0; i < n; ++i) {
-        const double x = b.zufall.streuung(1), y = std::pow(b.zufall.zahl(), 0.7), rand = std::sqrt(std::max(0.0, 1 - x * x));
-        const QPointF ort(x * halb * 0.95, -y * rand * hoehe * 0.84);
-        b.blatt(ort, 90 - x * 58 + b.zufall.streuung(34), blade * b.zufall.zwischen(0.75, 1.1), 0.6 - y, b.zufall.zwischen(0.6, 1));
+    const int n = std::clamp(int(flaeche / (blade * blade) * std::clamp(0.5 / b.schlank(), 1.0, 1.8)), 110, 900), dunkel = n / 3;
+    for (int i = -dunkel; i < n; ++i) { // over dark leaves, through which nothing shines
+        const double x = b.zufall.streuung(1), y = i < 0 ? b.zufall.zahl() : std::pow(b.zufall.zahl(), 0.7);
+        const QPointF ort(x * halb * 0.95, -y * std::sqrt(std::max(0.0, 1 - x * x)) * hoehe * (i < 0 ? 0.7 : 0.84));
+        b.blatt(ort, 90 - x * 58 + b.zufall.streuung(34), blade * b.zufall.zwischen(0.75, 1.1), i < 0 ? -1.5 : 0.6 - y,
+                i < 0 ? 1.5 : b.zufall.zwischen(0.6, 1), i < 0 ? -0.6 : 0.35 * (y - 0.6));
+    }
+    for (int i = 0; b.s.zeigtFruechte() && i < b.zahl(24); ++i) {
+        const double x = b.zufall.streuung(0.9);
+        b.frucht({x * halb * 0.9, -b.zufall.zwischen(0.3, 0.9) * std::sqrt(1 - x * x) * hoehe * 0.9}, 1.4);
     }
     if (!b.s.zeigtBlueten())
         return;

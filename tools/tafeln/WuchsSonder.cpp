@@ -79,7 +79,17 @@ void schirm(Pflanzenbild &b)
 
 void farn(Pflanzenbild &b)
 {
-    kranzbaender(b, {0, 0}, 15, b.hoehe() * 1.12, 34, 82, 62, std::clamp(b.s.breite, 0.7, 1.1));
+    // A shuttlecock: the fronds behind stand upright, those in front lean out and look shorter.
+    const double h = b.hoehe(), weit = std::clamp(b.s.breite, 0.6, 1.3), rippe = std::clamp(h * 0.011, 1.4, 4.0);
+    for (const auto &[n, laenge, spreizung, tiefe] :
+         {std::tuple(7, 1.06, 44.0, -0.8), std::tuple(6, 0.96, 56.0, 0.0), std::tuple(5, 0.66, 62.0, 0.8)})
+        for (int i = 0; i < n; ++i) {
+            const double seite = (2 * i + 1.0) / n - 1, ebene = tiefe + 0.02 * i;
+            const Kurve k = Kurve::bogen({seite * h * 0.04, 0}, 90 - seite * spreizung * weit * 0.75 + b.zufall.streuung(3),
+                                         h * laenge * b.zufall.zwischen(0.94, 1.05), 12 + std::abs(seite) * spreizung * weit);
+            b.bandblatt(k, std::min(weit, 0.85), ebene);
+            b.trieb(k, rippe, rippe * 0.3, heller(b.stielfarbe(), 0.2), ebene + 0.005);
+        }
     for (int i = 0; i < 2; ++i) // young fronds are rolled up
         b.trieb(Kurve::bogen({i * 6.0 - 3, 0}, 84 + 12 * i, b.hoehe() * 0.3, 260), 3.4, 2.4, b.stielfarbe(), 0.4);
 }
