@@ -134,8 +134,7 @@ void Apfelschnitt::schale(QPainter &p, double radius) const
             p.drawLine(rand(phi, seite), rand(phi + pi / schritte, seite));
         }
     }
-    p.setPen(stift(durchsichtig(farbe::tinte, 0.5), 1));
-    p.setBrush(Qt::NoBrush);
+    nurLinie(p, stift(durchsichtig(farbe::tinte, 0.5), 1));
     p.drawPath(umriss());
 }
 

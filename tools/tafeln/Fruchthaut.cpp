@@ -21,10 +21,8 @@ void deckfarbe(Haut &h, const Steckbrief &s)
 {
     const QColor f = s.deckfarbe;
     const bool zart = s.hautwort(u"verwaschen");
-    QRadialGradient g(QPointF(h.r.right() - h.r.width() * 0.22, h.r.center().y()), h.r.width() * 0.85);
-    g.setColorAt(0, durchsichtig(f, zart ? 0.6 : 0.85));
-    g.setColorAt(0.45, durchsichtig(f, zart ? 0.3 : 0.55));
-    g.setColorAt(1, durchsichtig(f, 0));
+    const QBrush g = verlauf(QRadialGradient(QPointF(h.r.right() - h.r.width() * 0.22, h.r.center().y()), h.r.width() * 0.85),
+                             {{0, durchsichtig(f, zart ? 0.6 : 0.85)}, {0.45, durchsichtig(f, zart ? 0.3 : 0.55)}, {1, durchsichtig(f, 0)}});
     h.p.fillRect(h.r, g);
     h.p.setBrush(Qt::NoBrush);
     if (s.hautwort(u"geflammt") || s.hautwort(u"gestreift"))
@@ -38,8 +36,7 @@ void deckfarbe(Haut &h, const Steckbrief &s)
     if (s.hautwort(u"gesprenkelt") || s.hautwort(u"marmoriert"))
         for (int i = 0; i < 130; ++i) {
             const double m = s.hautwort(u"marmoriert") ? h.z.zwischen(4, 11) : h.z.zwischen(1.5, 4);
-            h.p.setPen(Qt::NoPen);
-            h.p.setBrush(durchsichtig(f, 0.4));
+            nurFlaeche(h.p, durchsichtig(f, 0.4));
             const QPointF o = h.ort();
             h.p.drawEllipse(o + QPointF(h.r.width() * 0.15, 0), m, m * 0.7);
         }
@@ -56,11 +53,10 @@ void berostung(Haut &h, const Steckbrief &s)
     const QColor rost(0xA0, 0x74, 0x42);
     h.p.setPen(Qt::NoPen);
     if (stark > 0) {
-        QLinearGradient g(0, h.r.top(), 0, h.r.bottom());
         // Russet runs together towards the calyx and gets thin towards the stalk.
-        g.setColorAt(0, durchsichtig(rost, 0.3 + 0.2 * stark));
-        g.setColorAt(0.35, durchsichtig(rost, 0.5 * stark));
-        g.setColorAt(1, durchsichtig(rost, 0.9 * stark));
+        const QBrush g =
+            verlauf(QLinearGradient(0, h.r.top(), 0, h.r.bottom()),
+                    {{0, durchsichtig(rost, 0.3 + 0.2 * stark)}, {0.35, durchsichtig(rost, 0.5 * stark)}, {1, durchsichtig(rost, 0.9 * stark)}});
         h.p.fillRect(h.r, g);
         for (int i = 0; i < int(260 * stark); ++i) {
             const QPointF o = h.ort();
@@ -83,9 +79,8 @@ void reif(Haut &h, const Steckbrief &s)
     const double stark = s.hautwort(u"stark beduftet") || s.hautwort(u"stark wachsig") || s.hautwort(u"mittelstark bereift") ? 0.34 : 0.2;
     for (int i = 0; i < 5; ++i) {
         const QPointF o = h.ort();
-        QRadialGradient g(o, h.r.width() * 0.3);
-        g.setColorAt(0, QColor::fromRgbF(0.86f, 0.89f, 0.97f, float(stark)));
-        g.setColorAt(1, QColor(220, 228, 248, 0));
+        const QBrush g =
+            verlauf(QRadialGradient(o, h.r.width() * 0.3), {{0, QColor::fromRgbF(0.86f, 0.89f, 0.97f, float(stark))}, {1, QColor(220, 228, 248, 0)}});
         h.p.fillRect(h.r, g);
     }
 }

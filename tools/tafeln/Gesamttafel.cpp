@@ -51,9 +51,8 @@ void vergleichMalen(Tafel &t, const Vergleich &v, const Formen &formen, double x
 void bodenMalen(Tafel &t, double von, double bis, double boden, double tief)
 {
     QPainter &p = t.maler();
-    QLinearGradient g(0, boden, 0, boden + tief);
-    g.setColorAt(0, durchsichtig(farbe::erde, tief > 31 ? 0.4 : 0.55));
-    g.setColorAt(1, durchsichtig(farbe::erde, 0));
+    const QBrush g = verlauf(QLinearGradient(0, boden, 0, boden + tief),
+                             {{0, durchsichtig(farbe::erde, tief > 31 ? 0.4 : 0.55)}, {1, durchsichtig(farbe::erde, 0)}});
     p.fillRect(QRectF(von, boden, bis - von, tief), g);
 }
 

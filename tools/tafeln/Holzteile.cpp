@@ -56,9 +56,7 @@ void bluest(QPainter &p, QPointF ort, double grad, double groesse, const Steckbr
     ei.cubicTo({-b * 1.3, -h * 0.4}, {-b * 0.7, -h * 0.9}, {0, -h});
     ei.cubicTo({b * 0.7, -h * 0.9}, {b * 1.3, -h * 0.4}, {b * 0.6, 0});
     ei.closeSubpath();
-    QLinearGradient g(-b, 0, b, 0);
-    g.setColorAt(0, heller(f, 0.3));
-    g.setColorAt(1, dunkler(f, 0.3));
+    const QBrush g = verlauf(QLinearGradient(-b, 0, b, 0), {{0, heller(f, 0.3)}, {1, dunkler(f, 0.3)}});
     p.setBrush(g);
     p.setPen(QPen(dunkler(f, 0.5), 1.2));
     p.drawPath(ei);
@@ -83,10 +81,7 @@ void rindeMalen(QPainter &p, const QRectF &platz, const Steckbrief &s)
     QPainterPath rahmen;
     rahmen.addRoundedRect(r, 14, 14);
     p.setClipPath(rahmen);
-    QLinearGradient g(r.left(), 0, r.right(), 0);
-    g.setColorAt(0, dunkler(f, 0.25));
-    g.setColorAt(0.35, heller(f, 0.18));
-    g.setColorAt(1, dunkler(f, 0.4));
+    const QBrush g = verlauf(QLinearGradient(r.left(), 0, r.right(), 0), {{0, dunkler(f, 0.25)}, {0.35, heller(f, 0.18)}, {1, dunkler(f, 0.4)}});
     p.fillRect(r, g);
     p.setBrush(Qt::NoBrush);
     // Cracks by number, direction and width; plates by their size.
@@ -113,14 +108,11 @@ void rindeMalen(QPainter &p, const QRectF &platz, const Steckbrief &s)
                 platten(p, r, z, a.farbe, seite * a.breit, seite * a.hoch, a.rund);
             break;
         }
-    QLinearGradient rundung(r.left(), 0, r.right(), 0);
-    rundung.setColorAt(0, QColor(0, 0, 0, 70));
-    rundung.setColorAt(0.3, QColor(255, 255, 255, 30));
-    rundung.setColorAt(1, QColor(0, 0, 0, 110));
+    const QBrush rundung =
+        verlauf(QLinearGradient(r.left(), 0, r.right(), 0), {{0, QColor(0, 0, 0, 70)}, {0.3, QColor(255, 255, 255, 30)}, {1, QColor(0, 0, 0, 110)}});
     p.fillRect(r, rundung);
     p.restore();
-    p.setPen(QPen(dunkel, 1.4));
-    p.setBrush(Qt::NoBrush);
+    nurLinie(p, QPen(dunkel, 1.4));
     p.drawRoundedRect(r, 14, 14);
 }
 
@@ -152,8 +144,7 @@ void zweigMalen(QPainter &p, const QRectF &r, const Steckbrief &s)
             }
         }
     }
-    p.setPen(Qt::NoPen);
-    p.setBrush(heller(f, 0.5));
+    nurFlaeche(p, heller(f, 0.5));
     for (int i = 0; i < 16; ++i) // lenticels
         p.drawEllipse(k.punkt(0.05 + 0.055 * i) + QPointF((i * 7 % 5 - 2) * r.height() * 0.004, 0), 1.6, 2.6);
     bluest(p, k.punkt(1), k.winkel(1), knospe * 1.35, s);
@@ -191,8 +182,7 @@ void haftorganMalen(QPainter &p, const QRectF &r, const Steckbrief &s)
     const Kurve k{{links, r.bottom()}, {links - h * 0.05, r.bottom() - h * 0.35}, {links + h * 0.05, r.top() + h * 0.35}, {links, r.top() + 4}};
     Zufall z(s.haftorgan, 5);
     const auto faden = [&](const QPainterPath &pfad, double breit) {
-        p.setPen(QPen(hell, breit, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        p.setBrush(Qt::NoBrush);
+        nurLinie(p, QPen(hell, breit, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         p.drawPath(pfad);
     };
     for (int i = 0; i < (s.haftorgan == u"haftwurzeln" ? 44 : 4); ++i) {

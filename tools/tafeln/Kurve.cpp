@@ -19,6 +19,24 @@ QPointF tangente(const std::vector<QPointF> &p, size_t i)
 
 } // namespace
 
+void nurLinie(QPainter &p, const QPen &stift)
+{
+    p.setPen(stift);
+    p.setBrush(Qt::NoBrush);
+}
+
+void nurFlaeche(QPainter &p, const QBrush &fuellung)
+{
+    p.setPen(Qt::NoPen);
+    p.setBrush(fuellung);
+}
+
+QBrush verlauf(QGradient richtung, const QGradientStops &farben)
+{
+    richtung.setStops(farben);
+    return richtung;
+}
+
 QPointF polar(double grad, double radius)
 {
     return {std::cos(grad * bogenmass) * radius, -std::sin(grad * bogenmass) * radius};
@@ -102,8 +120,7 @@ void stiel(QPainter &p, const Kurve &k, double unten, double oben, const QColor 
     p.setBrush(f);
     p.drawPath(band(k, breite, 0, 1, 14));
     if (unten > 5) {
-        p.setPen(QPen(durchsichtig(heller(f, 0.5), 0.6), unten * 0.16, Qt::SolidLine, Qt::RoundCap));
-        p.setBrush(Qt::NoBrush);
+        nurLinie(p, QPen(durchsichtig(heller(f, 0.5), 0.6), unten * 0.16, Qt::SolidLine, Qt::RoundCap));
         p.drawPath(k.pfad().translated(-unten * 0.16, 0));
     }
 }

@@ -7,6 +7,12 @@
 #include <functional>
 #include <vector>
 
+/// Sets the painter to lines or to areas alone.
+void nurLinie(QPainter &p, const QPen &stift);
+void nurFlaeche(QPainter &p, const QBrush &fuellung);
+/// The gradient with its colours, as a brush.
+QBrush verlauf(QGradient richtung, const QGradientStops &farben);
+
 QPointF polar(double grad, double radius); ///< 0 to the right, 90 upwards on the sheet
 QPainterPath ellipse(QPointF mitte, double rx, double ry);
 /// Closed smooth line through points.

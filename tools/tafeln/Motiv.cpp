@@ -238,36 +238,20 @@ void Motiv::flaecheMalen(QPainter &p, const Strich &s, const Anstrich &a, double
     p.setPen(durchscheinend || pixel < 20 ? QPen(Qt::NoPen) : umrissstift(f, pixel));
     if (pixel < grob || durchscheinend) {
         p.setBrush(f);
-        p.drawPath(s.fuer(pixel));
     } else if (blatt) {
-        QLinearGradient g(s.fuss, s.spitze);
-        g.setColorAt(0, dunkler(f, 0.14));
-        g.setColorAt(0.45, f);
-        g.setColorAt(1, heller(f, 0.13));
-        p.setBrush(g);
-        p.drawPath(s.fuer(pixel));
-    } else if (s.gruppe == Formgruppe::Frucht) {
-        // A body: light from the upper left.
+        p.setBrush(verlauf(QLinearGradient(s.fuss, s.spitze), {{0, dunkler(f, 0.14)}, {0.45, f}, {1, heller(f, 0.13)}}));
+    } else if (s.gruppe == Formgruppe::Frucht) { // a body: light from the upper left
         const QRectF r = s.pfad.boundingRect();
-        const double radius = std::max(r.width(), r.height()) * 0.75;
-        QRadialGradient g(r.center(), radius, r.topLeft() + QPointF(r.width() * 0.33, r.height() * 0.3));
-        g.setColorAt(0, heller(f, 0.34));
-        g.setColorAt(0.35, f);
-        g.setColorAt(1, dunkler(f, 0.42));
-        p.setBrush(g);
-        p.drawPath(s.fuer(pixel));
-    } else {
-        // Petals are deeper towards the throat.
-        QRadialGradient g(s.fuss, QLineF(s.fuss, s.spitze).length() * 1.05);
-        g.setColorAt(0, dunkler(f, blass(f) ? 0.16 : 0.24));
-        g.setColorAt(0.5, f);
-        g.setColorAt(1, heller(f, 0.2));
-        p.setBrush(g);
-        p.drawPath(s.fuer(pixel));
+        p.setBrush(
+            verlauf(QRadialGradient(r.center(), std::max(r.width(), r.height()) * 0.75, r.topLeft() + QPointF(r.width() * 0.33, r.height() * 0.3)),
+                    {{0, heller(f, 0.34)}, {0.35, f}, {1, dunkler(f, 0.42)}}));
+    } else { // petals are deeper towards the throat
+        p.setBrush(verlauf(QRadialGradient(s.fuss, QLineF(s.fuss, s.spitze).length() * 1.05),
+                           {{0, dunkler(f, blass(f) ? 0.16 : 0.24)}, {0.5, f}, {1, heller(f, 0.2)}}));
     }
+    p.drawPath(s.fuer(pixel));
     if (blatt && pixel >= grob && !s.haelfte.isEmpty()) {
-        p.setPen(Qt::NoPen);
-        p.setBrush(QColor(10, 35, 40, 30));
+        nurFlaeche(p, QColor(10, 35, 40, 30));
         p.drawPath(s.haelfte);
     }
     if (s.rolle == Rolle::Blatt && !a.zeichnung.empty())
@@ -368,15 +352,12 @@ void Motiv::zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, doub
             p.drawPath(gestreckt(0.56, 0.56));
         } else { // basis, spitze
             const bool unten = wo == u"basis";
-            QLinearGradient g(0, unten ? r.bottom() : r.top(), 0, r.center().y());
-            g.setColorAt(0, f);
-            g.setColorAt(1, durchsichtig(f, 0));
+            const QBrush g = verlauf(QLinearGradient(0, unten ? r.bottom() : r.top(), 0, r.center().y()), {{0, f}, {1, durchsichtig(f, 0)}});
             p.fillRect(r, g);
         }
     }
     p.restore();
-    p.setBrush(Qt::NoBrush);
-    p.setPen(umrissstift(a[Rolle::Blatt], pixel));
+    nurLinie(p, umrissstift(a[Rolle::Blatt], pixel));
     if (pixel >= 15)
         p.drawPath(s.fuer(pixel));
 }
@@ -398,8 +379,7 @@ void Motiv::malen(QPainter &p, const Anstrich &anstrich, const QTransform &ort, 
             if (gross < (punkt->gruppe == Formgruppe::Blatt ? 4.5 : 9)) {
                 const double mindestens = 1.3 / masse;
                 p.setTransform(ort * vorher);
-                p.setPen(Qt::NoPen);
-                p.setBrush(mitTon(anstrich[punkt->rolle], eigen));
+                nurFlaeche(p, mitTon(anstrich[punkt->rolle], eigen));
                 p.drawEllipse(punkt->kasten.center(), std::max(mindestens, punkt->kasten.width() / 2),
                               std::max(mindestens, punkt->kasten.height() / 2));
                 i = punkt->bis - 1;

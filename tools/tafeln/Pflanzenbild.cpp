@@ -183,10 +183,7 @@ void Pflanzenbild::topf(double w, double h)
     const QRectF r(-w * 1.06, -h * 0.06, w * 2.12, h * 1.08);
     ding(-0.02, r, [w, h](QPainter &p) {
         const QColor ton(0xB8, 0x6A, 0x45);
-        QLinearGradient g(-w, 0, w, 0);
-        g.setColorAt(0, dunkler(ton, 0.12));
-        g.setColorAt(0.3, heller(ton, 0.28));
-        g.setColorAt(1, dunkler(ton, 0.42));
+        const QBrush g = verlauf(QLinearGradient(-w, 0, w, 0), {{0, dunkler(ton, 0.12)}, {0.3, heller(ton, 0.28)}, {1, dunkler(ton, 0.42)}});
         QPainterPath koerper({-w * 0.94, h * 0.18});
         koerper.lineTo(-w * 0.68, h * 0.96);
         koerper.quadTo(0, h * 1.06, w * 0.68, h * 0.96);

@@ -1,6 +1,7 @@
 #include "Tafel.h"
 
 #include "Farben.h"
+#include "Kurve.h"
 
 #include <QFile>
 #include <QLocale>
@@ -203,12 +204,9 @@ void schlagschatten(QPainter &p, QPointF mitte, double b, double h)
     p.save();
     p.translate(mitte);
     p.scale(b, h);
-    QRadialGradient schatten(0, 0, 1);
-    schatten.setColorAt(0, QColor(70, 55, 35, 95));
-    schatten.setColorAt(0.6, QColor(70, 55, 35, 45));
-    schatten.setColorAt(1, QColor(70, 55, 35, 0));
-    p.setPen(Qt::NoPen);
-    p.setBrush(schatten);
+    const QBrush schatten =
+        verlauf(QRadialGradient(0, 0, 1), {{0, QColor(70, 55, 35, 95)}, {0.6, QColor(70, 55, 35, 45)}, {1, QColor(70, 55, 35, 0)}});
+    nurFlaeche(p, schatten);
     p.drawEllipse(QPointF(0, 0), 1, 1);
     p.restore();
 }

@@ -125,8 +125,7 @@ void rindeMalen(Pflanzenbild &b, const Kurve &stamm, double dick, double bis)
         QPainterPath p(ort);
         p.lineTo(ort + (quer ? QPointF(b.zufall.zwischen(1, dick * 0.16), 0) : QPointF(b.zufall.streuung(1.5), b.zufall.zwischen(5, 14))));
         b.ding(-0.15, p.boundingRect(), [p, strich](QPainter &m) {
-            m.setPen(QPen(strich, 1.3));
-            m.setBrush(Qt::NoBrush);
+            nurLinie(m, QPen(strich, 1.3));
             m.drawPath(p);
         });
     }
@@ -228,8 +227,7 @@ void nadelzweig(Pflanzenbild &b, const Kurve &k, double dick, double nadel, doub
     const QColor f = b.s.anstrich[Rolle::Blatt];
     const QColor ton = b.zufall.ganz(2) ? dunkler(f, 0.18 - 0.1 * ebene) : heller(f, 0.08 + 0.06 * ebene);
     b.ding(ebene, nadeln.boundingRect(), [nadeln, ton](QPainter &p) {
-        p.setPen(QPen(ton, 1.8, Qt::SolidLine, Qt::RoundCap));
-        p.setBrush(Qt::NoBrush);
+        nurLinie(p, QPen(ton, 1.8, Qt::SolidLine, Qt::RoundCap));
         p.drawPath(nadeln);
     });
 }

@@ -217,14 +217,12 @@ void speicher(Pflanzenbild &b, double breite, double hoehe)
         b.trieb(Kurve::bogen({breite * x * 0.7, hoehe * 0.9}, -90 + x * 60, hoehe * 0.45, 8), 2, 0.8, heller(haut, 0.4), -1.2);
     }
     b.ding(-1.1, leib.boundingRect(), [leib, haut, breite, hoehe](QPainter &p) {
-        QRadialGradient g(QPointF(-breite * 0.15, hoehe * 0.5), breite * 0.8);
-        g.setColorAt(0, heller(haut, 0.4));
-        g.setColorAt(1, dunkler(haut, 0.35));
+        const QBrush g =
+            verlauf(QRadialGradient(QPointF(-breite * 0.15, hoehe * 0.5), breite * 0.8), {{0, heller(haut, 0.4)}, {1, dunkler(haut, 0.35)}});
         p.setBrush(g);
         p.setPen(QPen(umriss(haut), 1.2));
         p.drawPath(leib);
-        p.setPen(QPen(durchsichtig(dunkler(haut, 0.5), 0.5), 0.9));
-        p.setBrush(Qt::NoBrush);
+        nurLinie(p, QPen(durchsichtig(dunkler(haut, 0.5), 0.5), 0.9));
         for (const double x : {-0.3, -0.12, 0.1, 0.3}) {
             QPainterPath faser({0, 0});
             faser.quadTo(breite * x * 1.8, hoehe * 0.5, breite * x * 0.7, hoehe * 0.9);
@@ -259,9 +257,7 @@ void wasserlinie(Pflanzenbild &b, double tief)
 {
     const double halb = std::max(b.halb() * 1.25, 120.0);
     b.ding(-3, QRectF(-halb, -2, 2 * halb, tief), [halb, tief](QPainter &p) {
-        QLinearGradient g(0, 0, 0, tief);
-        g.setColorAt(0, QColor(0x8F, 0xB8, 0xC4, 170));
-        g.setColorAt(1, QColor(0x5F, 0x8E, 0xA0, 60));
+        const QBrush g = verlauf(QLinearGradient(0, 0, 0, tief), {{0, QColor(0x8F, 0xB8, 0xC4, 170)}, {1, QColor(0x5F, 0x8E, 0xA0, 60)}});
         p.fillRect(QRectF(-halb, 0, 2 * halb, tief), g);
         p.setPen(QPen(QColor(0x4A, 0x7C, 0x90), 1.4));
         p.drawLine(QPointF(-halb, 0), QPointF(halb, 0));

@@ -116,8 +116,7 @@ void stamm(Pflanzenbild &b, const Kurve &k, double dick)
         QPainterPath ring(ort - QPointF(dick * 0.42, 0));
         ring.quadTo(ort + QPointF(0, dick * 0.2), ort + QPointF(dick * 0.42, 0));
         b.ding(-0.25, ring.boundingRect(), [ring, f = dunkler(b.s.rindenfarbe, 0.35)](QPainter &p) {
-            p.setPen(QPen(f, 1.1));
-            p.setBrush(Qt::NoBrush);
+            nurLinie(p, QPen(f, 1.1));
             p.drawPath(ring);
         });
     }
