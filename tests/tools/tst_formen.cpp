@@ -23,6 +23,7 @@ private slots:
     void vorrang();
     void merkmale();
     void blueteUndLaub();
+    void haftorgane();
     void aufriss();
     void jedePflanzeAnders_data();
     void jedePflanzeAnders();
@@ -163,6 +164,28 @@ void TestFormen::blueteUndLaub()
     brief(2, u"Hippophae rhamnoides", [](const Steckbrief &s) { QVERIFY(s.zeigtFruechte() && !s.zeigtBlueten()); });
     brief(2, u"Larix decidua", [](const Steckbrief &s) { QVERIFY(s.winterkahl); });
     brief(0, u"Agapanthus praecox", [](const Steckbrief &s) { QVERIFY2(s.hoehe < 0.75 * s.bluetenhoehe, qPrintable(QString::number(s.hoehe))); });
+}
+
+/// What a climber holds on with is drawn and named, and does not push out the leaf of its flowering shoots.
+void TestFormen::haftorgane()
+{
+    const auto inhalt = [&](const QByteArray &felder) {
+        const Formen f = formen("%rec: Pflanzenform\n\nPflanze: Hedera\nBlatt2: b\nFrucht: keine\n" + felder + "\n\n");
+        for (const Datensatz &pflanze : Datensatz::alle(*db_, u"Gehoelze"))
+            if (pflanze.name() == u"Hedera helix") {
+                const Steckbrief s(pflanze, sammlungen()[2], f);
+                const std::vector<Organ> teile = organe(s);
+                const bool gezeichnet = std::ranges::find(teile, Organ::Haftorgan) != teile.end();
+                return std::tuple(gezeichnet, std::ranges::find(teile, Organ::Blatt2) != teile.end(),
+                                  gezeichnet ? organtitel(s, Organ::Haftorgan) : QString());
+            }
+        return std::tuple(false, false, u"missing"_s);
+    };
+    QCOMPARE(inhalt("Haftorgan: haftwurzeln"), std::tuple(true, true, u"so klettert sie: Haftwurzeln"_s));
+    QCOMPARE(inhalt("Haftorgan: linkswindend"), std::tuple(true, true, u"so klettert sie: windender Trieb"_s));
+    QCOMPARE(inhalt("Haftorgan: spreizend"), std::tuple(false, true, QString()));
+    QCOMPARE(inhalt(""), std::tuple(false, true, QString()));
+    QCOMPARE(organVon(u"Haftwurzeln nur an Jugendtrieben"_s, {Organ::Blatt, Organ::Haftorgan, Organ::Zweig}), Organ::Haftorgan);
 }
 
 void TestFormen::aufriss()
