@@ -393,7 +393,7 @@ Anweisung &Datenbank::vorbereitet(const QString &sql)
 void Datenbank::Execute(const QString &sql, const QVariantList &werte)
 {
     if (const std::optional<Kopierauftrag> auftrag = kopierauftragLesen(sql)) {
-        tabelleKopieren(auftrag->spalten, auftrag->ziel, auftrag->datei, auftrag->rest);
+        Tabellenkopie(*this, auftrag->datei).kopieren(auftrag->spalten, auftrag->ziel, auftrag->rest);
         return;
     }
     if (sql.trimmed().startsWith(u"DROP", Qt::CaseInsensitive))
@@ -404,65 +404,74 @@ void Datenbank::Execute(const QString &sql, const QVariantList &werte)
     while (anweisung.schritt()) {}
 }
 
-void Datenbank::tabelleKopieren(const QString &spalten, const QString &ziel, const QString &datei, const QString &rest)
+Tabellenkopie::Tabellenkopie(Datenbank &von, const QString &datei) : von_(von), datei_(systemPfad(datei))
 {
-    const QString echt = systemPfad(datei);
-    OpenDatabase(echt); // its checks, and its messages about that file
-    const Auswahl auswahl = auswahlLesen(QStringLiteral("SELECT %1 FROM %2").arg(spalten, rest), *this);
-    tabelleFordern(auswahl.tabelle);
+    Datenbank::OpenDatabase(datei_); // its checks, and its messages about that file
     // Statements that rest on the old set of files would keep the attached one busy.
-    anweisungen_.clear();
-    Execute(QStringLiteral("ATTACH ? AS ziel"), {echt});
-    const auto trennen = [](Datenbank *db) {
-        db->anweisungen_.clear();
-        sqlite3_exec(db->db_, "DETACH ziel", nullptr, nullptr, nullptr);
-    };
-    const std::unique_ptr<Datenbank, decltype(trennen)> halter(this, trennen);
+    von_.anweisungen_.clear();
+    von_.Execute(QStringLiteral("ATTACH ? AS ziel"), {datei_});
     // Nobody has the file yet: what breaks off is thrown away, and the last one syncs it.
-    roh(QStringLiteral("PRAGMA ziel.synchronous = OFF"));
-    roh(QStringLiteral("PRAGMA ziel.journal_mode = MEMORY"));
+    von_.roh(QStringLiteral("PRAGMA ziel.synchronous = OFF; PRAGMA ziel.journal_mode = MEMORY"));
+}
 
+Tabellenkopie::~Tabellenkopie()
+{
+    von_.anweisungen_.clear();
+    sqlite3_exec(von_.db_, "DETACH ziel", nullptr, nullptr, nullptr);
+}
+
+QList<Tabellenkopie::Index> Tabellenkopie::indexe(Datenbank &db, const QString &tabelle)
+{
+    QList<Index> gefunden;
+    Anweisung &anweisung = db.vorbereitet(
+        QStringLiteral("SELECT name, sql FROM main.sqlite_master WHERE type = 'index' AND sql IS NOT NULL AND lower(tbl_name) = lower(?)"));
+    anweisung.binden(0, tabelle);
+    while (anweisung.schritt())
+        gefunden += {anweisung.text(0), anweisung.text(1).mid(anweisung.text(1).indexOf(u'('))};
+    return gefunden;
+}
+
+/// The columns of a table in brackets; empty for a query.
+QString Tabellenkopie::bauplan(const QString &tabelle)
+{
+    const QStringList sql = von_.texte(QStringLiteral("SELECT sql FROM main.sqlite_master WHERE type = 'table' AND lower(name) = lower(?)"), tabelle);
+    return sql.isEmpty() ? QString() : sql[0].mid(sql[0].indexOf(u'('));
+}
+
+void Tabellenkopie::kopieren(const QString &spalten, const QString &ziel, const QString &rest, Datenbank *vorbild)
+{
+    const Auswahl auswahl = auswahlLesen(QStringLiteral("SELECT %1 FROM %2").arg(spalten, rest), von_);
+    von_.tabelleFordern(auswahl.tabelle);
     const QString zielname = u'"' + ziel + u'"';
-    QStringList indexe;
-    QString spaltenliste;
-    Anweisung &vorbild = vorbereitet(QStringLiteral("SELECT type, sql, name FROM main.sqlite_master WHERE lower(tbl_name) = lower(?) "
-                                                    "AND type IN ('table', 'index') AND sql IS NOT NULL"));
-    vorbild.binden(0, auswahl.tabelle);
-    while (vorbild.schritt()) {
-        const QString sql = vorbild.text(1);
-        const QString klammer = sql.mid(sql.indexOf(u'('));
-        if (vorbild.bytes(0) == "table")
-            spaltenliste = klammer;
-        else
-            indexe += QStringLiteral("CREATE INDEX ziel.\"%1\" ON %2 %3").arg(vorbild.text(2), zielname, klammer);
-    }
     const QString quelle =
         QStringLiteral("SELECT %1 FROM main.\"%2\"%3")
             .arg(auswahl.spalten, auswahl.tabelle, auswahl.bedingung.isEmpty() ? QString() : QStringLiteral(" WHERE ") + auswahl.bedingung);
-    if (istAbfrage(auswahl.tabelle))
-        spaltenliste = abfragespalten(vorbereitet(quelle));
-    Transaktion transaktion(*this);
+    const QString spaltenliste = von_.istAbfrage(auswahl.tabelle) ? abfragespalten(von_.vorbereitet(quelle)) : bauplan(auswahl.tabelle);
+    const auto indexeAnlegen = [&](const QList<Index> &alle) {
+        for (const Index &index : alle)
+            von_.Execute(QStringLiteral("CREATE INDEX ziel.\"%1\" ON %2 %3").arg(index.name, zielname, index.spalten));
+    };
+    Transaktion transaktion(von_);
     try {
         if (auswahl.spalten != u"*" || spaltenliste.isEmpty()) {
-            Execute(QStringLiteral("CREATE TABLE ziel.%1 AS %2").arg(zielname, quelle));
+            von_.Execute(QStringLiteral("CREATE TABLE ziel.%1 AS %2").arg(zielname, quelle));
         } else {
             // A whole table and its indexes go over page by page, where the target has the same ones.
+            const QList<Index> eigene = indexe(von_, auswahl.tabelle);
             const bool imGanzen = auswahl.bedingung.isEmpty();
-            const auto indexeAnlegen = [&] {
-                for (const QString &index : indexe)
-                    Execute(index);
-            };
-            Execute(QStringLiteral("CREATE TABLE ziel.%1 %2").arg(zielname, spaltenliste));
+            von_.Execute(QStringLiteral("CREATE TABLE ziel.%1 %2").arg(zielname, spaltenliste));
             if (imGanzen)
-                indexeAnlegen();
-            Execute(QStringLiteral("INSERT INTO ziel.%1 %2").arg(zielname, quelle));
+                indexeAnlegen(eigene);
+            von_.Execute(QStringLiteral("INSERT INTO ziel.%1 %2").arg(zielname, quelle));
             if (!imGanzen)
-                indexeAnlegen();
+                indexeAnlegen(eigene);
+            if (eigene.isEmpty() && vorbild)
+                indexeAnlegen(indexe(*vorbild, auswahl.tabelle));
         }
         transaktion.festschreiben();
     } catch (const Fehler &) {
-        if (scheitertAmSchreiben(db_))
-            werfen(db_, echt); // the file of this connection is only read
+        if (scheitertAmSchreiben(von_.db_))
+            werfen(von_.db_, datei_); // the file of this connection is only read
         throw;
     }
 }

@@ -126,7 +126,7 @@ private:
     void roh(const QString &sql);
     QStringList texte(const QString &sql, const QString &wert = {});
     void indexeFallenLassen(const QString &tabelle);
-    void tabelleKopieren(const QString &spalten, const QString &ziel, const QString &datei, const QString &rest);
+    friend class Tabellenkopie;
 
     QString pfad_;
     Zugriff zugriff_ = Zugriff::Arbeit;
@@ -136,6 +136,33 @@ private:
 
     QHash<QString, std::shared_ptr<Anweisung>> anweisungen_;
     QHash<QString, Sorte> sorten_; ///< tables and queries asked for so far
+};
+
+/// Copies tables of one database into another file, which exists already. Until this is gone the file belongs to it alone; it is not on
+/// the disk for certain before its owner sees to it.
+class Tabellenkopie
+{
+public:
+    /// Throws where the file is no database of this program.
+    Tabellenkopie(Datenbank &von, const QString &datei);
+    ~Tabellenkopie();
+    Tabellenkopie(const Tabellenkopie &) = delete;
+    Tabellenkopie &operator=(const Tabellenkopie &) = delete;
+
+    /// Makes the table `ziel` of "SELECT spalten FROM rest" in Access dialect. A whole table has its indexes; where it has none, those that
+    /// `vorbild` has for it. Throws on any error, with the file as it was before.
+    void kopieren(const QString &spalten, const QString &ziel, const QString &rest, Datenbank *vorbild = nullptr);
+
+private:
+    struct Index
+    {
+        QString name, spalten;
+    };
+    static QList<Index> indexe(Datenbank &db, const QString &tabelle);
+    QString bauplan(const QString &tabelle);
+
+    Datenbank &von_;
+    QString datei_;
 };
 
 /// The columns of a table that takes the rows of a query, in brackets: the query's key becomes the table's.

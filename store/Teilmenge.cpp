@@ -53,7 +53,7 @@ public:
         if (!arbeit_->hatTabelle(name))
             return;
         try {
-            uebertragen(*arbeit_, name);
+            ausDerArbeit(name);
         } catch (const Fehler &) {
             if (lesbar(name))
                 throw;
@@ -66,16 +66,18 @@ public:
         if (!tabelle.sparte)
             return nebentabelle(name);
         if (kopie.isEmpty())
-            return uebertragen(*arbeit_, name);
-        uebertragen(*Datenbank::OpenDatabase(kopie, Datenbank::Zugriff::Privat), name);
-        // A filter run has dropped those of the copy.
-        ergaenzt_ += name;
+            return ausDerArbeit(name);
+        ausArbeit_.reset();
+        gedeutet(ueberschrift(name), [&] {
+            const std::shared_ptr<Datenbank> privat = Datenbank::OpenDatabase(kopie, Datenbank::Zugriff::Privat);
+            // A filter run has dropped the indexes of the copy.
+            Tabellenkopie(*privat, neu_.pfad()).kopieren(QStringLiteral("*"), name, name, arbeit_.get());
+        });
     }
 
     void abschliessen()
     {
-        for (const QString &name : ergaenzt_)
-            gedeutet(ueberschrift(name), [&] { indexeErgaenzen(name); });
+        ausArbeit_.reset();
         gedeutet(QString(), [this] { neu_.einsetzen(); });
     }
 
@@ -97,10 +99,14 @@ private:
         }
     }
 
-    void uebertragen(Datenbank &von, const QString &name)
+    /// The file stays attached for the tables that follow: taking it anew costs as much as a small one.
+    void ausDerArbeit(const QString &name)
     {
-        const QString datei = QString(neu_.pfad()).replace(u'\'', QStringLiteral("''"));
-        gedeutet(ueberschrift(name), [&] { von.Execute(QStringLiteral("SELECT * INTO %1 IN '%2' FROM %1").arg(name, datei)); });
+        gedeutet(ueberschrift(name), [&] {
+            if (!ausArbeit_)
+                ausArbeit_.emplace(*arbeit_, neu_.pfad());
+            ausArbeit_->kopieren(QStringLiteral("*"), name, name);
+        });
     }
 
     bool lesbar(const QString &name)
@@ -113,22 +119,10 @@ private:
         }
     }
 
-    void indexeErgaenzen(const QString &name)
-    {
-        const QStringList alle = arbeit_->Indexe(name);
-        const std::shared_ptr<Datenbank> teil = Datenbank::OpenDatabase(neu_.pfad());
-        if (!teil->Indexe(name).isEmpty() || alle.isEmpty())
-            return;
-        Transaktion transaktion(*teil);
-        for (const QString &index : alle)
-            teil->Execute(index);
-        transaktion.festschreiben();
-    }
-
     std::shared_ptr<Datenbank> arbeit_;
     QString ziel_;
     Beidatei neu_;
-    QStringList ergaenzt_;
+    std::optional<Tabellenkopie> ausArbeit_;
 };
 
 } // namespace
