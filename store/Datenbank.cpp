@@ -16,11 +16,25 @@
 
 namespace {
 
+/// Why a step of the system failed. The number of the connection may be that of what was undone afterwards; a file keeps its own.
+QString ursacheVon(sqlite3 *db)
+{
+    for (int i = 0; const char *name = sqlite3_db_name(db, i); ++i) {
+        int nummer = 0;
+        if (sqlite3_file_control(db, name, SQLITE_FCNTL_LAST_ERRNO, &nummer) == SQLITE_OK)
+            if (const QString ursache = dateiursache(nummer); !ursache.isEmpty())
+                return ursache;
+    }
+    return dateiursache(sqlite3_system_errno(db));
+}
+
 /// What a result code means for the user. Behind some of them stands the system's own number.
 int bedeutung(sqlite3 *db, bool beimOeffnen)
 {
     const int code = sqlite3_errcode(db) & 0xff;
-    const QString ursache = dateiursache(sqlite3_system_errno(db));
+    if (code != SQLITE_IOERR && code != SQLITE_CANTOPEN)
+        return code;
+    const QString ursache = code == SQLITE_IOERR ? ursacheVon(db) : dateiursache(sqlite3_system_errno(db));
     if (code == SQLITE_IOERR && ursache == dateiursache(ENOSPC))
         return SQLITE_FULL;
     // Once the file is open, what cannot be opened is its journal.
