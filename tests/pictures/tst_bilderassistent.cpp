@@ -520,6 +520,29 @@ private slots:
         QCOMPARE(antworten.texte, QStringList{u"Laufwerk nicht bereit!"_s});
         QCOMPARE(laufwerk->currentRow(), 2); // back on the one before
         QCOMPARE(teil<QLineEdit>(form, "txtFloxBildVerzeichnis")->text(), cd_->pfad() + u'/');
+        // The mouse selects its line when the message has gone.
+        QTest::mouseClick(laufwerk->viewport(), Qt::LeftButton, {}, laufwerk->visualItemRect(laufwerk->item(1)).center());
+        QCOMPARE(antworten.texte.size(), 2);
+        QTRY_COMPARE(laufwerk->currentRow(), 2);
+        QTRY_COMPARE(laufwerk->selectedItems(), QList{laufwerk->item(2)});
+    }
+    /// A folder whose name only begins like a drive's does not lie on it.
+    void laufwerkMitGleichemAnfang_data()
+    {
+        QTest::addColumn<QString>("ordner");
+        QTest::addColumn<int>("zeile");
+        QTest::newRow("länger") << u"Bilder"_s << 0;
+        QTest::newRow("das Laufwerk selbst") << u"Bild"_s << 1;
+        QTest::newRow("darauf") << u"Bild/er"_s << 1;
+    }
+    void laufwerkMitGleichemAnfang()
+    {
+        QFETCH(QString, ordner);
+        laufwerke_ = {{ziel(u"Bild"_s), u"BILD"_s}};
+        QVERIFY(QDir(ziel()).mkpath(u"Bild"_s) && QDir(ziel()).mkpath(ordner));
+        programm_.BilderPfad = ziel(ordner);
+        frmBilderSuche form(programm_, liste(), nullptr);
+        QTEST(teil<QListWidget>(form, "drvLaufwerk")->currentRow(), "zeile");
     }
 
 private:

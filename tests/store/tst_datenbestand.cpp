@@ -205,6 +205,21 @@ private slots:
         QCOMPARE(fehlend().size(), 2);
     }
 
+    /// A query that rests on what the file lacks lacks all its columns; the file can be loaded all the same.
+    void abfrageAufFehlendes()
+    {
+        datenbank(u"flox-demo.mdb"_s, u"alt"_s);
+        datenbank(u"a.fit"_s, u"neu"_s);
+        QStringList alle;
+        for (const Spalte &spalte : schema::spaltenVon(u"Abfrage_Friedhof"_s))
+            alle += u"Abfrage_Friedhof."_s + QString::fromLatin1(spalte.name);
+        QVERIFY(alle.size() > 10);
+        roh(pfad(u"a.fit"_s), u"DROP VIEW Abfrage_Friedhof; CREATE VIEW Abfrage_Friedhof AS SELECT gibtEsNicht FROM Friedhof"_s);
+        QCOMPARE(datenbestand::pruefen(programm_, pfad(u"a.fit"_s)).fehlendeSpalten, alle);
+        tun(u"laden"_s, u"a.fit"_s);
+        QCOMPARE(marke(arbeit()), u"neu"_s);
+    }
+
     /// The query of a subset is a flat table; its columns are known by the same names.
     void teilmengeHatAlleSpalten()
     {
@@ -250,6 +265,35 @@ private slots:
         tun(u"laden"_s, u"a.fit"_s);
         QCOMPARE(marke(arbeit()), u"neu"_s);
         QCOMPARE(marke(original()), u"alt"_s);
+    }
+
+    void fremdesProgrammSchreibt_data()
+    {
+        QTest::addColumn<QByteArray>("anfang");
+        QTest::newRow("im Speicher") << QByteArray("PRAGMA cache_spill = 0; BEGIN");
+        QTest::newRow("in der Datei") << QByteArray("PRAGMA cache_size = 1; BEGIN EXCLUSIVE");
+    }
+    /// The journal of a program that is at work stays with its file, and both stay where they are.
+    void fremdesProgrammSchreibt()
+    {
+        QFETCH(QByteArray, anfang);
+        datenbank(u"flox-demo.mdb"_s, u"alt"_s);
+        datenbank(u"a.fit"_s, u"neu"_s);
+        sqlite3 *db = nullptr;
+        QCOMPARE(sqlite3_open(arbeit().toUtf8().constData(), &db), SQLITE_OK);
+        const QByteArray sql = anfang + "; UPDATE Topfpfl SET benu_bemerkung = 'halb'; CREATE TABLE x (a); INSERT INTO x VALUES (zeroblob(90000))";
+        QCOMPARE(sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr), SQLITE_OK);
+        const QString journal = arbeit() + u"-journal"_s;
+        QVERIFY(QFile::exists(journal));
+        const QString fehler = fehlerVon([&] { datenbestand::laden(programm_, pfad(u"a.fit"_s), false, [](bool) {}); });
+        const bool journalBleibt = QFile::exists(journal);
+        QCOMPARE(sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr), SQLITE_OK);
+        sqlite3_close_v2(db);
+        QCOMPARE(fehler, u"Die Datenbank 'flox-demo.mdb' wird gerade von einem anderen Programm benutzt. Sie wurde nicht ersetzt."_s);
+        QVERIFY(journalBleibt);
+        QCOMPARE(marke(arbeit()), u"alt"_s);
+        tun(u"laden"_s, u"a.fit"_s);
+        QCOMPARE(marke(arbeit()), u"neu"_s);
     }
 
     void nurLesbarerOrdner()

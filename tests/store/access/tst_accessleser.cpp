@@ -274,6 +274,86 @@ private slots:
         QCOMPARE(durchlauf(riesig).schadhafteWerte, 1);
     }
 
+    void vieleWegeEinZiel_data()
+    {
+        QTest::addColumn<int>("laenge");
+        QTest::addColumn<bool>("zeilen");
+        QTest::newRow("ein langer Wert aus einer Zeile") << 3000 << false;
+        QTest::newRow("ein langer Wert aus einer Kette") << 9000 << false;
+        QTest::newRow("eine verschobene Zeile") << 0 << true;
+    }
+    /// What many places of a small file name costs no more than the file: neither long values nor rows that have been moved.
+    void vieleWegeEinZiel()
+    {
+        QFETCH(int, laenge);
+        QFETCH(bool, zeilen);
+        constexpr int viele = 600;
+        const QString pfad = ordner_.filePath(u"wege.mdb"_s);
+        {
+            Schreiber schreiber(pfad);
+            std::vector<Spaltenform> spalten{{u"ARTNR"_s, Typ::Lang, 0}, {u"ZAHL"_s, Typ::Doppelt, 0}, {u"MEMO"_s, Typ::Memo, 0}};
+            for (int i = 0; i < 8; ++i)
+                spalten.push_back({u"T%1"_s.arg(i), Typ::Text, 255});
+            schreiber.beginnen({u"Drei"_s, spalten, 0});
+            const std::string memo(size_t(laenge), 'x'), lang(zeilen ? 250 : 0, 't');
+            for (int i = 0; i <= viele; ++i) {
+                std::vector<Wert> zeile{ganz(i), komma(0), text(i == 0 && laenge ? std::string_view(memo) : "k")};
+                zeile.resize(spalten.size(), text(i == 0 ? std::string_view(lang) : ""));
+                schreiber.zeile(zeile);
+            }
+            schreiber.beenden();
+            schreiber.abschliessen();
+        }
+        Bytes bytes = accessprobe::bytes(pfad);
+        const size_t tabelle = definition(bytes, 11), erste = zeilenseite(bytes, tabelle);
+        constexpr size_t memokopf = 2 + 4 + 8;
+        const size_t vorbild = ortDerZeile(bytes, erste, 0);
+        const auto summe = [&](qint64 &gelesen) {
+            Leser leser(bytes, u"x"_s);
+            return leser.durchlaufen(*leser.tabelle(u"Drei"), [&](Zeile &zeile) {
+                for (size_t i = 0; i < 11; ++i)
+                    gelesen += qint64(zeile.wert(i).text.size());
+                return true;
+            });
+        };
+        qint64 vorher = 0;
+        QCOMPARE(summe(vorher).zeilen, viele + 1);
+        for (size_t ort = erste; ort < bytes.size(); ort += seitenbytes) {
+            if (bytes[ort] != seiteDaten || Sicht{bytes.data(), bytes.size()}.u32(ort + 4) != tabelle / seitenbytes)
+                continue;
+            for (size_t i = 0; i < lies16(&bytes[ort + 12]); ++i) {
+                const size_t zeile = ortDerZeile(bytes, ort, i);
+                if (zeilen && ort != erste) {
+                    bytes[ort + 14 + 2 * i + 1] |= 0x40;
+                    schreibe32(&bytes[zeile], uint32_t(erste / seitenbytes) << 8);
+                } else if (!zeilen) {
+                    std::copy_n(&bytes[vorbild + memokopf], langwertKopf, &bytes[zeile + memokopf]);
+                }
+            }
+        }
+        qint64 gelesen = 0;
+        const Durchgang durchgang = summe(gelesen);
+        QCOMPARE(durchgang.zeilen + durchgang.unlesbar, viele + 1);
+        QVERIFY(gelesen > vorher);
+        QVERIFY2(gelesen <= qint64(2 * bytes.size()), qPrintable(u"%1 of %2 bytes"_s.arg(gelesen).arg(bytes.size())));
+        QVERIFY((zeilen ? durchgang.unlesbar : durchgang.schadhafteWerte) > 0);
+    }
+
+    /// A map that names every page of the file leaves a list of the table's own, and no room for the others.
+    void seitenlistenBleibenKlein()
+    {
+        Bytes bytes = gut_;
+        const Sicht alles{bytes.data(), bytes.size()};
+        const uint32_t zeiger = alles.u32(drei_ + 55);
+        const size_t karte = ortDerZeile(bytes, (zeiger >> 8) * seitenbytes, zeiger & 0xFF);
+        QCOMPARE(bytes[karte], uint8_t(0)); // its bits follow
+        Leser vorher(bytes, u"x"_s);
+        std::fill_n(&bytes[karte + 5], 64, uint8_t(0xFF));
+        Leser leser(bytes, u"x"_s);
+        QCOMPARE(leser.tabelle(u"Drei")->seiten, vorher.tabelle(u"Drei")->seiten);
+        QCOMPARE(leser.tabelle(u"Drei")->seiten.capacity(), leser.tabelle(u"Drei")->seiten.size());
+    }
+
     void zahlenAndererArt_data()
     {
         QTest::addColumn<int>("typ");
