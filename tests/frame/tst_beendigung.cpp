@@ -36,7 +36,8 @@ private slots:
     void abmeldung();
     void signalOhneFenster();
     void resteWerdenGefegt();
-    void sechsNamenszeilen();
+    void namentabelle_data();
+    void namentabelle();
     void schadenVorDerWahl();
     void schaden();
     void schadenEinerGrossenDatei();
@@ -215,13 +216,26 @@ void TestBeendigung::resteWerdenGefegt()
     QVERIFY(QFile::exists(hier(u"db_to1.tmp"_s)));
 }
 
-void TestBeendigung::sechsNamenszeilen()
+void TestBeendigung::namentabelle_data()
 {
-    Datenbank::OpenDatabase(hier(u"flox-demo.mdb"_s))->Execute(u"INSERT INTO Namen_Benutzer_Optionen (Topfpflanzen) VALUES ('sechste')"_s);
+    QTest::addColumn<QString>("sql");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("sechs Zeilen") << u"INSERT INTO Namen_Benutzer_Optionen (Topfpflanzen) VALUES ('sechste')"_s
+                                  << u"Die Tabelle 'Namen_Benutzer_Optionen' hat mehr als 5 Zeilen. Die ersten 5 werden verwendet."_s;
+    QTest::newRow("keine Tabelle") << u"DROP TABLE Namen_Benutzer_Optionen"_s
+                                   << u"In der Datenbank fehlt die Tabelle 'Namen_Benutzer_Optionen'. Die benutzerdefinierten Eigenschaften haben "
+                                      "keine eigenen Namen."_s;
+}
+/// Told once, at the start; the end, which writes the names, has nothing to say to it.
+void TestBeendigung::namentabelle()
+{
+    QFETCH(QString, sql);
+    QFETCH(QString, text);
+    Datenbank::OpenDatabase(hier(u"flox-demo.mdb"_s))->Execute(sql);
     Meldungsfaenger meldungen;
     Ablauf ablauf;
     Pflanzenfenster *fenster = oeffnen(ablauf);
-    QCOMPARE(meldungen.texte, QStringList{u"Die Tabelle 'Namen_Benutzer_Optionen' hat mehr als 5 Zeilen. Die ersten 5 werden verwendet."_s});
+    QCOMPARE(meldungen.texte, QStringList{text});
     QCOMPARE(ablauf.programm().BenutzerNamen[0][4], u"Eigenschaft 5"_s);
     QVERIFY(fenster->isVisible());
     ablauf.zentrale().close();
