@@ -1,6 +1,6 @@
+#include "Dateiprobe.h"
 #include "Formhand.h"
 #include "Handgriffe.h"
-#include "Rahmenprobe.h"
 
 #include "filters/Filterdialog.h"
 #include "frame/Wartefenster.h"
@@ -9,7 +9,6 @@
 #include "store/Schema.h"
 #include "store/access/Austausch.h"
 #include "store/access/Format.h"
-#include "tests/Dateiwahl.h"
 #include "tests/store/Datenhilfen.h"
 #include "tests/store/access/Accesshilfen.h"
 
@@ -68,19 +67,8 @@ class TestAccessdateien : public QObject
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        probe_ = std::make_unique<Rahmenprobe>();
-        probe_->programm.HinweisAus = {false, true, true};
-        meldungen_ = std::make_unique<Meldungsfaenger>();
-        probe_->laden();
-        QDir::setCurrent(probe_->ordner.pfad());
-    }
-    void cleanup()
-    {
-        probe_.reset();
-        QDir::setCurrent(QDir::tempPath());
-    }
+    void init() { probe_ = std::make_unique<Dateiprobe>(); }
+    void cleanup() { probe_.reset(); }
 
     void teilmengeHinUndZurueck_data()
     {
@@ -107,22 +95,22 @@ private slots:
 
         hand::notieren(form, u"zuletzt getippt"_s);
         const qint64 artnr = form->satz().artnr();
-        speichern(u"teil.mdb"_s);
-        QCOMPARE(meldungen_->texte, QStringList());
+        probe_->teilmengeSpeichern(u"teil.mdb"_s);
+        QCOMPARE(probe_->meldungen->texte, QStringList());
         QVERIFY(accessdatei::istAccessdatei(pfad(u"teil.mdb"_s)));
         QCOMPARE(form->satz().haupt().Schluesselfolge(), gefiltert);
         QMap<QString, QStringList> vorher = alles(*probe_->ordner.db());
 
         laden(u"teil.mdb"_s);
-        QVERIFY2(meldungen_->texte.value(0).contains(u"\n%1: %2 Zeilen\n"_s.arg(tabelle).arg(gefiltert.size())),
-                 qPrintable(meldungen_->texte.value(0)));
-        QVERIFY2(!meldungen_->texte.value(0).contains(u"fehl"_s), qPrintable(meldungen_->texte.value(0)));
-        meldungen_->texte.clear();
+        QVERIFY2(probe_->meldungen->texte.value(0).contains(u"\n%1: %2 Zeilen\n"_s.arg(tabelle).arg(gefiltert.size())),
+                 qPrintable(probe_->meldungen->texte.value(0)));
+        QVERIFY2(!probe_->meldungen->texte.value(0).contains(u"fehl"_s), qPrintable(probe_->meldungen->texte.value(0)));
+        probe_->meldungen->texte.clear();
         probe_->waehlen(zeile.menue);
         const bool ueberAbfrage = zeile.haupttabelle != grundtabelle(Sparte(sparte));
         Pflanzenfenster *neues = probe_->fenster(1, Sparte(sparte));
         QCOMPARE(neues->satz().haupt().Schluesselfolge(), ueberAbfrage ? ganz : gefiltert);
-        QCOMPARE(meldungen_->texte, QStringList());
+        QCOMPARE(probe_->meldungen->texte, QStringList());
         const auto db = probe_->ordner.db();
         QVERIFY(werte(*db, u"SELECT benu_bemerkung FROM %1 WHERE ARTNR = ?"_s.arg(tabelle), {artnr}).value(0).contains(u"zuletzt getippt"_s));
         QMap<QString, QStringList> nachher = alles(*db);
@@ -132,7 +120,7 @@ private slots:
         for (const QString &name : vorher.keys())
             QCOMPARE(nachher.value(name), vorher.value(name));
         // And once more.
-        speichern(u"teil2.mdb"_s);
+        probe_->teilmengeSpeichern(u"teil2.mdb"_s);
         const auto bericht = accessdatei::einlesen(pfad(u"teil2.mdb"_s), pfad(u"probe.fit"_s));
         QVERIFY(bericht.has_value());
         QCOMPARE(zahl(*Datenbank::OpenDatabase(pfad(u"probe.fit"_s), Datenbank::Zugriff::Lesen), u"SELECT count(*) FROM %1"_s.arg(tabelle)),
@@ -143,10 +131,10 @@ private slots:
     void alleTabellen()
     {
         const QMap<QString, QStringList> vorher = alles(*probe_->ordner.db());
-        speichern(u"alles.mdb"_s);
+        probe_->teilmengeSpeichern(u"alles.mdb"_s);
         probe_->ordner.db()->Execute(u"DELETE FROM Apfel"_s);
         laden(u"alles.mdb"_s);
-        const QString text = meldungen_->texte.value(0);
+        const QString text = probe_->meldungen->texte.value(0);
         QVERIFY2(text.startsWith(u"Die Datenbank 'alles.mdb' ist geladen.\n\nDie bisherige Datenbank liegt hier:\n"_s), qPrintable(text));
         for (auto tabelle = vorher.begin(); tabelle != vorher.end(); ++tabelle) {
             const qsizetype zeilen = tabelle.value().size();
@@ -158,7 +146,7 @@ private slots:
         QCOMPARE(zahl(*probe_->ordner.db(), u"PRAGMA user_version"_s), schema::version);
         QVERIFY(alles(*probe_->ordner.db()) == vorher);
         inRuhe();
-        meldungen_->texte.clear();
+        probe_->meldungen->texte.clear();
         probe_->waehlen("mnuDateiDBLadenOriginal");
         QCOMPARE(probe_->programm.OriginalDatenbank, true);
         QCOMPARE(zahl(*probe_->ordner.db(), u"SELECT count(*) FROM Apfel"_s), 0);
@@ -176,7 +164,8 @@ private slots:
         QFETCH(QString, datei);
         accessdatei(datei);
         laden(datei);
-        QVERIFY2(meldungen_->texte.value(0).startsWith(u"Die Datenbank '%1' ist geladen."_s.arg(datei)), qPrintable(meldungen_->texte.value(0)));
+        QVERIFY2(probe_->meldungen->texte.value(0).startsWith(u"Die Datenbank '%1' ist geladen."_s.arg(datei)),
+                 qPrintable(probe_->meldungen->texte.value(0)));
         QCOMPARE(panel(), teilmengensatz);
         inRuhe();
     }
@@ -216,7 +205,7 @@ private slots:
                     probe_->waehlen(befehl);
                     QCOMPARE(wahl.dialoge, 1);
                 }
-                QCOMPARE(meldungen_->texte, QStringList());
+                QCOMPARE(probe_->meldungen->texte, QStringList());
                 const QFileInfoList da = QDir(pfad(ordner)).entryInfoList(QDir::Files);
                 QCOMPARE(da.size(), 1);
                 QVERIFY(da[0].fileName().startsWith(datei));
@@ -246,7 +235,7 @@ private slots:
             Dateiwahl wahl(pfad(ziel));
             const Antworten antworten({u"Yes"_s}); // the dialog's own question
             probe_->aktion("mnuMulkoSpeichern")->setEnabled(true);
-            meldungen_.reset();
+            probe_->meldungen.reset();
             probe_->waehlen("mnuMulkoSpeichern");
         }
         QVERIFY2(probe_->zentrale->statusBar()->currentMessage().startsWith(u"Gespeichert: "_s),
@@ -283,6 +272,24 @@ private slots:
         inRuhe();
     }
 
+    void texteDieAccessNichtHaelt_data()
+    {
+        QTest::addColumn<QString>("bemerkung");
+        QTest::addColumn<QString>("satz");
+        QTest::newRow("gewöhnlich") << u"so"_s << QString();
+        QTest::newRow("mit einer Marke am Anfang") << u"\uFEFFso"_s << u"1 Text enthielt Zeichen"_s;
+    }
+    /// What is lost in the file is told in a box, not only in the status line.
+    void texteDieAccessNichtHaelt()
+    {
+        QFETCH(QString, bemerkung);
+        QFETCH(QString, satz);
+        probe_->ordner.db()->Execute(u"UPDATE Topfpfl SET BEMERKUNG = ? WHERE ARTNR = (SELECT min(ARTNR) FROM Topfpfl)"_s, {bemerkung});
+        QVERIFY(QFile::exists(probe_->teilmengeSpeichern(u"a.mdb"_s)));
+        QCOMPARE(probe_->meldungen->texte.size(), satz.isEmpty() ? 0 : 1);
+        QVERIFY2(probe_->meldungen->texte.value(0).contains(satz), qPrintable(probe_->meldungen->texte.value(0)));
+    }
+
     void abbrechen_data()
     {
         QTest::addColumn<QString>("befehl");
@@ -300,7 +307,7 @@ private slots:
         probe_->waehlen("mnudbtopfpflanzen");
         probe_->aktion("mnuMulkoSpeichern")->setEnabled(true);
         const QByteArray datei = inhalt(pfad(u"a.mdb"_s)), arbeit = inhalt(probe_->ordner.datenbank());
-        meldungen_.reset();
+        probe_->meldungen.reset();
         const Antworten antworten({u"Yes"_s}); // the save dialog asks whether the old file may go
         Formhand<Wartefenster> hand([&](Wartefenster &form) {
             auto *knopf = form.findChild<QPushButton *>(u"cmdAbbrechen"_s);
@@ -334,14 +341,14 @@ private slots:
         schreiben(pfad(u"a.mdb"_s), "die alte");
         if (grenze == 0) {
             // Access takes more room than the subset does.
-            speichern(u"gross.mdb"_s);
+            probe_->teilmengeSpeichern(u"gross.mdb"_s);
             grenze = int(QFileInfo(pfad(u"gross.mdb"_s)).size()) - 1;
         }
-        meldungen_.reset();
+        probe_->meldungen.reset();
         const Antworten antworten({u"Yes"_s});
         {
             const Dateigrenze voll{rlim_t(grenze)};
-            speichern(u"a.mdb"_s);
+            probe_->teilmengeSpeichern(u"a.mdb"_s);
         }
         QCOMPARE(antworten.texte.size(), 2);
         QVERIFY2(antworten.texte[1].contains(text), qPrintable(antworten.texte[1]));
@@ -384,7 +391,7 @@ private slots:
         probe_->waehlen("mnudbtopfpflanzen");
         const QByteArray arbeit = inhalt(probe_->ordner.datenbank());
         laden(u"a.fit"_s);
-        QCOMPARE(meldungen_->texte, QStringList{text});
+        QCOMPARE(probe_->meldungen->texte, QStringList{text});
         QVERIFY(inhalt(probe_->ordner.datenbank()) == arbeit);
         QCOMPARE(probe_->titel(), QStringList{u"Topfpflanzen 1"_s});
         QCOMPARE(probe_->programm.OriginalDatenbank, true);
@@ -400,8 +407,9 @@ private slots:
         laden(u"gut.mdb"_s);
         QCOMPARE(zahl(*probe_->ordner.db(), u"SELECT count(*) FROM Apfel"_s), 0);
         laden(u"fremd.mdb"_s);
-        QCOMPARE(meldungen_->texte.value(0), pfad(u"fremd.mdb"_s) + u" ist keine Flox-Datenbank!!"_s);
-        QVERIFY2(meldungen_->texte.value(1).startsWith(u"Sie arbeiten wieder mit der Originaldatenbank."_s), qPrintable(meldungen_->texte.value(1)));
+        QCOMPARE(probe_->meldungen->texte.value(0), pfad(u"fremd.mdb"_s) + u" ist keine Flox-Datenbank!!"_s);
+        QVERIFY2(probe_->meldungen->texte.value(1).startsWith(u"Sie arbeiten wieder mit der Originaldatenbank."_s),
+                 qPrintable(probe_->meldungen->texte.value(1)));
         QCOMPARE(alles(*probe_->ordner.db(), u"Apfel"_s), aepfel);
         QCOMPARE(probe_->programm.OriginalDatenbank, true);
         inRuhe();
@@ -418,7 +426,7 @@ private slots:
         QVERIFY(zeilen > 2);
         aendern(pfad(u"a.mdb"_s), [](std::vector<uint8_t> &b) { QVERIFY(zeileZerstoeren(b, tabellenseite(b, "Familien"))); });
         laden(u"a.mdb"_s);
-        const QString text = meldungen_->texte.value(0);
+        const QString text = probe_->meldungen->texte.value(0);
         QVERIFY2(text.contains(u"\nFamilien: %1 Zeilen; 1 nicht lesbar (Nr. 1)\n"_s.arg(zeilen - 1)), qPrintable(text));
         QVERIFY2(text.contains(u"in der Datei fehlt SOTBEW"_s), qPrintable(text));
         QVERIFY2(text.contains(u"In der Datei fehlen diese Tabellen; sie sind leer: Daten"_s), qPrintable(text));
@@ -452,24 +460,18 @@ private slots:
         QVERIFY2(frage.contains(u"bel ä"_s), qPrintable(frage));
         QCOMPARE(vorgabe, u"Westeuropa (Windows 1252)"_s);
         QCOMPARE(probe_->programm.OriginalDatenbank, gewaehlt.isEmpty());
-        QCOMPARE(meldungen_->texte.size(), gewaehlt.isEmpty() ? 0 : 1);
+        QCOMPARE(probe_->meldungen->texte.size(), gewaehlt.isEmpty() ? 0 : 1);
         inRuhe();
     }
 
 private:
-    QString pfad(const QString &name) const { return probe_->ordner.pfad(name); }
+    QString pfad(const QString &name) const { return probe_->pfad(name); }
     QString panel() const { return probe_->zentrale->findChild<QLabel *>(u"stbAnzeigeZentral_1"_s)->text(); }
 
     void laden(const QString &name)
     {
-        meldungen_->texte.clear();
-        Dateiwahl wahl(pfad(name));
-        probe_->waehlen("mnuDateiDBLadenBenutzer");
-    }
-    void speichern(const QString &name)
-    {
-        Dateiwahl wahl(pfad(name));
-        probe_->waehlen("mnuFloxTeilmegeSpeichern");
+        probe_->meldungen->texte.clear();
+        probe_->datenbankLaden(name);
     }
     /// A file of Access with what the working database holds, changed beforehand.
     void accessdatei(const QString &name, const std::function<void(Datenbank &)> &tat = {})
@@ -544,8 +546,7 @@ private:
         });
     }
 
-    std::unique_ptr<Meldungsfaenger> meldungen_;
-    std::unique_ptr<Rahmenprobe> probe_;
+    std::unique_ptr<Dateiprobe> probe_;
 };
 
 QTEST_MAIN(TestAccessdateien)

@@ -1,5 +1,5 @@
+#include "Dateiprobe.h"
 #include "Handgriffe.h"
-#include "Rahmenprobe.h"
 
 #include "filters/Filterdialog.h"
 #include "frame/Export.h"
@@ -9,7 +9,6 @@
 #include "store/Pfade.h"
 #include "store/Recordset.h"
 #include "store/Teilmenge.h"
-#include "tests/Dateiwahl.h"
 #include "tests/store/Datenhilfen.h"
 #include "tests/store/Rechte.h"
 
@@ -27,19 +26,8 @@ class TestExport : public QObject
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        probe_ = std::make_unique<Rahmenprobe>();
-        probe_->programm.HinweisAus = {false, true, true};
-        meldungen_ = std::make_unique<Meldungsfaenger>();
-        probe_->laden();
-        QDir::setCurrent(probe_->ordner.pfad());
-    }
-    void cleanup()
-    {
-        probe_.reset();
-        QDir::setCurrent(QDir::tempPath());
-    }
+    void init() { probe_ = std::make_unique<Dateiprobe>(); }
+    void cleanup() { probe_.reset(); }
 
     void zweiFenster_data()
     {
@@ -64,9 +52,10 @@ private slots:
         Dateiwahl wahl;
         probe_->waehlen("mnuFloxTeilmegeSpeichern");
         QCOMPARE(wahl.dialoge, 0);
-        QCOMPARE(meldungen_->titel, QStringList{u"3 %1-Fenster geöffnet!"_s.arg(wort)});
-        QCOMPARE(meldungen_->texte, QStringList{u"Bei dieser Aktion darf höchstens ein Fenster pro Sparte geöffnet sein! \nBitte schließen Sie "
-                                                "alle %1-Fenster bis auf das mit der gewünschten Auswahl!"_s.arg(wort)});
+        QCOMPARE(probe_->meldungen->titel, QStringList{u"3 %1-Fenster geöffnet!"_s.arg(wort)});
+        QCOMPARE(probe_->meldungen->texte,
+                 QStringList{u"Bei dieser Aktion darf höchstens ein Fenster pro Sparte geöffnet sein! \nBitte schließen Sie "
+                             "alle %1-Fenster bis auf das mit der gewünschten Auswahl!"_s.arg(wort)});
         probe_->schliessen(1, Sparte(sparte));
         probe_->waehlen("mnuFloxTeilmegeSpeichern");
         QCOMPARE(wahl.dialoge, 1);
@@ -77,7 +66,7 @@ private slots:
         for (const char *menue : {"mnudbapfel", "mnudbapfel", "mnudbfriedhof", "mnudbfriedhof", "mnudbstauden", "mnudbstauden"})
             probe_->waehlen(menue);
         probe_->waehlen("mnuFloxTeilmegeSpeichern");
-        QCOMPARE(meldungen_->titel, QStringList{u"2 Friedhofspflanzen-Fenster geöffnet!"_s});
+        QCOMPARE(probe_->meldungen->titel, QStringList{u"2 Friedhofspflanzen-Fenster geöffnet!"_s});
     }
 
     void derDialog()
@@ -88,7 +77,7 @@ private slots:
         QCOMPARE(wahl.modus, QFileDialog::AcceptSave);
         QCOMPARE(wahl.vorschlag, u"*.fit"_s);
         QCOMPARE(wahl.muster, (QStringList{u"Teilmenge Flox-Datenbank (*.fit)"_s, u"Access-Datenbank (*.mdb)"_s, u"Alle Dateien (*)"_s}));
-        QCOMPARE(meldungen_->texte, QStringList());
+        QCOMPARE(probe_->meldungen->texte, QStringList());
     }
 
     void endung_data()
@@ -107,7 +96,7 @@ private slots:
         QFETCH(int, filter);
         QFETCH(QString, name);
         QFETCH(QString, datei);
-        meldungen_.reset();
+        probe_->meldungen.reset();
         for (const bool schonDa : {false, true}) {
             QStringList fragen;
             bool getan = false;
@@ -142,7 +131,7 @@ private slots:
     void ohneFenster()
     {
         const auto arbeit = probe_->ordner.db();
-        const QString ziel = speichern(u"alles.fit"_s);
+        const QString ziel = probe_->teilmengeSpeichern(u"alles.fit"_s);
         const auto teil = Datenbank::OpenDatabase(ziel, Datenbank::Zugriff::Lesen);
         QStringList erwartet;
         for (const char *name : teilmenge::nebentabellen())
@@ -159,7 +148,7 @@ private slots:
                 QCOMPARE(indexe(*teil, name), indexe(*arbeit, name));
         }
         QCOMPARE(werte(*teil, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
-        QCOMPARE(meldungen_->texte, QStringList());
+        QCOMPARE(probe_->meldungen->texte, QStringList());
         QCOMPARE(QDir(probe_->ordner.pfad()).entryList({u"alles.fit*"_s}, QDir::Files), QStringList{u"alles.fit"_s});
     }
 
@@ -186,8 +175,8 @@ private slots:
         hand::notieren(form, u"zuletzt getippt"_s);
         const qint64 artnr = form->satz().artnr();
 
-        const QString ziel = speichern(u"teil.fit"_s);
-        QCOMPARE(meldungen_->texte, QStringList());
+        const QString ziel = probe_->teilmengeSpeichern(u"teil.fit"_s);
+        QCOMPARE(probe_->meldungen->texte, QStringList());
         // The window goes on as before.
         QCOMPARE(form->satz().haupt().Schluesselfolge(), gefiltert);
         form->filterdialog()->cmdOK_Click();
@@ -202,20 +191,18 @@ private slots:
                 if (int(andere) != sparte)
                     QCOMPARE(alles(*teil, grundtabelle(andere)), alles(*probe_->ordner.db(), grundtabelle(andere)));
         }
-        {
-            Dateiwahl wahl(ziel);
-            probe_->waehlen("mnuDateiDBLadenBenutzer");
-        }
-        QVERIFY2(meldungen_->texte.value(0).startsWith(u"Die Datenbank 'teil.fit' ist geladen."_s), qPrintable(meldungen_->texte.value(0)));
-        QVERIFY2(!meldungen_->texte.value(0).contains(u"fehlen"_s), qPrintable(meldungen_->texte.value(0)));
-        meldungen_->texte.clear();
+        probe_->datenbankLaden(u"teil.fit"_s);
+        QVERIFY2(probe_->meldungen->texte.value(0).startsWith(u"Die Datenbank 'teil.fit' ist geladen."_s),
+                 qPrintable(probe_->meldungen->texte.value(0)));
+        QVERIFY2(!probe_->meldungen->texte.value(0).contains(u"fehlen"_s), qPrintable(probe_->meldungen->texte.value(0)));
+        probe_->meldungen->texte.clear();
         probe_->waehlen(zeile.menue);
         const bool ueberAbfrage = zeile.haupttabelle != tabelle;
         QCOMPARE(probe_->fenster(1, Sparte(sparte))->satz().haupt().Schluesselfolge(), ueberAbfrage ? ganz : gefiltert);
-        QCOMPARE(meldungen_->texte, QStringList());
+        QCOMPARE(probe_->meldungen->texte, QStringList());
         probe_->fenster(1, Sparte(sparte))->filterdialog()->cmdRuecksetzen_Click();
         // And a subset of the subset.
-        const QString zweiter = speichern(u"teil2.fit"_s);
+        const QString zweiter = probe_->teilmengeSpeichern(u"teil2.fit"_s);
         QCOMPARE(zahl(*Datenbank::OpenDatabase(zweiter, Datenbank::Zugriff::Lesen), u"SELECT count(*) FROM %1"_s.arg(tabelle)),
                  qint64(gefiltert.size()));
     }
@@ -229,7 +216,8 @@ private slots:
         probe_->schliessen(1);
         const qint64 uebrig = hand::zeilenDerKopie(zweites);
         QVERIFY(uebrig > 0);
-        QCOMPARE(zahl(*Datenbank::OpenDatabase(speichern(u"a.fit"_s), Datenbank::Zugriff::Lesen), u"SELECT count(*) FROM Topfpfl"_s), uebrig);
+        QCOMPARE(zahl(*Datenbank::OpenDatabase(probe_->teilmengeSpeichern(u"a.fit"_s), Datenbank::Zugriff::Lesen), u"SELECT count(*) FROM Topfpfl"_s),
+                 uebrig);
     }
 
     void verboteneZiele_data()
@@ -263,8 +251,8 @@ private slots:
         QVERIFY(fehlt || QFile::copy(probe_->ordner.datenbank(), pfad(u"flox-original.pdb"_s)));
         const QByteArray vorher = fehlt ? QByteArray() : inhalt(pfad(datei));
         for (const bool mulko : {false, true}) {
-            meldungen_->texte.clear();
-            meldungen_->titel.clear();
+            probe_->meldungen->texte.clear();
+            probe_->meldungen->titel.clear();
             Dateiwahl zweite; // what comes after the message
             zweite.dialoge = 1;
             if (mulko)
@@ -272,8 +260,8 @@ private slots:
             else
                 Export(probe_->programm, *probe_->zentrale).FloxTeilmengeSpeichern(pfad(datei));
             QCOMPARE(zweite.dialoge, 2);
-            QCOMPARE(meldungen_->titel, QStringList{titel});
-            QCOMPARE(meldungen_->texte, QStringList{text});
+            QCOMPARE(probe_->meldungen->titel, QStringList{titel});
+            QCOMPARE(probe_->meldungen->texte, QStringList{text});
             QVERIFY(fehlt ? !QFile::exists(pfad(datei)) : inhalt(pfad(datei)) == vorher);
         }
     }
@@ -284,7 +272,7 @@ private slots:
         QTemporaryDir anderswo;
         const QString ziel = anderswo.filePath(u"flox-demo.mdb"_s);
         Export(probe_->programm, *probe_->zentrale).FloxTeilmengeSpeichern(ziel);
-        QCOMPARE(meldungen_->texte, QStringList());
+        QCOMPARE(probe_->meldungen->texte, QStringList());
         QVERIFY(QFile::exists(ziel));
     }
 
@@ -302,8 +290,8 @@ private slots:
     {
         for (const char *name : {"Daten", "BeetBalkon", "Familien", "BeetBalkon_Bilder"})
             probe_->ordner.db()->Execute(u"DROP TABLE "_s + QString::fromLatin1(name));
-        const auto teil = Datenbank::OpenDatabase(speichern(u"a.fit"_s), Datenbank::Zugriff::Lesen);
-        QCOMPARE(meldungen_->texte, QStringList());
+        const auto teil = Datenbank::OpenDatabase(probe_->teilmengeSpeichern(u"a.fit"_s), Datenbank::Zugriff::Lesen);
+        QCOMPARE(probe_->meldungen->texte, QStringList());
         QVERIFY(!teil->hatTabelle(u"Daten"_s) && !teil->hatTabelle(u"BeetBalkon"_s));
         QVERIFY(teil->hatTabelle(u"BeetBalkon_Synonyme_Deutsch"_s) && teil->hatTabelle(u"Apfel"_s));
     }
@@ -327,7 +315,7 @@ private slots:
         QVERIFY(QDir(probe_->ordner.pfad()).rename(u"sicherungen"_s, u"sicherungen.alt"_s));
         schreiben(pfad(u"sicherungen"_s), "keine Ordner");
         const QByteArray vorher = inhalt(pfad(u"a.fit"_s));
-        meldungen_.reset();
+        probe_->meldungen.reset();
         const Antworten antworten; // the default
         probe_->ordner.db()->Execute(u"DELETE FROM Apfel"_s);
         QCOMPARE(ersetzen(u"a.fit"_s), QString());
@@ -369,7 +357,7 @@ private slots:
         QCOMPARE(wahl.vorschlag, u"*."_s + endung);
         QCOMPARE(wahl.muster,
                  (QStringList{u"Mulko-Datenbank für %1 (*.%2)"_s.arg(wort, endung), u"Access-Datenbank (*.mdb)"_s, u"Alle Dateien (*)"_s}));
-        QCOMPARE(meldungen_->texte, QStringList());
+        QCOMPARE(probe_->meldungen->texte, QStringList());
         const QString kopie = systemPfad(form->satz().tempPfad(2));
         QVERIFY(inhalt(pfad(u"auswahl.x"_s)) == inhalt(kopie));
         const auto db = Datenbank::OpenDatabase(pfad(u"auswahl.x"_s));
@@ -406,10 +394,10 @@ private slots:
         probe_->programm.AktiveSparte.clear();
         Export ausgabe(probe_->programm, *probe_->zentrale);
         ausgabe.mnuMulkoSpeichern_Click();
-        QCOMPARE(meldungen_->texte, (QStringList{u"Hoppla"_s, u"Hoppla"_s}));
+        QCOMPARE(probe_->meldungen->texte, (QStringList{u"Hoppla"_s, u"Hoppla"_s}));
         QCOMPARE(wahl.dialoge, 1);
         ausgabe.MulkoSpeichern(pfad(u"a.mut"_s));
-        QCOMPARE(meldungen_->texte.size(), 3);
+        QCOMPARE(probe_->meldungen->texte.size(), 3);
         QVERIFY(!QFile::exists(pfad(u"a.mut"_s)));
     }
 
@@ -423,19 +411,13 @@ private slots:
             Export(probe_->programm, *probe_->zentrale).MulkoSpeichern(pfad(u"a.mut"_s));
         }
         Export(probe_->programm, *probe_->zentrale).MulkoSpeichern(pfad(u"fehlt/a.mut"_s));
-        QCOMPARE(meldungen_->texte, QStringList());
+        QCOMPARE(probe_->meldungen->texte, QStringList());
         QVERIFY(probe_->zentrale->statusBar()->currentMessage().startsWith(u"Nicht gespeichert: "_s));
         QCOMPARE(inhalt(pfad(u"a.mut"_s)), QByteArray("die alte"));
     }
 
 private:
-    QString pfad(const QString &name) const { return probe_->ordner.pfad(name); }
-    QString speichern(const QString &name)
-    {
-        Dateiwahl wahl(pfad(name));
-        probe_->waehlen("mnuFloxTeilmegeSpeichern");
-        return pfad(name);
-    }
+    QString pfad(const QString &name) const { return probe_->pfad(name); }
     /// Where the user has said yes to the dialog's question already; what it fails by.
     QString ersetzen(const QString &name)
     {
@@ -466,8 +448,7 @@ private:
         return alle;
     }
 
-    std::unique_ptr<Meldungsfaenger> meldungen_;
-    std::unique_ptr<Rahmenprobe> probe_;
+    std::unique_ptr<Dateiprobe> probe_;
 };
 
 QTEST_MAIN(TestExport)
