@@ -11,6 +11,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <ctime>
+
 Programmordner::Programmordner()
 {
     bilder::setOrdner(QStringLiteral(FLOX_PROGRAMM) + QStringLiteral("/icons"));
@@ -59,4 +61,11 @@ Meldungsfaenger::Meldungsfaenger()
         }
     });
     takt_.start();
+}
+
+qint64 Rechenuhr::jetzt()
+{
+    timespec zeit{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &zeit);
+    return qint64(zeit.tv_sec) * 1000000000 + zeit.tv_nsec;
 }

@@ -64,3 +64,17 @@ public:
     QString hilfe;
     std::function<void()> beimWechsel;
 };
+
+/// Time that this thread has computed. A bound on it holds on a busy machine, too, where one on the time that passes does not.
+class Rechenuhr
+{
+public:
+    Rechenuhr() { start(); }
+    void start() { anfang_ = jetzt(); }
+    void restart() { start(); }
+    qint64 elapsed() const { return (jetzt() - anfang_) / 1000000; } ///< milliseconds
+
+private:
+    static qint64 jetzt(); ///< nanoseconds
+    qint64 anfang_ = 0;
+};

@@ -5,7 +5,6 @@
 #include "plantwindows/Elemente.h"
 
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
@@ -274,7 +273,7 @@ void TestAufbau::langeTexte()
     probe.oeffnen();
     probe.reiterVon(control);
     const QString vorher = probe.text(control);
-    QElapsedTimer uhr;
+    Rechenuhr uhr;
     uhr.start();
     // The user's fields are shown from the working database, all others from the copy.
     const auto eintragen = [&](const QString &wert) {

@@ -1,6 +1,5 @@
 #include "Druckhilfen.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 #include <random>
@@ -258,8 +257,7 @@ private slots:
     {
         QFETCH(QString, text);
         Umbrecher u;
-        QElapsedTimer uhr;
-        uhr.start();
+        Rechenuhr uhr;
         const QStringList zeilen = u.zeilen(text);
         const qint64 dauer = uhr.elapsed();
         qInfo("%lld ms", dauer);
