@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Builds the Debian package into build/release, the same bytes for the same commit. Another build folder may be named.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. tools/einrichten.sh
+vorlage=${1:-release}
+SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
+export SOURCE_DATE_EPOCH
+cmake --preset "$vorlage" >/dev/null
+cmake --build "build/$vorlage"
+(cd "build/$vorlage" && cpack -G DEB >/dev/null)
+ls "build/$vorlage"/*.deb
