@@ -85,7 +85,7 @@ void Befehle::dateiOeffnen(const QString &pfad)
             fenster->filterAusDatei(pfad);
         return;
     }
-    throw Fehler(QStringLiteral("Die Datei '%1' ist kein Filter von Flox.").arg(QDir::toNativeSeparators(pfad)));
+    Datenbankwechsel(programm_, umgebung_).dateiLaden(pfad);
 }
 
 void Befehle::oeffnen(const Befehl &befehl)

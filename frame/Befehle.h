@@ -83,7 +83,7 @@ public:
     bool moeglich(const char *name) const;
     /// Throws what the command throws; does nothing where there is none.
     void ausfuehren(const char *name);
-    /// Opens a file that the program was called with: a filter in a window of its Sparte.
+    /// Opens a file that the program was called with: a filter in a window of its Sparte, a database in the place of the working one.
     void dateiOeffnen(const QString &pfad);
     /// The entries of the companions follow what is there; once, when the menu stands.
     void begleiterPruefen() { begleiter_.StatusPruefen(); }

@@ -149,6 +149,23 @@ void Datenbankwechsel::klick(Wahl wahl)
         else
             auswahl.cmdTeilmenge_Click();
     }
+    berichten();
+}
+
+void Datenbankwechsel::dateiLaden(const QString &pfad)
+{
+    bericht_.clear();
+    einzelheiten_.clear();
+    {
+        const Ruhe ruhe(umgebung_);
+        frmMoment moment(*this, umgebung_.hauptfenster());
+        laden(moment, pfad);
+    }
+    berichten();
+}
+
+void Datenbankwechsel::berichten()
+{
     if (bericht_.isEmpty())
         return;
     QMessageBox meldung(QMessageBox::Information, programmtitel.toString(), bericht_, QMessageBox::Ok, umgebung_.hauptfenster());
@@ -177,8 +194,12 @@ void Datenbankwechsel::DBFloxAuswaehlen(frmMoment &moment)
         frage.setFileMode(QFileDialog::ExistingFile);
         pfad = frage.fragen([this](QDialog &dialog) { umgebung_.formZeigen(dialog); });
     }
-    if (pfad.isEmpty())
-        return;
+    if (!pfad.isEmpty())
+        laden(moment, pfad);
+}
+
+void Datenbankwechsel::laden(frmMoment &moment, const QString &pfad)
+{
     const QString datei = QDir::toNativeSeparators(pfad);
     if (dieselbeDatei(pfad, datenbestand::arbeitsdatei(programm_))) {
         QMessageBox::information(umgebung_.hauptfenster(), programmtitel.toString(),

@@ -17,6 +17,8 @@ public:
 
     void mnuDateiDBLadenOriginal_Click();
     void mnuDateiDBLadenBenutzer_Click();
+    /// Puts a file in place that the program was called with. Throws, with the working database as it was, when that fails.
+    void dateiLaden(const QString &pfad);
 
     /// Puts the saved original back. Throws, with the working database as it was, when that fails; does nothing where a note or the
     /// user holds it up.
@@ -27,6 +29,10 @@ public:
 private:
     enum class Wahl { Original, Teilmenge };
     void klick(Wahl wahl);
+    /// Tells what the user is to be told when all is done.
+    void berichten();
+    /// Puts a chosen file in place; one that is no database of the program leads back to the original.
+    void laden(frmMoment &moment, const QString &pfad);
     /// Says that a file is none of the program's, and goes back to the original.
     void keineFloxDatenbank(frmMoment &moment, const QString &pfad);
     /// Brings a file of Access in, and puts what came of it in place.

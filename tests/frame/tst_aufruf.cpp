@@ -25,6 +25,7 @@ private slots:
     void auskunftOhneBildschirm_data();
     void auskunftOhneBildschirm();
     void filterWirdAngewandt();
+    void datenbankWirdGeladen();
     void wasNichtGehtWirdGesagt();
 };
 
@@ -115,6 +116,25 @@ void TestAufruf::filterWirdAngewandt()
     QVERIFY(zweites->isEnabled());
 }
 
+void TestAufruf::datenbankWirdGeladen()
+{
+    Rahmenprobe probe;
+    probe.laden();
+    const QString datei = probe.ordner.pfad(u"wenige.fit"_s);
+    QVERIFY(QFile::copy(probe.ordner.datenbank(), datei));
+    {
+        const auto db = Datenbank::OpenDatabase(datei);
+        db->Execute(u"DELETE FROM Apfel WHERE ARTNR > (SELECT min(ARTNR) + 3 FROM Apfel)"_s);
+    }
+    Meldungsfaenger meldungen;
+    probe.zentrale->dateiOeffnen(datei);
+    QCOMPARE(meldungen.texte.size(), 1);
+    QVERIFY2(meldungen.texte[0].startsWith(u"Die Datenbank 'wenige.fit' ist geladen."_s), qPrintable(meldungen.texte[0]));
+    QVERIFY(probe.zentrale->isEnabled());
+    probe.waehlen("mnudbapfel");
+    QVERIFY(probe.fenster(1, Sparte::Apfel)->Anzahl <= 4);
+}
+
 void TestAufruf::wasNichtGehtWirdGesagt()
 {
     Rahmenprobe probe;
@@ -122,6 +142,7 @@ void TestAufruf::wasNichtGehtWirdGesagt()
     QVERIFY_EXCEPTION_THROWN(probe.zentrale->dateiOeffnen(probe.ordner.pfad(u"fehlt.fft"_s)), Fehler);
     QFile fremd(probe.ordner.pfad(u"brief.txt"_s));
     QVERIFY(fremd.open(QIODevice::WriteOnly));
+    fremd.write("Guten Tag!\n");
     fremd.close();
     QVERIFY_EXCEPTION_THROWN(probe.zentrale->dateiOeffnen(fremd.fileName()), Fehler);
     QCOMPARE(probe.titel(), QStringList());
