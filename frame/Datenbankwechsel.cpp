@@ -228,10 +228,12 @@ void Datenbankwechsel::accessLaden(frmMoment &moment, const QString &pfad)
 {
     const QString name = QFileInfo(pfad).fileName(), satz = wirdGeladen.arg(name);
     const auto abgebrochen = [this] { umgebung_.melden(QStringLiteral("Das Laden wurde abgebrochen. Es wurde nichts geändert.")); };
-    accessdatei::Inhalt inhalt;
-    moment.arbeiten(satz, [&](const accessdatei::Lauf &) { inhalt = accessdatei::inhaltVon(pfad); });
-    if (moment.abgebrochen())
+    std::optional<accessdatei::Inhalt> gefunden;
+    moment.arbeiten(QStringLiteral("Die Access-Datei '%1' wird gelesen.").arg(name),
+                    [&](const Lauf &lauf) { gefunden = accessdatei::inhaltVon(pfad, lauf); });
+    if (!gefunden || moment.abgebrochen())
         return abgebrochen();
+    const accessdatei::Inhalt inhalt = *std::move(gefunden);
     if (!datenbestand::unbekannteTabelle(programm_, inhalt.tabellen).isEmpty())
         return keineFloxDatenbank(moment, pfad);
     if (!inhalt.verknuepfte.isEmpty()) {
@@ -249,7 +251,7 @@ void Datenbankwechsel::accessLaden(frmMoment &moment, const QString &pfad)
     }
     const Zwischendatei zwischen(programm_);
     std::optional<accessdatei::Bericht> bericht;
-    moment.arbeiten(satz, [&](const accessdatei::Lauf &lauf) { bericht = accessdatei::einlesen(pfad, zwischen.pfad(), lauf, codeseite); });
+    moment.arbeiten(satz, [&](const Lauf &lauf) { bericht = accessdatei::einlesen(pfad, zwischen.pfad(), lauf, codeseite); });
     if (!bericht || moment.abgebrochen())
         return abgebrochen();
     moment.zeigen(satz);

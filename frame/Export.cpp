@@ -20,6 +20,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <map>
 
 namespace {
 
@@ -107,12 +108,16 @@ bool Export::alsAccess(const QString &dateiname) const
     return programm_.AccessFormat && (endetAuf(teilmengenEndung) || std::ranges::any_of(alleSparten(), mulko));
 }
 
-void Export::accessSchreiben(const QString &quelle, const QString &dateiname)
+void Export::accessSchreiben(const QString &dateiname, const Vorarbeit &vorarbeit)
 {
+    constexpr int vorbereitet = 30; // percent
+    const Zwischendatei zwischen(programm_);
     Wartefenster warten(umgebung_.hauptfenster());
     std::optional<accessdatei::Bericht> bericht;
-    warten.arbeiten(QStringLiteral("Die Access-Datei '%1' wird geschrieben.").arg(QFileInfo(dateiname).fileName()),
-                    [&](const accessdatei::Lauf &lauf) { bericht = accessdatei::ausgeben(quelle, dateiname, lauf); });
+    warten.arbeiten(QStringLiteral("Die Access-Datei '%1' wird geschrieben.").arg(QFileInfo(dateiname).fileName()), [&](const Lauf &lauf) {
+        if (vorarbeit(zwischen.pfad(), lauf.abschnitt(0, vorbereitet)))
+            bericht = accessdatei::ausgeben(zwischen.pfad(), dateiname, lauf.abschnitt(vorbereitet, 100));
+    });
     umgebung_.melden((bericht ? QStringLiteral("Gespeichert: %1") : QStringLiteral("Abgebrochen, nicht gespeichert: %1"))
                          .arg(QDir::toNativeSeparators(dateiname)));
     // What Access cannot keep is lost in the file: nobody must learn that later.
@@ -135,15 +140,18 @@ void Export::FloxTeilmengeSpeichern(const QString &dateiname)
     notizenSpeichern();
     if (!aufhebenOderFragen(programm_, umgebung_.hauptfenster(), {dateiname}))
         return;
-    const auto schreiben = [this](const QString &ziel) {
-        const Sanduhr sanduhr(umgebung_.hauptfenster());
-        teilmenge::schreiben(datenbestand::arbeitsdatei(programm_), ziel, [this](Sparte sparte) { return ersteKopie(umgebung_, sparte); });
-    };
-    if (!alsAccess(dateiname))
-        return schreiben(dateiname);
-    const Zwischendatei zwischen(programm_);
-    schreiben(zwischen.pfad());
-    accessSchreiben(zwischen.pfad(), dateiname);
+    // Windows are asked here: the other thread knows none.
+    std::map<Sparte, QString> kopien;
+    for (const SpartenEintrag &sparte : alleSparten())
+        kopien[sparte.sparte] = ersteKopie(umgebung_, sparte.sparte);
+    const auto quelle = [&](Sparte sparte) { return kopien.at(sparte); };
+    const QString arbeit = datenbestand::arbeitsdatei(programm_);
+    if (alsAccess(dateiname)) {
+        accessSchreiben(dateiname, [&](const QString &ziel, const Lauf &lauf) { return teilmenge::schreibenFuerSich(arbeit, ziel, quelle, lauf); });
+        return;
+    }
+    const Sanduhr sanduhr(umgebung_.hauptfenster());
+    teilmenge::schreiben(arbeit, dateiname, quelle);
 }
 
 bool Export::verweigert(const QString &dateiname)
@@ -215,9 +223,10 @@ void Export::MulkoSpeichern(const QString &dateiname)
             QStringLiteral("%1%2%3.tmp").arg(programm_.laufordner(), eintrag(*sparte).tempDatenbank).arg(programm_.aktuellesFenster(*sparte));
         if (alsAccess(dateiname)) {
             // The window keeps its copy to itself.
-            const Zwischendatei zwischen(programm_);
-            kopiereSicher(systemPfad(kopie), zwischen.pfad());
-            accessSchreiben(zwischen.pfad(), dateiname);
+            accessSchreiben(dateiname, [&](const QString &ziel, const Lauf &) {
+                kopiereSicher(systemPfad(kopie), ziel);
+                return true;
+            });
             return;
         }
         const Sanduhr sanduhr(umgebung_.hauptfenster());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/Lauf.h"
+
 #include <QString>
 
 class Befehlsumgebung;
@@ -28,8 +30,10 @@ private:
     void notizenSpeichern();
     /// Whether a file becomes one of Access, and not one of the program's own format.
     bool alsAccess(const QString &dateiname) const;
-    /// Brings a database into a file of Access, unless the user calls it off.
-    void accessSchreiben(const QString &quelle, const QString &dateiname);
+    /// Makes a file of Access of the database that `vorarbeit` writes to a path, in a thread of its own, or not; unless the user calls
+    /// it off.
+    using Vorarbeit = std::function<bool(const QString &, const Lauf &)>;
+    void accessSchreiben(const QString &dateiname, const Vorarbeit &vorarbeit);
 
     Programm &programm_;
     Befehlsumgebung &umgebung_;

@@ -93,7 +93,7 @@ void Wartefenster::arbeiten(const QString &satz, const Arbeit &arbeit)
     zeigen(satz);
     cmdAbbrechen_->setFocus();
 
-    const accessdatei::Lauf lauf{[this](int prozent) {
+    const Lauf lauf{[this](int prozent) {
         QMetaObject::invokeMethod(
             prgMoment_, [this, prozent] { prgMoment_->setValue(prozent); }, Qt::QueuedConnection);
                                  },

@@ -21,7 +21,7 @@ public:
     /// Shows itself in the middle of the main window, painted at once: nothing is painted any more while files are copied.
     void zeigen(const QString &satz);
 
-    using Arbeit = std::function<void(const accessdatei::Lauf &)>;
+    using Arbeit = std::function<void(const Lauf &)>;
     /// Does a long work in a thread of its own and shows how far it is, with a button to call it off; returns when it has ended. Every
     /// other window waits, but all are painted. Throws what the work throws.
     void arbeiten(const QString &satz, const Arbeit &arbeit);

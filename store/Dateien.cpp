@@ -29,12 +29,6 @@ QString &schreibmerker()
     return pfad;
 }
 
-Dateiaufsicht &aufsicht()
-{
-    static Dateiaufsicht eine;
-    return eine;
-}
-
 /// Why an operation on `pfad` failed. The number is the system's, taken right behind the failure; where it tells nothing, the
 /// file and its folder are looked at.
 QString grund(const QString &pfad, int nummer, const QString &sonst, bool schreiben)
@@ -74,27 +68,12 @@ int ersatznummer(const QFileDevice &datei)
     }
 }
 
-/// One step: 0, or the number that it failed by. `ruf` tells whether it came off; errno is looked at right behind it.
-template<typename Ruf>
-int nummerVon(Dateischritt art, const QString &pfad, Ruf &&ruf)
-{
-    if (aufsicht())
-        if (const int nummer = aufsicht()(art, pfad))
-            return nummer;
-    errno = 0;
-    if (ruf())
-        return 0;
-    return errno ? errno : EIO;
-}
-
 /// A step of an open file; throws for `gemeint`, the name by which the user knows the file.
 template<typename Ruf>
 void schritt(Dateischritt art, Tat tat, QFile &datei, const QString &gemeint, Ruf &&ruf)
 {
-    const bool beaufsichtigt = bool(aufsicht());
-    if (beaufsichtigt)
-        if (const int nummer = aufsicht()(art, datei.fileName()))
-            werfen(tat, gemeint, nummer);
+    if (const int nummer = dateiaufsicht(art, datei.fileName()))
+        werfen(tat, gemeint, nummer);
     errno = 0;
     if (ruf())
         return;
@@ -198,40 +177,6 @@ private:
 
 } // namespace
 
-QString dateiursache(int nummer)
-{
-    if (nummer == 0)
-        return {};
-    const std::error_condition bedingung = std::generic_category().default_error_condition(nummer);
-    const auto eine = [&](std::initializer_list<std::errc> gesucht) {
-        return std::ranges::any_of(gesucht, [&](std::errc e) { return bedingung == e; });
-    };
-#ifdef EDQUOT
-    if (nummer == EDQUOT)
-        return dateiursache(ENOSPC);
-#endif
-    if (eine({std::errc::no_space_on_device, std::errc::file_too_large}))
-        return QStringLiteral("Der Datenträger ist voll.");
-    if (eine({std::errc::permission_denied, std::errc::operation_not_permitted, std::errc::read_only_file_system, std::errc::text_file_busy}))
-        return QStringLiteral("Die Datei oder ihr Ordner ist schreibgeschützt.");
-    if (eine({std::errc::io_error}))
-        return QStringLiteral("Der Datenträger meldet einen Lese- oder Schreibfehler.");
-    if (eine({std::errc::no_such_file_or_directory, std::errc::not_a_directory}))
-        return QStringLiteral("Sie ist nicht vorhanden.");
-    if (eine({std::errc::is_a_directory}))
-        return QStringLiteral("Unter diesem Namen gibt es einen Ordner.");
-    if (eine({std::errc::filename_too_long}))
-        return QStringLiteral("Der Name ist zu lang.");
-    if (eine({std::errc::too_many_files_open, std::errc::too_many_files_open_in_system}))
-        return QStringLiteral("Es sind zu viele Dateien geöffnet.");
-    return {};
-}
-
-void setDateiaufsicht(Dateiaufsicht neue)
-{
-    aufsicht() = std::move(neue);
-}
-
 namespace {
 
 /// Hands the blocks of a file to `nehmen`, in turn.
@@ -322,7 +267,7 @@ Beidatei::~Beidatei()
     if (stand_ == Stand::Eingesetzt)
         return;
     for (const QString &rest : {pfad_, pfad_ + QStringLiteral("-journal")})
-        if (QFile::exists(rest) && nummerVon(Dateischritt::Entfernen, rest, [&] { return QFile::remove(rest); }) != 0)
+        if (QFile::exists(rest) && dateischritt(Dateischritt::Entfernen, rest, [&] { return QFile::remove(rest); }) != 0)
             notiz_->bleiben();
 }
 
@@ -371,12 +316,12 @@ void Beidatei::einsetzen()
         errno = fehler.default_error_condition().value();
         return !fehler;
     };
-    if (const int nummer = nummerVon(Dateischritt::Umbenennen, ziel_, umbenennen))
+    if (const int nummer = dateischritt(Dateischritt::Umbenennen, ziel_, umbenennen))
         werfen(Tat::Schreiben, gewuenscht_, nummer);
     stand_ = Stand::Eingesetzt;
     // The file is in place; only a crash of the machine could still bring back the old one, and that is whole, too.
     const QString ordner = QFileInfo(ziel_).absolutePath();
-    (void)nummerVon(Dateischritt::Abgleichen, ordner, [&] { return ordnerAufDenDatentraeger(ordner); });
+    (void)dateischritt(Dateischritt::Abgleichen, ordner, [&] { return ordnerAufDenDatentraeger(ordner); });
 }
 
 void Beidatei::zeitUebernehmen(const QString &quelle)
@@ -445,7 +390,7 @@ void legeOrdnerAn(const QString &pfad)
 {
     if (QFileInfo(pfad).isDir())
         return;
-    if (const int nummer = nummerVon(Dateischritt::Anlegen, pfad, [&] { return QDir().mkpath(pfad); }))
+    if (const int nummer = dateischritt(Dateischritt::Anlegen, pfad, [&] { return QDir().mkpath(pfad); }))
         throw Fehler(QStringLiteral("Der Ordner '%1' kann nicht angelegt werden: %2").arg(QDir::toNativeSeparators(pfad), dateiursache(nummer)));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Dateischritt.h"
 #include "Fehler.h"
 
 #include <QByteArray>
@@ -12,22 +13,12 @@ class QFile;
 
 /* Files that the program writes. Paths are the system's. What fails throws a Fehler that names the file and the cause. */
 
-/// What is done to files, one call of the system at a time.
-enum class Dateischritt { Oeffnen, Lesen, Schreiben, Abgleichen, Umbenennen, Entfernen, Anlegen };
-/// Asked before every step with the path it works on; a number other than 0 (errno) makes the step fail by it, undone. Empty: none.
-using Dateiaufsicht = std::function<int(Dateischritt, const QString &)>;
-/// The layer under every file call of this header, by which tests let any of them fail.
-void setDateiaufsicht(Dateiaufsicht aufsicht);
-
 /// The failure of a write for which there is no room left.
 class Datentraegervoll : public Fehler
 {
 public:
     using Fehler::Fehler;
 };
-
-/// Cause of a failed file operation as a German sentence, from its error number (errno); empty for a number without one.
-QString dateiursache(int nummer);
 
 /// The bytes of a file.
 [[nodiscard]] QByteArray liesGanz(const QString &pfad);

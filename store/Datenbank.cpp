@@ -93,9 +93,10 @@ void likeFunktion(sqlite3_context *kontext, int, sqlite3_value **werte)
     sqlite3_result_int(kontext, accessLike(text(werte[0]), text(werte[1])));
 }
 
+/// Connections are shared within a thread.
 QHash<QString, std::weak_ptr<Datenbank>> &offene()
 {
-    static QHash<QString, std::weak_ptr<Datenbank>> tabelle;
+    static thread_local QHash<QString, std::weak_ptr<Datenbank>> tabelle;
     return tabelle;
 }
 

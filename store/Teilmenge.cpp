@@ -37,7 +37,11 @@ static_assert(std::size(neben) == 20);
 class Schreiber
 {
 public:
-    Schreiber(const QString &arbeit, const QString &ziel) : arbeit_(Datenbank::OpenDatabase(arbeit)), ziel_(ziel), neu_(ziel) {}
+    /// `fuerSich`: a window has its copy open in another thread.
+    Schreiber(const QString &arbeit, const QString &ziel, bool fuerSich)
+        : arbeit_(Datenbank::OpenDatabase(arbeit)), ziel_(ziel), neu_(ziel), fuerSich_(fuerSich)
+    {
+    }
 
     void anlegen()
     {
@@ -69,7 +73,13 @@ public:
             return ausDerArbeit(name);
         ausArbeit_.reset();
         gedeutet(ueberschrift(name), [&] {
-            const std::shared_ptr<Datenbank> privat = Datenbank::OpenDatabase(kopie, Datenbank::Zugriff::Privat);
+            // The window's connection lets no other one in; the bytes can be read.
+            std::optional<Beidatei> eigene;
+            if (fuerSich_) {
+                eigene.emplace(ziel_);
+                eigene->kopieren(kopie);
+            }
+            const std::shared_ptr<Datenbank> privat = Datenbank::OpenDatabase(eigene ? eigene->pfad() : kopie, Datenbank::Zugriff::Privat);
             // A filter run has dropped the indexes of the copy.
             Tabellenkopie(*privat, neu_.pfad()).kopieren(QStringLiteral("*"), name, name, arbeit_.get());
         });
@@ -122,6 +132,7 @@ private:
     std::shared_ptr<Datenbank> arbeit_;
     QString ziel_;
     Beidatei neu_;
+    bool fuerSich_;
     std::optional<Tabellenkopie> ausArbeit_;
 };
 
@@ -137,15 +148,42 @@ std::span<const Haupttabelle> haupttabellen()
     return haupt;
 }
 
+namespace {
+
+void alles(Schreiber &schreiber, const Quelle &quelle, Fortschritt fortschritt)
+{
+    int tabellen = 0;
+    const auto weiter = [&] { fortschritt.fragen(tabellen++); };
+    schreiber.anlegen();
+    for (const char *name : neben) {
+        weiter();
+        schreiber.nebentabelle(QString::fromLatin1(name));
+    }
+    for (const Haupttabelle &tabelle : haupt) {
+        weiter();
+        schreiber.haupttabelle(tabelle, tabelle.sparte ? quelle(*tabelle.sparte) : QString());
+    }
+    weiter();
+    schreiber.abschliessen();
+}
+
+} // namespace
+
 void schreiben(const QString &arbeit, const QString &ziel, const Quelle &quelle)
 {
-    Schreiber schreiber(arbeit, ziel);
-    schreiber.anlegen();
-    for (const char *name : neben)
-        schreiber.nebentabelle(QString::fromLatin1(name));
-    for (const Haupttabelle &tabelle : haupt)
-        schreiber.haupttabelle(tabelle, tabelle.sparte ? quelle(*tabelle.sparte) : QString());
-    schreiber.abschliessen();
+    Schreiber schreiber(arbeit, ziel, false);
+    alles(schreiber, quelle, Fortschritt({}, 0));
+}
+
+bool schreibenFuerSich(const QString &arbeit, const QString &ziel, const Quelle &quelle, const Lauf &lauf)
+{
+    try {
+        Schreiber schreiber(arbeit, ziel, true);
+        alles(schreiber, quelle, Fortschritt(lauf, double(std::size(neben) + std::size(haupt))));
+        return true;
+    } catch (const Abbruch &) {
+        return false;
+    }
 }
 
 } // namespace teilmenge

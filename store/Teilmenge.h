@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Lauf.h"
 #include "Sparten.h"
 
 #include <QString>
@@ -26,5 +27,8 @@ using Quelle = std::function<QString(Sparte)>;
 /// Writes the subset of a working database; a file that stands there already is replaced when the new one is complete. A side table
 /// that is missing or cannot be read is left out. Throws, with the table's name and the cause, and leaves the old file or none.
 void schreiben(const QString &arbeit, const QString &ziel, const Quelle &quelle);
+/// The same for a thread of its own, which is asked for the copies too; their windows keep them open, nobody changes them meanwhile. False,
+/// and nothing written, when the run was called off.
+[[nodiscard]] bool schreibenFuerSich(const QString &arbeit, const QString &ziel, const Quelle &quelle, const Lauf &lauf);
 
 } // namespace teilmenge

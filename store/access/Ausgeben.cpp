@@ -1,5 +1,4 @@
 #include "Austausch.h"
-#include "Fortschritt.h"
 #include "Leser.h"
 #include "Schreiber.h"
 #include "store/Dateien.h"
@@ -122,7 +121,7 @@ public:
     /// Throws where the file does not hold what was to be written.
     void vergleichen(const QString &pfad)
     {
-        const std::unique_ptr<Leser> leser = Leser::ausDatei(pfad);
+        const std::unique_ptr<Leser> leser = Leser::ausDatei(pfad, [this](double) { fortschritt_.fragen(zeilen_); });
         bool gleich = leser->tabellen().size() == geschrieben_.size();
         for (size_t i = 0; gleich && i < geschrieben_.size(); ++i) {
             const Tabelle &tabelle = leser->tabellen()[i];

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "store/Lauf.h"
+
 #include <QString>
 #include <QStringList>
 
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -36,13 +37,6 @@ struct Bericht
     QString text() const;
 };
 
-/// How a long run is watched. Both are called in its thread; either may be empty.
-struct Lauf
-{
-    std::function<void(int)> fortschritt; ///< percent
-    std::function<bool()> abgebrochen;    ///< asked several times a second
-};
-
 /// Whether a file is one of Access, by its first bytes.
 bool istAccessdatei(const QString &pfad);
 
@@ -54,8 +48,8 @@ struct Inhalt
     int codeseite = 0;       ///< of its texts; 0 where they are Unicode
     QString zweifelhaft;     ///< the first text that does not fit the code page; empty: all do
 };
-/// `codeseite` in place of the file's own; 0: its own.
-Inhalt inhaltVon(const QString &pfad, int codeseite = 0);
+/// Nothing when the run was called off. `codeseite` in place of the file's own; 0: its own.
+[[nodiscard]] std::optional<Inhalt> inhaltVon(const QString &pfad, const Lauf &lauf = {}, int codeseite = 0);
 
 /// Code pages that a user may choose from, with their names.
 struct Codeseitenwahl

@@ -50,7 +50,7 @@ bool zweifelhaft(const QString &text)
 }
 
 /// The first doubtful text of a table, its name and those of its columns among them.
-QString zweifelhafterText(Leser &leser, const Tabelle &tabelle)
+QString zweifelhafterText(Leser &leser, const Tabelle &tabelle, Fortschritt &fortschritt)
 {
     if (zweifelhaft(tabelle.name))
         return tabelle.name;
@@ -59,6 +59,7 @@ QString zweifelhafterText(Leser &leser, const Tabelle &tabelle)
             return spalte.name;
     QString gefunden;
     (void)leser.durchlaufen(tabelle, [&](Zeile &zeile) {
+        fortschritt.melden(1);
         for (size_t i = 0; i < tabelle.spalten.size() && gefunden.isEmpty(); ++i)
             if (const Wert wert = zeile.wert(i); wert.gestalt == Gestalt::Text)
                 if (const QString text = QString::fromUtf8(wert.text.data(), qsizetype(wert.text.size())); zweifelhaft(text))
@@ -98,19 +99,33 @@ bool istAccessdatei(const QString &pfad)
     return kopf.startsWith(QByteArray("\0\1\0\0", 4)) && (kopf.endsWith("Standard Jet DB") || kopf.endsWith("Standard ACE DB"));
 }
 
-Inhalt inhaltVon(const QString &pfad, int codeseite)
+namespace {
+
+Inhalt inhaltVon(const QString &pfad, Fortschritt &fortschritt, int codeseite)
 {
-    const std::unique_ptr<Leser> leser = Leser::ausDatei(pfad);
+    const std::unique_ptr<Leser> leser = Leser::ausDatei(pfad, [&](double anteil) { fortschritt.fragen(anteil); });
     if (codeseite)
         (void)leser->setCodeseite(codeseite);
     Inhalt inhalt{{}, leser->verknuepfungen(), leser->codeseite(), {}};
     for (const Tabelle &tabelle : leser->tabellen()) {
         inhalt.tabellen += tabelle.name;
         if (inhalt.codeseite && inhalt.zweifelhaft.isEmpty())
-            inhalt.zweifelhaft = zweifelhafterText(*leser, tabelle);
+            inhalt.zweifelhaft = zweifelhafterText(*leser, tabelle, fortschritt);
     }
     inhalt.tabellen += leser->verknuepfungen() + leser->unlesbareTabellen();
     return inhalt;
+}
+
+} // namespace
+
+std::optional<Inhalt> inhaltVon(const QString &pfad, const Lauf &lauf, int codeseite)
+{
+    try {
+        Fortschritt fortschritt(lauf, 1);
+        return inhaltVon(pfad, fortschritt, codeseite);
+    } catch (const Abbruch &) {
+        return std::nullopt;
+    }
 }
 
 std::vector<Codeseitenwahl> codeseiten()

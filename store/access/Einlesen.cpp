@@ -1,5 +1,4 @@
 #include "Austausch.h"
-#include "Fortschritt.h"
 #include "Leser.h"
 #include "store/Bildzeile.h"
 #include "store/Dateien.h"
@@ -202,8 +201,10 @@ public:
             }
             davor_ += double(tabelle.seiten.size());
         }
-        for (const QString &befehl : indexe)
+        for (const QString &befehl : indexe) {
+            fortschritt_.fragen(davor_);
             db_->Execute(befehl);
+        }
         benutzernamenAuffuellen();
         fortschritt_.fragen(davor_);
         transaktion.festschreiben();
@@ -367,14 +368,16 @@ private:
 
 std::optional<Bericht> einlesen(const QString &quelle, const QString &ziel, const Lauf &lauf, int codeseite)
 {
-    const std::unique_ptr<Leser> leser = Leser::ausDatei(quelle);
-    if (codeseite)
-        (void)leser->setCodeseite(codeseite);
+    constexpr int gelesen = 10; // percent: the rows take most of the time
     std::optional<Bericht> bericht;
     try {
+        Fortschritt fortschritt(lauf.abschnitt(0, gelesen), 1);
+        const std::unique_ptr<Leser> leser = Leser::ausDatei(quelle, [&](double anteil) { fortschritt.fragen(anteil); });
+        if (codeseite)
+            (void)leser->setCodeseite(codeseite);
         schreibeSicher(ziel, [&](const QString &neben) {
             try {
-                bericht = Einleser(*leser, neben, lauf).alles();
+                bericht = Einleser(*leser, neben, lauf.abschnitt(gelesen, 100)).alles();
             } catch (const Fehler &fehler) {
                 // The user knows the file by its last name.
                 throw Fehler(QString(fehler.text()).replace(QFileInfo(neben).fileName(), QFileInfo(ziel).fileName()));

@@ -1,6 +1,7 @@
 #include "Leser.h"
 
 #include "Codeseite.h"
+#include "store/Dateischritt.h"
 #include "store/Fehler.h"
 
 #include <QDir>
@@ -62,24 +63,34 @@ int Tabelle::stelleVon(QStringView spalte) const
     return gefunden == spalten.end() ? -1 : int(gefunden - spalten.begin());
 }
 
-std::unique_ptr<Leser> Leser::ausDatei(const QString &pfad)
+std::unique_ptr<Leser> Leser::ausDatei(const QString &pfad, const std::function<void(double)> &gelesen)
 {
+    constexpr qint64 stueck = 16 << 20; // bytes: some of them a second from any disk
     QFile datei(pfad);
     const auto werfen = [&](const QString &grund) {
         throw Fehler(QStringLiteral("Die Datei '%1' kann nicht gelesen werden: %2").arg(QDir::toNativeSeparators(pfad), grund));
     };
     if (!QFileInfo(pfad).isFile())
         werfen(QStringLiteral("Sie ist nicht vorhanden."));
-    if (!datei.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        werfen(datei.errorString());
+    const auto schritt = [&](Dateischritt art, auto &&ruf) {
+        if (const int nummer = dateischritt(art, pfad, ruf)) {
+            const QString ursache = dateiursache(nummer);
+            werfen(ursache.isEmpty() ? datei.errorString() : ursache);
+        }
+    };
+    schritt(Dateischritt::Oeffnen, [&] { return datei.open(QIODevice::ReadOnly | QIODevice::Unbuffered); });
     if (datei.size() > groessteDatei)
         werfen(QStringLiteral("Sie ist größer als 2 GB."));
     std::vector<uint8_t> bytes(size_t(datei.size()));
     for (qint64 da = 0; da < qint64(bytes.size());) {
-        const qint64 gelesen = datei.read(reinterpret_cast<char *>(bytes.data()) + da, qint64(bytes.size()) - da);
-        if (gelesen <= 0)
-            werfen(datei.errorString());
-        da += gelesen;
+        qint64 neue = 0;
+        schritt(Dateischritt::Lesen, [&] {
+            neue = datei.read(reinterpret_cast<char *>(bytes.data()) + da, std::min(stueck, qint64(bytes.size()) - da));
+            return neue > 0;
+        });
+        da += neue;
+        if (gelesen)
+            gelesen(double(da) / double(bytes.size()));
     }
     return std::make_unique<Leser>(std::move(bytes), QFileInfo(pfad).fileName());
 }

@@ -91,7 +91,8 @@ class Leser
 {
 public:
     /// Reads the file into memory. Throws a Fehler: missing, no Access file, damaged, encrypted, under a password.
-    static std::unique_ptr<Leser> ausDatei(const QString &pfad);
+    /// `gelesen` is told after every piece of it which share (0 to 1) has been read; what it throws comes out.
+    static std::unique_ptr<Leser> ausDatei(const QString &pfad, const std::function<void(double)> &gelesen = {});
     /// The same for bytes; `name` stands in messages.
     Leser(std::vector<uint8_t> bytes, QString name);
     ~Leser();

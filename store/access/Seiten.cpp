@@ -1,7 +1,6 @@
 #include "Seiten.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
 #include <map>
 
@@ -20,12 +19,6 @@ constexpr size_t karteAb = 5, kartenbytes = karteAb + seitenInZeile / 8;
 
 /// Of index pages: the bits that mark the entries' ends, and the entries.
 constexpr size_t endenAb = 0x1B, eintraegeAb = 0x1E0, platzFuerEintraege = seitenbytes - eintraegeAb;
-
-void pruefen(bool gelungen)
-{
-    if (!gelungen)
-        throw Schreibfehler{errno ? errno : EIO};
-}
 
 /// Pages of bits, by the pages they speak for, named in the row of a map.
 class Kartenseiten
@@ -64,10 +57,16 @@ void setzen(Seite &seite, uint32_t bit)
 
 } // namespace
 
+template<typename Ruf>
+void Seitendatei::schritt(Dateischritt art, Ruf &&ruf)
+{
+    if (const int nummer = dateischritt(art, datei_.fileName(), ruf))
+        throw Schreibfehler{nummer};
+}
+
 Seitendatei::Seitendatei(const QString &pfad) : datei_(pfad)
 {
-    errno = 0;
-    pruefen(datei_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered));
+    schritt(Dateischritt::Oeffnen, [this] { return datei_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered); });
 }
 
 uint32_t Seitendatei::neu()
@@ -79,19 +78,19 @@ uint32_t Seitendatei::neu()
 
 void Seitendatei::schreiben(uint32_t nummer, const Seite &seite)
 {
-    errno = 0;
-    pruefen(datei_.seek(qint64(nummer) * qint64(seitenbytes)));
-    errno = 0;
-    pruefen(datei_.write(reinterpret_cast<const char *>(seite.data()), qint64(seitenbytes)) == qint64(seitenbytes));
+    schritt(Dateischritt::Schreiben, [&] {
+        return datei_.seek(qint64(nummer) * qint64(seitenbytes))
+               && datei_.write(reinterpret_cast<const char *>(seite.data()), qint64(seitenbytes)) == qint64(seitenbytes);
+    });
 }
 
 void Seitendatei::schliessen()
 {
-    errno = 0;
-    pruefen(datei_.resize(qint64(anzahl_) * qint64(seitenbytes)));
-    errno = 0;
-    datei_.close();
-    pruefen(datei_.error() == QFileDevice::NoError);
+    schritt(Dateischritt::Schreiben, [this] { return datei_.resize(qint64(anzahl_) * qint64(seitenbytes)); });
+    schritt(Dateischritt::Schreiben, [this] {
+        datei_.close();
+        return datei_.error() == QFileDevice::NoError;
+    });
 }
 
 Zeilenseiten::Zeilenseiten(Seitendatei &datei, uint32_t besitzer, uint32_t erste) : datei_(&datei), besitzer_(besitzer)

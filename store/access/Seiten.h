@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Format.h"
+#include "store/Dateischritt.h"
 
 #include <QFile>
 #include <QString>
@@ -38,6 +39,9 @@ public:
     void schliessen();
 
 private:
+    template<typename Ruf>
+    void schritt(Dateischritt art, Ruf &&ruf);
+
     QFile datei_;
     uint32_t anzahl_ = 0;
 };

@@ -7,6 +7,7 @@
 #include "store/Pfade.h"
 #include "store/Sicherungen.h"
 #include "store/Teilmenge.h"
+#include "store/access/Austausch.h"
 
 #include <QFile>
 
@@ -25,16 +26,31 @@ inline bool istOriginal(const Programm &programm)
 }
 
 /// `was`: "laden" takes `datei` as the working database, "original" the saved one, "teilmenge" writes the working database to `datei`,
-/// "ausgabe" copies it there.
+/// "ausgabe" copies it there; "access" writes it there as a file of Access, and "access laden" takes one as the working database.
 inline void tun(const Programm &programm, const QString &was, const QString &datei)
 {
     const auto merker = [&](bool original) { merken(programm, original); };
     const QString arbeit = datenbestand::arbeitsdatei(programm);
-    if (was == u"laden") {
-        (void)datenbestand::pruefen(programm, datei);
+    const auto laden = [&](const QString &pfad) {
+        (void)datenbestand::pruefen(programm, pfad);
         for (const QString &alt : datenbestand::ersetzteDateien(programm, istOriginal(programm)))
             (void)sicherungen::aufheben(programm, alt);
-        datenbestand::laden(programm, datei, istOriginal(programm), merker);
+        datenbestand::laden(programm, pfad, istOriginal(programm), merker);
+    };
+    if (was == u"laden") {
+        laden(datei);
+    } else if (was == u"access laden") {
+        const Zwischendatei zwischen(programm);
+        if (!accessdatei::istAccessdatei(datei))
+            throw Fehler(QStringLiteral("keine Access-Datei"));
+        (void)accessdatei::inhaltVon(datei);
+        (void)accessdatei::einlesen(datei, zwischen.pfad());
+        laden(zwischen.pfad());
+    } else if (was == u"access") {
+        const Zwischendatei zwischen(programm);
+        (void)sicherungen::aufheben(programm, datei);
+        (void)teilmenge::schreibenFuerSich(arbeit, zwischen.pfad(), [](Sparte) { return QString(); }, {});
+        (void)accessdatei::ausgeben(zwischen.pfad(), datei);
     } else if (was == u"original") {
         (void)sicherungen::aufheben(programm, arbeit);
         datenbestand::originalHolen(programm, merker);

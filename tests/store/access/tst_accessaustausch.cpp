@@ -200,7 +200,7 @@ private slots:
         QVERIFY(berichtVon(*bericht, u"Stauden"_s).fehlendeFelder.contains(u"ARTNR"_s));
         QVERIFY(bericht->text().contains(u"Topfpfl: 2 Zeilen; 3 ohne eigene Nummer nicht übernommen; in der Datei fehlt "_s));
         QVERIFY(bericht->text().contains(u"nicht übernommen: Eigenes"_s));
-        QCOMPARE(inhaltVon(datei_).tabellen, (QStringList{u"TOPFPFL"_s, u"Kunden"_s, u"Stauden"_s}));
+        QCOMPARE(inhaltVon(datei_)->tabellen, (QStringList{u"TOPFPFL"_s, u"Kunden"_s, u"Stauden"_s}));
 
         const auto db = Datenbank::oeffneFuerSich(ziel_);
         const auto eine = [&](const char *spalte) {
