@@ -8,7 +8,9 @@
 #include <QDir>
 #include <QFile>
 #include <QTest>
+#include <QThread>
 
+#include <algorithm>
 #include <cerrno>
 
 using namespace Qt::StringLiterals;
@@ -115,6 +117,46 @@ private slots:
         const QString fehler = fehlerVon([&] { schreiben(ziel); });
         QVERIFY2(fehler.endsWith(text.contains(u"%1"_s) ? text.arg(ordner_->pfad(u"."_s).chopped(2)) : text), qPrintable(fehler));
         QCOMPARE(dateien(), vorher);
+    }
+
+    /// In a thread of its own, while a window has its copy open for itself: the copy's rows; called off at any question, nothing.
+    void fuerSich()
+    {
+        const QString kopie = pfad(u"fenster.tmp"_s);
+        QVERIFY(QFile::copy(ordner_->datenbank(), kopie));
+        const auto fenster = Datenbank::OpenDatabase(kopie, Datenbank::Zugriff::Privat);
+        fenster->loescheAusser(u"Topfpfl"_s, {}, [](qint64 artnr, auto) { return artnr % 2 == 0; });
+        const qint64 uebrig = zahl(*fenster, u"SELECT count(*) FROM Topfpfl"_s);
+        const auto quelle = [&](Sparte sparte) { return sparte == Sparte::Topf ? kopie : QString(); };
+        QList<int> prozente;
+        int fragen = 0;
+        const auto imFaden = [&](const QString &ziel, int bis) {
+            bool ganz = false;
+            const std::unique_ptr<QThread> faden(QThread::create([&, bis] {
+                fragen = 0;
+                const Lauf lauf{[&](int prozent) { prozente += prozent; }, [&] { return ++fragen == bis; }};
+                ganz = teilmenge::schreibenFuerSich(ordner_->datenbank(), pfad(ziel), quelle, lauf);
+            }));
+            faden->start();
+            return faden->wait(60000) && ganz;
+        };
+        const QStringList vorher = dateien();
+        QVERIFY(imFaden(u"a.fit"_s, 0));
+        const int alle = fragen;
+        QVERIFY(std::ranges::is_sorted(prozente) && prozente.size() > 10);
+        QCOMPARE(prozente.last(), 100);
+        const auto teil = Datenbank::OpenDatabase(pfad(u"a.fit"_s));
+        QVERIFY(uebrig > 0 && uebrig < zahl(*ordner_->db(), u"SELECT count(*) FROM Topfpfl"_s));
+        QCOMPARE(zahl(*teil, u"SELECT count(*) FROM Topfpfl"_s), uebrig);
+        QCOMPARE(zahl(*teil, u"SELECT count(*) FROM Stauden"_s), zahl(*ordner_->db(), u"SELECT count(*) FROM Stauden"_s));
+        QCOMPARE(teil->Indexe(u"Topfpfl"_s).size(), ordner_->db()->Indexe(u"Topfpfl"_s).size());
+        QVERIFY(QFile::remove(pfad(u"a.fit"_s)));
+        for (int bis = 1; bis <= alle; bis += 3) {
+            QVERIFY(!imFaden(u"b.fit"_s, bis));
+            QCOMPARE(dateien(), vorher);
+        }
+        // The window still has its copy.
+        QCOMPARE(zahl(*fenster, u"SELECT count(*) FROM Topfpfl"_s), uebrig);
     }
 
     /// Somewhere in the middle the disk takes no more.

@@ -305,6 +305,10 @@ private slots:
             QVERIFY(!einlesen(datei_, ziel_, lauf));
             QCOMPARE(rufe, nach + 1);
         }
+        QVERIFY(!inhaltVon(datei_, {{}, [] { return true; }}));
+        QList<int> gelesen;
+        QVERIFY(inhaltVon(datei_, {[&](int prozent) { gelesen += prozent; }, {}}).has_value());
+        QCOMPARE(gelesen, QList<int>{100});
         QVERIFY(inhalt(datei_) == alteAusgabe);
         QVERIFY(inhalt(ziel_) == altesZiel);
         QCOMPARE(alleDateien(), dateien);
