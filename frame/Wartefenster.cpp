@@ -96,8 +96,8 @@ void Wartefenster::arbeiten(const QString &satz, const Arbeit &arbeit)
     const Lauf lauf{[this](int prozent) {
         QMetaObject::invokeMethod(
             prgMoment_, [this, prozent] { prgMoment_->setValue(prozent); }, Qt::QueuedConnection);
-                                 },
-                                 [this] { return abgebrochen_.load(); }};
+                    },
+                    [this] { return abgebrochen_.load(); }};
     std::exception_ptr fehler;
     std::atomic<bool> fertig = false;
     QEventLoop warten;
