@@ -4,6 +4,7 @@
 #include "Filterlauf.h"
 #include "Filtername.h"
 #include "Filterziel.h"
+#include "Trefferanzeige.h"
 #include "controls/Dateifrage.h"
 #include "controls/Geschuetzt.h"
 #include "controls/Sanduhr.h"
@@ -81,6 +82,7 @@ void Filterdialog::zaehlen()
         if (SSTab1_->tabText(i) != text)
             SSTab1_->setTabText(i, text);
     }
+    treffer_->geaendert();
 }
 
 void Filterdialog::cmdOK_Click()
@@ -256,5 +258,9 @@ bool Filterdialog::event(QEvent *ereignis)
     // Being shown counts: not every window system tells a window anew that it is the active one.
     if (ereignis->type() == QEvent::WindowActivate || ereignis->type() == QEvent::Show)
         Form_Activate();
+    if (ereignis->type() == QEvent::Show)
+        treffer_->beginnen();
+    if (ereignis->type() == QEvent::Hide)
+        treffer_->beenden();
     return QWidget::event(ereignis);
 }

@@ -8,6 +8,7 @@
 
 class Filterziel;
 class QTabWidget;
+class Trefferanzeige;
 struct Programm;
 
 /* The filter dialog, one for all Sparten, built from the criteria table. Its controls are the filter's whole definition; it is
@@ -18,6 +19,7 @@ class Filterdialog : public QWidget
 
 public:
     Filterdialog(Programm &programm, Filterziel &ziel, const Filterbeschreibung &beschreibung, int nummer, QWidget *eltern);
+    ~Filterdialog() override;
 
     /// Runs the filter on the window. Shows its own messages; never throws.
     void cmdOK_Click();
@@ -67,6 +69,8 @@ private:
     QWidget *seite(int reiter, QWidget *eltern);
     QWidget *gruppe(int kriterium, QWidget *eltern);
     QWidget *tastenBauen();
+    /// The count beside OK and in the tips of the boxes.
+    void trefferBauen();
     /// Names for a reader who hears one control at a time: each with its group.
     void ansagen();
     /// Tab goes as one reads: the panel, the tabs, their pages column by column, the buttons.
@@ -94,5 +98,6 @@ private:
     Steuerungsumgebung umgebung_;
     std::vector<Zeile> zeilen_; ///< in the order of the criteria
     QTabWidget *SSTab1_ = nullptr;
-    bool gesammelt_ = false; ///< many changes are on their way
+    std::unique_ptr<Trefferanzeige> treffer_; ///< goes before the controls do
+    bool gesammelt_ = false;                  ///< many changes are on their way
 };

@@ -1,7 +1,9 @@
 #include "Filterdialog.h"
 
 #include "Filtername.h"
+#include "Trefferanzeige.h"
 #include "controls/Geschuetzt.h"
+#include "controls/Steuerelemente.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
@@ -35,6 +37,15 @@ protected:
             breiteste = std::max(breiteste, breite(text));
         return QTabBar::tabSizeHint(i) + QSize(std::max(0, breiteste - breite(tabText(i))), 0);
     }
+};
+
+/// As wide as its text where there is room for it.
+class Trefferschild : public Kurzschild
+{
+public:
+    using Kurzschild::Kurzschild;
+
+    QSize sizeHint() const override { return {QLabel::sizeHint().width(), Kurzschild::sizeHint().height()}; }
 };
 
 class Reiter : public QTabWidget
@@ -78,6 +89,8 @@ Filterdialog::Filterdialog(Programm &programm, Filterziel &ziel, const Filterbes
     Form_Activate();
 }
 
+Filterdialog::~Filterdialog() = default;
+
 void Filterdialog::aufbauen()
 {
     zeilen_.resize(beschreibung_.kriterien.size());
@@ -104,6 +117,7 @@ void Filterdialog::aufbauen()
     auto *alles = senkrecht(this, abstand);
     alles->addLayout(mitte, 1);
     alles->addWidget(tastenBauen());
+    trefferBauen();
     tabfolge();
 }
 
@@ -148,6 +162,18 @@ void Filterdialog::tabfolge()
         weiter(findChild<QPushButton *>(QLatin1String(taste)));
 }
 
+void Filterdialog::trefferBauen()
+{
+    treffer_ = std::make_unique<Trefferanzeige>(
+        programm_, beschreibung_, [this] { return zustand(); }, *findChild<QLabel *>(QStringLiteral("lblTreffer")),
+        *findChild<QPushButton *>(QStringLiteral("cmdOK")));
+    for (size_t k = 0; k < zeilen_.size(); ++k) {
+        treffer_->anschliessen(k, false, beschreibung_.kriterien[k].a, zeilen_[k].a->widgets());
+        if (zeilen_[k].b)
+            treffer_->anschliessen(k, true, beschreibung_.kriterien[k].b, zeilen_[k].b->widgets());
+    }
+}
+
 QWidget *Filterdialog::tastenBauen()
 {
     auto *leiste = new QWidget(this);
@@ -159,6 +185,12 @@ QWidget *Filterdialog::tastenBauen()
     hinweis->hide();
     tasten->addWidget(hinweis, 1);
     tasten->addStretch();
+    auto *treffer = new Trefferschild(leiste);
+    treffer->setObjectName(QStringLiteral("lblTreffer"));
+    treffer->setTextFormat(Qt::PlainText); // it may say what the user typed
+    treffer->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    tasten->addWidget(treffer);
+    tasten->addSpacing(abstand);
     const auto taste = [&](const char *name, const QString &text, void (Filterdialog::*handlung)()) {
         auto *knopf = new QPushButton(text, leiste);
         knopf->setObjectName(QString::fromLatin1(name));

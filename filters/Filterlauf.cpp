@@ -11,6 +11,11 @@
 
 namespace {
 
+Eingabefehler feldfehler(const Kriterium &kriterium, const QString &text)
+{
+    return Eingabefehler(kriterium, false, QStringLiteral("%1 %2").arg(kriterium.titel, text));
+}
+
 /// The error of a look-up that a box's text led to, with the name of the box.
 template<typename Suche>
 auto fuerFeld(const Kriterium &kriterium, Suche &&suche)
@@ -18,7 +23,7 @@ auto fuerFeld(const Kriterium &kriterium, Suche &&suche)
     try {
         return suche();
     } catch (const Fehler &fehler) {
-        throw Eingabefehler(kriterium, false, QStringLiteral("%1 %2").arg(kriterium.titel, fehler.text()));
+        throw feldfehler(kriterium, fehler.text());
     }
 }
 
@@ -32,12 +37,9 @@ const Kriterium *aktivesKriterium(const Filterbeschreibung &beschreibung, const 
     return nullptr;
 }
 
-/// The text is a pattern that is bound, so that nothing in it can become a part of the statement. An apostrophe cannot be
-/// searched for and ends the run.
+/// The text is a pattern that is bound, so that nothing in it can become a part of the statement.
 Filterumgebung::Synonyme synonyme(std::shared_ptr<Datenbank> arbeit, QStringView tabelle, const QString &text)
 {
-    if (text.contains(u'\''))
-        throw Fehler(QStringLiteral("Der Suchtext \"%1\" enthält einen Apostroph ('). Synonyme können damit nicht gesucht werden.").arg(text));
     Recordset satz(std::move(arbeit), QStringLiteral("SELECT * From %1 WHERE SYN LIKE ?").arg(tabelle), QVariantList{u'*' + text + u'*'});
     if (satz.Eof())
         return std::nullopt;
@@ -55,6 +57,13 @@ Filterumgebung::Synonyme synonyme(std::shared_ptr<Datenbank> arbeit, QStringView
 
 } // namespace
 
+void synonymtextFordern(const Kriterium &kriterium, const QString &text)
+{
+    if (text.contains(u'\''))
+        throw feldfehler(kriterium,
+                         QStringLiteral("Der Suchtext \"%1\" enthält einen Apostroph ('). Synonyme können damit nicht gesucht werden.").arg(text));
+}
+
 Laufergebnis filterLauf(Datenbank &kopie, Datenbank &arbeit, const Filterbeschreibung &beschreibung, const Filterzustand &zustand)
 {
     const SpartenEintrag &sparte = eintrag(beschreibung.sparte);
@@ -65,12 +74,15 @@ Laufergebnis filterLauf(Datenbank &kopie, Datenbank &arbeit, const Filterbeschre
     for (const Sparte herkunft : herkuenfte(sparte)) {
         const SpartenEintrag &quelle = eintrag(herkunft);
         const bool andere = herkunft != herkuenfte(sparte).first();
-        if (const Kriterium *k = aktivesKriterium(beschreibung, zustand, Pruefung::SynonymBotanisch, &teil))
-            (andere ? umgebung.andereBotanisch : umgebung.botanisch) =
-                fuerFeld(*k, [&] { return synonyme(arbeit.shared_from_this(), quelle.synonymBotanisch, teil->text); });
-        if (const Kriterium *k = aktivesKriterium(beschreibung, zustand, Pruefung::SynonymDeutsch, &teil))
-            (andere ? umgebung.andereDeutsch : umgebung.deutsch) =
-                fuerFeld(*k, [&] { return synonyme(arbeit.shared_from_this(), quelle.synonymDeutsch, teil->text); });
+        const auto suchen = [&](Pruefung pruefung, QStringView tabelle, Filterumgebung::Synonyme &ziel) {
+            const Kriterium *k = aktivesKriterium(beschreibung, zustand, pruefung, &teil);
+            if (!k)
+                return;
+            synonymtextFordern(*k, teil->text);
+            ziel = fuerFeld(*k, [&] { return synonyme(arbeit.shared_from_this(), tabelle, teil->text); });
+        };
+        suchen(Pruefung::SynonymBotanisch, quelle.synonymBotanisch, andere ? umgebung.andereBotanisch : umgebung.botanisch);
+        suchen(Pruefung::SynonymDeutsch, quelle.synonymDeutsch, andere ? umgebung.andereDeutsch : umgebung.deutsch);
     }
     if (aktivesKriterium(beschreibung, zustand, Pruefung::Bild, &teil))
         umgebung.mitBild = plaetzeMitBild(kopie, arbeit, sparte);

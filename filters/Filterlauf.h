@@ -16,6 +16,9 @@ struct Laufergebnis
     qsizetype gesamt = 0;       ///< plants before the run
 };
 
+/// An apostrophe cannot be searched for in synonyms: throws where the text holds one, with the name of its box.
+void synonymtextFordern(const Kriterium &kriterium, const QString &text);
+
 /// Look-ups come from the working database. Throws, with the copy half thinned, where a box or a record cannot be converted
 /// or a statement fails.
 Laufergebnis filterLauf(Datenbank &kopie, Datenbank &arbeit, const Filterbeschreibung &beschreibung, const Filterzustand &zustand);

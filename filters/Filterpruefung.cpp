@@ -53,6 +53,11 @@ Positionen positionenDerWorte(const Filterbeschreibung &beschreibung, const Frag
 
 } // namespace
 
+QString synonymnummerZuGross(qint64 artnr)
+{
+    return QStringLiteral("Die Nummer %1 ist zu groß für die Suche nach Synonymen.").arg(artnr);
+}
+
 Filterpruefung::Filterpruefung(const Filterbeschreibung &beschreibung, const Filterzustand &zustand, Filterumgebung umgebung)
     : umgebung_(std::move(umgebung))
 {
@@ -220,9 +225,8 @@ bool Filterpruefung::synonymPasst(const Probe &probe, qint64 artnr, const QStrin
 {
     QString sammlung;
     if (*probe.synonyme) {
-        constexpr qint64 groesste = 32767; // the number goes through 16 bits
-        if (artnr > groesste)
-            throw Fehler(QStringLiteral("Die Nummer %1 ist zu groß für die Suche nach Synonymen.").arg(artnr));
+        if (artnr > groessteSynonymnummer)
+            throw Fehler(synonymnummerZuGross(artnr));
         sammlung = (*probe.synonyme)->value(artnr);
     }
     QString text = vorweg;

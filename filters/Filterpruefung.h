@@ -26,6 +26,11 @@ struct Filterumgebung
     Synonyme andereBotanisch = {}, andereDeutsch = {}; ///< of the other origin
 };
 
+/// The number of a plant goes through 16 bits where its synonyms are looked up.
+inline constexpr qint64 groessteSynonymnummer = 32767;
+/// What ends a run at a plant with a larger one.
+QString synonymnummerZuGross(qint64 artnr);
+
 class Filterpruefung
 {
 public:

@@ -74,6 +74,7 @@ class Schieber : public Steuerungsart
 {
 public:
     int wert(const Steuerteil &, int, bool) const override { return schieberVorgabe; }
+    bool waehlbar() const override { return false; }
     bool gewaehlt(const Steuerteil &, int, int) const override { return false; }
     Dateiform form(const Steuerteil &, int) const override { return Dateiform::Stufe; }
 };
@@ -83,6 +84,7 @@ class Text : public Steuerungsart
 {
 public:
     Teilzustand vorgabe(const Steuerteil &teil) const override { return {{}, teil.vorgabe.toString()}; }
+    bool waehlbar() const override { return false; }
     bool gewaehlt(const Steuerteil &, int, int) const override { return false; }
     Dateiform form(const Steuerteil &, int) const override { return Dateiform::Text; }
 };
