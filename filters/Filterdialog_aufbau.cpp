@@ -167,6 +167,7 @@ void Filterdialog::trefferBauen()
     treffer_ = std::make_unique<Trefferanzeige>(
         programm_, beschreibung_, [this] { return zustand(); }, *findChild<QLabel *>(QStringLiteral("lblTreffer")),
         *findChild<QPushButton *>(QStringLiteral("cmdOK")));
+    treffer_->setParent(this);
     for (size_t k = 0; k < zeilen_.size(); ++k) {
         treffer_->anschliessen(k, false, beschreibung_.kriterien[k].a, zeilen_[k].a->widgets());
         if (zeilen_[k].b)

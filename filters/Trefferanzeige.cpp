@@ -15,12 +15,6 @@
 
 #include <new>
 
-namespace {
-
-constexpr int ansagepause = 600; // milliseconds without a change before the count is said
-
-} // namespace
-
 Trefferanzeige::Trefferanzeige(Programm &programm, const Filterbeschreibung &beschreibung, std::function<Filterzustand()> zustand, QLabel &schild,
                                QWidget &taste)
     : programm_(programm), beschreibung_(beschreibung), zustand_(std::move(zustand)), schild_(schild), taste_(taste)
@@ -141,8 +135,7 @@ void Trefferanzeige::zeigen(const QString &text)
 
 void Trefferanzeige::ansagen()
 {
-    if (!QAccessible::isActive())
-        return;
+    emit angesagt(schild_.text());
     for (const QAccessible::Event art : {QAccessible::NameChanged, QAccessible::Alert}) {
         QAccessibleEvent ereignis(&schild_, art);
         QAccessible::updateAccessibility(&ereignis);

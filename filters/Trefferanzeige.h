@@ -36,6 +36,11 @@ public:
     bool eventFilter(QObject *quelle, QEvent *ereignis) override;
 
     static constexpr QStringView nochNicht = u"…";
+    static constexpr int ansagepause = 600; ///< milliseconds without a change before the count is said
+
+signals:
+    /// A reader who hears the dialog is told what the label says.
+    void angesagt(const QString &text);
 
 private:
     /// What the columns were read from.

@@ -16,7 +16,7 @@ QString pflanzenwort(size_t anzahl)
     return anzahl == 1 ? QStringLiteral("1 Pflanze") : QStringLiteral("%1 Pflanzen").arg(anzahl);
 }
 
-QString trefferzeile(const Filterbeschreibung &beschreibung, const Treffer &treffer)
+QString trefferzeile(const Filterbeschreibung &beschreibung, const Trefferstand &treffer)
 {
     if (!treffer.fehler.isEmpty())
         return treffer.fehler;
@@ -249,11 +249,11 @@ QString Trefferzaehler::fehlertext(const Ergebnis &ergebnis) const
     return {};
 }
 
-Treffer Trefferzaehler::zaehlen(const Filterzustand &zustand)
+Trefferstand Trefferzaehler::zaehlen(const Filterzustand &zustand)
 {
     auffrischen(zustand);
     const Ergebnis ergebnis = zusammen();
-    Treffer treffer;
+    Trefferstand treffer;
     if (!ergebnis.gelungen()) {
         treffer.fehler = fehlertext(ergebnis);
         return treffer;

@@ -7,20 +7,20 @@
 
 /* How many plants a run would leave, without running: each criterion's answer is kept as bits until its controls change. */
 
-struct Treffer
+struct Trefferstand
 {
     size_t anzahl = 0;
     const Kriterium *ohne = nullptr; ///< at none: the criterion without which most plants would be left; null where none alone helps
     size_t ohneAnzahl = 0;
     QString fehler; ///< what a run would end with; empty where it would not fail
 
-    bool operator==(const Treffer &) const = default;
+    bool operator==(const Trefferstand &) const = default;
 };
 
 /// "1 Pflanze", "12 Pflanzen", "keine Pflanze".
 QString pflanzenwort(size_t anzahl);
 /// A count in one line: as above; at none "keine" and what would help: "keine; ohne 'Krankheiten' 34"; the error of a run that would fail.
-QString trefferzeile(const Filterbeschreibung &beschreibung, const Treffer &treffer);
+QString trefferzeile(const Filterbeschreibung &beschreibung, const Trefferstand &treffer);
 
 class Trefferzaehler
 {
@@ -29,7 +29,7 @@ public:
     using Familiennummer = std::function<QString(const QString &)>;
     Trefferzaehler(const Filterbeschreibung &beschreibung, std::shared_ptr<const Trefferspalten> spalten, Familiennummer familie);
 
-    Treffer zaehlen(const Filterzustand &zustand);
+    Trefferstand zaehlen(const Filterzustand &zustand);
     /// Plants that would be left if of a criterion's items (a, then b: `zweites`) only number `element` were chosen, counted from 0, the other
     /// criteria as they are; nothing where a run would fail.
     std::optional<size_t> eigene(const Filterzustand &zustand, size_t kriterium, bool zweites, int element);

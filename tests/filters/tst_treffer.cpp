@@ -90,7 +90,7 @@ Antwort TestTreffer::lauf(const Filterbeschreibung &beschreibung, const Filterzu
 Antwort TestTreffer::gezaehlt(Trefferzaehler &zaehler, const Filterzustand &zustand)
 {
     Antwort antwort;
-    const Treffer treffer = zaehler.zaehlen(zustand);
+    const Trefferstand treffer = zaehler.zaehlen(zustand);
     try {
         antwort.uebrig = zaehler.uebrig(zustand);
     } catch (const Fehler &fehler) {
@@ -224,7 +224,7 @@ void TestTreffer::zufall()
     for (int i = 0; i < 25; ++i) {
         const Filterzustand zustand = zufallszustand(beschreibung, zufall, 1 + i % 5);
         QVERIFY(pruefen(zustand));
-        const Treffer treffer = ganzer.zaehlen(zustand);
+        const Trefferstand treffer = ganzer.zaehlen(zustand);
         einige += treffer.anzahl > 0;
         // Each box for itself: as a run with it alone.
         const auto k = size_t(zahl(zufall, 0, int(beschreibung.kriterien.size()) - 1));
@@ -292,7 +292,7 @@ void TestTreffer::fehler()
     const Antwort soll = lauf(zustand.beschreibung, zustand.werte);
     QVERIFY(!soll.fehler.isEmpty());
     Trefferzaehler ganzer = zaehler(zustand.beschreibung);
-    const Treffer treffer = ganzer.zaehlen(zustand.werte);
+    const Trefferstand treffer = ganzer.zaehlen(zustand.werte);
     QCOMPARE(treffer.fehler, soll.fehler);
     QCOMPARE(trefferzeile(zustand.beschreibung, treffer), soll.fehler);
     // The plant that stumbles is not reached when an earlier criterion turns it away.
