@@ -105,14 +105,17 @@ Bitmenge Kodespalte::nachTabelle(const std::vector<std::uint8_t> &tabelle) const
 std::string_view Textliste::operator[](size_t i) const
 {
     const size_t anfang = i ? enden_[i - 1] : 0;
-    return std::string_view(bytes_).substr(anfang, enden_[i] - anfang);
+    return std::string_view(bytes_.data() + anfang, enden_[i] - anfang);
 }
 
 void Textliste::anhaengen(std::string_view text)
 {
     if (text.size() > std::numeric_limits<std::uint32_t>::max() - bytes_.size())
         throw Fehler(QStringLiteral("Die Datenbank enthält zu viel Text, um darin zu zählen."));
-    bytes_ += text;
+    // In small steps: what is kept for more counts for the memory, too.
+    if (const size_t bedarf = bytes_.size() + text.size(); bedarf > bytes_.capacity())
+        bytes_.reserve(bedarf + bedarf / 4);
+    bytes_.insert(bytes_.end(), text.begin(), text.end());
     enden_.push_back(std::uint32_t(bytes_.size()));
 }
 
@@ -136,19 +139,42 @@ Textliste Textliste::gross() const
     return neu;
 }
 
+namespace {
+
+/// Where a text, not empty, is found from `ab` on. Blocks in which its first and last byte never stand at their distance are passed over
+/// as a whole, which the compiler makes a few instructions.
+size_t finden(std::string_view alles, std::string_view gesucht, size_t ab)
+{
+    constexpr size_t block = 32;
+    const size_t abstand = gesucht.size() - 1;
+    const char erstes = gesucht.front(), letztes = gesucht.back();
+    for (; ab + abstand + block <= alles.size(); ab += block) {
+        const char *vorne = alles.data() + ab, *hinten = vorne + abstand;
+        unsigned char einer = 0;
+        for (size_t j = 0; j < block; ++j)
+            einer |= static_cast<unsigned char>((vorne[j] == erstes) & (hinten[j] == letztes));
+        for (size_t j = 0; einer && j < block; ++j)
+            if (vorne[j] == erstes && hinten[j] == letztes && alles.compare(ab + j, gesucht.size(), gesucht) == 0)
+                return ab + j;
+    }
+    return alles.find(gesucht, ab);
+}
+
+} // namespace
+
 std::vector<std::uint8_t> Textliste::enthaelt(std::string_view gesucht) const
 {
     std::vector<std::uint8_t> ja(anzahl(), gesucht.empty());
     if (gesucht.empty())
         return ja;
     // One search through all of them: where it finds something is looked up afterwards.
-    const std::string_view alles(bytes_);
+    const std::string_view alles(bytes_.data(), bytes_.size());
     size_t i = 0;
-    for (size_t stelle = alles.find(gesucht); stelle != alles.npos;) {
+    for (size_t stelle = finden(alles, gesucht, 0); stelle != alles.npos;) {
         i = size_t(std::upper_bound(enden_.begin() + qsizetype(i), enden_.end(), stelle) - enden_.begin());
         const bool ganz = stelle + gesucht.size() <= enden_[i];
         ja[i] = ja[i] || ganz;
-        stelle = alles.find(gesucht, ganz ? enden_[i] : stelle + 1);
+        stelle = finden(alles, gesucht, ganz ? enden_[i] : stelle + 1);
     }
     return ja;
 }
@@ -248,6 +274,8 @@ public:
     }
 
 private:
+    static constexpr size_t stueckgroesse = 2000; ///< plants that are read at a time
+
     /// How a criterion's value is put together.
     struct Bauplan
     {
@@ -322,9 +350,7 @@ private:
         const QByteArray andereHerkunft = sparte_.herkunftsfeld ? sparte_.herkuenfte.back().wert.toUtf8() : QByteArray();
         std::vector<size_t> andere;
         std::string wert;
-        arbeit_.durchlaufen(sparte_.haupttabelle.toString(), ausdruecke, [&](qint64 nummer, std::span<const std::string_view> werte) {
-            if (halt_)
-                throw Trefferspalten::Abgebrochen();
+        const auto aufnehmen = [&](qint64 nummer, std::span<const std::string_view> werte) {
             const bool ausAnderer = herkunft_ && werte[*herkunft_] == std::string_view(andereHerkunft.constData(), size_t(andereHerkunft.size()));
             if (ausAnderer)
                 andere.push_back(ziel.nummern.size());
@@ -332,7 +358,25 @@ private:
             const bool bild = mitBild_.contains(nummer);
             for (size_t k = 0; k < plaene_.size(); ++k)
                 ziel.kriterien[k].kodes.anhaengen(kode(plaene_[k], ausAnderer, bild, werte, wert));
-        });
+        };
+        // One statement for all would keep every change of the user's waiting for longer than it can wait.
+        Anweisung &stueck = arbeit_.vorbereitet(QStringLiteral("SELECT ARTNR, %1 FROM \"%2\" WHERE ARTNR > ?1 ORDER BY ARTNR LIMIT %3")
+                                                    .arg(ausdruecke.join(u','), sparte_.haupttabelle)
+                                                    .arg(stueckgroesse));
+        std::vector<std::string_view> werte(size_t(felder_.size()));
+        qint64 letzte = std::numeric_limits<qint64>::min();
+        for (size_t gelesen = stueckgroesse; gelesen == stueckgroesse;) {
+            stueck.zuruecksetzen();
+            stueck.zahlBinden(0, letzte);
+            for (gelesen = 0; stueck.schritt(); ++gelesen) {
+                if (halt_)
+                    throw Trefferspalten::Abgebrochen();
+                letzte = stueck.zahl(0);
+                for (size_t i = 0; i < werte.size(); ++i)
+                    werte[i] = stueck.bytes(int(i) + 1);
+                aufnehmen(letzte, werte);
+            }
+        }
         ziel.ausAnderer = Bitmenge(ziel.nummern.size());
         for (const size_t i : andere)
             ziel.ausAnderer.setzen(i);
@@ -425,7 +469,6 @@ private:
 std::shared_ptr<const Trefferspalten> Trefferspalten::lesen(Datenbank &arbeit, const Filterbeschreibung &beschreibung, const std::atomic<bool> &halt)
 {
     auto neu = std::make_shared<Trefferspalten>();
-    const Transaktion ruhe(arbeit, Transaktion::Art::Lesend);
     Leser(arbeit, beschreibung, halt).lesen(*neu);
     return neu;
 }

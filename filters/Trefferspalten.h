@@ -69,7 +69,7 @@ public:
     std::vector<std::uint8_t> enthaelt(std::string_view gesucht) const;
 
 private:
-    std::string bytes_; ///< UTF-8
+    std::vector<char> bytes_; ///< UTF-8
     std::vector<std::uint32_t> enden_;
 };
 
@@ -103,7 +103,8 @@ struct Kriteriumspalte
 
 struct Trefferspalten
 {
-    /// Reads in one go, while nobody changes the file. Throws where the plants cannot be read and, `Abgebrochen`, once `halt` is set.
+    /// Reads in pieces, between which the file can be changed: whoever reads asks afterwards whether it was, and reads anew. Throws where
+    /// the plants cannot be read and, `Abgebrochen`, once `halt` is set.
     static std::shared_ptr<const Trefferspalten> lesen(Datenbank &arbeit, const Filterbeschreibung &beschreibung, const std::atomic<bool> &halt);
     struct Abgebrochen
     {
