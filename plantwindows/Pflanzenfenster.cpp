@@ -2,6 +2,7 @@
 
 #include "Artenmodell.h"
 #include "Pflanzenansicht.h"
+#include "Suchbestand.h"
 #include "controls/Geschuetzt.h"
 #include "controls/Sanduhr.h"
 #include "controls/Steuerelemente.h"
@@ -23,6 +24,7 @@
 namespace {
 
 constexpr int hinweisdauer = 6000; // milliseconds: a hint that no mouse ends
+constexpr int suchbeginn = 1500;   // milliseconds: the window has come up
 
 } // namespace
 
@@ -82,6 +84,7 @@ void Pflanzenfenster::Form_Activate()
             dialog->cmdOK_Click();
         }
         ErsteAktivierung = false;
+        suchbeginn_.start(suchbeginn);
         if (const QString satz = fehlendeNebentabellen(satz_.arbeitsdatenbank(), eintrag(sparte())); !satz.isEmpty())
             fehlerZeigen(this, satz);
     }
@@ -372,6 +375,7 @@ void Pflanzenfenster::BenutzerdatenSpeichern()
     const bool dauerhaft = satz_.benutzerSchreiben(eingabe);
     if (dauerhaft) {
         notizGespeichert();
+        Suchbestand::notizGespeichert(programm_.arbeitsdatenbank(), sparte(), eingabe);
         zentrale_.notizGespeichert(sparte(), Fensternummer, eingabe);
     }
     if (!satz_.kopieSchreiben(eigeneNummer(), eingabe) && !dauerhaft)
@@ -421,7 +425,7 @@ void Pflanzenfenster::keyPressEvent(QKeyEvent *ereignis)
 {
     if (ereignis->key() == Qt::Key_F1)
         zentrale_.hilfeZeigen(eintrag(sparte()).hilfethema.toString());
-    else
+    else if (!suchenMitTaste(*ereignis))
         QWidget::keyPressEvent(ereignis);
 }
 
@@ -452,6 +456,9 @@ void Pflanzenfenster::aufraeumen()
     if (filter_)
         filter_->cmdRuecksetzen_Click();
     delete filter_;
+    delete suche_;
+    suchbeginn_.stop();
+    suchbestand_.reset();
     // Where the dialog goes with its window the others must not stay locked.
     if (dialogOffen)
         zentrale_.FensterFreigeben(sparte());

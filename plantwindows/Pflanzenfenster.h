@@ -4,6 +4,7 @@
 #include "Knopfzustaende.h"
 #include "Pflanzensatz.h"
 #include "Verlauf.h"
+#include "frmSuche.h"
 #include "filters/Filterziel.h"
 #include "filters/Filterzustand.h"
 #include "pictures/frmBilder.h"
@@ -24,13 +25,14 @@ class Artenmodell;
 class Bildknopf;
 class Bilderstreifen;
 class Pflanzenansicht;
+class QKeyEvent;
 class QComboBox;
 class QLabel;
 class Zentrale;
 
 /* The plant window, one for all Sparten: record selector, picture buttons, tabbed record view, status bar. What it shows and
    of which Sparte stands in its description. It works on a private copy of the database that lives as long as it does. */
-class Pflanzenfenster : public QWidget, private Filterziel
+class Pflanzenfenster : public QWidget, private Filterziel, private Suchziel
 {
     Q_OBJECT
 
@@ -163,6 +165,20 @@ private:
     /// Whether the present set has the plant.
     bool gehtZu(qint64 artnr);
     void imVerlauf(int richtung);
+    /// Opens the search with `anfang` typed.
+    void sucheOeffnen(const QString &anfang);
+    void suchen() { sucheOeffnen({}); }
+    /// A letter that nobody else wanted begins a search; false for any other key.
+    bool suchenMitTaste(const QKeyEvent &ereignis);
+    Suchbestand &suchbestand();
+    QString grundDesFehlens(qint64 artnr, int bewertung) override;
+    QString ratZumFehlen(qint64 artnr, int bewertung) override;
+    void gefunden(qint64 artnr) override;
+    void nichtErreichbar(const QString &rat) override;
+    /// The filter's rating; null where it has none.
+    const Kriterium *bewertungskriterium() const;
+    /// The step of the filter's rating that would let a plant pass; nothing where the rating does not keep it out.
+    std::optional<int> noetigeStufe(int bewertung) const;
     void verlaufZurueck() { imVerlauf(-1); }
     void verlaufVor() { imVerlauf(1); }
     void artenGewaehlt(bool vomBenutzer);
@@ -190,6 +206,10 @@ private:
     Pflanzenansicht *ansicht_ = nullptr;
     std::array<QWidget *, 2> leistenteile_{}; ///< walking and selector; the other buttons
     QTimer hinweisende_;
+    QTimer suchbeginn_; ///< the index is read when the window has come up
+    std::shared_ptr<Suchbestand> suchbestand_;
+    QPointer<frmSuche> suche_;
+    std::vector<qint64> suchmenge_; ///< the present set when the search opened, rising
     Verlauf verlauf_;
     qint64 gezeigt_ = 0; ///< number of the record last shown: the user's fields belong to it
     QString gezeigterName_;

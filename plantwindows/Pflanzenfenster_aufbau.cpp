@@ -3,6 +3,7 @@
 #include "Artenliste.h"
 #include "Artenmodell.h"
 #include "Pflanzenansicht.h"
+#include "Suchbestand.h"
 #include "controls/Geschuetzt.h"
 #include "controls/Steuerelemente.h"
 #include "pictures/Bilderstreifen.h"
@@ -39,6 +40,9 @@ void Pflanzenfenster::aufbauen()
     hinweisende_.setObjectName(QStringLiteral("timHinweis"));
     hinweisende_.setSingleShot(true);
     connect(&hinweisende_, &QTimer::timeout, this, [this] { hinweis(QString()); });
+    suchbeginn_.setObjectName(QStringLiteral("timSuche"));
+    suchbeginn_.setSingleShot(true);
+    connect(&suchbeginn_, &QTimer::timeout, this, [this] { suchbestand().bereiten(); });
 
     // Built in the order in which the window is read: Tab goes the same way.
     QWidget *picLeiste = leisteBauen();

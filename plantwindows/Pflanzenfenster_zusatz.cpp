@@ -26,6 +26,7 @@ void Pflanzenfenster::zusatzBauen(QWidget *leiste)
     static constexpr Zusatzbefehl befehle[] = {
         {"aktZurueck", "Alt+Left", u"Zurück zur zuletzt gezeigten Pflanze", &Pflanzenfenster::verlaufZurueck},
         {"aktVor", "Alt+Right", u"Wieder vor", &Pflanzenfenster::verlaufVor},
+        {"aktSuchen", "Ctrl+F", u"Suchen", &Pflanzenfenster::suchen},
     };
     for (const Zusatzbefehl &zeile : befehle) {
         auto *befehl = new QAction(zeile.text.toString(), this);
