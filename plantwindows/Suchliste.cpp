@@ -154,9 +154,9 @@ void Suchmaler::paint(QPainter *maler, const QStyleOptionViewItem &option, const
         [[fallthrough]];
     }
     case Suchzeile::Art::Pflanze: {
-        // The reason stands at the right; a name that needs the room keeps two thirds of it.
+        // The reason stands at the right; a name that needs the room keeps half of it.
         if (!zeile.grund.isEmpty()) {
-            const int breite = std::min(option.fontMetrics.horizontalAdvance(zeile.grund), platz.width() / 3);
+            const int breite = std::min(option.fontMetrics.horizontalAdvance(zeile.grund) + 1, platz.width() / 2);
             const QString grund = option.fontMetrics.elidedText(zeile.grund, Qt::ElideRight, breite);
             maler->setPen(blass);
             maler->drawText(platz, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, grund);

@@ -6,6 +6,7 @@
 #include "controls/Steuerelemente.h"
 #include "store/Suchbau.h"
 
+#include <QCursor>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
@@ -49,8 +50,7 @@ frmSuche::frmSuche(Suchziel &ziel, Sparte sparte, std::shared_ptr<Suchbestand> b
 {
     setObjectName(QStringLiteral("frmSuche"));
     setAccessibleName(QStringLiteral("Suchen"));
-    setFrameShape(QFrame::Box);
-    setFrameShadow(QFrame::Plain);
+    setFrameShape(QFrame::StyledPanel);
 
     txtSuche_->setObjectName(QStringLiteral("txtSuche"));
     txtSuche_->setAccessibleName(QStringLiteral("Pflanze suchen"));
@@ -70,8 +70,10 @@ frmSuche::frmSuche(Suchziel &ziel, Sparte sparte, std::shared_ptr<Suchbestand> b
     lstSuche_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     lstSuche_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     lstSuche_->setMouseTracking(true);
+    lstSuche_->setMinimumHeight(1); // one line is a list, too
     connect(lstSuche_, &QListView::entered, this, [this](const QModelIndex &index) {
-        if (modell_->zeile(index.row()).istPflanze())
+        // A list that opens or changes below a mouse at rest is not chosen from.
+        if (modell_->zeile(index.row()).istPflanze() && QCursor::pos() != maus_)
             waehlen(index.row());
     });
     connect(lstSuche_, &QListView::clicked, this, [this](const QModelIndex &index) { annehmen(index.row()); });
@@ -189,6 +191,7 @@ std::vector<Suchzeile> frmSuche::trefferZeilen(const Suchfrage &frage)
 
 void frmSuche::zeilenZeigen(std::vector<Suchzeile> zeilen, int gewaehlt)
 {
+    maus_ = QCursor::pos();
     modell_->setZeilen(std::move(zeilen));
     platzNehmen();
     lstSuche_->scrollToTop();

@@ -70,6 +70,7 @@ private:
     const std::shared_ptr<Suchbestand> bestand_;
     std::vector<qint64> zuletzt_;
     QRect anker_;
+    QPoint maus_;    ///< where it was when the lines came
     QString anzahl_; ///< of the plants found, as a sentence
     QLineEdit *txtSuche_;
     QListView *lstSuche_;

@@ -209,6 +209,9 @@ std::vector<Strecke> fundstellen(QStringView text, const Suchfrage &frage, Guete
             if (!guete || *guete > bis)
                 continue;
             if (*guete == Guete::Aehnlich) {
+                // A part says it better than the whole, which comes behind it.
+                if (leser.teile() && !aehnliche.empty() && aehnliche.back().anfang >= leser.anfang())
+                    continue;
                 aehnliche.push_back({leser.anfang(), leser.ende()});
                 continue;
             }

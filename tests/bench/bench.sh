@@ -6,7 +6,7 @@ cd "$(dirname "$0")/../.."
 # A build of its own: it needs the plates of a few plants only, and drawing all of them takes minutes.
 ordner=build/bench
 cmake --preset bench >/dev/null
-cmake --build $ordner --target bench_{flox,access,bestand,bilder,druck,treffer,vorschau} vervielfacher flox_daten -- --quiet
+cmake --build $ordner --target bench_{flox,access,bestand,bilder,druck,suche,treffer,vorschau} vervielfacher flox_daten -- --quiet
 # database N   path of a database with N potted plants
 database() {
     local file=$ordner/bench-$1.mdb
@@ -34,6 +34,7 @@ for anzahl in "${@:-3000 100000}"; do
         $ordner/tests/bench/bench_access "$datenbank"
         $ordner/tests/bench/bench_treffer "$datenbank" Topf
         $ordner/tests/bench/bench_treffer "$datenbank" Topf verschieden
+        QT_QPA_PLATFORM=offscreen $ordner/tests/bench/bench_suche "$datenbank"
         datenbank=$(sparten "$n")
         QT_QPA_PLATFORM=offscreen XDG_CONFIG_HOME=$ordner/bench-einstellungen $ordner/programm/bench_flox --sparten "$datenbank"
         $ordner/tests/bench/bench_treffer "$datenbank" Obst

@@ -446,6 +446,7 @@ void TestSuchverzeichnis::stellen_data()
     QTest::newRow("compound") << u"Gold-Garbe"_s << u"goldga"_s << u"[Gold-Ga]rbe"_s;
     QTest::newRow("compound by its parts") << u"Garbe, Gold"_s << u"gold-ga"_s << u"[Ga]rbe, [Gold]"_s;
     QTest::newRow("similar") << u"Acer rubrum"_s << u"rubram"_s << u"Acer [rubrum]"_s;
+    QTest::newRow("similar part") << u"Delphinium-Elatum"_s << u"delpihnium"_s << u"[Delphinium]-Elatum"_s;
     QTest::newRow("similar only where nothing fits") << u"rosen rosea"_s << u"rosen"_s << u"[rosen] rosea"_s;
     QTest::newRow("overlap") << u"Rosaceae"_s << u"rosa ros"_s << u"[Rosa]ceae"_s;
     QTest::newRow("none") << u"Rosa"_s << u"lilium"_s << u"Rosa"_s;
