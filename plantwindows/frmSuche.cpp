@@ -24,7 +24,7 @@ constexpr int kleinsteHoehe = 160;                        // pixels: below the s
 constexpr int laengsteEingabe = 200;
 constexpr size_t meisteNamen = 60;
 constexpr size_t meisteAehnliche = 8; ///< below names that fit
-constexpr size_t meisteTexte = 30;
+constexpr size_t meisteTexte = 20;
 
 Suchzeile satz(Suchzeile::Art art, const QString &text)
 {

@@ -235,17 +235,31 @@ std::vector<Strecke> fundstellen(QStringView text, const Suchfrage &frage, Guete
 
 quint64 getroffen(QStringView text, const Suchfrage &frage, Guete bis)
 {
-    quint64 maske = 0;
-    const auto hat = [text, bis](const QString &gesucht) {
-        for (Wortleser leser(text); leser.weiter();)
-            if (const std::optional<Guete> guete = passung(leser.wort(), gesucht); guete && *guete <= bis)
-                return true;
-        return false;
+    const Trefferwoerter alle = getroffene(text, frage);
+    return bis == Guete::Aehnlich ? alle.ungefaehr : alle.genau;
+}
+
+Trefferwoerter getroffene(QStringView text, const Suchfrage &frage)
+{
+    const auto gesucht = einzeln(frage);
+    std::vector<std::optional<Guete>> beste(gesucht.size());
+    for (Wortleser leser(text); leser.weiter();)
+        for (size_t i = 0; i < gesucht.size(); ++i)
+            if (!beste[i] || *beste[i] == Guete::Aehnlich)
+                if (const std::optional<Guete> guete = passung(leser.wort(), gesucht[i].first))
+                    beste[i] = guete;
+    const auto maske = [&](Guete bis) {
+        quint64 woerter = 0;
+        const auto hat = [&](size_t i) { return beste[i] && *beste[i] <= bis; };
+        for (size_t i = 0; i < gesucht.size();) {
+            const size_t wort = gesucht[i].second, ganz = i++;
+            bool alleTeile = i < gesucht.size() && gesucht[i].second == wort;
+            for (; i < gesucht.size() && gesucht[i].second == wort; ++i)
+                alleTeile = alleTeile && hat(i);
+            if (wort < 64 && (hat(ganz) || alleTeile))
+                woerter |= quint64(1) << wort;
+        }
+        return woerter;
     };
-    for (size_t i = 0; i < std::min<size_t>(frage.woerter.size(), 64); ++i) {
-        const Suchfrage::Wort &wort = frage.woerter[i];
-        if (hat(wort.ganz) || (!wort.teile.empty() && std::ranges::all_of(wort.teile, hat)))
-            maske |= quint64(1) << i;
-    }
-    return maske;
+    return {maske(Guete::Innen), maske(Guete::Aehnlich)};
 }

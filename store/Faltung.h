@@ -85,5 +85,11 @@ struct Strecke
 /// What of a text a query hits, in order and apart from each other, nothing that fits worse than `bis`: the letters that fit, of a
 /// similar word the whole. Similar words count only where the query's word fits none of the text otherwise.
 std::vector<Strecke> fundstellen(QStringView text, const Suchfrage &frage, Guete bis = Guete::Aehnlich);
-/// Words of the query that the text has, as a mask by their place; those that fit worse than `bis` do not count.
+/// Words of a query that a text has, as masks by their place: without a typing error, and with.
+struct Trefferwoerter
+{
+    quint64 genau = 0, ungefaehr = 0;
+};
+Trefferwoerter getroffene(QStringView text, const Suchfrage &frage);
+/// The ones with a typing error where `bis` is `Guete::Aehnlich`, else those without.
 quint64 getroffen(QStringView text, const Suchfrage &frage, Guete bis = Guete::Aehnlich);

@@ -25,7 +25,7 @@ constexpr Suchfeld felder[] = {
 
 constexpr int zeilenJeGriff = 400;      // a few milliseconds until another may write
 constexpr qsizetype vorDemTreffer = 30; // characters of a line before its first hit
-constexpr qsizetype auszugLaenge = 200; // characters: more than any list shows
+constexpr qsizetype auszugLaenge = 160; // characters: more than any list shows
 
 /// Name of a column without the table that a query puts before it.
 QStringView grundname(QStringView spalte)
@@ -223,7 +223,8 @@ std::optional<Fundstelle> fundstelle(Datenbank &db, Sparte sparte, qint64 artnr,
             if (!gehoertDazu(spalten[i], zeile, anweisung.text(0)))
                 continue;
             const QString text = anweisung.text(int(i) + 1);
-            const std::pair hat{std::popcount(getroffen(text, frage, Guete::Innen)), std::popcount(getroffen(text, frage))};
+            const Trefferwoerter woerter = getroffene(text, frage);
+            const std::pair hat{std::popcount(woerter.genau), std::popcount(woerter.ungefaehr)};
             if (hat > beste) {
                 beste = hat;
                 bester = text;

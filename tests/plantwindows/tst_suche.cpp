@@ -85,8 +85,15 @@ private:
         Recordset satz(probe_->ordner.db(), eintrag(probe_->fenster->sparte()).haupttabelle.toString());
         return satz.FindFirst(u"BOT_NAME"_s, name) ? satz.Schluessel() : 0;
     }
+    /// Without a window manager nobody activates the window when a popup before it goes.
+    void aktivieren()
+    {
+        probe_->fenster->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(probe_->fenster.get()));
+    }
     void notieren(const QString &text)
     {
+        aktivieren();
         probe_->reiterVon(u"txtEigeneBemerkung"_s);
         auto *feld = probe_->finde<QPlainTextEdit>(u"txtEigeneBemerkung"_s);
         QTest::mouseClick(feld->viewport(), Qt::LeftButton);
@@ -106,9 +113,7 @@ void TestSuche::oeffnen(Sparte sparte)
 
 void TestSuche::suche(const QString &text)
 {
-    // Without a window manager nobody activates a window when a popup before it goes.
-    probe_->fenster->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(probe_->fenster.get()));
+    aktivieren();
     taste(Qt::Key_F, Qt::ControlModifier);
     QVERIFY(offen());
     QCOMPARE(QApplication::focusWidget(), eingabe());
@@ -402,7 +407,6 @@ void TestSuche::eigeneNotiz()
     taste(Qt::Key_Return);
     QCOMPARE(probe_->name(), name);
     // What was written over is gone.
-    probe_->finde<QPlainTextEdit>(u"txtEigeneBemerkung"_s)->selectAll();
     notieren({});
     taste(Qt::Key_A, Qt::ControlModifier);
     tippen(u"umgezogen"_s);
