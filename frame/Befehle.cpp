@@ -42,6 +42,7 @@ Befehle::Befehle(Programm &programm, Befehlsumgebung &umgebung) : programm_(prog
         {"mnuABStaudenAlle", &Befehle::ausbildung, staudenAlle, staudengaertner},
         {"mnuABSTStauden", &Befehle::ausbildung, stauden, staudengaertner},
         {"mnuABSTGehoelze", &Befehle::ausbildung, gehoelze, staudengaertner},
+        {"mnuUeben", &Befehle::ueben},
         {"mnuFloxTeilmegeSpeichern", &Befehle::teilmengeSpeichern},
         {"mnuDateiDBLadenOriginal", &Befehle::originalLaden},
         {"mnuDateiDBLadenBenutzer", &Befehle::benutzerLaden},
@@ -105,6 +106,14 @@ void Befehle::ausbildung(const Befehl &befehl)
     programm_.AzubiAuswahl[size_t(befehl.beruf)] = true;
     for (const Sparte sparte : befehl.sparten)
         umgebung_.FensterOeffnen(sparte);
+}
+
+void Befehle::ueben(const Befehl &)
+{
+    if (Pflanzenfenster *fenster = umgebung_.aktivesFenster())
+        fenster->ueben();
+    else
+        umgebung_.melden(QStringLiteral("Zum Üben öffnen Sie zuerst ein Pflanzenfenster."));
 }
 
 template<Anordnung anordnung>

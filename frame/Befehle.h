@@ -92,6 +92,8 @@ private:
     void oeffnen(const Befehl &befehl);
     /// Windows restricted to a trade.
     void ausbildung(const Befehl &befehl);
+    /// Practice in the active window, begun or ended.
+    void ueben(const Befehl &befehl);
     template<Anordnung anordnung>
     void anordnen(const Befehl &befehl);
     void optionen(const Befehl &befehl);

@@ -54,6 +54,7 @@ constexpr Menuezeile zeilen[] = {
     {2, "mnuABStaudenTrennstrich", u"", false},
     {2, "mnuABSTStauden", u"Stauden", false},
     {2, "mnuABSTGehoelze", u"Gehölze", false},
+    {1, "mnuUeben", u"Üben ...\tF9", false},
     {0, "mnuEinstellungen", u"Konfiguration", true},
     {1, "mnuOptionen", u"&Optionen", false},
     {1, "mnuFloxBilder", u"&Bilder Assistent", false},

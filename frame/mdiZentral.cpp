@@ -1,6 +1,7 @@
 #include "mdiZentral.h"
 
 #include "Einstellungen.h"
+#include "Ergebnisblatt.h"
 #include "Flaeche.h"
 #include "Menue.h"
 #include "System.h"
@@ -460,6 +461,26 @@ void mdiZentral::drucken()
         },
         drucker, this);
     form.exec();
+    gespeichertMelden(form);
+}
+
+void mdiZentral::ergebnisDrucken(const Pruefungsergebnis &ergebnis, QWidget *eltern)
+{
+    Systemdrucker drucker;
+    const Tabellenblatt blatt = ergebnisblatt(ergebnis);
+    frmDrucken form(
+        programm_,
+        [&blatt](Printer &seite) {
+        tabelleDrucken(blatt, seite);
+        return blatt.titel;
+        },
+        drucker, eltern);
+    form.exec();
+    gespeichertMelden(form);
+}
+
+void mdiZentral::gespeichertMelden(const frmDrucken &form)
+{
     if (!form.gespeichert().isEmpty())
         melden(QStringLiteral("Gespeichert: %1").arg(QDir::toNativeSeparators(form.gespeichert())));
 }
@@ -467,8 +488,11 @@ void mdiZentral::drucken()
 void mdiZentral::pflanzeGewechselt(Sparte sparte, int nummer)
 {
     Pflanzenfenster *aktives = aktivesFenster();
+    if (!bilder_ || !aktives || aktives != fenster(sparte, nummer))
+        return;
+    bilder_->namenZeigen();
     // A record that is only shown again leaves its picture, its size and its place alone.
-    if (!bilder_ || !aktives || aktives != fenster(sparte, nummer) || bilder_->zeigtSchon())
+    if (bilder_->zeigtSchon())
         return;
     programm_.GewaehltesBild = 0;
     bilder_->NeuePflanze();

@@ -16,6 +16,7 @@
 class Flaeche;
 class QLabel;
 class frmBilder;
+class frmDrucken;
 
 /* The main window: hosts the plant windows and owns their tables. */
 class mdiZentral : public QMainWindow, public Zentrale, public Befehlsumgebung
@@ -60,6 +61,7 @@ public:
     void namenAendern(QWidget *fenster) override;
     void bildZeigen() override;
     void drucken() override;
+    void ergebnisDrucken(const Pruefungsergebnis &ergebnis, QWidget *eltern) override;
     void pflanzeGewechselt(Sparte sparte, int nummer) override;
     QString filtersatz(Sparte sparte, const Filterzustand &zustand) override;
     void hilfeZeigen(const QString &thema) override { emit hilfeGewuenscht(thema); }
@@ -80,6 +82,7 @@ protected:
     bool eventFilter(QObject *quelle, QEvent *ereignis) override;
 
 private:
+    void gespeichertMelden(const frmDrucken &form);
     /// The names of the user's properties into the working database, where that has a place for them.
     void namenSchreiben();
     void fensterBedienbar(Sparte sparte, bool bedienbar);

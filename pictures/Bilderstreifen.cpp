@@ -1,6 +1,7 @@
 #include "Bilderstreifen.h"
 
 #include "Bildlader.h"
+#include "Namensband.h"
 #include "Vorschaubild.h"
 #include "store/Pfade.h"
 
@@ -96,6 +97,8 @@ protected:
         QPainter maler(this);
         if (!bild_.isNull())
             maler.drawPixmap(0, 0, bild_);
+        if (streifen_->verdeckt_ && property("MousePointer").toInt() == eigenerZeiger)
+            maler.fillRect(namensbandVon(rect()), palette().mid());
         if (hasFocus()) {
             // Dark within light: seen on any picture.
             maler.setPen(QPen(Qt::white, 3));
@@ -187,11 +190,8 @@ void Bilderstreifen::belegen()
         Platz *platz = imgFloxBild_[size_t(i)];
         const bool belegt = i < anzahl_;
         const bool ersetzt = anzahl_ == 0 && i == 0;
-        const QString unterschrift = belegt ? bilder_[size_t(i)].beschreibung : QString();
         platz->leeren();
-        platz->setEcht(belegt && bilder_[size_t(i)].vorhanden, unterschrift);
-        lblBilderText_[size_t(i)]->setText(unterschrift);
-        lblBilderText_[size_t(i)]->setToolTip(unterschrift);
+        beschriften(i);
         platz->setVisible(belegt || ersetzt);
         lblBilderText_[size_t(i)]->setVisible(belegt);
     }
@@ -204,6 +204,25 @@ void Bilderstreifen::belegen()
         laden(i, bilder_[size_t(i)].pfad);
     if (anzahl_ == 0 && !ersatz_.isEmpty())
         laden(0, ersatz_);
+}
+
+void Bilderstreifen::beschriften(int i)
+{
+    const bool belegt = i < anzahl_;
+    const QString unterschrift = belegt && !verdeckt_ ? bilder_[size_t(i)].beschreibung : QString();
+    imgFloxBild_[size_t(i)]->setEcht(belegt && bilder_[size_t(i)].vorhanden, unterschrift);
+    lblBilderText_[size_t(i)]->setText(unterschrift);
+    lblBilderText_[size_t(i)]->setToolTip(unterschrift);
+}
+
+void Bilderstreifen::setVerdeckt(bool verdeckt)
+{
+    if (std::exchange(verdeckt_, verdeckt) == verdeckt)
+        return;
+    for (int i = 0; i < groessteBilderzahl; ++i) {
+        beschriften(i);
+        imgFloxBild_[size_t(i)]->update();
+    }
 }
 
 void Bilderstreifen::ersetzen(int i)

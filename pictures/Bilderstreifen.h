@@ -24,6 +24,8 @@ public:
     /// At most ten pictures; none shows `ersatz`. What was still to be loaded for the record before is dropped. A picture that
     /// proves unreadable gives way to its substitute, captioned with its file name.
     void zeigen(const std::vector<Bildeintrag> &bilder, const QString &ersatz);
+    /// Hides the captions and the foot of the pictures, where plates carry the name.
+    void setVerdeckt(bool verdeckt);
     /// Lays the slots out for the present number of pictures and place of the bar.
     void vscBilderEinrichten();
     int anzahl() const { return anzahl_; }
@@ -40,6 +42,7 @@ private:
     class Platz;
 
     void belegen();
+    void beschriften(int i);
     void ersetzen(int i);
     /// Moves the bar so that a slot is seen whole.
     void herholen(int i);
@@ -56,5 +59,6 @@ private:
     QString ersatz_;
     int anzahl_ = 0;
     int radrest_ = 0; ///< turns of the wheel too small for a step, eighths of a degree
-    int satz_ = 0;    ///< counts the records shown: a picture that comes too late belongs to none
+    bool verdeckt_ = false;
+    int satz_ = 0; ///< counts the records shown: a picture that comes too late belongs to none
 };

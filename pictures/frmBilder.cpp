@@ -1,6 +1,7 @@
 #include "frmBilder.h"
 
 #include "Bildlader.h"
+#include "Namensband.h"
 #include "controls/Bilder.h"
 #include "controls/Geschuetzt.h"
 #include "controls/Steuerelemente.h"
@@ -53,6 +54,11 @@ public:
         bild_ = bild;
         update();
     }
+    void setVerdeckt(bool verdeckt)
+    {
+        verdeckt_ = verdeckt;
+        update();
+    }
 
 protected:
     void paintEvent(QPaintEvent *) override
@@ -60,10 +66,13 @@ protected:
         QPainter maler(this);
         maler.setRenderHint(QPainter::SmoothPixmapTransform);
         maler.drawImage(rect(), bild_);
+        if (verdeckt_ && !bild_.isNull())
+            maler.fillRect(namensbandVon(rect()), palette().mid());
     }
 
 private:
     QImage bild_;
+    bool verdeckt_ = false;
 };
 
 namespace {
@@ -212,8 +221,7 @@ bool frmBilder::listen()
         return false;
     }
     gelistet_ = {pflanze->sparte, pflanze->artnr};
-    lblBotName_->setText(pflanze->botName);
-    lblDeuName_->setText(pflanze->deuName);
+    beschriften(*pflanze);
     // Without a matching row the pictures of the plant before stay listed.
     if (!pflanze->zeile)
         return true;
@@ -230,11 +238,29 @@ bool frmBilder::listen()
     return true;
 }
 
+void frmBilder::beschriften(const Bilderpflanze &pflanze)
+{
+    verdeckt_ = pflanze.verdeckt;
+    imgAnzeige_->setVerdeckt(verdeckt_);
+    lblBotName_->setText(verdeckt_ ? QStringLiteral("Name verdeckt") : pflanze.botName);
+    lblDeuName_->setText(verdeckt_ ? QString() : pflanze.deuName);
+}
+
+void frmBilder::namenZeigen()
+{
+    const std::optional<Bilderpflanze> pflanze = pflanze_();
+    if (!pflanze || pflanze->verdeckt == verdeckt_ || gelistet_ != std::pair(pflanze->sparte, pflanze->artnr))
+        return;
+    beschriften(*pflanze);
+    beschreibungZeigen(BildIndex);
+    titelSetzen();
+}
+
 bool frmBilder::zeigtSchon() const
 {
     const std::optional<Bilderpflanze> pflanze = pflanze_();
-    if (!pflanze || gelistet_ != std::pair(pflanze->sparte, pflanze->artnr) || lblBotName_->text() != pflanze->botName
-        || lblDeuName_->text() != pflanze->deuName)
+    if (!pflanze || gelistet_ != std::pair(pflanze->sparte, pflanze->artnr) || pflanze->verdeckt != verdeckt_
+        || (!verdeckt_ && (lblBotName_->text() != pflanze->botName || lblDeuName_->text() != pflanze->deuName)))
         return false;
     if (!pflanze->zeile)
         return true;
@@ -287,9 +313,14 @@ void frmBilder::BildAnzeigen(int i)
     ZoomStufe = stufeOriginal;
     mitten();
     bildLaden();
-    lblBeschreibung_->setText(BildBeschreibung[size_t(i)]);
+    beschreibungZeigen(i);
     AnpassenVerlangt = false;
     unsetCursor();
+}
+
+void frmBilder::beschreibungZeigen(int i)
+{
+    lblBeschreibung_->setText(verdeckt_ ? QString() : BildBeschreibung[size_t(i)]);
 }
 
 void frmBilder::bildLaden()

@@ -23,6 +23,7 @@ struct Bilderpflanze
     qint64 artnr = 0;
     QString botName, deuName;       ///< texts of the window's two name labels
     std::optional<Bildzeile> zeile; ///< nothing: no picture row matches
+    bool verdeckt = false;          ///< neither names nor captions are shown, nor the foot of the pictures, where plates carry the name
 };
 
 /* The one window that shows the pictures of the current plant at full size, with a zoom in tenths, scroll bars and a walk
@@ -37,6 +38,8 @@ public:
 
     /// Lists the plant's pictures and shows number GewaehltesBild.
     void NeuePflanze();
+    /// The names of the plant listed are covered or seen again; its picture stays where and as large as it is.
+    void namenZeigen();
     /// Whether these are the pictures listed now: the same plant, and nothing about its files has changed.
     bool zeigtSchon() const;
     void BildAnzeigen(int index);
@@ -82,6 +85,8 @@ private:
     void VGNaviPruefen();
     void NeueGroesse();
     void groesseGeaendert();
+    void beschriften(const Bilderpflanze &pflanze);
+    void beschreibungZeigen(int i);
     void titelSetzen();
     void positionSetzen();
     QString knopfschluessel(const Bildknopf &button, Knopfzustand zustand) const;
@@ -92,6 +97,7 @@ private:
 
     std::array<QString, groessteBilderzahl> BildPfad, BildBeschreibung;
     std::array<double, groessteBilderzahl> BildBreite{}, BildHoehe{}; ///< at 100 %
+    bool verdeckt_ = false;
     int BildAnzahl = 0, BildIndex = 0;
     int SchrittBreite = 0, SchrittHoehe = 0;
     int ZoomStufe = 10;

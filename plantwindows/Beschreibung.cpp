@@ -195,6 +195,14 @@ QString beschreibungsfehler(const Fensterbeschreibung &beschreibung)
             genannt.append(QList<const char *>(gruppe.regelcontrols.begin(), gruppe.regelcontrols.end()));
         }
     }
+    for (const Namensfrage &frage : beschreibung.fragen) {
+        const Spalte *spalte = spalteVon(beschreibung.sparte, frage.feld);
+        if (!spalte || (spalte->art == Art::Familie) != (frage.art == Fragenart::Familie))
+            melden(QStringLiteral("%1 fragt nach keinem Feld %2").arg(frage.titel, wort(frage.feld)));
+        for (const char *feld : frage.auch)
+            if (!spalteVon(beschreibung.sparte, feld))
+                melden(QStringLiteral("%1: kein Feld %2").arg(frage.titel, wort(feld)));
+    }
     for (const QString &name : std::as_const(titel))
         if (controls.contains(name) || rahmen.contains(name))
             melden(QStringLiteral("%1 steht doppelt").arg(name));

@@ -110,13 +110,32 @@ struct Reiter
     std::span<const Gruppe> gruppen;
 };
 
+/// What practice asks for.
+enum class Fragenart {
+    Gattung, ///< parts of a botanical name
+    Art,
+    Sorte,
+    Familie,       ///< of a family number
+    DeutscherName, ///< or one of its German synonyms
+    Sortenname     ///< or one of the names in `auch`, joined by commas
+};
+
+struct Namensfrage
+{
+    Fragenart art;
+    const char *feld; ///< as of an element
+    QStringView titel;
+    std::span<const char *const> auch = {}; ///< columns with further names
+};
+
 struct Fensterbeschreibung
 {
     Sparte sparte;
     std::span<const Element> kopf;  ///< record head, the first element is the name
     std::span<const Element> tafel; ///< marks beside the head: properties, rating, origin
     std::span<const Reiter> reiter;
-    std::optional<Sparte> ohneNummer = {}; ///< while a subset is open, rows of this Sparte leave the number of the record as it stands
+    std::span<const Namensfrage> fragen = {}; ///< of practice, in the order they are asked
+    std::optional<Sparte> ohneNummer = {};    ///< while a subset is open, rows of this Sparte leave the number of the record as it stands
 };
 
 /// The elements of a group as its window has them: "*.NAME" is the column of the group's own origin, and names carry its `einschub`.

@@ -1,5 +1,6 @@
 #include "Elemente.h"
 
+#include "Aufgabe.h"
 #include "Pflanzensatz.h"
 #include "controls/Steuerelemente.h"
 #include "controls/Textkasten.h"
@@ -92,25 +93,40 @@ public:
                 text_ = text_.isEmpty() ? anhang.text.toString() : QStringLiteral("%1%2%3").arg(text_, anhang.trenner, anhang.text);
         if (text_.isEmpty() && element_.muster != Muster::Satz && (!element_.leerNurBeiNull || satz.istNull(feldname(element_.feld))))
             text_ = element_.leer.toString();
-        if (kasten_)
-            kasten_->setText(text_);
-        if (schild_)
-            schildZeigen();
+        textZeigen();
         if (element_.muster == Muster::Satz)
             schild_->setVisible(!text_.isEmpty());
+    }
+
+    void verdecken(const QStringList &worte) override
+    {
+        // What is not the plant's own words names none.
+        if (element_.muster != Muster::Text || worte == verdeckt_)
+            return;
+        verdeckt_ = worte;
+        textZeigen();
     }
 
 protected:
     QLabel *schild() const { return schild_; }
 
 private:
-    /// A text that no label can show stands in a box of its own below the beginning of it.
-    void schildZeigen()
+    void textZeigen()
     {
-        const QString kurz = schildtext(text_);
+        const QString text = verdeckt_.isEmpty() ? text_ : ohneNamen(text_, verdeckt_);
+        if (kasten_)
+            kasten_->setText(text);
+        else
+            schildZeigen(text);
+    }
+
+    /// A text that no label can show stands in a box of its own below the beginning of it.
+    void schildZeigen(const QString &text)
+    {
+        const QString kurz = schildtext(text);
         if (schild_->text() != kurz)
             schild_->setText(kurz);
-        const bool gekuerzt = kurz != text_;
+        const bool gekuerzt = kurz != text;
         if (gekuerzt && !ganz_) {
             ganz_ = new Textkasten(schild_->parentWidget());
             ganz_->setNurLesen();
@@ -120,7 +136,7 @@ private:
         }
         if (!ganz_)
             return;
-        ganz_->setText(gekuerzt ? text_ : QString());
+        ganz_->setText(gekuerzt ? text : QString());
         ganz_->setVisible(gekuerzt);
     }
 
@@ -129,6 +145,7 @@ private:
     Textkasten *kasten_ = nullptr;
     Textkasten *ganz_ = nullptr;
     QString text_;
+    QStringList verdeckt_;
 };
 
 class Namenselement : public Textelement
@@ -491,9 +508,22 @@ public:
             if (betreten_ && !zeigt_)
                 geaendert();
         });
+        decke_ = new QLabel(QStringLiteral("Die Notiz nennt den Namen. Sie ist verdeckt wie er."), eltern);
+        decke_->setObjectName(kasten_->objectName() + QStringLiteral("_Decke"));
+        decke_->setProperty("feldtitel", true);
+        decke_->setWordWrap(true);
+        decke_->hide();
     }
 
     QWidget *widget() const override { return kasten_; }
+    QWidget *ganzerText() const override { return decke_; }
+    void verdecken(const QStringList &worte) override
+    {
+        // A note stays what it is: where it tells the name it is not seen.
+        const bool verdeckt = !worte.isEmpty() && ohneNamen(kasten_->text(), worte) != kasten_->text();
+        kasten_->setVisible(!verdeckt);
+        decke_->setVisible(verdeckt);
+    }
     bool veraendert() const override { return kasten_->text() != gezeigt_; }
     void uebernehmen() override { gezeigt_ = kasten_->text(); }
     QString wert() const override { return kasten_->text(); }
@@ -508,6 +538,7 @@ public:
 
 private:
     Textkasten *kasten_;
+    QLabel *decke_;
     QString gezeigt_;
     bool zeigt_ = false, betreten_ = false;
 };

@@ -30,6 +30,8 @@ public:
     virtual bool veraendert() const { return false; }
     /// What stands there now counts as shown.
     virtual void uebernehmen() {}
+    /// Words that running text must not tell from now on; without any it is whole again. The value stays what it is.
+    virtual void verdecken(const QStringList &) {}
     /// What stands there now: a text as it is shown, the user's fields as they are stored.
     virtual QString wert() const { return {}; }
     /// Names of what the user has named.
@@ -38,7 +40,8 @@ public:
     virtual void monateBeschriften(bool) {}
     /// What has a size of its own follows the size of the record's type, in points.
     virtual void schriftgroesse(double) {}
-    /// The box with the whole text, made when a text is first too long for its label; null until then.
+    /// What stands below the control: the box with the whole text, made when a text is first too long for its label, null until then; a
+    /// sentence in place of a covered note.
     virtual QWidget *ganzerText() const { return nullptr; }
     const Element &beschreibung() const { return element_; }
 

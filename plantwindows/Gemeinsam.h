@@ -3,6 +3,8 @@
 #include "Beschreibung.h"
 #include "store/Text.h"
 
+#include <array>
+
 /* Parts of a description that every Sparte's window has, and last steps that several of them take. */
 namespace gemeinsam {
 
@@ -38,6 +40,17 @@ inline constexpr Gruppe benutzer[] = {
     {.name = "SSFraBenutzer2", .titel = u"Eigene Eigenschaften", .elemente = eigenschaften},
     {.name = "ssfraAusbildung", .titel = u"Ausbildung", .elemente = ausbildung, .regel = Gruppenregel::Controls},
 };
+/// The names of a plant that is known by a botanical one.
+constexpr std::array<Namensfrage, 5> pflanzenfragen(const char *familie)
+{
+    return {{
+        {Fragenart::Gattung, "BOT_NAME", u"Gattung"},
+        {Fragenart::Art, "BOT_NAME", u"Art"},
+        {Fragenart::Sorte, "BOT_NAME", u"Sorte"},
+        {Fragenart::Familie, familie, u"Familie"},
+        {Fragenart::DeutscherName, "DTNAM", u"Deutscher Name"},
+    }};
+}
 inline constexpr Element herkunftsmarke{.muster = Muster::Herkunftsmarke, .control = "imgBenuAenderung", .feld = "Benu_Aenderung"};
 
 } // namespace gemeinsam

@@ -120,6 +120,14 @@ QString Pflanzenansicht::kopftext(size_t i) const
     return i < beschreibung_.kopf.size() ? schildtext(elemente_[i]->wert()) : QString();
 }
 
+void Pflanzenansicht::verdecken(bool verdeckt, const QStringList &worte)
+{
+    namen_->setHidden(verdeckt);
+    lblNamenDecke_->setVisible(verdeckt);
+    for (const auto &element : elemente_)
+        element->verdecken(verdeckt ? worte : QStringList());
+}
+
 void Pflanzenansicht::nummerSichtbar(bool sichtbar)
 {
     lblArtNr_->setVisible(sichtbar);
@@ -260,6 +268,14 @@ QWidget *Pflanzenansicht::kopfBauen()
     rolle->setMinimumWidth(namensbreite);
     rolle->setFocusPolicy(Qt::NoFocus);
     anordnung->addWidget(rolle, 1);
+    namen_ = rolle;
+    lblNamenDecke_ = new QLabel(QStringLiteral("Name verdeckt"), kopf);
+    lblNamenDecke_->setObjectName(QStringLiteral("lblNamenDecke"));
+    lblNamenDecke_->setProperty("feldtitel", true);
+    lblNamenDecke_->setAlignment(Qt::AlignCenter);
+    lblNamenDecke_->setMinimumWidth(namensbreite);
+    lblNamenDecke_->hide();
+    anordnung->addWidget(lblNamenDecke_, 1);
 
     anordnung->addWidget(tafelBauen(kopf), 0, Qt::AlignTop);
     kopfMindesthoehe_ = tafel_->sizeHint().height() + 18;

@@ -42,6 +42,8 @@ public:
 
     /// Text of an element of the head, counted from 0; empty where there are fewer.
     QString kopftext(size_t i) const;
+    /// Hides the names of the head and, in running text and in the user's note, these words; or shows all again.
+    void verdecken(bool verdeckt, const QStringList &worte);
     void nummerSichtbar(bool sichtbar);
     /// The number stands out: pictures are nowhere to be had.
     void nummerHervorheben(bool hervor);
@@ -123,7 +125,8 @@ private:
     std::vector<GanzerText> ganzeTexte_;
     QLabel *lblArtNr_ = nullptr;
     QTabWidget *tabStauden_ = nullptr;
-    QWidget *fraKopf_ = nullptr, *tafel_ = nullptr;
+    QWidget *fraKopf_ = nullptr, *tafel_ = nullptr, *namen_ = nullptr;
+    QLabel *lblNamenDecke_ = nullptr; ///< stands in the names' place while they are covered
     int kopfMindesthoehe_ = 0;
     double schriftstufe_ = 0;
 };

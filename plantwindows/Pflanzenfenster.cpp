@@ -6,6 +6,7 @@
 #include "controls/Geschuetzt.h"
 #include "controls/Sanduhr.h"
 #include "controls/Steuerelemente.h"
+#include "Uebungslauf.h"
 #include "Zentrale.h"
 #include "filters/Filterdialog.h"
 #include "store/Nebentabellen.h"
@@ -162,9 +163,12 @@ void Pflanzenfenster::darstellen()
     } pause(this);
     // First, and both or none: what they show and the record they belong to must never part.
     benutzerfelderZeigen();
-    verlauf_.besuchen(satz_.artnr());
+    if (!uebung_)
+        verlauf_.besuchen(satz_.artnr());
     hinweis(QString()); // what it told of may be another plant's
     ansicht_->zeigen(satz_);
+    if (uebung_)
+        uebungDecken();
     bilderZeigen();
     AnzeigeAnzahl();
     zentrale_.pflanzeGewechselt(sparte(), Fensternummer);
@@ -201,6 +205,11 @@ void Pflanzenfenster::benutzerfelderZeigen()
 
 void Pflanzenfenster::AnzeigeAnzahl()
 {
+    if (uebung_) {
+        // The place in the set would tell how the name begins.
+        stbAnzeige_[3]->setText(QStringLiteral("%1/%2").arg(uebung_->uebung.stelle() + 1).arg(uebung_->uebung.anzahl()));
+        return;
+    }
     const qsizetype stelle = satz_.offen() ? satz_.haupt().AbsolutePosition() : -1;
     stbAnzeige_[3]->setText(QStringLiteral("%1/%2").arg(stelle + 1).arg(Anzahl));
 }
@@ -336,6 +345,8 @@ void Pflanzenfenster::knoepfeVerbinden()
     beiKlick(Knopf::BotDeu, [this] { botDeu(); });
     const auto mitNotizen = [this, &beiKlick](Knopf welcher, void (Pflanzenfenster::*handlung)()) {
         beiKlick(welcher, [this, handlung] {
+            if (uebung_)
+                uebungZurueck();
             datenFordern();
             if (DatenGeaendert)
                 BenutzerdatenSpeichern();
@@ -423,6 +434,8 @@ bool Pflanzenfenster::eventFilter(QObject *quelle, QEvent *ereignis)
 
 void Pflanzenfenster::keyPressEvent(QKeyEvent *ereignis)
 {
+    if (uebungstaste(*ereignis))
+        return;
     if (ereignis->key() == Qt::Key_F1)
         zentrale_.hilfeZeigen(eintrag(sparte()).hilfethema.toString());
     else if (!suchenMitTaste(*ereignis))
@@ -450,6 +463,7 @@ void Pflanzenfenster::closeEvent(QCloseEvent *ereignis)
 void Pflanzenfenster::aufraeumen()
 {
     geschlossen_ = true;
+    uebungAbbrechen();
     eigeneNummer();
     const SpartenEintrag &zeile = eintrag(sparte());
     const bool dialogOffen = filter_ && !filter_->isHidden();

@@ -9,6 +9,7 @@
 #include "filters/Filterzustand.h"
 #include "pictures/frmBilder.h"
 
+#include <QDate>
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
@@ -29,6 +30,18 @@ class QKeyEvent;
 class QComboBox;
 class QLabel;
 class Zentrale;
+struct Aufgabe;
+struct Pruefungsergebnis;
+struct Uebungslauf;
+
+/// The clock and the calendar of practice.
+struct Uebungszeit
+{
+    std::function<qint64()> uhr = laufzeit; ///< milliseconds that only run forward
+    std::function<QDate()> heute = QDate::currentDate;
+
+    static qint64 laufzeit();
+};
 
 /* The plant window, one for all Sparten: record selector, picture buttons, tabbed record view, status bar. What it shows and
    of which Sparte stands in its description. It works on a private copy of the database that lives as long as it does. */
@@ -82,6 +95,14 @@ public:
     /// Goes to a plant as a hand does, its note stored before; false, with nothing changed, where it is not in the present set.
     /// Throws when the note cannot be stored.
     bool springen(qint64 artnr);
+
+    /// Begins practice on the present set, or leaves it: the plant that was shown before is shown again. Before an examination is given
+    /// up it asks.
+    void ueben();
+    bool uebt() const { return bool(uebung_); }
+    /// Whether no name of the plant shown is to be seen.
+    bool namenVerdeckt() const;
+    Uebungszeit uebungszeit;
 
     /// The window's filter dialog, made when it is first asked for; null where the Sparte has no filter.
     Filterdialog *filterdialog();
@@ -183,6 +204,31 @@ private:
     void verlaufVor() { imVerlauf(1); }
     void artenGewaehlt(bool vomBenutzer);
     void botDeu();
+    void uebungAufbauen();
+    /// Walking and the selector, the other buttons and commands.
+    void leisteSperren(bool gehen, bool uebrige);
+    /// Goes to practice's present plant; throws, with the plant before still shown, when its note cannot be stored.
+    void uebungsblattZeigen();
+    void uebungGehen(int richtung);
+    /// Covers or uncovers what tells the name of the plant shown.
+    void uebungDecken();
+    void uebungAufdecken();
+    void befundeZeigen(bool selbst);
+    void uebungWerten(int guete);
+    /// Keeps how well plants were known; the day on which the last of them is due, none where it is not kept.
+    QDate standMerken(const std::vector<std::pair<Aufgabe, int>> &guete);
+    /// Leaves practice as its key does.
+    void uebungVerlassen();
+    void uebungZurueck();
+    /// Ends practice where the window stands.
+    void uebungAbbrechen();
+    /// A box, when the events in hand are done; empty: none.
+    void spaeterMelden(const QString &satz);
+    bool uebungstaste(const QKeyEvent &taste);
+    void pruefungBeginnen();
+    void uhrZeigen();
+    void pruefungAbgeben(bool fragen);
+    Pruefungsergebnis pruefungAuswerten();
     void hinweis(const QString &text);
     /// A hint that no mouse ends.
     void hinweisFuerEineWeile(const QString &text);
@@ -211,7 +257,8 @@ private:
     QPointer<frmSuche> suche_;
     std::vector<qint64> suchmenge_; ///< the present set when the search opened, rising
     Verlauf verlauf_;
-    qint64 gezeigt_ = 0; ///< number of the record last shown: the user's fields belong to it
+    std::unique_ptr<Uebungslauf> uebung_; ///< null: nobody practises
+    qint64 gezeigt_ = 0;                  ///< number of the record last shown: the user's fields belong to it
     QString gezeigterName_;
     bool hatKopie_ = false, geschlossen_ = false;
     qsizetype gesamt_ = 0;                  ///< plants before the last filter run

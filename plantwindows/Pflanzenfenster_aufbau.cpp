@@ -7,6 +7,7 @@
 #include "controls/Geschuetzt.h"
 #include "controls/Steuerelemente.h"
 #include "pictures/Bilderstreifen.h"
+#include "Uebungslauf.h"
 #include "Zentrale.h"
 
 #include <QAction>
@@ -112,6 +113,8 @@ void Pflanzenfenster::resizeEvent(QResizeEvent *ereignis)
 {
     QWidget::resizeEvent(ereignis);
     groesseAnpassen();
+    if (uebung_)
+        uebung_->form->hoeheAnpassen(height());
 }
 
 QWidget *Pflanzenfenster::leisteBauen()

@@ -44,5 +44,6 @@ Bilderpflanze Pflanzenfenster::bilderpflanze()
             .artnr = satz_.artnr(),
             .botName = ansicht_->kopftext(0),
             .deuName = ansicht_->kopftext(1),
-            .zeile = satz_.artnr() ? satz_.bilder() : std::nullopt};
+            .zeile = satz_.artnr() ? satz_.bilder() : std::nullopt,
+            .verdeckt = namenVerdeckt()};
 }

@@ -1,6 +1,7 @@
 #include "Pflanzenfenster.h"
 
 #include "Artenmodell.h"
+#include "Uebungslauf.h"
 #include "Zentrale.h"
 #include "controls/Sanduhr.h"
 #include "controls/Steuerelemente.h"
@@ -139,6 +140,9 @@ void Pflanzenfenster::zustandZeigen()
         satz = (FilterEin ? QString() : QStringLiteral("Filter aus – ")) + zentrale_.filtersatz(sparte(), *gelaufen_);
     const qsizetype alle = gelaufen_ ? gesamt_ : Anzahl;
     satz += QStringLiteral(" – %1 von %2").arg(Anzahl).arg(alle);
+    // What the filter asks for may be a name.
+    if (uebung_)
+        satz = uebung_->pruefung ? QStringLiteral("Prüfung") : QStringLiteral("Üben – %1 Pflanzen").arg(Anzahl);
     QLabel *feld = stbAnzeige_[0];
     feld->setText(satz);
     feld->setToolTip(satz);
@@ -159,6 +163,7 @@ Datenbank &Pflanzenfenster::allePflanzen()
 void Pflanzenfenster::filterGelaufen(const Laufergebnis &ergebnis)
 {
     eigeneNummer();
+    uebungAbbrechen();
     satz_.ausgeduennt(ergebnis.uebrig, ergebnis.gesamt);
     gesamt_ = ergebnis.gesamt;
     gelaufen_ = filterdialog()->zustand();
@@ -179,6 +184,7 @@ void Pflanzenfenster::filterGelaufen(const Laufergebnis &ergebnis)
 
 void Pflanzenfenster::filterVerworfen()
 {
+    uebungAbbrechen();
     const std::exception_ptr kopierfehler = datenHolen();
     satz_.alleNehmen();
     gelaufen_.reset();

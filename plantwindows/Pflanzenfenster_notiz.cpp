@@ -35,6 +35,8 @@ void Pflanzenfenster::notizNachziehen(const Notiz &notiz)
     satz_.kopieSchreiben(Fensternummer, notiz);
     if (gezeigt_ == notiz.artnr && satz_.artnr() == notiz.artnr)
         benutzerfelderZeigen();
+    if (uebung_)
+        uebungDecken();
 }
 
 void Pflanzenfenster::notizVerlassen()

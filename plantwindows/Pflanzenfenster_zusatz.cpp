@@ -27,6 +27,7 @@ void Pflanzenfenster::zusatzBauen(QWidget *leiste)
         {"aktZurueck", "Alt+Left", u"Zurück zur zuletzt gezeigten Pflanze", &Pflanzenfenster::verlaufZurueck},
         {"aktVor", "Alt+Right", u"Wieder vor", &Pflanzenfenster::verlaufVor},
         {"aktSuchen", "Ctrl+F", u"Suchen", &Pflanzenfenster::suchen},
+        {"aktUeben", "F9", u"Üben", &Pflanzenfenster::ueben},
     };
     for (const Zusatzbefehl &zeile : befehle) {
         auto *befehl = new QAction(zeile.text.toString(), this);
@@ -53,12 +54,16 @@ bool Pflanzenfenster::springen(qint64 artnr)
     datenFordern();
     if (!gehtZu(artnr))
         return false;
+    uebungAbbrechen();
     gehen([artnr](Recordset &haupt) { haupt.Finden(artnr); });
     return true;
 }
 
 void Pflanzenfenster::imVerlauf(int richtung)
 {
+    // In practice a plant seen before is gone to by practice's own keys.
+    if (uebung_)
+        return;
     datenFordern();
     if (const qint64 artnr = verlauf_.gehen(richtung, [this](qint64 nummer) { return gehtZu(nummer); }))
         springen(artnr);

@@ -7,6 +7,7 @@
 class QWidget;
 struct Filterzustand;
 struct Notiz;
+struct Pruefungsergebnis;
 
 /* What plant windows need of the program around them. The main window is one; tests bring their own. */
 class Zentrale
@@ -30,7 +31,9 @@ public:
     virtual void bildZeigen() = 0;
     /// Shows the print dialog for the active window, modally.
     virtual void drucken() = 0;
-    /// Another record is shown.
+    /// Prints the result sheet of an examination; `eltern` is the window that asks for it.
+    virtual void ergebnisDrucken(const Pruefungsergebnis &ergebnis, QWidget *eltern) = 0;
+    /// Another record is shown, or the names of the one shown are covered or seen again.
     virtual void pflanzeGewechselt(Sparte sparte, int nummer) = 0;
     virtual void hilfeZeigen(const QString &thema) = 0;
     /// What a state of the filter dialog leaves, in one sentence as print tells it.

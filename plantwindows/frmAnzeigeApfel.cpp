@@ -151,6 +151,9 @@ constexpr Reiter reiter[] = {
     {u"Benutzer / Ausbildung", gemeinsam::benutzer},
 };
 
+constexpr const char *andereNamen[] = {"DTNAM", "synonym"};
+constexpr Namensfrage fragen[] = {{Fragenart::Sortenname, "BOT_NAME", u"Sorte", andereNamen}};
+
 } // namespace
 
-const Fensterbeschreibung frmAnzeigeApfel{.sparte = Sparte::Apfel, .kopf = kopf, .tafel = tafel, .reiter = reiter};
+const Fensterbeschreibung frmAnzeigeApfel{.sparte = Sparte::Apfel, .kopf = kopf, .tafel = tafel, .reiter = reiter, .fragen = fragen};

@@ -172,7 +172,9 @@ constexpr Reiter reiter[] = {
     {u"Benutzer / Ausbildung", gemeinsam::benutzer},
 };
 
+constexpr auto fragen = gemeinsam::pflanzenfragen("*.FAMILIE");
+
 } // namespace
 
 const Fensterbeschreibung frmAnzeigeFriedhof{
-    .sparte = Sparte::Friedhof, .kopf = kopf, .tafel = tafel, .reiter = reiter, .ohneNummer = Sparte::Gehoelze};
+    .sparte = Sparte::Friedhof, .kopf = kopf, .tafel = tafel, .reiter = reiter, .fragen = fragen, .ohneNummer = Sparte::Gehoelze};

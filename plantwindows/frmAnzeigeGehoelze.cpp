@@ -55,6 +55,8 @@ constexpr Reiter reiter[] = {
     {u"Benutzer / Ausbildung", gemeinsam::benutzer},
 };
 
+constexpr auto fragen = gemeinsam::pflanzenfragen("*.FAMILIE");
+
 } // namespace
 
-const Fensterbeschreibung frmAnzeigeGehoelze{.sparte = Sparte::Gehoelze, .kopf = kopf, .tafel = tafel, .reiter = reiter};
+const Fensterbeschreibung frmAnzeigeGehoelze{.sparte = Sparte::Gehoelze, .kopf = kopf, .tafel = tafel, .reiter = reiter, .fragen = fragen};

@@ -130,6 +130,12 @@ constexpr Reiter reiter[] = {
     {u"Ernte/Lager", ernteReiter}, {u"Benutzer / Ausbildung", gemeinsam::benutzer},
 };
 
+constexpr const char *andereNamen[] = {"synonym"};
+constexpr Namensfrage fragen[] = {
+    {Fragenart::DeutscherName, "DTNAM", u"Obstart"},
+    {Fragenart::Sortenname, "BOT_NAME", u"Sorte", andereNamen},
+};
+
 } // namespace
 
-const Fensterbeschreibung frmAnzeigeObst{.sparte = Sparte::Obst, .kopf = kopf, .tafel = tafel, .reiter = reiter};
+const Fensterbeschreibung frmAnzeigeObst{.sparte = Sparte::Obst, .kopf = kopf, .tafel = tafel, .reiter = reiter, .fragen = fragen};

@@ -80,6 +80,8 @@ constexpr Reiter reiter[] = {
     {u"Benutzer / Ausbildung", gemeinsam::benutzer},
 };
 
+constexpr auto fragen = gemeinsam::pflanzenfragen("*.FAMILIE");
+
 } // namespace
 
-const Fensterbeschreibung frmAnzeigeStauden{.sparte = Sparte::Stauden, .kopf = kopf, .tafel = tafel, .reiter = reiter};
+const Fensterbeschreibung frmAnzeigeStauden{.sparte = Sparte::Stauden, .kopf = kopf, .tafel = tafel, .reiter = reiter, .fragen = fragen};

@@ -138,6 +138,8 @@ constexpr Reiter reiter[] = {
     {u"Benutzer / Ausbildung", gemeinsam::benutzer},
 };
 
+constexpr auto fragen = gemeinsam::pflanzenfragen("FAMILIE");
+
 } // namespace
 
-const Fensterbeschreibung frmAnzeigeTopfpflanzen{.sparte = Sparte::Topf, .kopf = kopf, .tafel = tafel, .reiter = reiter};
+const Fensterbeschreibung frmAnzeigeTopfpflanzen{.sparte = Sparte::Topf, .kopf = kopf, .tafel = tafel, .reiter = reiter, .fragen = fragen};

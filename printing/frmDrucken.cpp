@@ -88,6 +88,16 @@ frmDrucken::frmDrucken(Programm &programm, std::function<std::optional<Druckauft
     optDruckFrage_[1]->setEnabled(aktuell && aktuell->FilterEin && aktuell->FilterGesetzt);
 }
 
+frmDrucken::frmDrucken(Programm &programm, Blattmacher macher, Druckgeraet &geraet, QWidget *eltern)
+    : QDialog(eltern), programm_(programm), macher_(std::move(macher)), geraet_(geraet)
+{
+    setObjectName(QStringLiteral("frmDrucken"));
+    setWindowTitle(QStringLiteral("Drucken"));
+    aufbauen();
+    optDruckFrage_[0]->setChecked(true);
+    optDruckFrage_[0]->parentWidget()->hide();
+}
+
 void frmDrucken::aufbauen()
 {
     auto *fraDruckFrage = new QGroupBox(QStringLiteral("Was soll gedruckt werden ?"), this);
@@ -180,6 +190,11 @@ void frmDrucken::showEvent(QShowEvent *ereignis)
 
 std::optional<frmDrucken::Ausdruck> frmDrucken::auslegen(size_t hoechstens)
 {
+    if (macher_) {
+        Printer drucker(geraet_.blatt(), hoechstens);
+        const QString titel = macher_(drucker);
+        return Ausdruck{drucker.EndDoc(), titel, {}};
+    }
     const std::optional<Druckauftrag> auftrag = auftrag_();
     if (!auftrag)
         return std::nullopt;

@@ -24,6 +24,10 @@ public:
     /// `auftrag` tells of the active window; nothing: no Sparte is active.
     frmDrucken(Programm &programm, std::function<std::optional<Druckauftrag>()> auftrag, Druckgeraet &geraet, QWidget *eltern);
 
+    /// The same for a printout that leaves nothing to choose: `macher` writes it and returns its title.
+    using Blattmacher = std::function<QString(Printer &)>;
+    frmDrucken(Programm &programm, Blattmacher macher, Druckgeraet &geraet, QWidget *eltern);
+
     void cmdDruck_Click();
     void cmdDruckerEinrichten_Click();
 
@@ -55,6 +59,7 @@ private:
 
     Programm &programm_;
     std::function<std::optional<Druckauftrag>()> auftrag_;
+    Blattmacher macher_;
     Druckgeraet &geraet_;
     QRadioButton *optDruckFrage_[2] = {};
     QLabel *lblDrucker_ = nullptr;

@@ -50,6 +50,7 @@ public:
     void namenAendern(QWidget *) override { ++namen; }
     void bildZeigen() override { ++bilder; }
     void drucken() override { ++gedruckt; }
+    void ergebnisDrucken(const Pruefungsergebnis &, QWidget *) override { ++ergebnisse; }
     void pflanzeGewechselt(Sparte, int) override
     {
         ++gewechselt;
@@ -60,7 +61,7 @@ public:
     QString filtersatz(Sparte, const Filterzustand &) override { return QStringLiteral("Satz"); }
 
     bool mulko = false, gesperrt = false;
-    int geschlossen = 0, notizen = 0, namen = 0, bilder = 0, gewechselt = 0, gedruckt = 0;
+    int geschlossen = 0, notizen = 0, namen = 0, bilder = 0, gewechselt = 0, gedruckt = 0, ergebnisse = 0;
     QString hilfe;
     std::function<void()> beimWechsel;
 };
