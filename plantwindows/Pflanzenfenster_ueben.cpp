@@ -320,6 +320,8 @@ void Pflanzenfenster::uebungAbbrechen()
     const bool fokusHier = window()->focusWidget() && isAncestorOf(window()->focusWidget());
     cboArten_->show();
     leisteSperren(false, false);
+    for (QAction *befehl : lauf->form->findChildren<QAction *>())
+        removeAction(befehl);
     // It may be the sender of what is being handled.
     for (QWidget *teil : {static_cast<QWidget *>(lauf->form), static_cast<QWidget *>(lauf->auswahlDecke)})
         if (teil) {

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int seitenrand = 10;       // pixels, as the parts of the window have
 constexpr int feldbreite = 170;      // pixels of a line before the lines stand in more rows
+constexpr int breitesteZeile = 420;  // pixels: no name is longer
 constexpr int einzeilig = 660;       // pixels from which on title and buttons stand side by side
 constexpr int kleinsteHoehe = 64;    // pixels
 constexpr int laengsteAntwort = 200; ///< characters
@@ -132,6 +133,7 @@ frmUeben::frmUeben(QWidget *eltern) : QWidget(eltern)
         feld.antwort = new Antwortfeld(feld.platz);
         feld.antwort->setObjectName(QStringLiteral("txtAntwort_%1").arg(i));
         feld.antwort->setMaxLength(laengsteAntwort);
+        feld.antwort->setMaximumWidth(breitesteZeile);
         feld.antwort->setInputMethodHints(Qt::ImhNoPredictiveText | Qt::ImhSensitiveData);
         feld.titel->setBuddy(feld.antwort);
         feld.antwort->bestaetigt = [this, i] { bestaetigt(i); };
@@ -141,6 +143,8 @@ frmUeben::frmUeben(QWidget *eltern) : QWidget(eltern)
         feld.urteil->setTextFormat(Qt::PlainText);
         feld.urteil->setWordWrap(true);
         feld.urteil->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        // Its line is there before the mark is: the panel keeps its height, and the record its place.
+        feld.urteil->setMinimumHeight(feld.urteil->fontMetrics().lineSpacing());
         spalte->addWidget(feld.titel);
         spalte->addWidget(feld.antwort);
         spalte->addWidget(feld.urteil);
@@ -158,10 +162,16 @@ frmUeben::frmUeben(QWidget *eltern) : QWidget(eltern)
     selbstzeile->addWidget(cmdGewusst);
     selbstzeile->addWidget(cmdNichtGewusst);
     selbstzeile->addStretch(1);
-    zeilen->addWidget(selbst_);
+    auto *fuss = new QWidget(inhalt_);
+    auto *fusszeile = new QHBoxLayout(fuss);
+    fusszeile->setContentsMargins(0, 0, 0, 0);
+    fusszeile->addWidget(selbst_);
+    fuss->setMinimumHeight(selbst_->sizeHint().height());
+    zeilen->addWidget(fuss);
     lblUebungHinweis_ = schild("lblUebungHinweis", inhalt_, "feldtitel");
     lblUebungHinweis_->setWordWrap(true);
-    zeilen->addWidget(lblUebungHinweis_);
+    fusszeile->addWidget(lblUebungHinweis_, 1);
+    fusszeile->addStretch();
 
     tasten_ = new QWidget(inhalt_);
     auto *tastenzeile = new QHBoxLayout(tasten_);
@@ -180,8 +190,13 @@ frmUeben::frmUeben(QWidget *eltern) : QWidget(eltern)
     connect(cmdAufdecken_, &QPushButton::clicked, this, &frmUeben::aufdeckenGewuenscht);
     connect(cmdPruefung_, &QPushButton::clicked, this, &frmUeben::pruefungGewuenscht);
     connect(cmdUebEnde_, &QPushButton::clicked, this, &frmUeben::beendenGewuenscht);
-    connect(cmdGewusst, &QPushButton::clicked, this, [this] { emit selbstBeurteilt(true); });
-    connect(cmdNichtGewusst, &QPushButton::clicked, this, [this] { emit selbstBeurteilt(false); });
+    for (const auto &[knopf, gewusst] : {std::pair(cmdGewusst, true), std::pair(cmdNichtGewusst, false)})
+        connect(knopf, &QPushButton::clicked, this, [this, gewusst = gewusst] {
+            // Said once.
+            fokussieren();
+            selbst_->hide();
+            emit selbstBeurteilt(gewusst);
+        });
     setPruefung(false);
 }
 
@@ -205,7 +220,13 @@ void frmUeben::setPruefung(bool pruefung)
                                       : QStringLiteral("20 Pflanzen in 20 Minuten, mit Ergebnisblatt"));
     cmdUebEnde_->setText(pruefung ? QStringLiteral("Abbrechen") : QStringLiteral("Beenden"));
     selbst_->hide();
-    setHinweis({});
+    tastenErklaeren();
+}
+
+void frmUeben::tastenErklaeren()
+{
+    setHinweis(pruefung_ ? QStringLiteral("Eingabetaste: nächste Zeile · Bild ab, Bild auf: nächste, vorige Pflanze")
+                         : QStringLiteral("Leertaste: aufdecken · Eingabetaste: Antworten prüfen · Bild ab: nächste Pflanze · Esc: beenden"));
 }
 
 void frmUeben::setUhr(const QString &text, bool knapp)
@@ -244,7 +265,6 @@ void frmUeben::fragen(const std::vector<Frage> &fragen, const QString &stelle)
         feld.antwort->setText(i < gefragt_ ? fragen[i].antwort : QString());
         feld.antwort->setAccessibleDescription({});
         feld.urteil->clear();
-        feld.urteil->hide();
         if (i < gefragt_) {
             feld.titel->setText(fragen[i].titel);
             feld.antwort->setAccessibleName(fragen[i].titel);
@@ -253,7 +273,7 @@ void frmUeben::fragen(const std::vector<Frage> &fragen, const QString &stelle)
     selbst_->hide();
     felderSetzen();
     tastenBeschriften();
-    setHinweis({});
+    tastenErklaeren();
     fokussieren();
 }
 
@@ -276,9 +296,9 @@ void frmUeben::aufdecken(const std::vector<Ergebnis> &ergebnisse, bool selbst)
         feld.antwort->setAccessibleDescription(satz);
         feld.urteil->setStyleSheet(selbst ? QString() : QStringLiteral("color: %1").arg(farbe.farbe));
         feld.urteil->setText(satz);
-        feld.urteil->show();
     }
     selbst_->setVisible(selbst);
+    setHinweis({});
     tastenBeschriften();
     hoeheAnpassen(fensterhoehe_);
 }

@@ -78,6 +78,7 @@ private:
     void felderSetzen();
     void bestaetigt(size_t i);
     void tastenBeschriften();
+    void tastenErklaeren();
 
     QFrame *karte_;
     QScrollArea *rolle_;

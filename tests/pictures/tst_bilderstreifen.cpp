@@ -1,6 +1,8 @@
 #include "Bildprobe.h"
 
 #include "pictures/Bilderstreifen.h"
+#include "pictures/Namensband.h"
+#include "tools/tafeln/Tafel.h"
 
 #include <QLabel>
 #include <QScrollBar>
@@ -23,6 +25,7 @@ private slots:
     void scrolling();
     void walkingDropsWhatIsNotLoaded();
     void unreadableFile();
+    void covered();
 };
 
 namespace {
@@ -179,6 +182,49 @@ void tst_bilderstreifen::unreadableFile()
     QTRY_COMPARE(streifen.findChild<QLabel *>(QStringLiteral("lblBilderText_0"))->text(), QStringLiteral("kaputt.jpg"));
     QCOMPARE(platz(streifen, 0)->property("MousePointer").toInt(), 0);
     QVERIFY(platz(streifen, 0)->isVisible());
+}
+
+/// Neither captions nor the foot of the pictures, where plates carry the name, can be seen; then all is as before.
+void tst_bilderstreifen::covered()
+{
+    static_assert(namensband >= 1 - Tafel::band / Tafel::hoehe, "a plate's band looks out");
+    static_assert(namensband < 1 - Tafel::band / Tafel::hoehe + 0.01, "more of a plate is covered than its band");
+    const Bilderordner ordner;
+    Bilderstreifen streifen(nullptr);
+    zeigen(streifen);
+    std::vector<Bildeintrag> bilder = eintraege(ordner, 2);
+    bilder[0].beschreibung = QStringLiteral("Rosa im Juni");
+    bilder.push_back({ordner.pfad(QStringLiteral("topfpflanzen/nr0.jpg")), QStringLiteral("rosa.jpg"), false});
+    streifen.zeigen(bilder, QString());
+    QTRY_VERIFY(platz(streifen, 1)->width() > 100);
+    QTest::qWait(1);
+    const auto bild = [&](int i) { return platz(streifen, i)->grab().toImage(); };
+    const QImage vorher = bild(0), ersatz = bild(2);
+    streifen.setVerdeckt(true);
+    for (int i = 0; i < 3; ++i) {
+        QVERIFY(streifen.findChild<QLabel *>(QStringLiteral("lblBilderText_%1").arg(i))->text().isEmpty());
+        QVERIFY(streifen.findChild<QLabel *>(QStringLiteral("lblBilderText_%1").arg(i))->toolTip().isEmpty());
+    }
+    QCOMPARE(platz(streifen, 0)->accessibleName(), QStringLiteral("Bild 1"));
+    QCOMPARE(platz(streifen, 2)->accessibleName(), QStringLiteral("Kein Bild"));
+    const QImage verdeckt = bild(0);
+    const int band = int(namensbandVon(verdeckt.rect()).top());
+    for (int y = 0; y < verdeckt.height(); ++y)
+        for (int x = 0; x < verdeckt.width(); ++x)
+            if (y < band)
+                QCOMPARE(verdeckt.pixel(x, y), vorher.pixel(x, y));
+            else
+                QCOMPARE(verdeckt.pixel(x, y), verdeckt.pixel(0, verdeckt.height() - 1));
+    QVERIFY(band <= verdeckt.height() * Tafel::band / Tafel::hoehe);
+    // What comes in the place of a missing picture has no name.
+    QCOMPARE(bild(2), ersatz);
+    // The next plant's captions stay covered, too.
+    streifen.zeigen(bilder, QString());
+    QVERIFY(streifen.findChild<QLabel *>(QStringLiteral("lblBilderText_0"))->text().isEmpty());
+    streifen.setVerdeckt(false);
+    QCOMPARE(streifen.findChild<QLabel *>(QStringLiteral("lblBilderText_0"))->text(), QStringLiteral("Rosa im Juni"));
+    QCOMPARE(platz(streifen, 2)->accessibleName(), QStringLiteral("Kein Bild: rosa.jpg"));
+    QTRY_COMPARE(bild(0), vorher);
 }
 
 QTEST_MAIN(tst_bilderstreifen)
