@@ -151,7 +151,9 @@ void Pflanzenfenster::uebungAufbauen()
 void Pflanzenfenster::leisteSperren(bool gehen, bool uebrige)
 {
     leistenteile_[0]->setEnabled(!gehen);
+    // Not every button has a pale picture: what cannot be used is not there.
     leistenteile_[1]->setEnabled(!uebrige);
+    leistenteile_[1]->setHidden(uebrige);
     for (const Knopfzeile &zeile : knopfzeilen())
         if (Bildknopf *button = knopf(zeile.knopf))
             reihe_.ruhendMalen(*button);
