@@ -24,13 +24,19 @@ constexpr int laengsteAntwort = 200; ///< characters
 struct Urteilsfarbe
 {
     Urteil urteil;
-    QStringView zeichen, farbe; ///< at least 4.5 : 1 on the card
+    QStringView zeichen, aufHell, aufDunkel; ///< at least 4.5 : 1 on the card
 };
 constexpr Urteilsfarbe urteilsfarben[] = {
-    {Urteil::Richtig, u"✓", u"#2f6b3a"},
-    {Urteil::Fast, u"≈", u"#8a5a00"},
-    {Urteil::Falsch, u"✗", u"#a32020"},
+    {Urteil::Richtig, u"✓", u"#2f6b3a", u"#8fd19e"},
+    {Urteil::Fast, u"≈", u"#8a5a00", u"#f0c05a"},
+    {Urteil::Falsch, u"✗", u"#a32020", u"#ff9a8a"},
 };
+
+QString stil(const QWidget &schild, const Urteilsfarbe &farbe)
+{
+    const bool dunkel = schild.palette().color(QPalette::Window).lightness() < 128;
+    return QStringLiteral("color: %1").arg(dunkel ? farbe.aufDunkel : farbe.aufHell);
+}
 
 } // namespace
 
@@ -233,7 +239,7 @@ void frmUeben::setUhr(const QString &text, bool knapp)
 {
     if (lblUhr_->text() != text)
         lblUhr_->setText(text);
-    lblUhr_->setStyleSheet(knapp ? QStringLiteral("color: %1").arg(urteilsfarben[2].farbe) : QString());
+    lblUhr_->setStyleSheet(knapp ? stil(*this, urteilsfarben[2]) : QString());
 }
 
 void frmUeben::setGehen(bool zurueck, bool vor)
@@ -294,7 +300,7 @@ void frmUeben::aufdecken(const std::vector<Ergebnis> &ergebnisse, bool selbst)
             satz = richtig;
         feld.antwort->setReadOnly(true);
         feld.antwort->setAccessibleDescription(satz);
-        feld.urteil->setStyleSheet(selbst ? QString() : QStringLiteral("color: %1").arg(farbe.farbe));
+        feld.urteil->setStyleSheet(selbst ? QString() : stil(*this, farbe));
         feld.urteil->setText(satz);
     }
     selbst_->setVisible(selbst);
