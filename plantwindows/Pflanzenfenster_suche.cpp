@@ -50,6 +50,10 @@ Suchbestand &Pflanzenfenster::suchbestand()
 
 void Pflanzenfenster::sucheOeffnen(const QString &anfang)
 {
+    if (uebt()) {
+        hinweisFuerEineWeile(QStringLiteral("Beim Üben wird nicht gesucht."));
+        return;
+    }
     datenFordern();
     if (DatenGeaendert)
         BenutzerdatenSpeichern();

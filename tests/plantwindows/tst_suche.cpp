@@ -408,11 +408,12 @@ void TestSuche::eigeneNotiz()
     QCOMPARE(probe_->name(), name);
     // What was written over is gone.
     notieren({});
-    taste(Qt::Key_A, Qt::ControlModifier);
+    probe_->finde<QPlainTextEdit>(u"txtEigeneBemerkung"_s)->selectAll();
     tippen(u"umgezogen"_s);
+    QCOMPARE(probe_->text(u"txtEigeneBemerkung"_s), u"umgezogen"_s);
     probe_->klick("cmdFirst");
-    suche(u"gewaechshaust"_s);
-    QCOMPARE(zeilen(), QStringList{u"Nichts gefunden"_s});
+    suche(u"gewaechshaustisch"_s);
+    QVERIFY2(zeilen() == QStringList{u"Nichts gefunden"_s}, qPrintable(zeilen().join(u'|')));
 }
 
 void TestSuche::notizEinesAnderenFensters()

@@ -146,6 +146,7 @@ private slots:
     void filterBeendet();
     void schliessen();
     void anderesBeendet();
+    void sucheVerraetNichts();
     void leereMenge();
     void pruefung();
     void pruefungsende();
@@ -676,6 +677,25 @@ void TestUeben::anderesBeendet()
     QVERIFY(!zuSehen(probe.finde(u"lblBotName"_s), probe.fenster.get()));
     probe.fenster->ueben();
     QCOMPARE(probe.fenster->satz().artnr(), folge[3]);
+}
+
+/// The search would show the name at once.
+void TestUeben::sucheVerraetNichts()
+{
+    Fensterprobe probe;
+    probe.oeffnen();
+    probe.finde<QAction>(u"aktUeben"_s)->trigger();
+    QVERIFY(probe.fenster->uebt());
+    const auto keineSuche = [&] {
+        auto *suche = probe.fenster->findChild<QWidget *>(u"frmSuche"_s);
+        return !suche || !suche->isVisible();
+    };
+    probe.finde<QAction>(u"aktSuchen"_s)->trigger();
+    QVERIFY(keineSuche());
+    QCOMPARE(probe.panel(2), u"Beim Üben wird nicht gesucht."_s);
+    QTest::keyClick(probe.finde(u"cmdDruck"_s), Qt::Key_B);
+    QVERIFY(keineSuche());
+    QVERIFY(probe.fenster->uebt());
 }
 
 void TestUeben::leereMenge()
