@@ -1,7 +1,7 @@
 #include "RecLeser.h"
 
 #include <QStringDecoder>
-#include <QStringList>
+#include <QStringTokenizer>
 
 const RecFeld *RecSatz::feld(QStringView name) const
 {
@@ -23,17 +23,22 @@ std::vector<RecSatz> recLesen(const QByteArray &utf8, const QString &datei)
     satz.datei = datei;
     const auto abschliessen = [&] {
         if (!satz.felder.empty())
-            saetze.push_back(satz);
+            saetze.push_back({satz.typ, satz.datei, std::move(satz.felder)});
         satz.felder.clear();
     };
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = decoder(utf8);
+    if (decoder.hasError())
+        for (int zeile = 1; const QByteArray &bytes : utf8.split('\n')) {
+            QStringDecoder einzeln(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+            if (const QString dort = einzeln(bytes); einzeln.hasError())
+                satz.falsch(zeile, QStringLiteral("kein UTF-8"));
+            ++zeile;
+        }
     int zeile = 0;
-    for (const QByteArray &bytes : utf8.split('\n')) {
+    for (const QStringView roh : qTokenize(QStringView(text), u'\n')) {
         ++zeile;
-        QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-        const QString roh = decoder(bytes);
-        if (decoder.hasError())
-            satz.falsch(zeile, QStringLiteral("kein UTF-8"));
-        const QString inhalt = roh.trimmed();
+        const QStringView inhalt = roh.trimmed();
         if (inhalt.isEmpty()) {
             abschliessen();
         } else if (roh.startsWith(u'#')) {
@@ -41,17 +46,17 @@ std::vector<RecSatz> recLesen(const QByteArray &utf8, const QString &datei)
         } else if (roh.startsWith(u'+')) {
             if (satz.felder.empty())
                 satz.falsch(zeile, QStringLiteral("Fortsetzung ohne Feld"));
-            satz.felder.back().wert += u'\n' + roh.mid(1).trimmed();
+            satz.felder.back().wert += u'\n' + roh.mid(1).trimmed().toString();
         } else if (roh.startsWith(u'%')) {
             abschliessen();
             if (roh.startsWith(u"%rec:"))
-                satz.typ = roh.mid(5).trimmed();
+                satz.typ = roh.mid(5).trimmed().toString();
         } else {
             const qsizetype doppelpunkt = roh.indexOf(u':');
-            const QString name = roh.left(doppelpunkt < 0 ? 0 : doppelpunkt);
+            const QStringView name = roh.left(doppelpunkt < 0 ? 0 : doppelpunkt);
             if (name.isEmpty() || name.contains(u' '))
                 satz.falsch(zeile, QStringLiteral("keine Feldzeile: %1").arg(inhalt));
-            satz.felder.push_back({name, roh.mid(doppelpunkt + 1).trimmed(), zeile});
+            satz.felder.push_back({name.toString(), roh.mid(doppelpunkt + 1).trimmed().toString(), zeile});
         }
     }
     abschliessen();

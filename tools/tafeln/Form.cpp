@@ -80,27 +80,35 @@ Rolle rolleVon(const RecSatz &satz, const RecFeld &feld, QStringView wort, Formg
 
 Formteil teilAus(const RecSatz &satz, const RecFeld &feld, Formgruppe gruppe)
 {
-    const QStringList worte = feld.wert.simplified().split(u' ');
-    const auto zahl = [&](int i) {
+    QStringView rest = feld.wert;
+    const auto wort = [&] {
+        const auto ende = std::ranges::find_if(rest, [](QChar c) { return c.isSpace(); });
+        const QStringView erstes = rest.first(ende - rest.begin());
+        rest = rest.mid(erstes.size()).trimmed();
+        return erstes;
+    };
+    const auto zahl = [&] {
         bool ok = false;
-        const double wert = worte.value(i).toDouble(&ok);
+        const QStringView text = wort();
+        const double wert = text.toDouble(&ok);
         if (!ok)
-            satz.falsch(feld.zeile, QStringLiteral("keine Zahl: \"%1\"").arg(worte.value(i)));
+            satz.falsch(feld.zeile, QStringLiteral("keine Zahl: \"%1\"").arg(text));
         return wert;
     };
     Formteil teil;
     teil.art = feld.name == u"Flaeche" ? Formteil::Flaeche : feld.name == u"Linie" ? Formteil::Linie : Formteil::Form;
     if (teil.art == Formteil::Form) {
-        teil.form = worte.value(0);
-        teil.lage.translate(zahl(1), zahl(2));
-        teil.lage.rotate(worte.size() > 4 ? zahl(4) : 0);
-        teil.lage.scale(zahl(3), zahl(3));
+        teil.form = wort().toString();
+        const double x = zahl(), y = zahl(), mass = zahl();
+        teil.lage.translate(x, y);
+        teil.lage.rotate(rest.isEmpty() ? 0 : zahl());
+        teil.lage.scale(mass, mass);
         return teil;
     }
     const bool linie = teil.art == Formteil::Linie;
-    teil.rolle = rolleVon(satz, feld, worte.value(0), gruppe);
-    teil.breite = linie ? zahl(1) : 0;
-    const auto pfad = pfadAus(worte.mid(linie ? 2 : 1).join(u' '));
+    teil.rolle = rolleVon(satz, feld, wort(), gruppe);
+    teil.breite = linie ? zahl() : 0;
+    const auto pfad = pfadAus(rest);
     if (!pfad)
         satz.falsch(feld.zeile, QStringLiteral("der Pfad ist nicht lesbar"));
     teil.pfad = *pfad;

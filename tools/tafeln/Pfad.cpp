@@ -11,7 +11,7 @@ using std::numbers::pi;
 class Leser
 {
 public:
-    explicit Leser(const QString &text) : text_(text) {}
+    explicit Leser(QStringView text) : text_(text) {}
     bool ende()
     {
         while (i_ < text_.size() && (text_[i_].isSpace() || text_[i_] == u','))
@@ -27,13 +27,25 @@ public:
         const qsizetype von = i_;
         if (i_ < text_.size() && (text_[i_] == u'-' || text_[i_] == u'+'))
             ++i_;
+        // Up to 15 digits, the quotient of two whole numbers is the nearest value there is.
+        static constexpr double zehner[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+        qint64 ganz = 0;
+        int ziffern = 0, hinten = 0;
         bool punkt = false;
-        while (i_ < text_.size() && (text_[i_].isDigit() || (text_[i_] == u'.' && !punkt)))
-            punkt |= text_[i_++] == u'.';
-        bool ok = false;
-        const double wert = QStringView(text_).mid(von, i_ - von).toDouble(&ok);
-        fehler |= !ok;
-        return wert;
+        for (; i_ < text_.size() && ((text_[i_] >= u'0' && text_[i_] <= u'9') || (text_[i_] == u'.' && !punkt)); ++i_) {
+            if (text_[i_] == u'.') {
+                punkt = true;
+                continue;
+            }
+            ganz = ganz * 10 + (text_[i_].unicode() - u'0');
+            hinten += punkt;
+            if (++ziffern > 15) {
+                fehler = true;
+                break;
+            }
+        }
+        fehler |= ziffern == 0;
+        return fehler ? 0 : (text_[von] == u'-' ? -1 : 1) * (double(ganz) / zehner[hinten]);
     }
     /// One digit: the flags of an arc may stand without a separator.
     bool flagge()
@@ -45,7 +57,7 @@ public:
     bool fehler = false;
 
 private:
-    const QString text_;
+    const QStringView text_;
     qsizetype i_ = 0;
 };
 
@@ -86,7 +98,7 @@ void bogen(QPainterPath &pfad, QPointF a, double rx, double ry, double drehung, 
 
 } // namespace
 
-std::optional<QPainterPath> pfadAus(const QString &text)
+std::optional<QPainterPath> pfadAus(QStringView text)
 {
     Leser leser(text);
     QPainterPath pfad;
