@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -163,10 +164,15 @@ void Steckbrief::masseLesen()
     kleinste = pflanze.zahl(u"MINHOEHE").value_or(0);
     // A size group: "mittelgroßer Baum (12/15-20 m)".
     static const QRegularExpression spanne(QStringLiteral("\\(([\\d,]+)(?:/[\\d,]+)?-(?:[\\d,]+/)?([\\d,]+) m\\)"));
+    std::vector<std::pair<double, double>> gruppen; // upper and lower end
+    const QStringList groessen = pflanze.worte(sammlung.groesse), straeucher = groessen.filter(QStringLiteral("strauch"), Qt::CaseInsensitive);
+    for (const QString &wort : wuchs.endsWith(u"strauch") && !straeucher.isEmpty() ? straeucher : groessen)
+        if (const auto m = spanne.match(wort); m.hasMatch())
+            gruppen.emplace_back(*zahlLesen(m.captured(2)), *zahlLesen(m.captured(1)));
+    std::ranges::sort(gruppen);
     bool mehrere = false;
-    for (const QString &wort : pflanze.worte(sammlung.groesse))
-        if (const auto m = spanne.match(wort); m.hasMatch() && h < *zahlLesen(m.captured(2)) * 0.8) {
-            const double von = *zahlLesen(m.captured(1)), bis = *zahlLesen(m.captured(2));
+    for (const auto &[bis, von] : gruppen)
+        if (h < bis * 0.8) {
             // Of several groups it reaches into the largest.
             kleinste = mehrere ? std::min(kleinste, von) : von;
             h = std::max(h, von + (mehrere ? 0.12 : 0.6) * (bis - von));
@@ -195,11 +201,14 @@ void Steckbrief::masseLesen()
     breite = zahl(QStringLiteral("Breite"), durchmesser > 0 ? std::clamp(durchmesser / hoehe, 0.25, 3.5) : flach ? 2.6 : schmal ? 0.45 : 0.9);
     breite *= ganze / hoehe;
     double blattfaktor = 1;
+    bool gerechnet = false;
     for (const QStringView spalte : {sammlung.kraft, sammlung.fruchtform, sammlung.laubfarbe})
         for (const QString &wort : pflanze.worte(spalte))
             for (const auto &w : wuchskraft)
                 if (w.wort == wort)
-                    hoehe *= w.hoehe, breite *= w.breite, blattfaktor *= w.blatt;
+                    hoehe *= w.hoehe, breite *= w.breite, blattfaktor *= w.blatt, gerechnet = true;
+    if (gerechnet) // nobody measures a tree to the centimetre
+        hoehe = hoehe < 1 ? std::max(0.05, std::round(hoehe * 20) / 20) : std::round(hoehe * 10) / 10;
     blattlaenge = blattfaktor
                   * zahl(QStringLiteral("Blattlaenge"),
                          ist(u"zwiebel") || ist(u"gras") ? hoehe * 75 : std::clamp(hoehe * (verholzt() ? 4 : 22), 1.2, verholzt() ? 9.0 : 28.0));
