@@ -60,6 +60,8 @@ double blattMalen(QPainter &p, const QRectF &platz, const Steckbrief &s, const F
 {
     const Motiv motiv(formen, form);
     QRectF r = motiv.rahmen();
+    if (unterseite) // seen from below it is its own mirror image
+        r = QRectF(-r.right(), r.top(), r.width(), r.height());
     const double stiellaenge = std::min(60.0, s.blattstiel * 100) * (r.height() > 40 ? 1 : 0.4);
     const bool gestielt = stiellaenge > 2 && r.bottom() < 30;
     if (gestielt)

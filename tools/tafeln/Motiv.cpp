@@ -177,7 +177,10 @@ void Motiv::punktMerken(size_t von)
 void Motiv::rahmenMessen()
 {
     rahmen_ = {};
-    eigenerRand_ = std::ranges::any_of(striche_, [](const Strich &s) { return s.rolle == Rolle::Rand; });
+    const auto hat = [&](Rolle rolle) { return std::ranges::any_of(striche_, [&](const Strich &s) { return s.rolle == rolle; }); };
+    eigenerRand_ = hat(Rolle::Rand);
+    eigeneAdern_ = hat(Rolle::Ader);
+    eigeneZone_ = hat(Rolle::Blatt2);
     for (const Strich &s : striche_)
         rahmen_ |= s.lage.map(s.pfad).boundingRect().adjusted(-s.breite / 2, -s.breite / 2, s.breite / 2, s.breite / 2);
     for (Punkt &punkt : punkte_) {
@@ -258,17 +261,30 @@ void Motiv::flaecheMalen(QPainter &p, const Strich &s, const Anstrich &a, double
         zeichnungMalen(p, s, a, pixel);
 }
 
-void Motiv::linieMalen(QPainter &p, const Strich &s, const Anstrich &a, double pixel, double ton) const
+/// Width of a midrib beyond which it would hide its narrow blade.
+double Motiv::rippenanteil(const Strich &spreite)
+{
+    return 0.14 * spreite.pfad.controlPointRect().width();
+}
+
+void Motiv::linieMalen(QPainter &p, const Strich &s, const Strich *spreite, const Anstrich &a, double pixel, double ton) const
 {
     const bool ader = s.rolle == Rolle::Ader || s.rolle == Rolle::Bluetenader;
-    if (pixel < (ader ? fein : 5))
+    const bool bunt = a.bunteAdern && (s.rolle == Rolle::Ader || s.rolle == Rolle::Rippe);
+    if (pixel < (ader && !bunt ? fein : 5))
         return;
-    const double breite = std::max(s.breite, (ader ? 0 : 0.9) / std::sqrt(std::abs(p.transform().determinant()))); // a hair is still seen
+    const double eigene = bunt                                 ? std::max(1.7, 2 * s.breite)
+                          : spreite && s.rolle == Rolle::Rippe ? std::min(s.breite, rippenanteil(*spreite))
+                                                               : s.breite;
+    const double breite = std::max(eigene, (ader ? 0 : 0.9) / std::sqrt(std::abs(p.transform().determinant()))); // a hair is still seen
     p.setBrush(Qt::NoBrush);
     const QColor f = mitTon(a[s.rolle], ton);
-    if (s.rolle == Rolle::Rippe && pixel >= fein) { // the midrib lies in a groove
-        p.setPen(stift(QColor(15, 40, 30, 60), s.breite * 2.2));
-        p.drawPath(s.pfad.translated(s.breite * 0.5, 0));
+    if (s.rolle == Rolle::Rippe && spreite && pixel >= fein) { // the midrib lies in a groove of the blade
+        p.save();
+        p.setClipPath(spreite->pfad, Qt::IntersectClip);
+        p.setPen(stift(QColor(15, 40, 30, 60), breite * 2.2));
+        p.drawPath(s.pfad.translated(breite * 0.5, 0));
+        p.restore();
     }
     if (s.rolle == Rolle::Ader && pixel >= 2 * fein) { // between the veins the blade bulges
         p.setPen(stift(QColor(10, 40, 25, 22), s.breite * 3.4));
@@ -303,8 +319,8 @@ void Motiv::zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, doub
         return t.map(umrisslinie);
     };
     for (const auto &[wo, farbton] : a.zeichnung) {
-        if (wo == u"rand" && eigenerRand_)
-            continue; // the form tells where it runs
+        if (zeichnetSelbst({wo, farbton}))
+            continue;
         const QColor f = farbton, weich = durchsichtig(farbton, 0.75);
         p.setPen(Qt::NoPen);
         if (wo == u"rand") {
@@ -362,8 +378,22 @@ void Motiv::zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, doub
         p.drawPath(s.fuer(pixel));
 }
 
-void Motiv::malen(QPainter &p, const Anstrich &anstrich, const QTransform &ort, double ton) const
+bool Motiv::zeichnetSelbst(const Anstrich::Zeichnung &z) const
 {
+    return (eigenerRand_ && z.wo == u"rand") || (eigeneAdern_ && z.wo == u"ader") || (eigeneZone_ && z.wo == u"zone");
+}
+
+void Motiv::malen(QPainter &p, const Anstrich &alle, const QTransform &ort, double ton) const
+{
+    Anstrich anstrich = alle;
+    for (const auto &z : alle.zeichnung)
+        if (zeichnetSelbst(z) && z.wo == u"ader") {
+            anstrich[Rolle::Ader] = anstrich[Rolle::Rippe] = z.farbe;
+            anstrich.bunteAdern = true;
+        } else if (zeichnetSelbst(z) && z.wo == u"zone") {
+            anstrich[Rolle::Blatt2] = z.farbe;
+        }
+    const Strich *spreite = nullptr;
     const QTransform vorher = p.transform();
     const double masse = std::sqrt(std::abs((ort * vorher).determinant()));
     const double ganz = masse * std::max(rahmen_.width(), rahmen_.height());
@@ -391,11 +421,13 @@ void Motiv::malen(QPainter &p, const Anstrich &anstrich, const QTransform &ort, 
         const QTransform hier = s.lage * ort;
         const QRectF r = s.pfad.controlPointRect();
         const double pixel = std::sqrt(std::abs(s.lage.determinant())) * masse * std::max(r.width(), r.height());
-        if (pixel < 2.2 || (ganz < grob && s.breite > 0 && s.gruppe != Formgruppe::Bluete))
+        if (pixel < 2.2 || (ganz < grob && s.breite > 0 && s.gruppe != Formgruppe::Bluete && !anstrich.bunteAdern))
             continue;
         p.setTransform(hier * vorher);
+        if (s.rolle == Rolle::Blatt && s.breite == 0)
+            spreite = &s;
         if (s.breite > 0)
-            linieMalen(p, s, anstrich, pixel, eigen);
+            linieMalen(p, s, spreite && spreite->stueck == s.stueck ? spreite : nullptr, anstrich, pixel, eigen);
         else
             flaecheMalen(p, s, anstrich, pixel, eigen);
     }

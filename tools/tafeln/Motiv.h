@@ -15,6 +15,7 @@ struct Anstrich
     };
     std::array<QColor, size_t(Rolle::Anzahl)> farben;
     std::vector<Zeichnung> zeichnung;
+    bool bunteAdern = false; ///< veins are a marking: broad, and drawn where leaves are small
 
     QColor &operator[](Rolle r) { return farben[size_t(r)]; }
     const QColor &operator[](Rolle r) const { return farben[size_t(r)]; }
@@ -62,7 +63,11 @@ private:
     void punktMerken(size_t von);
     void rahmenMessen();
     void flaecheMalen(QPainter &p, const Strich &s, const Anstrich &a, double pixel, double ton) const;
-    void linieMalen(QPainter &p, const Strich &s, const Anstrich &a, double pixel, double ton) const;
+    /// `spreite` is the blade that it lies on, null where there is none.
+    void linieMalen(QPainter &p, const Strich &s, const Strich *spreite, const Anstrich &a, double pixel, double ton) const;
+    static double rippenanteil(const Strich &spreite);
+    /// Whether the form has lines or areas of its own for a marking: they take its colour.
+    bool zeichnetSelbst(const Anstrich::Zeichnung &z) const;
     void zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, double pixel) const;
 
     /// Strokes from `von` to before `bis` that are one dot where they are small.
@@ -77,7 +82,7 @@ private:
     std::vector<Punkt> punkte_; ///< what has no parts but is no leaf is one as a whole
     QRectF rahmen_;
     int stuecke_ = 0;
-    bool eigenerRand_ = false; ///< the form draws its margin itself
+    bool eigenerRand_ = false, eigeneAdern_ = false, eigeneZone_ = false; ///< the form draws these markings itself
 };
 
 /// Puts a form's foot at `ort` and its axis into the direction `grad` (90 upwards), 100 units long as `laenge` pixels.

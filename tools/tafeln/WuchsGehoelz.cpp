@@ -35,7 +35,8 @@ double weite(const Kronenform &k, double t)
 {
     const double u = t < k.bauchhoehe ? (k.bauchhoehe - t) / k.bauchhoehe : (t - k.bauchhoehe) / (1 - k.bauchhoehe);
     const double rand = t < k.bauchhoehe ? k.unten : k.oben;
-    return rand + (k.bauch - rand) * std::sqrt(std::max(0.0, 1 - u * u * (k.wort == u"kegel" || k.wort == u"etagen" ? 1.9 - 0.9 * u : 1)));
+    const bool gerade = t > k.bauchhoehe && (k.wort == u"kegel" || k.wort == u"etagen");
+    return rand + (k.bauch - rand) * (gerade ? 1 - std::pow(u, 1.15) : std::sqrt(std::max(0.0, 1 - u * u)));
 }
 
 /// Twigs on both sides of a branch, down to the last order.
@@ -252,23 +253,30 @@ void nadelbaum(Pflanzenbild &b)
     const Kurve stamm = Kurve::bogen({0, 0}, 90, h * 0.97, 1);
     b.trieb(stamm, dick, dick * 0.1, holzfarbe(b.s), -0.6);
     rindeMalen(b, stamm, dick, form.stamm + 0.1);
-    const bool etagen = form.wort == u"etagen";
-    const int n = etagen ? 8 : std::clamp(int(h / 22), 14, 34);
-    const double nadel = std::clamp(b.blattlaenge(5), std::max(5.0, h * 0.01), 24.0);
+    // Old pines carry dense flat tufts on a long bare stem.
+    const bool etagen = form.wort == u"etagen", schirm = form.wort == u"schirm";
+    const int n = etagen ? 8 : schirm ? 12 : std::clamp(int(h / 22), 14, 34);
+    const double kahl = form.stamm * (schirm ? 1.15 : 0.6);
+    const double nadel = std::clamp(b.blattlaenge(5), std::max(5.0, h * (schirm ? 0.024 : 0.01)), 24.0);
     for (int i = 0; i < n; ++i) {
-        const double t = double(i) / n, y = form.stamm * 0.6 + (1 - form.stamm * 0.6) * t * 0.97;
-        for (int j = 0; j < (etagen ? 5 : 4); ++j) {
-            const double steig = form.steigung + 46 * t * t - 8 + b.zufall.streuung(8);
+        const double t = double(i) / n, y = kahl + (1 - kahl) * t * 0.97;
+        for (int j = 0; j < (etagen ? 5 : schirm ? 6 : 4); ++j) {
+            const double steig = form.steigung + (schirm ? 16 : 46) * t * t - 8 + b.zufall.streuung(8);
             const double quer = j < 2 ? 1.0 : b.zufall.zwischen(0.35, 0.8);
-            const double laenge =
-                std::max(h * 0.035, halb * weite(form, std::min(1.0, y + 0.04)) * quer / std::max(0.4, std::cos(steig * 0.0174533)));
-            const QPointF fuss = stamm.punkt(std::min(0.98, y + (etagen ? 0 : b.zufall.streuung(0.015))));
+            // The outline is met where the branch ends; those at the top are short, however steep.
+            const double schraeg = t < 0.5 ? std::max(0.4, std::cos(steig * 0.0174533)) : 1;
+            const double laenge = std::max(h * 0.025, halb * weite(form, std::min(1.0, y + 0.04)) * quer / schraeg);
+            // Branches in front cross the trunk and hide it.
+            const QPointF vorn(j < 2 || (schirm && t < 0.25) ? 0 : dick * (j % 2 ? -0.7 : 0.7), 0);
+            const QPointF fuss = stamm.punkt(std::min(0.98, y + (etagen ? 0 : b.zufall.streuung(0.015)))) + vorn;
             const double grad = j % 2 ? steig : 180 - steig;
             nadelast(b, Kurve::bogen(fuss, grad, laenge, form.neigung), std::max(1.0, dick * 0.22 * (1 - t)), nadel, j < 2 ? -0.2 : 0.3);
         }
     }
+    const double wipfel = schirm ? 0.18 : 0.1;
+    nadelast(b, Kurve::bogen(stamm.punkt(1.02 - wipfel), 90, h * wipfel, 1), 2, nadel, 0.35);
     for (int i = 0; b.s.zeigtFruechte() && i < b.zahl(14); ++i) {
-        const double t = b.zufall.zwischen(0.3, 0.92);
+        const double t = b.zufall.zwischen(std::max(0.3, kahl + 0.1), 0.92);
         b.frucht({b.zufall.streuung(halb * weite(form, t) * 0.8), -h * t}, 1.1);
     }
 }
