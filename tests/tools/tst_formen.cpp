@@ -1,5 +1,6 @@
 #include "tests/Hilfen.h"
 #include "tools/tafeln/Farben.h"
+#include "tools/tafeln/Merkmale.h"
 #include "tools/tafeln/Pfad.h"
 #include "tools/tafeln/Tafel.h"
 #include "tools/tafeln/Tafelinhalt.h"
@@ -21,7 +22,12 @@ private slots:
     void abgelehnt_data();
     void abgelehnt();
     void vorrang();
-    void merkmale();
+    void merkmalwort_data();
+    void merkmalwort();
+    void merkmaleMitLinie();
+    void hoehen_data();
+    void hoehen();
+    void eigeneZeichnung();
     void blueteUndLaub();
     void haftorgane();
     void aufriss();
@@ -29,6 +35,23 @@ private slots:
     void jedePflanzeAnders();
 
 private:
+    static const Formen &geliefert()
+    {
+        static const Formen formen = Formen::laden(QStringLiteral(FLOX_FORMEN));
+        return formen;
+    }
+    /// Asks of a plant as the shipped forms describe it, or of all where no name is given; fails where the plant is missing.
+    template<typename Frage>
+    static void mitBrief(Datenbank &db, const Sammlung &sammlung, const QString &name, const Frage &frage)
+    {
+        for (const Datensatz &pflanze : Datensatz::alle(db, sammlung.tabelle))
+            if (name.isEmpty() || pflanze.name() == name) {
+                frage(Steckbrief(pflanze, sammlung, geliefert()));
+                if (!name.isEmpty())
+                    return;
+            }
+        QVERIFY2(name.isEmpty(), qPrintable(name));
+    }
     static QByteArray grundformen()
     {
         return "%rec: Blattform\n\nForm: elliptisch\nTitel: t\nFlaeche: blatt M0 0L10 -50L0 -100Z\n\nForm: a\nTitel: t\nFlaeche: blatt M0 0L20 -50L0 "
@@ -129,41 +152,152 @@ void TestFormen::vorrang()
     brief("Pflanze: Cyclam\nBlatt: b\n\n", [](const Steckbrief &s) { QCOMPARE(s.blatt->name, u"elliptisch"_s); });
 }
 
-void TestFormen::merkmale()
+void TestFormen::merkmalwort_data()
 {
-    const std::vector<Organ> alle{Organ::Bluete, Organ::Frucht, Organ::Blatt, Organ::Rinde};
-    QCOMPARE(organVon(u"Blätter herzförmig"_s, alle), Organ::Blatt);
-    QCOMPARE(organVon(u"Kelch der Blüte behaart, Blatt kahl"_s, alle), Organ::Bluete);
-    QCOMPARE(organVon(u"Borke in Platten"_s, alle), Organ::Rinde);
-    QCOMPARE(organVon(u"Beeren rot"_s, alle), Organ::Frucht);
-    QVERIFY(!organVon(u"Beeren rot"_s, {Organ::Blatt}));
-    QVERIFY(!organVon(u"riecht stark"_s, alle));
-    // Of a variety of fruit, calyx and stalk are the fruit's and the crown is the tree's.
-    QCOMPARE(organVon(u"Kelch offen, in flacher Mulde"_s, alle), Organ::Bluete);
-    QCOMPARE(organVon(u"Kelch offen, in flacher Mulde"_s, alle, true), Organ::Frucht);
-    QCOMPARE(organVon(u"Stiel lang, gebogen"_s, alle, true), Organ::Frucht);
-    QVERIFY(!organVon(u"Krone leuchterartig"_s, alle, true));
-    QCOMPARE(organVon(u"Blüte groß, Krone breit"_s, alle, true), Organ::Bluete);
+    QTest::addColumn<int>("organ"); // -1: the whole plant
+    QTest::addColumn<Pflanzenart>("art");
+    const auto zeile = [](const char *merkmal, int organ, Pflanzenart art = Pflanzenart::Kraut) { QTest::newRow(merkmal) << organ << art; };
+    const auto von = [](Organ o) { return int(o); };
+    constexpr auto holz = Pflanzenart::Gehoelz, sorte = Pflanzenart::Sorte;
+    zeile("Blätter herzförmig", von(Organ::Blatt));
+    zeile("Kelch der Blüte behaart, Blatt kahl", von(Organ::Bluete));
+    zeile("riecht stark", -1);
+    // What only sounds like a leaf.
+    for (const char *merkmal : {"Kronblätter am Rand gezähnt", "Hüllblätter zurückgeschlagen", "Kelchblätter bleibend", "Blütenblätter vier",
+                                "Staubblätter lang", "Hängeblätter mit Bart", "Domblätter aufrecht", "Spreublätter stechend"})
+        zeile(merkmal, von(Organ::Bluete));
+    zeile("Tragblätter violett", von(Organ::Stand));
+    zeile("Schaft blattlos", von(Organ::Stand));
+    zeile("Austrieb kupferrot", von(Organ::Blatt), holz);
+    zeile("stängelumfassende Blätter", von(Organ::Blatt));
+    zeile("Stängel vierkantig", von(Organ::Stand));
+    zeile("Stängel bereift", von(Organ::Zweig), holz);
+    zeile("Stamm oben fuchsrot abblätternd", von(Organ::Rinde), holz);
+    zeile("Stamm grau, Blatt rund", von(Organ::Rinde), holz);
+    zeile("Borke in Platten", von(Organ::Rinde), holz);
+    zeile("Wuchs niederliegend, mehrstämmig", -1, holz);
+    // Parts of flowers and fruits by their own names.
+    for (const char *merkmal : {"Staubfäden rot", "Narbe dreiteilig", "Griffel lang", "Unterlippe breit", "Trompete lang", "Schlund gelb",
+                                "Sporn gebogen", "Köpfchen filzig", "Nebenkrone rot gerandet", "Blüht ab Mai", "Duft stark"})
+        zeile(merkmal, von(Organ::Bluete));
+    for (const char *merkmal : {"Beeren rot", "Kapsel mit drei Löchern", "Hagebutten flachkugelig", "Balgfrüchte sternförmig", "Nüsschen geflügelt",
+                                "Eicheln gestielt", "Walnuss dünnschalig"})
+        zeile(merkmal, von(Organ::Frucht));
+    zeile("Kolben gelb", von(Organ::Stand));
+    zeile("Triebe winden im Uhrzeigersinn", von(Organ::Haftorgan), holz);
+    zeile("Triebe kantig", von(Organ::Zweig), holz);
+    // The crown is the tree's, or the flower's; of a variety of fruit, calyx and stalk are the fruit's.
+    zeile("Krone zweilippig", von(Organ::Bluete));
+    zeile("Krone breit eiförmig", -1, holz);
+    zeile("Kelch offen, in flacher Mulde", von(Organ::Bluete));
+    zeile("Kelch offen, in flacher Mulde (Sorte)", von(Organ::Frucht), sorte);
+    zeile("Stiel lang, gebogen", von(Organ::Frucht), sorte);
+    zeile("rundlich herzförmig, schwarzrot", von(Organ::Frucht), sorte);
+    zeile("Schattenseite rötlich", von(Organ::Frucht), sorte);
+    zeile("Krone rund und dicht", -1, sorte);
+    zeile("reif schon Ende Juli", -1, sorte);
+    zeile("Blüte groß, Krone breit", von(Organ::Bluete), sorte);
+}
+
+/// A mark points at the part that it speaks of.
+void TestFormen::merkmalwort()
+{
+    QFETCH(int, organ);
+    QFETCH(Pflanzenart, art);
+    const std::vector<Organ> alle{Organ::Bluete, Organ::Stand,     Organ::Frucht, Organ::Schnitt,
+                                  Organ::Blatt,  Organ::Haftorgan, Organ::Zweig,  Organ::Rinde};
+    const auto gefunden = organVon(QString::fromUtf8(QTest::currentDataTag()), alle, art);
+    QCOMPARE(gefunden ? int(*gefunden) : -1, organ);
+    if (organ >= 0) // among parts of which it does not speak it finds none
+        QVERIFY(organVon(QString::fromUtf8(QTest::currentDataTag()), {Organ::Unterseite}, art) == std::nullopt);
+    // The stem is the stalk of the inflorescence, but never that of the leaf beside which its mark may stand.
+    QVERIFY(nenntStiel(u"Stängel kantig"_s, Organ::Stand) && !nenntStiel(u"Stängel kantig"_s, Organ::Blatt));
+    QVERIFY(nenntStiel(u"Stiel lang"_s, Organ::Blatt));
+}
+
+/// Of all marks of all plants few stand without a line: those on a part that is not drawn, and those on the whole plant.
+void TestFormen::merkmaleMitLinie()
+{
+    const std::vector<Organ> jedes{Organ::Bluete,     Organ::Stand,  Organ::Frucht,    Organ::Schnitt, Organ::Blatt,
+                                   Organ::Unterseite, Organ::Blatt2, Organ::Haftorgan, Organ::Zweig,   Organ::Rinde};
+    const QHash<QString, QStringList> alle = merkmaleLesen(QStringLiteral(FLOX_QUELLEN));
+    int gesamt = 0, ganzePflanze = 0;
+    QStringList ungezeichnet;
+    for (const Sammlung &sammlung : sammlungen())
+        mitBrief(*db_, sammlung, {}, [&](const Steckbrief &s) {
+            for (const QString &m : alle.value(sammlung.tabelle.toString() + u' ' + s.pflanze.text(u"ARTNR"))) {
+                ++gesamt;
+                if (!organVon(m, jedes, pflanzenart(s)))
+                    ++ganzePflanze;
+                else if (!organVon(m, organe(s), pflanzenart(s)))
+                    ungezeichnet += s.pflanze.name() + u": "_s + m;
+            }
+        });
+    const QString zahlen =
+        u"%1 marks, %2 on the whole plant, %3 on parts that are not drawn\n"_s.arg(gesamt).arg(ganzePflanze).arg(ungezeichnet.size());
+    QVERIFY2(gesamt > 4000, qPrintable(zahlen));
+    QVERIFY2(ganzePflanze < 700, qPrintable(zahlen));
+    QVERIFY2(ungezeichnet.size() < 370, qPrintable(zahlen + ungezeichnet.join(u'\n')));
+}
+
+void TestFormen::hoehen_data()
+{
+    QTest::addColumn<double>("von");
+    QTest::addColumn<double>("bis");
+    QTest::newRow("Syringa vulgaris") << 3.0 << 7.0;
+    QTest::newRow("Sambucus nigra") << 3.0 << 8.0;
+    QTest::newRow("Quercus robur") << 20.0 << 40.0;
+    QTest::newRow("Cornus mas") << 3.0 << 8.0;
+    QTest::newRow("Wisteria floribunda") << 6.5 << 8.0;
+}
+
+/// A shrub that may become a small tree is drawn as the shrub that it is, in whatever order its size groups stand.
+void TestFormen::hoehen()
+{
+    QFETCH(double, von);
+    QFETCH(double, bis);
+    mitBrief(*db_, sammlungen()[2], QString::fromUtf8(QTest::currentDataTag()),
+             [&](const Steckbrief &s) { QVERIFY2(s.hoehe >= von && s.hoehe <= bis, qPrintable(QString::number(s.hoehe))); });
+}
+
+/// A marking runs along the veins or the zone that a form has of its own, and only there; other forms get the general one.
+void TestFormen::eigeneZeichnung()
+{
+    const Formen f = formen("%rec: Blattform\n\nForm: eigen\nTitel: t\nFlaeche: blatt M0 0L-60 0L-60 -100L60 -100L60 0Z\n"
+                            "Flaeche: blatt2 M-10 -60L-10 -70L10 -70L10 -60Z\nLinie: ader 4 M30 0L30 -100\n\n"
+                            "Form: ohne\nTitel: t\nFlaeche: blatt M0 0L-60 0L-60 -100L60 -100L60 0Z\n");
+    const auto rot = [&](const QString &form, const QString &wo, QPoint ort) {
+        Anstrich a;
+        a.farben.fill(QColor(40, 140, 60));
+        a.zeichnung.push_back({wo, QColor(230, 20, 20)});
+        QImage bild(260, 260, QImage::Format_ARGB32_Premultiplied);
+        bild.fill(Qt::white);
+        QPainter p(&bild);
+        Motiv(f, *f.form(Formgruppe::Blatt, form)).malen(p, a, QTransform::fromTranslate(130, 230).scale(2, 2));
+        p.end();
+        const QColor farbe = bild.pixelColor(QPoint(130, 230) + ort * 2);
+        return farbe.red() > 150 && farbe.green() < 110;
+    };
+    QVERIFY(rot(u"eigen"_s, u"ader"_s, {30, -50}));
+    QVERIFY(!rot(u"eigen"_s, u"ader"_s, {0, -50}));
+    QVERIFY(rot(u"ohne"_s, u"ader"_s, {0, -50}));
+    QVERIFY(rot(u"eigen"_s, u"zone"_s, {0, -65}));
+    QVERIFY(!rot(u"eigen"_s, u"zone"_s, {-33, -50}));
+    QVERIFY(rot(u"ohne"_s, u"zone"_s, {-33, -50}));
 }
 
 /// What flowers before its leaves does so on the bare shape; leaves stand below flowers on scapes.
 void TestFormen::blueteUndLaub()
 {
-    static const Formen geliefert = Formen::laden(QStringLiteral(FLOX_FORMEN));
-    const auto brief = [&](int sammlung, QStringView name, auto &&pruefe) {
-        for (const Datensatz &pflanze : Datensatz::alle(*db_, sammlungen()[size_t(sammlung)].tabelle))
-            if (pflanze.name() == name)
-                return pruefe(Steckbrief(pflanze, sammlungen()[size_t(sammlung)], geliefert));
-        QFAIL(qPrintable(name.toString()));
-    };
-    brief(2, u"Corylus avellana", [](const Steckbrief &s) {
+    const auto brief = [&](int sammlung, const QString &name, auto &&pruefe) { mitBrief(*db_, sammlungen()[size_t(sammlung)], name, pruefe); };
+    brief(2, u"Corylus avellana"_s, [](const Steckbrief &s) {
         QVERIFY(s.vorLaub && s.zeigtBlueten());
         QVERIFY(gesamttitel(s).contains(u"vor dem Laub"));
     });
-    brief(2, u"Tilia cordata", [](const Steckbrief &s) { QVERIFY(!s.vorLaub && s.winterkahl); });
-    brief(2, u"Hippophae rhamnoides", [](const Steckbrief &s) { QVERIFY(s.zeigtFruechte() && !s.zeigtBlueten()); });
-    brief(2, u"Larix decidua", [](const Steckbrief &s) { QVERIFY(s.winterkahl); });
-    brief(0, u"Agapanthus praecox", [](const Steckbrief &s) { QVERIFY2(s.hoehe < 0.75 * s.bluetenhoehe, qPrintable(QString::number(s.hoehe))); });
+    brief(2, u"Tilia cordata"_s, [](const Steckbrief &s) { QVERIFY(!s.vorLaub && s.winterkahl); });
+    brief(2, u"Hippophae rhamnoides"_s, [](const Steckbrief &s) { QVERIFY(s.zeigtFruechte() && !s.zeigtBlueten()); });
+    brief(2, u"Larix decidua"_s, [](const Steckbrief &s) { QVERIFY(s.winterkahl); });
+    brief(0, u"Agapanthus praecox"_s, [](const Steckbrief &s) { QVERIFY2(s.hoehe < 0.75 * s.bluetenhoehe, qPrintable(QString::number(s.hoehe))); });
 }
 
 /// What a climber holds on with is drawn and named, and does not push out the leaf of its flowering shoots.
@@ -220,25 +354,23 @@ void TestFormen::jedePflanzeAnders_data()
 void TestFormen::jedePflanzeAnders()
 {
     QFETCH(int, nummer);
-    static const Formen geliefert = Formen::laden(QStringLiteral(FLOX_FORMEN));
     const Sammlung &sammlung = sammlungen()[size_t(nummer)];
     QHash<QByteArray, QString> gesehen;
     QStringList gleiche;
-    for (const Datensatz &pflanze : Datensatz::alle(*db_, sammlung.tabelle)) {
-        const Steckbrief s(pflanze, sammlung, geliefert);
+    mitBrief(*db_, sammlung, {}, [&](const Steckbrief &s) {
         const std::vector<Organ> teile = organe(s);
-        QVERIFY2(std::ranges::find(teile, Organ::Blatt) != teile.end(), qPrintable(pflanze.name()));
+        QVERIFY2(std::ranges::find(teile, Organ::Blatt) != teile.end(), qPrintable(s.pflanze.name()));
         QCOMPARE(detailtitel(s).contains(u"Blüte"), s.blueht);
-        QVERIFY2(!s.vorLaub || s.zeigtBlueten(), qPrintable(pflanze.name()));
+        QVERIFY2(!s.vorLaub || s.zeigtBlueten(), qPrintable(s.pflanze.name()));
         QSet<QRgb> farben{s.anstrich[Rolle::Bluete].rgb()};
         for (const QColor &f : s.weitereFarben)
             farben.insert(f.rgb());
-        QVERIFY2(farben.size() == qsizetype(s.weitereFarben.size()) + 1, qPrintable(pflanze.name()));
+        QVERIFY2(farben.size() == qsizetype(s.weitereFarben.size()) + 1, qPrintable(s.pflanze.name()));
         const QString zwilling = gesehen.value(s.aussehen());
         if (!zwilling.isEmpty())
-            gleiche += zwilling + u" = "_s + pflanze.name();
-        gesehen.insert(s.aussehen(), pflanze.name());
-    }
+            gleiche += zwilling + u" = "_s + s.pflanze.name();
+        gesehen.insert(s.aussehen(), s.pflanze.name());
+    });
     QVERIFY2(gleiche.isEmpty(), qPrintable(gleiche.join(u'\n')));
 }
 

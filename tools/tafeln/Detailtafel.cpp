@@ -210,7 +210,7 @@ int treffer(const QImage &bild, int y, bool vonLinks)
     return -1;
 }
 
-void merkmaleSetzen(Tafel &t, const Zelle &z, const QImage &bild, const QRectF &feld, bool links, bool sorte, int nummer)
+void merkmaleSetzen(Tafel &t, const Zelle &z, const QImage &bild, const QRectF &feld, bool links, Pflanzenart art, int nummer)
 {
     if (z.merkmale.isEmpty())
         return;
@@ -223,7 +223,7 @@ void merkmaleSetzen(Tafel &t, const Zelle &z, const QImage &bild, const QRectF &
     // Texts stand in the order of what they point at: lines never cross.
     const bool stielOben = z.organ == Organ::Frucht;
     const auto rang = [&](const QString &m) {
-        return nenntStiel(m) && !reihen.stiel.empty() ? (stielOben ? 0 : 3) : stielOben && nenntKelch(m) ? 2 : 1;
+        return nenntStiel(m, z.organ) && !reihen.stiel.empty() ? (stielOben ? 0 : 3) : stielOben && nenntKelch(m) ? 2 : 1;
     };
     QStringList merkmale = z.merkmale;
     std::ranges::stable_sort(merkmale, {}, rang);
@@ -234,7 +234,7 @@ void merkmaleSetzen(Tafel &t, const Zelle &z, const QImage &bild, const QRectF &
         const QRectF kasten = t.absatz(QRectF(x, y, textbreite, h), m, textgroesse, links ? Qt::AlignRight : Qt::AlignLeft);
         y += h + abstand;
         const int stelle = rang(m);
-        if (stelle == 1 && !organVon(m, {z.organ}, sorte))
+        if (stelle == 1 && !organVon(m, {z.organ}, art))
             continue; // a word on the whole plant
         const std::vector<int> &gute = stelle == 1 ? reihen.leib : stelle == 2 ? reihen.kelch : reihen.stiel;
         const double teil = stelle == 1 ? 0.1 + 0.8 * (leibzahl++ + 0.5) / amLeib : 0.5;
@@ -279,7 +279,7 @@ std::array<std::vector<Zelle>, 2> spalten(const Steckbrief &s, const QStringList
     for (const QString &m : merkmale)
         for (auto &spalte : sp)
             for (Zelle &z : spalte)
-                if (z.organ == organVon(m, alle, !s.sammlung.art.isEmpty()).value_or(hauptorgan(s)))
+                if (z.organ == organVon(m, alle, pflanzenart(s)).value_or(hauptorgan(s)))
                     z.merkmale += m;
     return sp;
 }
@@ -353,7 +353,7 @@ void detailMalen(Tafel &t, const Steckbrief &s, const Formen &formen, const QStr
             y += t.absatz(QRectF(x + 4, y, bis - x - 8, 46), titel, 18, Qt::AlignHCenter).height() + 14;
             if (o.pixelJeCm > 0)
                 t.massstab({z.platz.center().x() - 62, y}, o.pixelJeCm);
-            merkmaleSetzen(t, z, o.bild, feld, seite == 0, !s.sammlung.art.isEmpty(), nummer);
+            merkmaleSetzen(t, z, o.bild, feld, seite == 0, pflanzenart(s), nummer);
             ++nummer;
         }
     }

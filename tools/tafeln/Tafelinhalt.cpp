@@ -6,26 +6,40 @@ namespace {
 
 constexpr size_t meisteOrgane = 6;
 
-enum class Geltung { Immer, Arten, Sorten };
+/// Of which kinds of plants a word is said.
+constexpr auto Kraut = unsigned(Pflanzenart::Kraut), Holz = unsigned(Pflanzenart::Gehoelz), Sorten = unsigned(Pflanzenart::Sorte);
+constexpr unsigned Arten = Kraut | Holz, Immer = Arten | Sorten;
 // clang-format off
+/// Words and what they speak of; no part: the whole plant.
 constexpr struct
 {
-    Organ organ;
-    Geltung geltung;
+    std::optional<Organ> organ;
+    unsigned geltung;
     QStringView worte;
-} anker[] = {{Organ::Unterseite, Geltung::Immer,  u"unterseit"},
-             {Organ::Rinde,      Geltung::Immer,  u"rinde borke"},
-             {Organ::Zweig,      Geltung::Immer,  u"knospe"},
-             {Organ::Haftorgan,  Geltung::Immer,  u"haftscheib haftwurz ranke windend"},
-             {Organ::Schnitt,    Geltung::Immer,  u"fleisch stein kern"},
-             {Organ::Stand,      Geltung::Immer,  u"dolde traube rispe ähre blütenst kolben quirl kätzchen"},
-             {Organ::Frucht,     Geltung::Immer,  u"frucht früchte beere zapfen samen schale schote hülse deckfarbe grundfarbe berostung"},
-             {Organ::Frucht,     Geltung::Sorten, u"kelch stiel rost mulde"},
-             {Organ::Bluete,     Geltung::Immer,  u"blüte körbchen zunge hochbl spatha röhr sporn"},
-             {Organ::Bluete,     Geltung::Arten,  u"krone kelch"},
-             {Organ::Blatt,      Geltung::Immer,  u"blatt blätt laub fieder nadel wedel rosette"},
-             {Organ::Zweig,      Geltung::Arten,  u"stiel"},
-             {Organ::Zweig,      Geltung::Immer,  u"stängel stängl trieb zweig rute stachel dorn"}};
+} anker[] = {{Organ::Unterseite, Immer,  u"unterseit sporenl sporenh"},
+             {Organ::Rinde,      Immer,  u"rinde borke stamm stämm"},
+             {Organ::Zweig,      Immer,  u"knospe"},
+             {Organ::Haftorgan,  Immer,  u"haftscheib haftwurz ranke windend windet winden"},
+             {Organ::Schnitt,    Immer,  u"fleisch stein kern"},
+             {Organ::Stand,      Immer,  u"dolde traube rispe ähre blütenst stände kolben quirl kätzchen kerze tragbl"},
+             {Organ::Stand,      Kraut,  u"stängel stängl schaft schäft"},
+             {Organ::Frucht,     Immer,  u"frucht früchte früchtchen beere zapfen samen schale schote hülse deckfarbe grundfarbe berostung "
+                                                  u"kapsel hagebutte balg nüsschen eichel nuss"},
+             {std::nullopt,      Sorten, u"krone wuchs baum strauch pflanze bestand reif ernte ertrag ausläufer geschmack holz platzt letzte"},
+             {Organ::Frucht,     Sorten, u"kelch stiel rost mulde haut backe naht sonnenseit schattenseit punkt duft saft flasche form förmig "
+                                                  u"oval rund kugelig bauch groß klein schlank lang breit rot gelb blau violett grün schwarz"},
+             {Organ::Bluete,     Immer,  u"blüte blütch blüh körbchen zunge hochbl spatha röhr sporn kronbl kelchbl hüllbl blütenbl staub narbe griffel "
+                                                  u"lippe trompete schlund pollen nektar hängebl dombl spreubl glocke glöckchen köpfchen köpfe"},
+             {Organ::Bluete,     Arten,  u"kronr kronz kelch duft sterne"},
+             {Organ::Bluete,     Kraut,  u"krone"},
+             {std::nullopt,      Holz,   u"krone"},
+             {Organ::Blatt,      Immer,  u"blatt blätt laub fieder nadel wedel rosette gerieben lappen schuppen rippe ader"},
+             {Organ::Zweig,      Arten,  u"stiel"},
+             {Organ::Zweig,      Immer,  u"stängel stängl trieb zweig rute stachel dorn"}};
+/// Words that sound like a part of which they do not speak, and how they are read.
+constexpr std::pair<QStringView, QStringView> taeuschend[] = {
+    {u"abblätt", u"ab"},     {u"blattlos", u"los"},         {u"stammumf", u"umf"},       {u"stängelumf", u"umf"},    {u"austrieb", u"laub"},
+    {u"mehrstämm", u"mehr"}, {u"triebe winde", u"winde"}, {u"nebenkrone", u"blüte"}, {u"blütenkrone", u"blüte"}};
 // clang-format on
 
 /// A form's title without what stands in brackets: that may name the plant.
@@ -87,9 +101,10 @@ std::vector<Organ> organe(const Steckbrief &s)
     return da;
 }
 
-bool nenntStiel(const QString &merkmal)
+bool nenntStiel(const QString &merkmal, Organ organ)
 {
-    return merkmal.contains(u"stiel", Qt::CaseInsensitive);
+    const auto nennt = [&](QStringView w) { return merkmal.contains(w, Qt::CaseInsensitive); };
+    return nennt(u"stiel") || (organ == Organ::Stand && (nennt(u"stäng") || nennt(u"schaft") || nennt(u"schäft")));
 }
 
 bool nenntKelch(const QString &merkmal)
@@ -97,15 +112,23 @@ bool nenntKelch(const QString &merkmal)
     return merkmal.contains(u"kelch", Qt::CaseInsensitive);
 }
 
-std::optional<Organ> organVon(const QString &merkmal, const std::vector<Organ> &gezeichnet, bool sorte)
+Pflanzenart pflanzenart(const Steckbrief &s)
 {
+    return !s.sammlung.art.isEmpty() ? Pflanzenart::Sorte : s.verholzt() ? Pflanzenart::Gehoelz : Pflanzenart::Kraut;
+}
+
+std::optional<Organ> organVon(const QString &merkmal, const std::vector<Organ> &gezeichnet, Pflanzenart art)
+{
+    QString text = merkmal;
+    for (const auto &[wort, gelesen] : taeuschend)
+        text.replace(wort.toString(), gelesen.toString(), Qt::CaseInsensitive);
     // The word that stands first in the mark tells what it is about.
-    qsizetype bester = merkmal.size();
+    qsizetype bester = text.size();
     std::optional<Organ> wahl;
     for (const auto &[organ, geltung, worte] : anker)
-        for (const QString &w : geltung == (sorte ? Geltung::Arten : Geltung::Sorten) ? QStringList() : worte.toString().split(u' '))
-            if (const qsizetype ort = merkmal.indexOf(w, 0, Qt::CaseInsensitive);
-                ort >= 0 && ort < bester && std::ranges::find(gezeichnet, organ) != gezeichnet.end()) {
+        for (const QString &w : geltung &unsigned(art) ? worte.toString().split(u' ') : QStringList())
+            if (const qsizetype ort = text.indexOf(w, 0, Qt::CaseInsensitive);
+                ort >= 0 && ort < bester && (!organ || std::ranges::find(gezeichnet, *organ) != gezeichnet.end())) {
                 bester = ort;
                 wahl = organ;
             }
