@@ -201,7 +201,7 @@ void Steckbrief::masseLesen()
     breite = zahl(QStringLiteral("Breite"), durchmesser > 0 ? std::clamp(durchmesser / hoehe, 0.25, 3.5) : flach ? 2.6 : schmal ? 0.45 : 0.9);
     breite *= ganze / hoehe;
     double blattfaktor = 1;
-    bool gerechnet = false;
+    bool gerechnet = mehrere;
     for (const QStringView spalte : {sammlung.kraft, sammlung.fruchtform, sammlung.laubfarbe})
         for (const QString &wort : pflanze.worte(spalte))
             for (const auto &w : wuchskraft)
