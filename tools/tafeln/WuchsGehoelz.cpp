@@ -263,8 +263,8 @@ void nadelbaum(Pflanzenbild &b)
         for (int j = 0; j < (etagen ? 5 : schirm ? 6 : 4); ++j) {
             const double steig = form.steigung + (schirm ? 16 : 46) * t * t - 8 + b.zufall.streuung(8);
             const double quer = j < 2 ? 1.0 : b.zufall.zwischen(0.35, 0.8);
-            // The outline is met where the branch ends; those at the top are short, however steep.
-            const double schraeg = t < 0.5 ? std::max(0.4, std::cos(steig * 0.0174533)) : 1;
+            // The outline is met where the branch ends; those at the top of a cone are short, however steep.
+            const double schraeg = std::lerp(std::max(0.4, std::cos(steig * 0.0174533)), 1.0, form.oben < 0.1 ? t : 0);
             const double laenge = std::max(h * 0.025, halb * weite(form, std::min(1.0, y + 0.04)) * quer / schraeg);
             // Branches in front cross the trunk and hide it.
             const QPointF vorn(j < 2 || (schirm && t < 0.25) ? 0 : dick * (j % 2 ? -0.7 : 0.7), 0);
