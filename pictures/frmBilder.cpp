@@ -2,6 +2,7 @@
 
 #include "Bildlader.h"
 #include "Namensband.h"
+#include "Vollbild.h"
 #include "controls/Bilder.h"
 #include "controls/Geschuetzt.h"
 #include "controls/Steuerelemente.h"
@@ -122,12 +123,13 @@ frmBilder::frmBilder(Programm &programm, std::function<std::optional<Bilderpflan
     setWindowTitle(QStringLiteral("Pflanzenbilder"));
     aufbauen();
     knoepfeVerbinden();
+    vollbildEinrichten();
     resize(fensterpixel(programm.BilderFormBreite), fensterpixel(programm.BilderFormHoehe));
     if (zentral)
         move(zentral->geometry().center() - rect().center());
     timResize_.setObjectName(QStringLiteral("timResize"));
     timResize_.setInterval(125);
-    connect(&bild_, &Anzeigebild::geaendert, this, [this] { imgAnzeige_->setBild(bild_.bild()); });
+    connect(&bild_, &Anzeigebild::geaendert, this, [this] { bildMalen(); });
     connect(&bild_, &Anzeigebild::gescheitert, this, &frmBilder::gescheitert);
     connect(&timResize_, &QTimer::timeout, this, geschuetzt(this, [this] { groesseGeaendert(); }));
     // The pictures are listed now; the first one is shown by the timer.
@@ -211,6 +213,20 @@ void frmBilder::knoepfeVerbinden()
     beiKlick(Original, [this] { cmdOriginal_Click(); });
     beiKlick(Back, [this] { blaettern(-1); });
     beiKlick(Next, [this] { blaettern(1); });
+}
+
+void frmBilder::vollbildEinrichten()
+{
+    vollbild_ = new Vollbild(this);
+    vollbild_->hide();
+    connect(vollbild_, &Vollbild::anteilGeaendert, this, geschuetzt(this, [this] {
+                if (vollbild_->isHidden())
+                    return;
+                bildLaden();
+                titelSetzen();
+            }));
+    connect(vollbild_, &Vollbild::blaettern, this, [this](int richtung) { knoepfe_[richtung < 0 ? Back : Next]->click(); });
+    connect(vollbild_, &Vollbild::verkleinern, this, &QWidget::showNormal);
 }
 
 bool frmBilder::listen()
@@ -312,6 +328,7 @@ void frmBilder::BildAnzeigen(int i)
     SchrittHoehe = int(std::lround(0.1 * hoehe));
     ZoomStufe = stufeOriginal;
     mitten();
+    vollbild_->neuesBild(QSizeF(breite, hoehe) / twips);
     bildLaden();
     beschreibungZeigen(i);
     AnpassenVerlangt = false;
@@ -328,18 +345,26 @@ void frmBilder::bildLaden()
     const QString datei = systemPfad(BildPfad[size_t(BildIndex)]);
     if (datei.isEmpty() || lage_.breite <= 0) {
         bild_.leeren();
-        return imgAnzeige_->setBild({});
+        return bildMalen();
     }
-    const auto stand = bild_.anfordern(datei, lage_.breite * devicePixelRatioF() / BildBreite[size_t(BildIndex)]);
-    imgAnzeige_->setBild(bild_.bild());
+    const double anteil = vollbild_->isHidden() ? lage_.breite / BildBreite[size_t(BildIndex)] : vollbild_->anteil();
+    const auto stand = bild_.anfordern(datei, anteil * devicePixelRatioF());
+    bildMalen();
     if (stand == Anzeigebild::Stand::Fehlt)
         gescheitert(false);
+}
+
+void frmBilder::bildMalen()
+{
+    imgAnzeige_->setBild(bild_.bild());
+    vollbild_->setBild(bild_.bild());
 }
 
 void frmBilder::gescheitert(bool vorhanden)
 {
     if (!vorhanden) {
         imgAnzeige_->setBild({});
+        vollbild_->setBild({});
         if (programm_.BilderAufCD)
             QMessageBox::warning(this, programmtitel.toString(), QStringLiteral("Bild nicht gefunden! FLOX-CD wieder einlegen!"));
         return;
@@ -416,6 +441,21 @@ void frmBilder::cmdOriginal_Click()
     titelSetzen();
 }
 
+void frmBilder::groesseUmschalten(std::optional<QPointF> punkt)
+{
+    if (!vollbild_->isHidden())
+        return vollbild_->umschalten();
+    const double breite = picBildAnzeige_->width() * twips, hoehe = picBildAnzeige_->height() * twips;
+    const bool angepasst = !ragtHinaus(lage_.breite, breite) && !ragtHinaus(lage_.hoehe, hoehe)
+                           && (!ragtHinaus(breite, lage_.breite) || !ragtHinaus(hoehe, lage_.hoehe));
+    if (!angepasst)
+        return knoepfe_[Anpassen]->click();
+    const QSizeF vorher(imgAnzeige_->size());
+    knoepfe_[Original]->click();
+    if (punkt && !vorher.isEmpty())
+        verschieben({(0.5 - punkt->x() / vorher.width()) * lage_.breite / twips, (0.5 - punkt->y() / vorher.height()) * lage_.hoehe / twips});
+}
+
 void frmBilder::blaettern(int richtung)
 {
     BildIndex += richtung;
@@ -434,7 +474,9 @@ int frmBilder::Zoomfaktor() const
 
 void frmBilder::titelSetzen()
 {
-    setWindowTitle(QStringLiteral("%1 (Bildgröße: %2%)").arg(lblBotName_->text()).arg(Zoomfaktor()));
+    const int prozent = vollbild_->isHidden() ? Zoomfaktor() : int(std::lround(vollbild_->anteil() * 100));
+    setWindowTitle(QStringLiteral("%1 (Bildgröße: %2%)").arg(lblBotName_->text()).arg(prozent));
+    vollbild_->setTexte(lblBotName_->text(), lblBeschreibung_->text(), lblPosition_->text());
 }
 
 void frmBilder::LaufleistenUeberpruefung()
@@ -512,6 +554,7 @@ void frmBilder::NaviPruefen()
         freigeben(knopf, !amEnde);
         reihe_.ruhendMalen(*knoepfe_[knopf]);
     }
+    vollbild_->setBlaettern(knoepfe_[Back]->isEnabled(), knoepfe_[Next]->isEnabled());
 }
 
 void frmBilder::VGNaviPruefen()
@@ -537,7 +580,41 @@ QString frmBilder::knopfschluessel(const Bildknopf &button, Knopfzustand zustand
 void frmBilder::resizeEvent(QResizeEvent *ereignis)
 {
     QWidget::resizeEvent(ereignis);
+    vollbild_->setGeometry(rect());
     timResize_.start();
+}
+
+void frmBilder::changeEvent(QEvent *ereignis)
+{
+    QWidget::changeEvent(ereignis);
+    if (ereignis->type() != QEvent::WindowStateChange || isMinimized() || !vollbild_)
+        return;
+    const bool voll = fuelltSchirm();
+    if (voll != vollbild_->isHidden())
+        return;
+    if (voll) {
+        fokusVorher_ = focusWidget();
+        setFocus();
+        vollbild_->setGeometry(rect());
+        vollbild_->raise();
+        vollbild_->show();
+    } else {
+        vollbild_->hide();
+        ausVollbild_ = true;
+        if (fokusVorher_ && fokusVorher_->isEnabled())
+            fokusVorher_->setFocus();
+        timResize_.start();
+    }
+    geschuetztAusfuehren(this, [this] {
+        bildLaden();
+        titelSetzen();
+    });
+}
+
+bool frmBilder::focusNextPrevChild(bool weiter)
+{
+    // What is covered is not walked through.
+    return vollbild_->isHidden() && QWidget::focusNextPrevChild(weiter);
 }
 
 void frmBilder::NeueGroesse()
@@ -561,11 +638,18 @@ void frmBilder::NeueGroesse()
 void frmBilder::groesseGeaendert()
 {
     timResize_.stop();
+    // A picture that is listed is shown at once; all else waits until the window has a size of its own again, and a size that it had
+    // before changes nothing.
+    const bool voll = fuelltSchirm();
+    if (voll && lage_.breite > 0)
+        return;
+    if (std::exchange(ausVollbild_, false) && size() == eingerichtet_)
+        return;
     if (FormGeladen) {
         // A size that nobody changed stays as it was stored, also where the window could not take it.
-        if (width() != fensterpixel(programm_.BilderFormBreite))
+        if (!voll && width() != fensterpixel(programm_.BilderFormBreite))
             programm_.BilderFormBreite = width() * twips;
-        if (height() != fensterpixel(programm_.BilderFormHoehe))
+        if (!voll && height() != fensterpixel(programm_.BilderFormHoehe))
             programm_.BilderFormHoehe = height() * twips;
         NeueGroesse();
         BildAnzeigen(BildIndex);
@@ -575,6 +659,8 @@ void frmBilder::groesseGeaendert()
     vscBild_->setGeometry(rechts, 0, pixel(leiste), unten);
     hscBild_->setGeometry(0, unten, rechts, pixel(leiste));
     picAbdeckung_->setGeometry(rechts, unten, pixel(leiste), pixel(leiste));
+    if (!voll)
+        eingerichtet_ = size();
     titelSetzen();
 }
 
@@ -607,6 +693,10 @@ bool frmBilder::eventFilter(QObject *quelle, QEvent *ereignis)
             gezogenVon_ = static_cast<QMouseEvent *>(ereignis)->globalPosition().toPoint();
         break;
     case QEvent::MouseButtonRelease: gezogenVon_.reset(); break;
+    case QEvent::MouseButtonDblClick:
+        if (bild && static_cast<QMouseEvent *>(ereignis)->button() == Qt::LeftButton)
+            geschuetztAusfuehren(this, [&] { groesseUmschalten(static_cast<QMouseEvent *>(ereignis)->position()); });
+        break;
     case QEvent::Wheel:
         if (gerollt(*static_cast<QWheelEvent *>(ereignis), bild || quelle == picBildAnzeige_))
             return true;
@@ -624,8 +714,9 @@ void frmBilder::keyPressEvent(QKeyEvent *ereignis)
     case Qt::Key_Up: knoepfe_[Back]->click(); break;
     case Qt::Key_Right:
     case Qt::Key_Down: knoepfe_[Next]->click(); break;
-    case Qt::Key_Plus: knoepfe_[Groesser]->click(); break;
-    case Qt::Key_Minus: knoepfe_[Kleiner]->click(); break;
+    case Qt::Key_Plus: vollbild_->isHidden() ? knoepfe_[Groesser]->click() : vollbild_->stufe(1); break;
+    case Qt::Key_Minus: vollbild_->isHidden() ? knoepfe_[Kleiner]->click() : vollbild_->stufe(-1); break;
+    case Qt::Key_F11: groesseUmschalten(); break;
     default: QWidget::keyPressEvent(ereignis);
     }
 }

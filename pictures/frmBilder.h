@@ -4,6 +4,7 @@
 #include "Bilderliste.h"
 #include "controls/Knopfreihe.h"
 
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
@@ -15,6 +16,7 @@ class Bildflaeche;
 class Bildknopf;
 class QLabel;
 class QScrollBar;
+class Vollbild;
 
 /* What the picture window needs of the plant window that is active. */
 struct Bilderpflanze
@@ -27,7 +29,8 @@ struct Bilderpflanze
 };
 
 /* The one window that shows the pictures of the current plant at full size, with a zoom in tenths, scroll bars and a walk
-   through the pictures. All measures of pictures and places are twips. */
+   through the pictures. Maximised it shows nothing but the picture, and all else stays as it was. All measures of pictures and places
+   are twips. */
 class frmBilder : public QWidget
 {
     Q_OBJECT
@@ -54,6 +57,8 @@ protected:
     void resizeEvent(QResizeEvent *ereignis) override;
     void keyPressEvent(QKeyEvent *ereignis) override;
     void closeEvent(QCloseEvent *ereignis) override;
+    void changeEvent(QEvent *ereignis) override;
+    bool focusNextPrevChild(bool weiter) override;
     bool eventFilter(QObject *quelle, QEvent *ereignis) override;
 
 private:
@@ -70,10 +75,15 @@ private:
     void stufe(int richtung);
     void cmdAnpassen_Click();
     void cmdOriginal_Click();
+    /// Between fitted and the own size; the point, in the picture's control, comes to the middle.
+    void groesseUmschalten(std::optional<QPointF> punkt = {});
+    void vollbildEinrichten();
+    bool fuelltSchirm() const { return windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen); }
     void blaettern(int richtung);
     void groesseSetzen(double breite, double hoehe);
     void mitten();
     void bildLaden();
+    void bildMalen();
     void lageAnwenden();
     void LaufleistenUeberpruefung();
     void leisteBewegt(const QScrollBar *balken);
@@ -104,6 +114,8 @@ private:
     bool AnpassenVerlangt = false, FormGeladen = false;
     QString ButtonUnterMaus;
     Lage lage_;
+    QSize eingerichtet_;       ///< of the window when its parts were last laid out
+    bool ausVollbild_ = false; ///< the size to come is that before it was maximised
     std::optional<QPoint> gezogenVon_;
     int radrest_ = 0; ///< turns of the wheel too small for a zoom step, eighths of a degree
     Anzeigebild bild_;
@@ -111,6 +123,8 @@ private:
     QTimer timResize_{this};
     QWidget *picBildAnzeige_, *picLeiste1_, *picLeiste2_, *picAbdeckung_;
     Bildflaeche *imgAnzeige_;
+    Vollbild *vollbild_ = nullptr; ///< seen while the window is maximised
+    QPointer<QWidget> fokusVorher_;
     QScrollBar *hscBild_, *vscBild_;
     QLabel *lblBotName_, *lblDeuName_, *lblBeschreibung_, *lblPosition_;
     std::array<Bildknopf *, anzahlKnoepfe> knoepfe_{};

@@ -33,8 +33,26 @@ private slots:
     void missingFileOnCD();
     void keys();
     void emptyPlant();
+    void doubleClickAndF11SwitchTheSize_data();
+    void doubleClickAndF11SwitchTheSize();
+    void doubleClickBringsItsPointToTheMiddle();
+    void maximisedKeepsAllButThePicture_data();
+    void maximisedKeepsAllButThePicture();
+    void maximisedHasASizeOfItsOwn();
+    void maximisedWalks();
+    void openedMaximised();
 
 private:
+    struct Stand
+    {
+        QList<double> masse;
+        QList<QRect> orte;
+        QList<bool> knoepfe;
+        bool original;
+        bool operator==(const Stand &) const = default;
+    };
+    Stand stand();
+    QWidget *voll() { return teil("fraVollbild"); }
     QWidget *teil(const char *name) { return fenster_->findChild<QWidget *>(QString::fromLatin1(name)); }
     Bildknopf *knopf(const char *name) { return fenster_->findChild<Bildknopf *>(QString::fromLatin1(name)); }
     double mass(const char *name) { return teil("imgAnzeige")->property(name).toDouble(); }
@@ -264,6 +282,158 @@ void tst_frmbilder::emptyPlant()
     QCOMPARE(fenster_->Zoomfaktor(), 0);
     QCOMPARE(fenster_->findChild<QLabel *>(QStringLiteral("lblPosition"))->text(), QStringLiteral("0/0"));
     QVERIFY(!knopf("cmdNext")->isEnabled() && !knopf("cmdBack")->isEnabled());
+}
+
+tst_frmbilder::Stand tst_frmbilder::stand()
+{
+    Stand stand{{programm_.BilderFormBreite, programm_.BilderFormHoehe}, {}, {}, programm_.OriginalGroesse};
+    for (const char *name : {"Left", "Top", "Width", "Height"})
+        stand.masse += mass(name);
+    for (const char *name : {"picBildAnzeige", "imgAnzeige", "picLeiste1", "picLeiste2", "hscBild", "vscBild", "lblBeschreibung"})
+        stand.orte += teil(name)->geometry();
+    for (const char *name : {"cmdGroesser", "cmdKleiner", "cmdAnpassen", "cmdOriginal", "cmdBack", "cmdNext"}) {
+        stand.knoepfe += knopf(name)->isEnabled();
+        stand.orte += knopf(name)->geometry();
+    }
+    return stand;
+}
+
+void tst_frmbilder::doubleClickAndF11SwitchTheSize_data()
+{
+    QTest::addColumn<bool>("maus");
+    QTest::addColumn<QString>("stamm");
+    for (const char *stamm : {"quer", "hoch", "klein"}) {
+        QTest::addRow("double-click, %s", stamm) << true << QString::fromLatin1(stamm);
+        QTest::addRow("F11, %s", stamm) << false << QString::fromLatin1(stamm);
+    }
+}
+
+void tst_frmbilder::doubleClickAndF11SwitchTheSize()
+{
+    QFETCH(bool, maus);
+    QFETCH(QString, stamm);
+    oeffnen({stamm});
+    const auto schalten = [&] {
+        if (maus)
+            QTest::mouseDClick(teil("imgAnzeige"), Qt::LeftButton);
+        else
+            QTest::keyClick(fenster_.get(), Qt::Key_F11);
+    };
+    const double angepasst = mass("Width");
+    schalten();
+    QCOMPARE(fenster_->Zoomfaktor(), 100);
+    schalten();
+    QCOMPARE(mass("Width"), angepasst);
+    // From any other size the whole picture comes first.
+    QTest::mouseClick(knopf("cmdKleiner"), Qt::LeftButton);
+    schalten();
+    QCOMPARE(mass("Width"), angepasst);
+    QVERIFY(!programm_.OriginalGroesse);
+}
+
+void tst_frmbilder::doubleClickBringsItsPointToTheMiddle()
+{
+    oeffnen({QStringLiteral("quer")});
+    QWidget *bild = teil("imgAnzeige"), *flaeche = teil("picBildAnzeige");
+    const QPoint punkt(bild->width() * 2 / 5, bild->height() * 2 / 5);
+    QTest::mouseDClick(bild, Qt::LeftButton, {}, punkt);
+    const QPointF mitte((flaeche->width() * 15.0 / 2 - mass("Left")) / mass("Width"), (flaeche->height() * 15.0 / 2 - mass("Top")) / mass("Height"));
+    QVERIFY2(std::abs(mitte.x() - 0.4) < 0.01 && std::abs(mitte.y() - 0.4) < 0.01, qPrintable(QStringLiteral("%1 %2").arg(mitte.x()).arg(mitte.y())));
+}
+
+void tst_frmbilder::maximisedKeepsAllButThePicture_data()
+{
+    QTest::addColumn<bool>("original");
+    QTest::addRow("fitted") << false;
+    QTest::addRow("own size") << true;
+}
+
+void tst_frmbilder::maximisedKeepsAllButThePicture()
+{
+    QFETCH(bool, original);
+    programm_.OriginalGroesse = original;
+    oeffnen({QStringLiteral("quer"), QStringLiteral("hoch")});
+    QTest::mouseClick(knopf("cmdGroesser"), Qt::LeftButton);
+    const Stand vorher = stand();
+    const QSize groesse = fenster_->size();
+    const QString titel = fenster_->windowTitle();
+    for (int runde = 0; runde < 2; ++runde) {
+        fenster_->showMaximized();
+        QTRY_VERIFY(voll()->isVisible() && fenster_->isMaximized());
+        QTRY_COMPARE(voll()->geometry(), fenster_->rect());
+        QTRY_VERIFY(!fenster_->findChild<QTimer *>(QStringLiteral("timResize"))->isActive());
+        QCOMPARE(stand(), vorher);
+        QTest::keyClick(fenster_.get(), Qt::Key_F11);
+        QTest::keyClick(fenster_.get(), Qt::Key_Plus);
+        QTest::mouseDClick(voll(), Qt::LeftButton);
+        QCOMPARE(stand(), vorher);
+        QTest::mouseClick(teil("cmdVollbildFenster"), Qt::LeftButton);
+        QTRY_VERIFY(voll()->isHidden());
+        QTRY_COMPARE(fenster_->size(), groesse);
+        QTRY_VERIFY(!fenster_->findChild<QTimer *>(QStringLiteral("timResize"))->isActive());
+        QCOMPARE(stand(), vorher);
+        QCOMPARE(fenster_->windowTitle(), titel);
+    }
+    // A size of its own is noted again.
+    fenster_->resize(groesse + QSize(30, 20));
+    QTRY_COMPARE(programm_.BilderFormBreite, (groesse.width() + 30) * 15.0);
+}
+
+void tst_frmbilder::maximisedHasASizeOfItsOwn()
+{
+    oeffnen({QStringLiteral("quer")});
+    fenster_->showMaximized();
+    QTRY_VERIFY(voll()->isVisible());
+    QTRY_COMPARE(voll()->geometry(), fenster_->rect());
+    const auto prozent = [&] { return fenster_->windowTitle().section(u' ', -1).chopped(2).toInt(); };
+    const double platz = std::min(voll()->width() / 1600.0, (voll()->height() - teil("cmdVollbildFenster")->parentWidget()->height()) / 1200.0);
+    QCOMPARE(prozent(), int(std::lround(platz * 100)));
+    const int angepasst = prozent();
+    QTest::keyClick(fenster_.get(), Qt::Key_F11);
+    QCOMPARE(prozent(), 100);
+    QTest::keyClick(fenster_.get(), Qt::Key_Plus);
+    QCOMPARE(prozent(), 110);
+    radDrehen(voll(), {0, -240}, Qt::ControlModifier);
+    QCOMPARE(prozent(), 90);
+    QTest::mouseDClick(voll(), Qt::LeftButton);
+    QCOMPARE(prozent(), angepasst);
+    // Its middle shows the picture.
+    QTRY_COMPARE(voll()->grab().toImage().pixelColor(voll()->rect().center()).green() > 80, true);
+}
+
+void tst_frmbilder::maximisedWalks()
+{
+    oeffnen({QStringLiteral("quer"), QStringLiteral("hoch")});
+    fenster_->showMaximized();
+    QTRY_VERIFY(voll()->isVisible());
+    const auto text = [&] { return fenster_->findChild<QLabel *>(QStringLiteral("lblVollbildPosition"))->text(); };
+    QCOMPARE(text(), QStringLiteral("1/2"));
+    QVERIFY(!teil("cmdVollbildBack")->isEnabled());
+    QTest::keyClick(fenster_.get(), Qt::Key_Right);
+    QCOMPARE(text(), QStringLiteral("2/2"));
+    QVERIFY(!teil("cmdVollbildNext")->isEnabled());
+    QTest::mouseClick(teil("cmdVollbildBack"), Qt::LeftButton);
+    QCOMPARE(text(), QStringLiteral("1/2"));
+    // Nothing that is covered takes the focus.
+    QTest::keyClick(fenster_.get(), Qt::Key_Tab);
+    QCOMPARE(fenster_->focusWidget(), static_cast<QWidget *>(fenster_.get()));
+    QTest::keyClick(fenster_.get(), Qt::Key_Escape);
+    QTRY_VERIFY(fenster_->isHidden());
+}
+
+void tst_frmbilder::openedMaximised()
+{
+    const double breite = programm_.BilderFormBreite;
+    pflanze_->zeile = zeileAus({QStringLiteral("quer")}, {});
+    fenster_ = std::make_unique<frmBilder>(
+        programm_, [this] { return pflanze_; }, nullptr);
+    fenster_->showMaximized();
+    QTRY_VERIFY(voll()->isVisible());
+    QTRY_VERIFY(fenster_->windowTitle().startsWith(QStringLiteral("Begonia rex (")));
+    QCOMPARE(programm_.BilderFormBreite, breite);
+    fenster_->showNormal();
+    QTRY_VERIFY(voll()->isHidden());
+    QTRY_COMPARE(teil("picBildAnzeige")->width(), pixel(fenster_->width() * 15.0 - 325));
 }
 
 QTEST_MAIN(tst_frmbilder)
