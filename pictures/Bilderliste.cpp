@@ -29,10 +29,15 @@ QString ersatzbild(const Programm &programm)
     return programm.symbolordner() + QStringLiteral("\\bildfehlt.jpg");
 }
 
+QString streifenwurzel(const Programm &programm)
+{
+    return programm.LokaleVorschauBilder ? programm.vorschauordner() : programm.BilderPfad;
+}
+
 std::vector<Bildeintrag> streifenbilder(const Programm &programm, const Bildzeile &zeile, const QString &ordner)
 {
     std::vector<Bildeintrag> bilder;
-    const QString wurzel = programm.LokaleVorschauBilder ? programm.vorschauordner() : programm.BilderPfad;
+    const QString wurzel = streifenwurzel(programm);
     for (const auto *haelfte : {&zeile.g, &zeile.d})
         for (const Bildzeile::Bild &bild : *haelfte) {
             if (!bild.stamm)

@@ -21,6 +21,8 @@ struct Bildeintrag
 /// Folder word of a plant's pictures.
 QString bildordner(Sparte sparte, qint64 artnr);
 QString ersatzbild(const Programm &programm);
+/// Folder of the strip's pictures: the previews where they are local; empty: none is known.
+QString streifenwurzel(const Programm &programm);
 
 /// The strip's pictures: all five of each half, nulls passed over, previews where they are local.
 std::vector<Bildeintrag> streifenbilder(const Programm &programm, const Bildzeile &zeile, const QString &ordner);

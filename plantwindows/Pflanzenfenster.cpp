@@ -9,6 +9,7 @@
 #include "Uebungslauf.h"
 #include "Zentrale.h"
 #include "filters/Filterdialog.h"
+#include "pictures/frmUebersicht.h"
 #include "store/Nebentabellen.h"
 #include "store/Pfade.h"
 
@@ -149,6 +150,7 @@ void Pflanzenfenster::DatenOrdnen()
     }
     arten_->neu(&haupt, Botanisch);
     cboArten_->setCurrentIndex(int(haupt.AbsolutePosition()));
+    uebersichtNachziehen();
 }
 
 void Pflanzenfenster::darstellen()
@@ -473,6 +475,7 @@ void Pflanzenfenster::aufraeumen()
     delete suche_;
     suchbeginn_.stop();
     suchbestand_.reset();
+    delete uebersicht_;
     // Where the dialog goes with its window the others must not stay locked.
     if (dialogOffen)
         zentrale_.FensterFreigeben(sparte());

@@ -42,6 +42,7 @@ struct Uebungszeit
 
     static qint64 laufzeit();
 };
+class frmUebersicht;
 
 /* The plant window, one for all Sparten: record selector, picture buttons, tabbed record view, status bar. What it shows and
    of which Sparte stands in its description. It works on a private copy of the database that lives as long as it does. */
@@ -167,6 +168,12 @@ private:
     void drucken();
     void bilderZeigen();
     void bildAngeklickt(int index);
+    void uebersichtZeigen();
+    /// The page of pictures, where it is open, follows the set; its mark goes to `artnr`, 0: stays.
+    void uebersichtNachziehen(qint64 artnr = 0);
+    void ausUebersicht(qint64 artnr);
+    /// To the front within the main window.
+    void imHauptfensterNachVorn();
     /// Where the filter is kept while it is switched off.
     QString parkdatei() const;
     /// A file of this window in the run's folder.
@@ -242,6 +249,7 @@ private:
     const Fensterbeschreibung &beschreibung_;
     Pflanzensatz satz_;
     QPointer<Filterdialog> filter_;
+    QPointer<frmUebersicht> uebersicht_;
 
     std::array<Bildknopf *, anzahlKnoepfe> knoepfe_{};
     Knopfreihe reihe_{this, ButtonUnterMaus, [this](const Bildknopf &button, Knopfzustand zustand) { return knopfbildVon(button, zustand); }};

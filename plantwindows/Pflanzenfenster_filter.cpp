@@ -200,10 +200,15 @@ void Pflanzenfenster::dialogVerlassen()
     eigeneNummer();
     zentrale_.FensterFreigeben(sparte());
     NaviPruefung();
+    imHauptfensterNachVorn();
+    fokusZurueck();
+}
+
+void Pflanzenfenster::imHauptfensterNachVorn()
+{
     if (auto *unterfenster = qobject_cast<QMdiSubWindow *>(parentWidget()); unterfenster && unterfenster->mdiArea())
         unterfenster->mdiArea()->setActiveSubWindow(unterfenster);
     raise();
-    fokusZurueck();
 }
 
 void Pflanzenfenster::fokusZurueck()

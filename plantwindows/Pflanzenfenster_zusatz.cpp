@@ -28,6 +28,7 @@ void Pflanzenfenster::zusatzBauen(QWidget *leiste)
         {"aktVor", "Alt+Right", u"Wieder vor", &Pflanzenfenster::verlaufVor},
         {"aktSuchen", "Ctrl+F", u"Suchen", &Pflanzenfenster::suchen},
         {"aktUeben", "F9", u"Üben", &Pflanzenfenster::ueben},
+        {"aktUebersicht", "Ctrl+U", u"Alle Bilder ansehen", &Pflanzenfenster::uebersichtZeigen},
     };
     for (const Zusatzbefehl &zeile : befehle) {
         auto *befehl = new QAction(zeile.text.toString(), this);

@@ -78,6 +78,40 @@ std::optional<Bildzeile> bildzeile(const std::shared_ptr<Datenbank> &arbeit, con
     return bildzeile(satz, artnr);
 }
 
+void bildzeilenLesen(Datenbank &db, const SpartenEintrag &sparte, const std::function<bool(qint64 artnr, const Bildzeile &)> &ansehen)
+{
+    const QString tabelle = sparte.bildtabelle.toString();
+    if (!db.hatTabelle(tabelle))
+        return;
+    const auto wert = [](const Anweisung &satz, int spalte) { return satz.istNull(spalte) ? std::nullopt : std::optional(satz.text(spalte)); };
+    if (!einBildJeZeile(db, tabelle)) {
+        const QStringList spalten = bilderspalten();
+        Anweisung &satz = db.vorbereitet(QStringLiteral("SELECT ARTNR, [%1] FROM [%2]").arg(spalten.join(QStringLiteral("], [")), tabelle));
+        while (satz.schritt()) {
+            Bildzeile zeile;
+            // Names first, then texts, each the one half behind the other.
+            for (int i = 0; i < groessteBilderzahl; ++i)
+                (i < bilderJeHaelfte ? zeile.g[size_t(i)] : zeile.d[size_t(i - bilderJeHaelfte)]) = {
+                    wert(satz, 1 + i), wert(satz, 1 + groessteBilderzahl + i).value_or(QString())};
+            if (!ansehen(satz.zahl(0), zeile))
+                return satz.zuruecksetzen();
+        }
+        return;
+    }
+    // The rows of a plant need not stand together.
+    QHash<qint64, std::pair<Bildzeile, size_t>> pflanzen;
+    for (Anweisung &satz = db.vorbereitet(QStringLiteral("SELECT ARTNR, [%1], [%2] FROM [%3]").arg(bild, bemerkung, tabelle)); satz.schritt();) {
+        auto &[zeile, platz] = pflanzen[satz.zahl(0)];
+        if (platz >= size_t(groessteBilderzahl))
+            continue;
+        (platz < zeile.g.size() ? zeile.g[platz] : zeile.d[platz - zeile.g.size()]) = {wert(satz, 1), wert(satz, 2).value_or(QString())};
+        ++platz;
+    }
+    for (auto pflanze = pflanzen.cbegin(); pflanze != pflanzen.cend(); ++pflanze)
+        if (!ansehen(pflanze.key(), pflanze->first))
+            return;
+}
+
 bool einBildJeZeile(Datenbank &db, const QString &tabelle)
 {
     db.tabelleFordern(tabelle);

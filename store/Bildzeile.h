@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -41,6 +42,9 @@ QStringList bilderspalten();
 std::optional<Bildzeile> bildzeile(Recordset &satz, qint64 artnr);
 /// The same out of the working database, where a table that is missing counts as empty.
 std::optional<Bildzeile> bildzeile(const std::shared_ptr<Datenbank> &arbeit, const SpartenEintrag &sparte, qint64 artnr);
+
+/// Every plant's row, in no order, until `ansehen` gives false; a table that is missing counts as empty.
+void bildzeilenLesen(Datenbank &db, const SpartenEintrag &sparte, const std::function<bool(qint64 artnr, const Bildzeile &)> &ansehen);
 
 /// Whether a table holds one row a picture. Throws where it is missing.
 bool einBildJeZeile(Datenbank &db, const QString &tabelle);
