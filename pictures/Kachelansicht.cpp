@@ -43,15 +43,15 @@ Kachelansicht::Kachelansicht(Uebersichtsmodell &modell, Vorschaulager &lager, QW
     setModel(&modell_);
 }
 
-void Kachelansicht::setKachel(int seite)
+void Kachelansicht::setKachel(int breite)
 {
-    seite = std::clamp(seite, kleinste, groesste);
-    if (seite == kachel_)
+    breite = std::clamp(breite, kleinste, groesste);
+    if (breite == kachel_)
         return;
     const auto [von, bis] = sichtbar();
     const int jetzt = currentIndex().row();
     anker_ = jetzt >= von && jetzt <= bis ? jetzt : (von + bis) / 2;
-    kachel_ = seite;
+    kachel_ = breite;
     updateGeometries();
     anker_ = -1;
     viewport()->update();
@@ -61,16 +61,18 @@ void Kachelansicht::updateGeometries()
 {
     const int vorher = anker_ >= 0 ? anker_ : verticalOffset() / zeilenhoehe_ * spalten_;
     const int imFenster = ort(vorher).top();
-    const QSize platz = viewport()->size();
-    spalten_ = std::max(1, platz.width() / (kachel_ + 2 * kachelrand));
-    spaltenbreite_ = double(platz.width()) / spalten_;
-    const int alteHoehe = std::exchange(zeilenhoehe_, kachel_ + 2 * kachelrand + namensabstand + fontMetrics().height());
+    const QSize fenster = viewport()->size();
+    spalten_ = std::max(1, fenster.width() / (kachel_ + 2 * kachelrand));
+    spaltenbreite_ = double(fenster.width()) / spalten_;
+    const int alteHoehe = std::exchange(zeilenhoehe_, platz().height() + 2 * kachelrand + namensabstand + fontMetrics().height());
     QScrollBar *balken = verticalScrollBar();
     balken->setSingleStep(std::max(1, zeilenhoehe_ / 4));
-    balken->setPageStep(std::max(zeilenhoehe_, platz.height() / zeilenhoehe_ * zeilenhoehe_));
-    balken->setRange(0, std::max(0, zeilen() * zeilenhoehe_ - platz.height()));
-    // The same row at the same height of the window.
-    balken->setValue(vorher / spalten_ * zeilenhoehe_ - imFenster * zeilenhoehe_ / std::max(1, alteHoehe));
+    balken->setPageStep(std::max(zeilenhoehe_, fenster.height() / zeilenhoehe_ * zeilenhoehe_));
+    balken->setRange(0, std::max(0, zeilen() * zeilenhoehe_ - fenster.height()));
+    // The same row at the same height of the window, as far as it is seen whole there.
+    const int hoehe =
+        imFenster < 0 ? imFenster * zeilenhoehe_ / std::max(1, alteHoehe) : std::min(imFenster, std::max(0, fenster.height() - zeilenhoehe_));
+    balken->setValue(vorher / spalten_ * zeilenhoehe_ - hoehe);
     unterMaus_ = -1;
     anforderung_.start(0);
 }
@@ -196,14 +198,14 @@ void Kachelansicht::scrollContentsBy(int, int dy)
     anforderung_.start(0);
 }
 
-/// Square that thumbnails are fitted to. It shrinks where what is seen at once would not find room.
+/// Box that thumbnails are fitted to. It shrinks where what is seen at once would not find room.
 QSize Kachelansicht::kasten() const
 {
     const auto [von, bis] = sichtbar();
-    const double skala = devicePixelRatioF(), je = 4 * kachel_ * skala * kachel_ * skala * (bis - von + 1);
-    const double teil = std::min(1.0, std::sqrt(double(lager_.grenze()) / 2 / std::max(1.0, je)));
-    const int seite = std::max(1, int(kachel_ * skala * teil));
-    return {seite, seite};
+    const QSizeF eines = QSizeF(platz()) * devicePixelRatioF();
+    const double alle = 4 * eines.width() * eines.height() * (bis - von + 1);
+    const double teil = std::min(1.0, std::sqrt(double(lager_.grenze()) / 2 / std::max(1.0, alle)));
+    return (eines * teil).toSize().expandedTo({1, 1});
 }
 
 void Kachelansicht::anfordern()
@@ -246,7 +248,7 @@ void Kachelansicht::malen(QPainter &maler, int zeile) const
         maler.setBrush(palette().brush(gewaehlt ? QPalette::Highlight : QPalette::AlternateBase));
         maler.drawRoundedRect(QRectF(stelle).adjusted(2, 2, -2, -2), rundung, rundung);
     }
-    const QRect platz(stelle.left() + (stelle.width() - kachel_) / 2, stelle.top() + kachelrand, kachel_, kachel_);
+    const QRect platz(QPoint(stelle.left() + (stelle.width() - kachel_) / 2, stelle.top() + kachelrand), this->platz());
     if (const Vorschaulager::Eintrag *da = bild(zeile)) {
         const QSizeF groesse = QSizeF(da->bild.size()).scaled(QSizeF(platz.size()), Qt::KeepAspectRatio);
         const QRectF ziel(platz.left() + std::round((platz.width() - groesse.width()) / 2), platz.bottom() + 1 - groesse.height(), groesse.width(),

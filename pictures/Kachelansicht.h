@@ -16,13 +16,13 @@ class Kachelansicht : public QListView
     Q_OBJECT
 
 public:
-    static constexpr int kleinste = 80, groesste = 320, voreinstellung = 144; ///< side of a thumbnail's square
+    static constexpr int kleinste = 80, groesste = 320, voreinstellung = 176; ///< width of a thumbnail's place
 
     Kachelansicht(Uebersichtsmodell &modell, Vorschaulager &lager, QWidget *eltern);
 
     int kachel() const { return kachel_; }
     /// What stands in the middle stays in sight.
-    void setKachel(int seite);
+    void setKachel(int breite);
     int spalten() const { return spalten_; }
     /// First and last row of which something is seen; 0, -1: none.
     std::pair<int, int> sichtbar() const;
@@ -59,6 +59,7 @@ protected:
 private:
     int zeilen() const { return (modell_.rowCount() + spalten_ - 1) / spalten_; }
     QRect ort(int zeile) const;
+    QSize platz() const { return {kachel_, kachel_ * 3 / 4}; } ///< of a thumbnail: the proportions of the strip's
     QSize kasten() const;
     void anfordern();
     void malen(QPainter &maler, int zeile) const;

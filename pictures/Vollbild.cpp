@@ -25,6 +25,7 @@ Vollbild::Vollbild(QWidget *eltern) : QWidget(eltern), leiste_(new QWidget(this)
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
     leiste_->setAutoFillBackground(true);
+    leiste_->setBackgroundRole(QPalette::Window);
     auto *reihe = new QHBoxLayout(leiste_);
     reihe->setContentsMargins(12, 6, 12, 6);
     reihe->setSpacing(10);

@@ -148,9 +148,11 @@ void frmUebersicht::angekommen(Befund befund, qint64 artnr)
         lvwBilder_->scrollTo(lvwBilder_->currentIndex(), zeile > 0 ? QAbstractItemView::PositionAtCenter : QAbstractItemView::PositionAtTop);
     }
     lblAnzahl_->setToolTip(lblAnzahl_->text());
+    const bool erstmals = stapel_->currentWidget() != lvwBilder_;
     stapel_->setCurrentWidget(seite.bilder.empty() ? static_cast<QWidget *>(lblLeer_) : lvwBilder_);
     sldGroesse_->setEnabled(!seite.bilder.empty());
-    if (isActiveWindow() && !seite.bilder.empty() && !sldGroesse_->hasFocus())
+    // While there was nothing to walk through the slider had the focus.
+    if (erstmals && !seite.bilder.empty())
         lvwBilder_->setFocus();
 }
 
