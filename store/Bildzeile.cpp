@@ -90,9 +90,11 @@ void bildzeilenLesen(Datenbank &db, const SpartenEintrag &sparte, const std::fun
         while (satz.schritt()) {
             Bildzeile zeile;
             // Names first, then texts, each the one half behind the other.
-            for (int i = 0; i < groessteBilderzahl; ++i)
-                (i < bilderJeHaelfte ? zeile.g[size_t(i)] : zeile.d[size_t(i - bilderJeHaelfte)]) = {
-                    wert(satz, 1 + i), wert(satz, 1 + groessteBilderzahl + i).value_or(QString())};
+            for (int i = 0; i < groessteBilderzahl; ++i) {
+                Bildzeile::Bild &platz = (i < bilderJeHaelfte ? zeile.g : zeile.d)[size_t(i % bilderJeHaelfte)];
+                platz.stamm = wert(satz, 1 + i);
+                platz.bemerkung = satz.text(1 + groessteBilderzahl + i);
+            }
             if (!ansehen(satz.zahl(0), zeile))
                 return satz.zuruecksetzen();
         }
@@ -104,7 +106,9 @@ void bildzeilenLesen(Datenbank &db, const SpartenEintrag &sparte, const std::fun
         auto &[zeile, platz] = pflanzen[satz.zahl(0)];
         if (platz >= size_t(groessteBilderzahl))
             continue;
-        (platz < zeile.g.size() ? zeile.g[platz] : zeile.d[platz - zeile.g.size()]) = {wert(satz, 1), wert(satz, 2).value_or(QString())};
+        Bildzeile::Bild &stelle = (platz < zeile.g.size() ? zeile.g : zeile.d)[platz % zeile.g.size()];
+        stelle.stamm = wert(satz, 1);
+        stelle.bemerkung = satz.text(2);
         ++platz;
     }
     for (auto pflanze = pflanzen.cbegin(); pflanze != pflanzen.cend(); ++pflanze)
