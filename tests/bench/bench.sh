@@ -7,6 +7,7 @@ cd "$(dirname "$0")/../.."
 ordner=build/bench
 cmake --preset bench >/dev/null
 cmake --build $ordner --target bench_{flox,access,bestand,bilder,druck,suche,treffer,vorschau} vervielfacher flox_daten -- --quiet
+cmake --build $ordner --target bench_{flox,access,bestand,bilder,druck,uebersicht,vorschau} vervielfacher flox_daten -- --quiet
 # database N   path of a database with N potted plants
 database() {
     local file=$ordner/bench-$1.mdb
@@ -42,4 +43,5 @@ for anzahl in "${@:-3000 100000}"; do
 done
 QT_QPA_PLATFORM=offscreen $ordner/tests/bench/bench_druck "$(database 10000)"
 $ordner/tests/bench/bench_bilder
+QT_QPA_PLATFORM=offscreen $ordner/tests/bench/bench_uebersicht
 $ordner/tests/bench/bench_vorschau
