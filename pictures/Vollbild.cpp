@@ -1,5 +1,7 @@
 #include "Vollbild.h"
 
+#include "Namensband.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
@@ -78,6 +80,12 @@ void Vollbild::neuesBild(QSizeF eigene)
 void Vollbild::setBild(const QImage &bild)
 {
     bild_ = bild;
+    update();
+}
+
+void Vollbild::setVerdeckt(bool verdeckt)
+{
+    verdeckt_ = verdeckt;
     update();
 }
 
@@ -182,6 +190,8 @@ void Vollbild::paintEvent(QPaintEvent *)
     maler.setRenderHint(QPainter::SmoothPixmapTransform);
     if (!bild_.isNull())
         maler.drawImage(ort(), bild_);
+    if (verdeckt_ && !bild_.isNull())
+        maler.fillRect(namensbandVon(ort()), palette().color(QPalette::Mid));
 }
 
 void Vollbild::resizeEvent(QResizeEvent *ereignis)

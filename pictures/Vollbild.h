@@ -21,6 +21,8 @@ public:
     void neuesBild(QSizeF eigene);
     /// What is painted in its place, in any size.
     void setBild(const QImage &bild);
+    /// The foot of the picture, where a plate names its plant, is painted over.
+    void setVerdeckt(bool verdeckt);
     void setTexte(const QString &name, const QString &beschreibung, const QString &position);
     void setBlaettern(bool zurueck, bool vor);
     /// Share that is shown; 0 without a picture.
@@ -56,6 +58,7 @@ private:
     void zeigerSetzen();
 
     QImage bild_;
+    bool verdeckt_ = false;
     QSizeF eigene_;
     std::optional<double> anteil_; ///< nothing: fitted
     QPointF mitte_{0.5, 0.5};      ///< point of the picture in the middle of the area, 0 to 1

@@ -258,6 +258,7 @@ void frmBilder::beschriften(const Bilderpflanze &pflanze)
 {
     verdeckt_ = pflanze.verdeckt;
     imgAnzeige_->setVerdeckt(verdeckt_);
+    vollbild_->setVerdeckt(verdeckt_);
     lblBotName_->setText(verdeckt_ ? QStringLiteral("Name verdeckt") : pflanze.botName);
     lblDeuName_->setText(verdeckt_ ? QString() : pflanze.deuName);
 }

@@ -6,7 +6,9 @@
 #include "controls/Geschuetzt.h"
 #include "controls/Steuerelemente.h"
 #include "frmPruefung.h"
+#include "frmSuche.h"
 #include "pictures/Bilderstreifen.h"
+#include "pictures/frmUebersicht.h"
 #include "store/Lernstand.h"
 #include "store/Pfade.h"
 
@@ -85,6 +87,9 @@ void Pflanzenfenster::ueben()
     }
     uebung_ = std::make_unique<Uebungslauf>(uebungsfolge(
         pflanzen, [&](qint64 artnr) { return bekannt.value(artnr, Dringlichkeit::Neu); }, *QRandomGenerator::global()));
+    // Both show names.
+    delete uebersicht_;
+    delete suche_;
     uebung_->vorher = satz_.artnr();
     uebung_->merken = merken;
     uebung_->fokus = window()->focusWidget();

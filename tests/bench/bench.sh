@@ -6,8 +6,7 @@ cd "$(dirname "$0")/../.."
 # A build of its own: it needs the plates of a few plants only, and drawing all of them takes minutes.
 ordner=build/bench
 cmake --preset bench >/dev/null
-cmake --build $ordner --target bench_{flox,access,bestand,bilder,druck,suche,treffer,vorschau} vervielfacher flox_daten -- --quiet
-cmake --build $ordner --target bench_{flox,access,bestand,bilder,druck,uebersicht,vorschau} vervielfacher flox_daten -- --quiet
+cmake --build $ordner --target bench_{flox,access,bestand,bilder,druck,suche,treffer,uebersicht,vorschau} vervielfacher flox_daten -- --quiet
 # database N   path of a database with N potted plants
 database() {
     local file=$ordner/bench-$1.mdb

@@ -695,7 +695,20 @@ void TestUeben::sucheVerraetNichts()
     QCOMPARE(probe.panel(2), u"Beim Üben wird nicht gesucht."_s);
     QTest::keyClick(probe.finde(u"cmdDruck"_s), Qt::Key_B);
     QVERIFY(keineSuche());
+    probe.finde<QAction>(u"aktUebersicht"_s)->trigger();
+    QCOMPARE(probe.panel(2), u"Beim Üben werden nicht alle Bilder gezeigt."_s);
     QVERIFY(probe.fenster->uebt());
+    // A page that was open before goes when practice begins.
+    probe.finde<QAction>(u"aktUeben"_s)->trigger();
+    QVERIFY(!probe.fenster->uebt());
+    probe.finde<QAction>(u"aktUebersicht"_s)->trigger();
+    const auto seite = [] {
+        return std::ranges::any_of(QApplication::topLevelWidgets(),
+                                   [](const QWidget *w) { return w->objectName().startsWith(u"frmUebersicht") && w->isVisible(); });
+    };
+    QVERIFY(seite());
+    probe.finde<QAction>(u"aktUeben"_s)->trigger();
+    QVERIFY(!seite());
 }
 
 void TestUeben::leereMenge()
