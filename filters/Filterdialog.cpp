@@ -51,6 +51,17 @@ void Filterdialog::ruecksetzen(bool auchBewertung)
     gesammelt([&] { vorgeben(auchBewertung); });
 }
 
+void Filterdialog::setZustand(const Filterzustand &zustand)
+{
+    gesammelt([&] {
+        for (size_t k = 0; k < zeilen_.size(); ++k) {
+            zeilen_[k].a->setZustand(zustand.kriterien[k].a);
+            if (zeilen_[k].b)
+                zeilen_[k].b->setZustand(zustand.kriterien[k].b);
+        }
+    });
+}
+
 void Filterdialog::vorgeben(bool auchBewertung)
 {
     for (size_t k = 0; k < zeilen_.size(); ++k) {

@@ -42,6 +42,8 @@ public:
 
     static constexpr QStringView hilfethema = u"4-3-2.htm";
     Filterzustand zustand() const;
+    /// Sets the controls; does not run the filter.
+    void setZustand(const Filterzustand &zustand);
     /// Checks the box of a trade, i counted from 0.
     void ausbildungWaehlen(int i);
 

@@ -592,11 +592,10 @@ Teilzustand Filtersteuerung::zustand() const
     return zustand;
 }
 
-void Filtersteuerung::vorgeben()
+void Filtersteuerung::setZustand(const Teilzustand &zustand)
 {
-    const Teilzustand anfang = vorgabe(teil_);
     for (int i = 0; i < teil_.elemente(); ++i)
-        setzen(i, anfang.werte.empty() ? 0 : anfang.werte[size_t(i)], anfang.text);
+        setzen(i, zustand.werte.empty() ? 0 : zustand.werte[size_t(i)], zustand.text);
 }
 
 void Filtersteuerung::umschalten(int i)

@@ -46,7 +46,8 @@ public:
     virtual Teilzustand zustand() const;
     /// Sets an element from a number or, where it holds one, from a text.
     virtual void setzen(int i, int wert, const QString &text) = 0;
-    void vorgeben();
+    void setZustand(const Teilzustand &zustand);
+    void vorgeben() { setZustand(vorgabe(teil_)); }
     /// Places elements, its own and those of a second part of its kind, below what stands in `ort`.
     virtual void anordnen(std::span<QWidget *const> widgets, QVBoxLayout &ort, QWidget *rahmen) = 0;
     /// Names the elements for a reader who hears one at a time.

@@ -78,6 +78,7 @@ constexpr Blattfarbe blattfarben[] = {
     {"@feldtitel",  "#5c665a", "#a7b3a5"},
     {"@schreiben",  "#fcfdfb", "#1b211d"},
     {"@fokus",      "#233326", "#e3e9e1"},
+    {"@anders",     "#fdf0c4", "#433c1d"},
 };
 
 constexpr char stilblatt[] =
@@ -90,7 +91,8 @@ constexpr char stilblatt[] =
     "QLabel[gruppentitel=\"true\"] { color: @titel; font-weight: bold; }"
     "QLabel[feldtitel=\"true\"] { color: @feldtitel; }"
     "QFrame[karte=\"true\"] QPlainTextEdit { border: 1px solid @rand; border-radius: 4px; background: @schreiben; padding: 2px; }"
-    "QFrame[karte=\"true\"] QPlainTextEdit:focus { border: 2px solid @fokus; padding: 1px; }";
+    "QFrame[karte=\"true\"] QPlainTextEdit:focus { border: 2px solid @fokus; padding: 1px; }"
+    "QFrame[karte=\"true\"] QWidget[verschieden=\"true\"] { background: @anders; border-radius: 3px; }";
 // clang-format on
 
 Schema gilt = Schema::Hell;
@@ -170,6 +172,8 @@ std::vector<Farbpaar> farbpaare(Schema schema)
     paare.push_back({"name of a field", blattfarbe(QLatin1String("@feldtitel"), schema), karte});
     paare.push_back({"name of a field beside a card", blattfarbe(QLatin1String("@feldtitel"), schema), farben.color(QPalette::Window)});
     paare.push_back({"text that is written", farben.color(QPalette::Text), blattfarbe(QLatin1String("@schreiben"), schema)});
+    for (const QPalette::ColorRole schrift : {QPalette::Text, QPalette::WindowText, QPalette::PlaceholderText})
+        paare.push_back({"value that differs", farben.color(schrift), blattfarbe(QLatin1String("@anders"), schema)});
     paare.push_back({"month or letter that is not set", zellenschrift(farben), farben.color(QPalette::Button)});
     return paare;
 }

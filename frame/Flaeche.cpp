@@ -88,11 +88,16 @@ void Flaeche::ueberlappen()
 
 void Flaeche::anordnen(Qt::Orientation richtung)
 {
-    const QScopedValueRollback eigene(selbst_, true);
     QList<QMdiSubWindow *> fenster;
     for (QMdiSubWindow *eines : subWindowList())
         if (eines->isVisible() && !eines->isMinimized())
             fenster += eines;
+    anordnen(richtung, fenster);
+}
+
+void Flaeche::anordnen(Qt::Orientation richtung, const QList<QMdiSubWindow *> &fenster)
+{
+    const QScopedValueRollback eigene(selbst_, true);
     const int anzahl = int(fenster.size());
     for (int i = 0; i < anzahl; ++i) {
         const QRect ganz = viewport()->rect();

@@ -22,6 +22,8 @@ public:
     void fensterZeigen(QWidget *form, QSize mass = {}, bool maximiert = false);
     /// All windows that are not minimised, side by side or one below the other.
     void anordnen(Qt::Orientation richtung);
+    /// These windows side by side, over all others.
+    void nebeneinander(const QList<QMdiSubWindow *> &fenster) { anordnen(Qt::Horizontal, fenster); }
     void ueberlappen();
 
 signals:
@@ -43,6 +45,7 @@ private:
         QRect gesetzt;
     };
     void grundFaerben();
+    void anordnen(Qt::Orientation richtung, const QList<QMdiSubWindow *> &fenster);
     void einpassen(QMdiSubWindow *fenster, Lage &lage);
 
     QHash<QMdiSubWindow *, Lage> lagen_;

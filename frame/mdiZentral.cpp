@@ -485,6 +485,28 @@ void mdiZentral::gespeichertMelden(const frmDrucken &form)
         melden(QStringLiteral("Gespeichert: %1").arg(QDir::toNativeSeparators(form.gespeichert())));
 }
 
+Pflanzenfenster *mdiZentral::danebenOeffnen(Sparte sparte, int nummer)
+{
+    const QPointer<Pflanzenfenster> erstes = fenster(sparte, nummer);
+    FensterOeffnen(sparte);
+    Pflanzenfenster *zweites = fenster(sparte, programm_.aktuellesFenster(sparte));
+    if (!erstes || !zweites || zweites == erstes)
+        return nullptr;
+    flaeche_->nebeneinander({qobject_cast<QMdiSubWindow *>(erstes->parentWidget()), qobject_cast<QMdiSubWindow *>(zweites->parentWidget())});
+    return zweites;
+}
+
+Pflanzenfenster *mdiZentral::anderesFenster(Sparte sparte, int nummer)
+{
+    Pflanzenfenster *anderes = nullptr;
+    for (QMdiSubWindow *eines : flaeche_->subWindowList(QMdiArea::ActivationHistoryOrder)) {
+        auto *form = qobject_cast<Pflanzenfenster *>(eines->widget());
+        if (form && form->sparte() == sparte && form->Fensternummer != nummer && eines->isVisible() && !eines->isMinimized())
+            anderes = form; // the last one is the one that was active last
+    }
+    return anderes;
+}
+
 void mdiZentral::pflanzeGewechselt(Sparte sparte, int nummer)
 {
     Pflanzenfenster *aktives = aktivesFenster();

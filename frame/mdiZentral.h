@@ -62,6 +62,8 @@ public:
     void bildZeigen() override;
     void drucken() override;
     void ergebnisDrucken(const Pruefungsergebnis &ergebnis, QWidget *eltern) override;
+    Pflanzenfenster *danebenOeffnen(Sparte sparte, int nummer) override;
+    Pflanzenfenster *anderesFenster(Sparte sparte, int nummer) override;
     void pflanzeGewechselt(Sparte sparte, int nummer) override;
     QString filtersatz(Sparte sparte, const Filterzustand &zustand) override;
     void hilfeZeigen(const QString &thema) override { emit hilfeGewuenscht(thema); }

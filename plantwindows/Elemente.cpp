@@ -207,6 +207,14 @@ public:
     QWidget *widget() const override { return reihe_; }
     bool leer() const override { return leer_; }
 
+    QString wert() const override
+    {
+        QString zellen;
+        for (const Farbzelle *zelle : zellen_)
+            zellen += QStringLiteral("%1/%2 ").arg(zelle->backColor()).arg(zelle->backStyle());
+        return zellen;
+    }
+
     void zeigen(Pflanzensatz &satz) override
     {
         const Positionen gesetzt = feld_.gesetzt(satz);
@@ -314,6 +322,15 @@ public:
     QWidget *widget() const override { return reihe_; }
     bool leer() const override { return leer_; }
 
+    QString wert() const override
+    {
+        QString bilder;
+        for (size_t i = 0; i < felder_.size(); ++i)
+            if (!felder_[i]->isHidden())
+                bilder += QStringLiteral("%1:%2 ").arg(i).arg(felder_[i]->bild());
+        return bilder;
+    }
+
     void zeigen(Pflanzensatz &satz) override
     {
         const Positionen positionen = feld_.gesetzt(satz);
@@ -375,6 +392,7 @@ public:
 
     QWidget *widget() const override { return bild_; }
     bool leer() const override { return !gezeigt_; }
+    QString wert() const override { return gezeigt_ ? bild_->bild() : QString(); }
 
     void zeigen(Pflanzensatz &satz) override
     {
@@ -432,6 +450,7 @@ public:
     }
 
     QWidget *widget() const override { return leiste_; }
+    QString wert() const override { return stufe_ ? QString::number(*stufe_) : QString(); }
 
     void zeigen(Pflanzensatz &satz) override
     {
@@ -440,14 +459,17 @@ public:
                                             : satz.istNull(feld) ? std::nullopt
                                                                  : std::optional(satz.Auslesen(feld));
         // Without a rating the indicator stays where it was; beyond the scale of 1 to 9 it goes one step off its end.
-        if (const std::optional<double> wert = text ? zahlLesen(*text) : std::nullopt)
-            leiste_->setWert(int(std::clamp(*wert, 0.0, 10.0)));
+        const std::optional<double> wert = text ? zahlLesen(*text) : std::nullopt;
+        stufe_ = wert ? std::optional(int(std::clamp(*wert, 0.0, 10.0))) : std::nullopt;
+        if (stufe_)
+            leiste_->setWert(*stufe_);
         else
             leiste_->setOhneWert();
     }
 
 private:
     Bewertungsleiste *leiste_;
+    std::optional<int> stufe_;
 };
 
 /// Reports mouse presses in the user's fields, and that the user has gone into one by Tab or key.
@@ -622,6 +644,7 @@ public:
     }
 
     QWidget *widget() const override { return bild_; }
+    QString wert() const override { return bild_->tag(); }
 
     void zeigen(Pflanzensatz &satz) override
     {

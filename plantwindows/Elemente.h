@@ -32,7 +32,8 @@ public:
     virtual void uebernehmen() {}
     /// Words that running text must not tell from now on; without any it is whole again. The value stays what it is.
     virtual void verdecken(const QStringList &) {}
-    /// What stands there now: a text as it is shown, the user's fields as they are stored.
+    /// What stands there now: a text as it is shown, the user's fields as they are stored, of all others a text that is the same where they
+    /// show the same; empty for what shows no value.
     virtual QString wert() const { return {}; }
     /// Names of what the user has named.
     virtual void benennen(std::span<const QString>) {}

@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -64,6 +65,7 @@ Pflanzenansicht::Pflanzenansicht(Programm &programm, const Fensterbeschreibung &
     for (const Reiter &reiter : beschreibung_.reiter)
         tabStauden_->addTab(reiterBauen(reiter), reiter.titel.toString());
     daten->addWidget(tabStauden_, 1);
+    connect(tabStauden_, &QTabWidget::currentChanged, this, &Pflanzenansicht::reiterGewechselt);
 }
 
 Pflanzenansicht::~Pflanzenansicht() = default;
@@ -113,6 +115,44 @@ void Pflanzenansicht::notizVerlassen()
 {
     if (bemerkung_ && window()->focusWidget() == bemerkung_->widget())
         tabStauden_->tabBar()->setFocus(Qt::OtherFocusReason);
+}
+
+QStringList Pflanzenansicht::werte() const
+{
+    QStringList werte;
+    for (const auto &element : elemente_)
+        werte += element->wert();
+    for (const Rahmen &rahmen : rahmen_)
+        if (rahmen.rahmen->isHidden())
+            for (const Anzeigeelement *element : rahmen.elemente)
+                werte[std::ranges::find(elemente_, element, &std::unique_ptr<Anzeigeelement>::get) - elemente_.begin()] = QString();
+    return werte;
+}
+
+void Pflanzenansicht::hervorheben(const QStringList &andere)
+{
+    const QStringList eigene = andere.isEmpty() ? QStringList() : werte();
+    for (qsizetype i = 0; i < qsizetype(elemente_.size()); ++i) {
+        QWidget *feld = elemente_[size_t(i)]->widget();
+        const bool anders = i < eigene.size() && eigene[i] != andere.value(i);
+        if (feld->property("verschieden").toBool() == anders)
+            continue;
+        feld->setProperty("verschieden", anders);
+        feld->setAttribute(Qt::WA_StyledBackground, anders);
+        // A style sheet looks at properties once.
+        feld->style()->unpolish(feld);
+        feld->style()->polish(feld);
+    }
+}
+
+int Pflanzenansicht::reiter() const
+{
+    return tabStauden_->currentIndex();
+}
+
+void Pflanzenansicht::setReiter(int reiter)
+{
+    tabStauden_->setCurrentIndex(reiter);
 }
 
 QString Pflanzenansicht::kopftext(size_t i) const

@@ -40,6 +40,13 @@ public:
     /// Nothing more can be typed into the note.
     void notizVerlassen();
 
+    /// What stands there now, one value for each element of the description, in its order; null where the element's group is not shown.
+    QStringList werte() const;
+    /// Elements whose values are others than these stand out; without any, none does.
+    void hervorheben(const QStringList &andere);
+    int reiter() const;
+    void setReiter(int reiter);
+
     /// Text of an element of the head, counted from 0; empty where there are fewer.
     QString kopftext(size_t i) const;
     /// Hides the names of the head and, in running text and in the user's note, these words; or shows all again.
@@ -57,6 +64,7 @@ signals:
     /// A mouse press in the user's fields, or its equal by keyboard.
     void geaendert();
     void namenGewuenscht();
+    void reiterGewechselt(int reiter);
 
 private:
     struct Titelzeile

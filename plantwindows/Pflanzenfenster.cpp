@@ -171,6 +171,7 @@ void Pflanzenfenster::darstellen()
     ansicht_->zeigen(satz_);
     if (uebung_)
         uebungDecken();
+    unterschiedeZeigen();
     bilderZeigen();
     AnzeigeAnzahl();
     zentrale_.pflanzeGewechselt(sparte(), Fensternummer);
@@ -400,6 +401,7 @@ void Pflanzenfenster::notizGespeichert()
 {
     DatenGeaendert = false;
     ansicht_->uebernehmen();
+    unterschiedeZeigen();
 }
 
 void Pflanzenfenster::hinweis(const QString &text)
@@ -466,6 +468,7 @@ void Pflanzenfenster::aufraeumen()
 {
     geschlossen_ = true;
     uebungAbbrechen();
+    verbinden(nullptr);
     eigeneNummer();
     const SpartenEintrag &zeile = eintrag(sparte());
     const bool dialogOffen = filter_ && !filter_->isHidden();

@@ -192,6 +192,16 @@ private:
     void gehen(const std::function<void(Recordset &)> &schritt);
     /// Whether the present set has the plant.
     bool gehtZu(qint64 artnr);
+    /// A second window with the same plants and the same plant, beside this one.
+    void danebenOeffnen();
+    /// Takes the plants that another window of the Sparte shows, by the same run of the filter.
+    void auswahlUebernehmen(const Pflanzenfenster &anderes);
+    /// Links the window with another of its Sparte, or parts it from the one it is linked with.
+    void verbindungUmschalten();
+    /// Two windows that are linked know each other; null: none is.
+    void verbinden(Pflanzenfenster *anderes);
+    /// What differs stands out in both of two linked windows.
+    void unterschiedeZeigen();
     void imVerlauf(int richtung);
     /// Opens the search with `anfang` typed.
     void sucheOeffnen(const QString &anfang);
@@ -265,6 +275,8 @@ private:
     QPointer<frmSuche> suche_;
     std::vector<qint64> suchmenge_; ///< the present set when the search opened, rising
     Verlauf verlauf_;
+    QPointer<Pflanzenfenster> partner_;                  ///< linked with this one
+    std::array<QMetaObject::Connection, 2> reiterfolge_; ///< while linked, from and to the other's tabs
     std::unique_ptr<Uebungslauf> uebung_; ///< null: nobody practises
     qint64 gezeigt_ = 0;                  ///< number of the record last shown: the user's fields belong to it
     QString gezeigterName_;

@@ -33,8 +33,10 @@ void Pflanzenfenster::notizNachziehen(const Notiz &notiz)
         return;
     // The copy first: it is what is read where the working database lacks the record, and by whoever prints.
     satz_.kopieSchreiben(Fensternummer, notiz);
-    if (gezeigt_ == notiz.artnr && satz_.artnr() == notiz.artnr)
+    if (gezeigt_ == notiz.artnr && satz_.artnr() == notiz.artnr) {
         benutzerfelderZeigen();
+        unterschiedeZeigen();
+    }
     if (uebung_)
         uebungDecken();
 }

@@ -29,6 +29,8 @@ void Pflanzenfenster::zusatzBauen(QWidget *leiste)
         {"aktSuchen", "Ctrl+F", u"Suchen", &Pflanzenfenster::suchen},
         {"aktUeben", "F9", u"Üben", &Pflanzenfenster::ueben},
         {"aktUebersicht", "Ctrl+U", u"Alle Bilder ansehen", &Pflanzenfenster::uebersichtZeigen},
+        {"aktDaneben", "Ctrl+Shift+C", u"Zweites Fenster daneben öffnen", &Pflanzenfenster::danebenOeffnen},
+        {"aktVerbinden", "Ctrl+L", u"Zwei Fenster verbinden oder trennen", &Pflanzenfenster::verbindungUmschalten},
     };
     for (const Zusatzbefehl &zeile : befehle) {
         auto *befehl = new QAction(zeile.text.toString(), this);

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+class Pflanzenfenster;
 class QWidget;
 struct Filterzustand;
 struct Notiz;
@@ -33,6 +34,10 @@ public:
     virtual void drucken() = 0;
     /// Prints the result sheet of an examination; `eltern` is the window that asks for it.
     virtual void ergebnisDrucken(const Pruefungsergebnis &ergebnis, QWidget *eltern) = 0;
+    /// Opens a second window of the Sparte and puts the two side by side; null where none came up. Throws as opening does.
+    virtual Pflanzenfenster *danebenOeffnen(Sparte sparte, int nummer) = 0;
+    /// The window of the Sparte that was worked in before this one and can be seen; null where there is none.
+    virtual Pflanzenfenster *anderesFenster(Sparte sparte, int nummer) = 0;
     /// Another record is shown, or the names of the one shown are covered or seen again.
     virtual void pflanzeGewechselt(Sparte sparte, int nummer) = 0;
     virtual void hilfeZeigen(const QString &thema) = 0;

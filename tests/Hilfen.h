@@ -51,6 +51,8 @@ public:
     void bildZeigen() override { ++bilder; }
     void drucken() override { ++gedruckt; }
     void ergebnisDrucken(const Pruefungsergebnis &, QWidget *) override { ++ergebnisse; }
+    Pflanzenfenster *danebenOeffnen(Sparte, int) override { return nullptr; }
+    Pflanzenfenster *anderesFenster(Sparte, int) override { return nullptr; }
     void pflanzeGewechselt(Sparte, int) override
     {
         ++gewechselt;
