@@ -15,6 +15,7 @@
 #include "pictures/frmBilder.h"
 #include "pictures/frmBilderAssistent.h"
 #include "pictures/mIntelJPEGLibrary.h"
+#include "printing/Datenblatt.h"
 #include "printing/Druckgeraet.h"
 #include "printing/Kriteriendruck.h"
 #include "printing/frmDrucken.h"
@@ -24,6 +25,7 @@
 #include "store/Text.h"
 
 #include <QAction>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QDir>
 #include <QFile>
@@ -443,23 +445,30 @@ void mdiZentral::bilderSchliessen()
     delete bilder_;
 }
 
+std::optional<Druckauftrag> mdiZentral::druckauftrag()
+{
+    Pflanzenfenster *aktives = aktivesFenster();
+    if (!aktives)
+        return std::nullopt;
+    return Druckauftrag{.sparte = aktives->sparte(),
+                        .pflanzen = aktives->satz().offen() ? &aktives->satz().haupt() : nullptr,
+                        .arbeit = Datenbank::OpenDatabase(programm_.arbeitsdatenbank()),
+                        .filter = aktives->filterdialog() ? aktives->filterdialog()->zustand() : Filterzustand(),
+                        .FilterEin = aktives->FilterEin,
+                        .FilterGesetzt = aktives->FilterGesetzt};
+}
+
+void mdiZentral::kopieren()
+{
+    if (const std::optional<Druckauftrag> auftrag = druckauftrag())
+        QGuiApplication::clipboard()->setMimeData(blattkopie(datenblatt(programm_, *auftrag)).release());
+}
+
 void mdiZentral::drucken()
 {
     Systemdrucker drucker;
     frmDrucken form(
-        programm_,
-        [this]() -> std::optional<Druckauftrag> {
-            Pflanzenfenster *aktives = aktivesFenster();
-            if (!aktives)
-                return std::nullopt;
-            return Druckauftrag{.sparte = aktives->sparte(),
-                                .pflanzen = aktives->satz().offen() ? &aktives->satz().haupt() : nullptr,
-                                .arbeit = Datenbank::OpenDatabase(programm_.arbeitsdatenbank()),
-                                .filter = aktives->filterdialog() ? aktives->filterdialog()->zustand() : Filterzustand(),
-                                .FilterEin = aktives->FilterEin,
-                                .FilterGesetzt = aktives->FilterGesetzt};
-        },
-        drucker, this);
+        programm_, [this] { return druckauftrag(); }, drucker, this);
     form.exec();
     gespeichertMelden(form);
 }

@@ -17,6 +17,7 @@ class Flaeche;
 class QLabel;
 class frmBilder;
 class frmDrucken;
+struct Druckauftrag;
 
 /* The main window: hosts the plant windows and owns their tables. */
 class mdiZentral : public QMainWindow, public Zentrale, public Befehlsumgebung
@@ -62,6 +63,7 @@ public:
     void bildZeigen() override;
     void drucken() override;
     void ergebnisDrucken(const Pruefungsergebnis &ergebnis, QWidget *eltern) override;
+    void kopieren() override;
     Pflanzenfenster *danebenOeffnen(Sparte sparte, int nummer) override;
     Pflanzenfenster *anderesFenster(Sparte sparte, int nummer) override;
     void pflanzeGewechselt(Sparte sparte, int nummer) override;
@@ -89,6 +91,8 @@ private:
     void namenSchreiben();
     void fensterBedienbar(Sparte sparte, bool bedienbar);
     bool dialogOffen(Sparte sparte);
+    /// What printouts read of the active window; nothing: none is.
+    std::optional<Druckauftrag> druckauftrag();
     Pflanzenfenster *fensterAnlegen(Sparte sparte, int nummer);
     void statusleisteBauen();
     void geometrieAnwenden();

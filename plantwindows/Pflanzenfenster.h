@@ -192,6 +192,8 @@ private:
     void gehen(const std::function<void(Recordset &)> &schritt);
     /// Whether the present set has the plant.
     bool gehtZu(qint64 artnr);
+    /// The data sheet into the clipboard.
+    void kopieren();
     /// A second window with the same plants and the same plant, beside this one.
     void danebenOeffnen();
     /// Takes the plants that another window of the Sparte shows, by the same run of the filter.

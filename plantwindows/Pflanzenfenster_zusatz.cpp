@@ -31,6 +31,7 @@ void Pflanzenfenster::zusatzBauen(QWidget *leiste)
         {"aktUebersicht", "Ctrl+U", u"Alle Bilder ansehen", &Pflanzenfenster::uebersichtZeigen},
         {"aktDaneben", "Ctrl+Shift+C", u"Zweites Fenster daneben öffnen", &Pflanzenfenster::danebenOeffnen},
         {"aktVerbinden", "Ctrl+L", u"Zwei Fenster verbinden oder trennen", &Pflanzenfenster::verbindungUmschalten},
+        {"aktKopieren", "Ctrl+Shift+A", u"Datensatz kopieren", &Pflanzenfenster::kopieren},
     };
     for (const Zusatzbefehl &zeile : befehle) {
         auto *befehl = new QAction(zeile.text.toString(), this);
@@ -73,4 +74,14 @@ void Pflanzenfenster::imVerlauf(int richtung)
     else
         hinweisFuerEineWeile(richtung < 0 ? QStringLiteral("Davor wurde keine Pflanze gezeigt.")
                                           : QStringLiteral("Danach wurde keine Pflanze gezeigt."));
+}
+
+void Pflanzenfenster::kopieren()
+{
+    datenFordern();
+    // What is copied is what is stored.
+    if (DatenGeaendert)
+        BenutzerdatenSpeichern();
+    zentrale_.kopieren();
+    hinweisFuerEineWeile(QStringLiteral("Der Datensatz ist in der Zwischenablage."));
 }

@@ -34,6 +34,8 @@ public:
     virtual void drucken() = 0;
     /// Prints the result sheet of an examination; `eltern` is the window that asks for it.
     virtual void ergebnisDrucken(const Pruefungsergebnis &ergebnis, QWidget *eltern) = 0;
+    /// The data sheet of the active window's plant into the clipboard, as text and as a table.
+    virtual void kopieren() = 0;
     /// Opens a second window of the Sparte and puts the two side by side; null where none came up. Throws as opening does.
     virtual Pflanzenfenster *danebenOeffnen(Sparte sparte, int nummer) = 0;
     /// The window of the Sparte that was worked in before this one and can be seen; null where there is none.

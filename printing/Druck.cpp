@@ -1,5 +1,6 @@
 #include "Druck.h"
 
+#include "Datenblatt.h"
 #include "Kriteriendruck.h"
 #include "mdlDruck.h"
 #include "store/Nebentabellen.h"
@@ -221,68 +222,19 @@ bool Druck::DruckAktuellePflanze()
     DruckKopf();
     drucker_.ScaleLeft = -wertspalte;
     drucker_.CurrentY = ersteZeile;
-    const std::span<const Spalte> spalten = schema::spaltenVon(sparte_.haupttabelle);
-    if (auftrag_.pflanzen && auftrag_.pflanzen->AbsolutePosition() >= 0) {
-        fussname_ = wert("BOT_NAME");
-        herkunft_ = herkunft(sparte_, sparte_.herkunftsfeld ? wert(sparte_.herkunftsfeld) : QString());
-        worte_.herkunft = herkunft_ ? &eintrag(*herkunft_) : nullptr;
-        for (const short code : beschreibung_->liste->folge) {
-            if (drucker_.genug())
-                break;
-            feld(spalten[size_t(code)]);
+    if (auftrag_.pflanzen && auftrag_.pflanzen->AbsolutePosition() >= 0)
+        fussname_ = auftrag_.pflanzen->Fields(u"BOT_NAME").Text();
+    for (const Blatteintrag &eintrag : datenblatt(programm_, auftrag_)) {
+        if (drucker_.genug())
+            break;
+        switch (eintrag.art) {
+        case Blatteintrag::Titel: titel(eintrag.text); break;
+        case Blatteintrag::Zeile: zeileUeberBeideSpalten(eintrag.text); break;
+        case Blatteintrag::Feld: blatteintrag(eintrag.label, eintrag.text); break;
         }
     }
     DruckFuss();
     return true;
-}
-
-QString Druck::wert(const char *spalte)
-{
-    return auftrag_.pflanzen->Fields(QString::fromLatin1(spalte)).Text();
-}
-
-const Druckausnahme *Druck::ausnahme(const Spalte &spalte) const
-{
-    const auto nennt = [&](const char *feld) { return feld && qstricmp(feld, spalte.name) == 0; };
-    for (const Druckausnahme &ausnahme : beschreibung_->ausnahmen)
-        if (nennt(ausnahme.feld) || nennt(ausnahme.feld2))
-            return &ausnahme;
-    return nullptr;
-}
-
-QStringList Druck::synonymeDerPflanze(bool deutsch)
-{
-    return herkunft_ ? synonyme(auftrag_.arbeit, eintrag(*herkunft_), auftrag_.pflanzen->Schluessel(), deutsch) : QStringList();
-}
-
-void Druck::feld(const Spalte &spalte)
-{
-    const QString roh = wert(spalte.name);
-    if (roh.isEmpty() || !giltFuer(sparte_, spalte, herkunft_))
-        return;
-    const QString text = DruckFeld(worte_, spalte, roh), label = spalte.druckname.toString();
-    if (const Druckausnahme *besonders = ausnahme(spalte)) {
-        switch (besonders->art) {
-        case Druckart::Titel: titel(text); return;
-        case Druckart::MitSynonymen:
-            blatteintrag(label, mitSynonymen(text, synonymeDerPflanze(true)));
-            blatteintrag(besonders->label.toString(), mitSynonymen({}, synonymeDerPflanze(false)));
-            return;
-        case Druckart::Bereich: {
-            const bool obere = qstricmp(besonders->feld2, spalte.name) == 0;
-            const QString andere = wert(obere ? besonders->feld : besonders->feld2);
-            if (obere && !andere.isEmpty())
-                return; // stands behind the lower bound
-            QString grenzen = obere ? QStringLiteral("max. ") + text : QStringLiteral("mind. ") + text;
-            if (!obere && !andere.isEmpty())
-                grenzen = QStringLiteral("%1 - %2").arg(text, DruckFeld(worte_, spalte, andere));
-            blatteintrag(besonders->label.toString(), QStringLiteral("%1%2").arg(grenzen, spalte.einheit));
-            return;
-        }
-        case Druckart::Zeile: zeileUeberBeideSpalten(text); return;
-        }
-    }
-    blatteintrag(label, text.isEmpty() ? text : QStringLiteral("%1%2").arg(text, spalte.einheit));
 }
 
 void Druck::zeileUeberBeideSpalten(const QString &text)

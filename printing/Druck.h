@@ -9,7 +9,6 @@
 #include <array>
 #include <optional>
 
-struct Druckausnahme;
 struct Druckbeschreibung;
 
 /// What the print dialog and the printouts read of a plant window.
@@ -65,13 +64,9 @@ private:
     /// Wraps an entry; false where there is nothing to print.
     bool umbrechen(const QString &text, const QString &label, double hoechstens = textbreite);
 
-    void feld(const Spalte &spalte);
     void titel(const QString &name);
     void zeileUeberBeideSpalten(const QString &text);
     void blatteintrag(const QString &label, const QString &text);
-    const Druckausnahme *ausnahme(const Spalte &spalte) const;
-    QString wert(const char *spalte);
-    QStringList synonymeDerPflanze(bool deutsch);
 
     void listenzeile(const QString &text, bool fett);
     void kriterium(const QString &label, const QString &worte);
@@ -83,7 +78,6 @@ private:
     const SpartenEintrag &sparte_;
     const Druckbeschreibung *beschreibung_;
     Wortquelle worte_;
-    std::optional<Sparte> herkunft_; ///< of the plant on the sheet; nothing: unknown
     QStringList gekuerzt_;
     QString fussname_;           ///< plant that the foot names
     int listenZaehler_ = 0;      ///< lines of plants on the page; the criteria above them do not count

@@ -2,8 +2,10 @@
 
 #include "Druckgeraet.h"
 #include "Seitenvorschau.h"
+#include "frmTabelle.h"
 #include "controls/Geschuetzt.h"
 #include "controls/Sanduhr.h"
+#include "store/Dateien.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -23,10 +25,9 @@
 namespace {
 
 constexpr int dinA4 = 9; // number of the paper size
-constexpr QStringView endung = u".pdf";
 
 /// Without characters that file systems do not take.
-QString dateiname(QString text)
+QString dateiname(QString text, QStringView endung)
 {
     static const QRegularExpression fremd(QStringLiteral("[^\\w .,()+-]"), QRegularExpression::UseUnicodePropertiesOption);
     text = text.remove(fremd).simplified();
@@ -119,6 +120,9 @@ void frmDrucken::aufbauen()
     auto *cmdDruck = taste("cmdDruck", QStringLiteral("Druck"), [this] { cmdDruck_Click(); });
     auto *cmdAbbruch = taste("cmdAbbruch", QStringLiteral("Abbrechen"), [this] { reject(); });
     auto *cmdEinrichten = taste("cmdDruckerEinrichten", QStringLiteral("Druckereinrichtung"), [this] { cmdDruckerEinrichten_Click(); });
+    cmdTabelle_ = taste("cmdTabelle", QStringLiteral("Tabelle speichern"), [this] { cmdTabelle_Click(); });
+    cmdTabelle_->setToolTip(QStringLiteral("Die gefilterten Pflanzen mit wählbaren Spalten für Tabellenprogramme speichern"));
+    cmdTabelle_->setEnabled(false);
     cmdDruck->setDefault(true);
     lblDrucker_ = new QLabel(this);
     lblDrucker_->setObjectName(QStringLiteral("lblDrucker"));
@@ -134,6 +138,8 @@ void frmDrucken::aufbauen()
     links->addSpacing(8);
     links->addWidget(lblDrucker_);
     links->addWidget(cmdEinrichten, 0, Qt::AlignLeft);
+    links->addSpacing(8);
+    links->addWidget(cmdTabelle_, 0, Qt::AlignLeft);
     links->addStretch();
     links->addLayout(tasten);
     vorschau_ = new Seitenvorschau(this);
@@ -171,12 +177,16 @@ void frmDrucken::aufbauen()
     alles->addLayout(rechts, 1);
     // From top to bottom.
     setTabOrder(optDruckFrage_[1], cmdEinrichten);
-    setTabOrder(cmdEinrichten, cmdDruck);
+    setTabOrder(cmdEinrichten, cmdTabelle_);
+    setTabOrder(cmdTabelle_, cmdDruck);
     setTabOrder(cmdDruck, cmdAbbruch);
     setTabOrder(cmdAbbruch, cmdSeiteZurueck_);
     setTabOrder(cmdSeiteZurueck_, cmdSeiteVor_);
     seiteBenennen();
-    connect(optDruckFrage_[1], &QRadioButton::toggled, this, [this] { vorschauen(); });
+    connect(optDruckFrage_[1], &QRadioButton::toggled, this, [this](bool liste) {
+        cmdTabelle_->setEnabled(liste);
+        vorschauen();
+    });
     resize(720, 580);
 }
 
@@ -274,12 +284,15 @@ void frmDrucken::cmdDruckerEinrichten_Click()
         vorschauen();
 }
 
-QString frmDrucken::dateiErfragen(const QString &vorschlag)
+QString frmDrucken::dateiErfragen(const QString &titel, const QString &vorschlag, const QList<Dateiart> &arten)
 {
+    QStringList muster;
+    for (const Dateiart &art : arten)
+        muster += art.muster;
     // The suffix is added here: the dialog leaves a name with a dot, as in a date, without it. So the question is asked here, too.
     for (QString datei = vorschlag;;) {
         const QString ordner = QFileInfo(programm_.DruckOrdner).isDir() ? programm_.DruckOrdner : dateiordner();
-        QFileDialog dialog(this, QStringLiteral("Ausdruck speichern"), ordner, QStringLiteral("PDF-Dateien (*.pdf)"));
+        QFileDialog dialog(this, titel, ordner, muster.join(QStringLiteral(";;")));
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setFileMode(QFileDialog::AnyFile);
         dialog.setOption(QFileDialog::DontConfirmOverwrite);
@@ -287,13 +300,41 @@ QString frmDrucken::dateiErfragen(const QString &vorschlag)
         if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
             return {};
         datei = dialog.selectedFiles().constFirst();
-        if (!datei.endsWith(endung, Qt::CaseInsensitive))
-            datei += endung;
+        const auto genannt = [&](const Dateiart &art) { return datei.endsWith(art.endung, Qt::CaseInsensitive); };
+        if (const qsizetype gewaehlt = muster.indexOf(dialog.selectedNameFilter()); std::ranges::none_of(arten, genannt))
+            datei += arten[std::max<qsizetype>(0, gewaehlt)].endung;
         const QString frage = QStringLiteral("Die Datei \"%1\" gibt es schon.\nSoll sie ersetzt werden?").arg(QFileInfo(datei).fileName());
         if (!QFileInfo::exists(datei)
             || QMessageBox::warning(this, dialog.windowTitle(), frage, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes)
             return datei;
     }
+}
+
+void frmDrucken::cmdTabelle_Click()
+{
+    const std::optional<Druckauftrag> auftrag = auftrag_();
+    if (!auftrag)
+        return;
+    frmTabelle form(tabellenspalten(auftrag->sparte), this);
+    if (form.exec() != QDialog::Accepted)
+        return;
+    const Dateiart ods{QStringLiteral("OpenDocument-Tabelle (*.ods)"), QStringLiteral(".ods")};
+    const Dateiart csv{QStringLiteral("CSV-Datei (*.csv)"), QStringLiteral(".csv")};
+    const QString datei = dateiErfragen(form.windowTitle(), dateiname(eintrag(auftrag->sparte).titel.toString(), {}), {ods, csv});
+    if (datei.isEmpty())
+        return;
+    try {
+        const Sanduhr sanduhr(this);
+        Fortschrittsfenster fenster(this, QStringLiteral("Die Tabelle wird geschrieben ..."), geduld);
+        const Datentabelle inhalt =
+            datentabelle(programm_, *auftrag, form.gewaehlt(), [&](qsizetype fertig, qsizetype gesamt) { fenster.melden(fertig, gesamt); });
+        schreibeSicher(datei, datei.endsWith(csv.endung, Qt::CaseInsensitive) ? alsCsv(inhalt) : alsOds(inhalt));
+    } catch (const Druckabbruch &) {
+        return;
+    }
+    gespeichert_ = datei;
+    programm_.DruckOrdner = QFileInfo(datei).absolutePath();
+    accept();
 }
 
 void frmDrucken::cmdDruck_Click()
@@ -313,7 +354,9 @@ void frmDrucken::cmdDruck_Click()
         }
         QString datei;
         if (geraet_.schreibtDatei()) {
-            datei = dateiErfragen(geraet_.datei().isEmpty() ? dateiname(ausdruck->titel) : geraet_.datei());
+            const Dateiart pdf{QStringLiteral("PDF-Dateien (*.pdf)"), QStringLiteral(".pdf")};
+            datei = dateiErfragen(QStringLiteral("Ausdruck speichern"),
+                                  geraet_.datei().isEmpty() ? dateiname(ausdruck->titel, pdf.endung) : geraet_.datei(), {pdf});
             if (datei.isEmpty())
                 return;
         }

@@ -10,6 +10,7 @@
 class Druckgeraet;
 class Geraetefehler;
 class QLabel;
+class QPushButton;
 class QRadioButton;
 class QToolButton;
 class Seitenvorschau;
@@ -30,6 +31,7 @@ public:
 
     void cmdDruck_Click();
     void cmdDruckerEinrichten_Click();
+    void cmdTabelle_Click();
 
     /// Path of the file that was written; empty while there is none.
     const QString &gespeichert() const { return gespeichert_; }
@@ -52,8 +54,14 @@ private:
     std::optional<Ausdruck> auslegen(size_t hoechstens = std::numeric_limits<size_t>::max());
     void vorschauen();
     void seiteBenennen();
-    /// Path of a PDF file, which may be replaced; empty: cancelled.
-    QString dateiErfragen(const QString &vorschlag);
+    /// A kind of file that can be written.
+    struct Dateiart
+    {
+        QString muster; ///< as file dialogs name it
+        QString endung; ///< with its point
+    };
+    /// Path of a file of one of these kinds, which may be replaced; empty: cancelled. A name without their suffix gets that of the kind chosen.
+    QString dateiErfragen(const QString &titel, const QString &vorschlag, const QList<Dateiart> &arten);
     /// The box about the printer; whichever button is pressed.
     void geraetefehlerZeigen(const Geraetefehler &fehler);
 
@@ -63,6 +71,7 @@ private:
     Druckgeraet &geraet_;
     QRadioButton *optDruckFrage_[2] = {};
     QLabel *lblDrucker_ = nullptr;
+    QPushButton *cmdTabelle_ = nullptr;
     Seitenvorschau *vorschau_ = nullptr;
     QToolButton *cmdSeiteZurueck_ = nullptr, *cmdSeiteVor_ = nullptr;
     QLabel *lblSeite_ = nullptr;

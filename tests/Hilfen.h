@@ -51,6 +51,7 @@ public:
     void bildZeigen() override { ++bilder; }
     void drucken() override { ++gedruckt; }
     void ergebnisDrucken(const Pruefungsergebnis &, QWidget *) override { ++ergebnisse; }
+    void kopieren() override { ++kopiert; }
     Pflanzenfenster *danebenOeffnen(Sparte, int) override { return nullptr; }
     Pflanzenfenster *anderesFenster(Sparte, int) override { return nullptr; }
     void pflanzeGewechselt(Sparte, int) override
@@ -63,7 +64,7 @@ public:
     QString filtersatz(Sparte, const Filterzustand &) override { return QStringLiteral("Satz"); }
 
     bool mulko = false, gesperrt = false;
-    int geschlossen = 0, notizen = 0, namen = 0, bilder = 0, gewechselt = 0, gedruckt = 0, ergebnisse = 0;
+    int geschlossen = 0, notizen = 0, namen = 0, bilder = 0, gewechselt = 0, gedruckt = 0, ergebnisse = 0, kopiert = 0;
     QString hilfe;
     std::function<void()> beimWechsel;
 };

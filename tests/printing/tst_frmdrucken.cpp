@@ -64,14 +64,15 @@ void TestFrmDrucken::aufbau()
         QVERIFY(rahmen->isAncestorOf(finde<QRadioButton>(name)));
     }
     QVERIFY(finde<QRadioButton>("optDruckFrage_0")->isChecked());
-    QCOMPARE(form_->findChildren<QPushButton *>().size(), 3);
-    for (const auto &[name, text] :
-         {std::pair("cmdDruck", u"Druck"_s), std::pair("cmdAbbruch", u"Abbrechen"_s), std::pair("cmdDruckerEinrichten", u"Druckereinrichtung"_s)})
+    QCOMPARE(form_->findChildren<QPushButton *>().size(), 4);
+    for (const auto &[name, text] : {std::pair("cmdDruck", u"Druck"_s), std::pair("cmdAbbruch", u"Abbrechen"_s),
+                                     std::pair("cmdDruckerEinrichten", u"Druckereinrichtung"_s), std::pair("cmdTabelle", u"Tabelle speichern"_s)})
         QCOMPARE(finde(name)->text(), text);
     QCOMPARE(finde<QLabel>("lblDrucker")->text(), u"Drucker: Probe & Druck\nPapier: A4"_s);
     // Nothing is cut off and nothing lies on something else.
-    QList<QWidget *> controls{finde<QGroupBox>("fraDruckFrage"), finde("cmdDruck"),           finde("cmdAbbruch"),
-                              finde("cmdDruckerEinrichten"),     finde<QLabel>("lblDrucker"), finde<QWidget>("picVorschau")};
+    QList<QWidget *> controls{finde<QGroupBox>("fraDruckFrage"), finde("cmdDruck"),   finde("cmdAbbruch"),
+                              finde("cmdDruckerEinrichten"),     finde("cmdTabelle"), finde<QLabel>("lblDrucker"),
+                              finde<QWidget>("picVorschau")};
     for (const QSize groesse : {form_->size(), form_->minimumSizeHint(), QSize(1200, 900)}) {
         form_->resize(groesse);
         QCoreApplication::processEvents();
@@ -298,14 +299,16 @@ void TestFrmDrucken::tabulator()
         QRadioButton *frage = finde<QRadioButton>(liste ? "optDruckFrage_1" : "optDruckFrage_0");
         frage->setFocus();
         QStringList folge;
-        for (int i = 0; i < (liste ? 5 : 4); ++i) {
+        for (int i = 0; i < (liste ? 6 : 4); ++i) {
             folge += QApplication::focusWidget()->objectName();
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         }
         // From top to bottom, and round.
         QStringList erwartet{frage->objectName(), u"cmdDruckerEinrichten"_s, u"cmdDruck"_s, u"cmdAbbruch"_s};
-        if (liste)
+        if (liste) {
+            erwartet.insert(2, u"cmdTabelle"_s);
             erwartet += u"cmdSeiteVor"_s; // it has more than one page
+        }
         QCOMPARE(folge, erwartet);
         QCOMPARE(QApplication::focusWidget(), frage);
     }
