@@ -40,7 +40,7 @@ public:
     /// Nothing more can be typed into the note.
     void notizVerlassen();
 
-    /// What stands there now, one value for each element of the description, in its order; null where the element's group is not shown.
+    /// What stands there now, one value for each element of the description, in its order; empty where the element's group is not shown.
     QStringList werte() const;
     /// Elements whose values are others than these stand out; without any, none does.
     void hervorheben(const QStringList &andere);
