@@ -190,6 +190,8 @@ private:
     void bewegen(Bewegung bewegung);
     /// One way to another record: notes first, then the step, then everything that shows it.
     void gehen(const std::function<void(Recordset &)> &schritt);
+    /// Whether somebody practises, who is told that what he asks for would show names.
+    bool beimUeben();
     /// Whether the present set has the plant.
     bool gehtZu(qint64 artnr);
     /// The data sheet into the clipboard.
@@ -279,8 +281,8 @@ private:
     Verlauf verlauf_;
     QPointer<Pflanzenfenster> partner_;                  ///< linked with this one
     std::array<QMetaObject::Connection, 2> reiterfolge_; ///< while linked, from and to the other's tabs
-    std::unique_ptr<Uebungslauf> uebung_; ///< null: nobody practises
-    qint64 gezeigt_ = 0;                  ///< number of the record last shown: the user's fields belong to it
+    std::unique_ptr<Uebungslauf> uebung_;                ///< null: nobody practises
+    qint64 gezeigt_ = 0;                                 ///< number of the record last shown: the user's fields belong to it
     QString gezeigterName_;
     bool hatKopie_ = false, geschlossen_ = false;
     qsizetype gesamt_ = 0;                  ///< plants before the last filter run

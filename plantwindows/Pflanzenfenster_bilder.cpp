@@ -63,8 +63,6 @@ Bilderpflanze Pflanzenfenster::bilderpflanze()
 
 void Pflanzenfenster::uebersichtZeigen()
 {
-    if (uebt())
-        return hinweisFuerEineWeile(QStringLiteral("Beim Üben werden nicht alle Bilder gezeigt."));
     datenFordern();
     if (!uebersicht_) {
         // No child of the main window: that is to come before it. Queued, as a jump may show a box and a box may outlive both windows.

@@ -50,10 +50,8 @@ Suchbestand &Pflanzenfenster::suchbestand()
 
 void Pflanzenfenster::sucheOeffnen(const QString &anfang)
 {
-    if (uebt()) {
-        hinweisFuerEineWeile(QStringLiteral("Beim Üben wird nicht gesucht."));
+    if (beimUeben())
         return;
-    }
     datenFordern();
     if (DatenGeaendert)
         BenutzerdatenSpeichern();

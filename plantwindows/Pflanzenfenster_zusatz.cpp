@@ -17,6 +17,7 @@ struct Zusatzbefehl
     const char *taste;
     QStringView text;
     void (Pflanzenfenster::*tat)();
+    bool verraet = false; ///< tells names: not while somebody practises
 };
 
 } // namespace
@@ -26,26 +27,34 @@ void Pflanzenfenster::zusatzBauen(QWidget *leiste)
     static constexpr Zusatzbefehl befehle[] = {
         {"aktZurueck", "Alt+Left", u"Zurück zur zuletzt gezeigten Pflanze", &Pflanzenfenster::verlaufZurueck},
         {"aktVor", "Alt+Right", u"Wieder vor", &Pflanzenfenster::verlaufVor},
-        {"aktSuchen", "Ctrl+F", u"Suchen", &Pflanzenfenster::suchen},
+        {"aktSuchen", "Ctrl+F", u"Suchen", &Pflanzenfenster::suchen, true},
         {"aktUeben", "F9", u"Üben", &Pflanzenfenster::ueben},
-        {"aktUebersicht", "Ctrl+U", u"Alle Bilder ansehen", &Pflanzenfenster::uebersichtZeigen},
-        {"aktDaneben", "Ctrl+Shift+C", u"Zweites Fenster daneben öffnen", &Pflanzenfenster::danebenOeffnen},
-        {"aktVerbinden", "Ctrl+L", u"Zwei Fenster verbinden oder trennen", &Pflanzenfenster::verbindungUmschalten},
-        {"aktKopieren", "Ctrl+Shift+A", u"Datensatz kopieren", &Pflanzenfenster::kopieren},
+        {"aktUebersicht", "Ctrl+U", u"Alle Bilder ansehen", &Pflanzenfenster::uebersichtZeigen, true},
+        {"aktDaneben", "Ctrl+Shift+C", u"Zweites Fenster daneben öffnen", &Pflanzenfenster::danebenOeffnen, true},
+        {"aktVerbinden", "Ctrl+L", u"Zwei Fenster verbinden oder trennen", &Pflanzenfenster::verbindungUmschalten, true},
+        {"aktKopieren", "Ctrl+Shift+A", u"Datensatz kopieren", &Pflanzenfenster::kopieren, true},
     };
     for (const Zusatzbefehl &zeile : befehle) {
         auto *befehl = new QAction(zeile.text.toString(), this);
         befehl->setObjectName(QString::fromLatin1(zeile.name));
         befehl->setShortcut(QKeySequence(QString::fromLatin1(zeile.taste)));
         befehl->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-        connect(befehl, &QAction::triggered, this, geschuetzt(this, [this, tat = zeile.tat] {
+        connect(befehl, &QAction::triggered, this, geschuetzt(this, [this, tat = zeile.tat, verraet = zeile.verraet] {
                     aktivMelden();
-                    (this->*tat)();
+                    if (!verraet || !beimUeben())
+                        (this->*tat)();
                 }));
         addAction(befehl);
         leiste->addAction(befehl);
     }
     leiste->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+bool Pflanzenfenster::beimUeben()
+{
+    if (uebt())
+        hinweisFuerEineWeile(QStringLiteral("Beim Üben geht das nicht: Es würde Namen zeigen."));
+    return uebt();
 }
 
 bool Pflanzenfenster::gehtZu(qint64 artnr)
