@@ -5,7 +5,7 @@ cd "$(dirname "$0")/.."
 graph=$(mktemp)
 trap 'rm -f "$graph"*' EXIT
 cmake --graphviz="$graph" "build/${1:-dev}" >/dev/null 2>&1
-python3 - "$graph" <<'P' | dot -Tsvg | sed '/^<!--/,/-->$/d' >docs/raeume.svg
+python3 - "$graph" <<'P' | dot -Tsvg | perl -0pe 's/<!--.*?-->\n//gs' >docs/raeume.svg
 import re, sys
 text = open(sys.argv[1]).read()
 name = dict(re.findall(r'"(node\d+)" \[ label = "([^"\\]+)', text))
