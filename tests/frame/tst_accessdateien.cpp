@@ -343,7 +343,7 @@ private slots:
         accessdatei(u"a.mdb"_s);
         probe_->waehlen("mnudbtopfpflanzen");
         const QByteArray datei = inhalt(pfad(u"a.mdb"_s)), arbeit = inhalt(probe_->ordner.datenbank());
-        meldungen_.reset();
+        probe_->meldungen.reset();
         const Antworten antworten({u"Yes"_s});
         int bei = -1;
         bool gesperrt = false;
