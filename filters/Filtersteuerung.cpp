@@ -357,7 +357,12 @@ private:
             auto *bild = element<Bildfeld>(i);
             connect(bild, &Bildfeld::mausDarueber, satz, [satz, bild, text = teil_.bilder[size_t(i)].hinweis.toString()] {
                 satz->setText(text);
-                satz->setForegroundRole(bild->borderStyle() == 1 ? QPalette::PlaceholderText : QPalette::WindowText);
+                const bool gewaehlt = bild->borderStyle() == 1;
+                // Black and a middle grey cannot be read on dark ground.
+                const QColor farbe = istDunkel(bild->palette()) ? bild->palette().color(gewaehlt ? QPalette::PlaceholderText : QPalette::WindowText)
+                                     : gewaehlt                 ? QColor(0x80, 0x80, 0x80)
+                                                                : QColor(Qt::black);
+                satz->setStyleSheet(QStringLiteral("color: %1").arg(farbe.name()));
             });
         }
         new Satzleerer(satz, rahmen);
