@@ -72,6 +72,7 @@ constexpr Menueeintrag menue[] = {
     {2, "mnuABStaudenTrennstrich", ""},
     {2, "mnuABSTStauden", "Stauden"},
     {2, "mnuABSTGehoelze", "Gehölze"},
+    {1, "mnuUeben", "Üben ...\tF9"}, // added to what the menu has always had
     {0, "mnuEinstellungen", "Konfiguration"},
     {1, "mnuOptionen", "&Optionen"},
     {1, "mnuFloxBilder", "&Bilder Assistent"},
