@@ -178,10 +178,12 @@ void Ablauf::eigenenOrdnerEinrichten(const QString &geteilter)
         hinweisZeigen(nullptr, benutzerordner::einrichten(geteilter, eigener, einstellungen.OriginalDatenbank).satz());
     } catch (const Fehler &fehler) {
         const bool nutzbar = QFileInfo(systemPfad(programm_.arbeitsdatenbank())).isFile();
-        fehlerZeigen(nullptr, QStringLiteral("Ihr eigener Ordner von Flox kann nicht eingerichtet werden:\n%1\n\n%2\n\n%3")
-                                  .arg(QDir::toNativeSeparators(eigener), fehler.text(),
-                                       nutzbar ? QStringLiteral("Flox arbeitet mit den Daten, die dort schon stehen.")
-                                               : QStringLiteral("Flox arbeitet mit den Daten, die für alle Benutzer da sind.")));
+        // A folder that merely cannot be written is told of as such later, once.
+        if (nutzbar || QFileInfo::exists(QDir(geteilter).filePath(QString::fromLatin1(benutzerordner::marke))))
+            fehlerZeigen(nullptr, QStringLiteral("Ihr eigener Ordner von Flox kann nicht eingerichtet werden:\n%1\n\n%2\n\n%3")
+                                      .arg(QDir::toNativeSeparators(eigener), fehler.text(),
+                                           nutzbar ? QStringLiteral("Flox arbeitet mit den Daten, die dort schon stehen.")
+                                                   : QStringLiteral("Flox arbeitet mit den Daten, die für alle Benutzer da sind.")));
         // Nothing can be written there, and the user is told so, too.
         if (!nutzbar)
             programm_.ProgrammPfad = QDir::toNativeSeparators(geteilter);

@@ -284,6 +284,9 @@ void TestSperren::heimSchreibgeschuetzt()
     const Programmkopie ordner = kopie(u"a"_s);
     QFile::setPermissions(ordner.datei(u"flox-demo.mdb"_s), QFile::ReadOwner | QFile::ReadOther);
     schreiben(heim_[1]->filePath(u".local"_s), "in the way");
+    // Of a folder that is not installed for all only the rights are told.
+    QCOMPARE(starten(ordner, true).meldungen.size(), 1);
+    schreiben(ordner.datei(u"installiert.txt"_s), "Für alle.\n");
     const Start start = starten(ordner, true);
     QCOMPARE(start.meldungen.size(), 2);
     QVERIFY2(start.meldungen[0].startsWith(u"Ihr eigener Ordner von Flox kann nicht eingerichtet werden:"_s), qPrintable(start.meldungen[0]));
