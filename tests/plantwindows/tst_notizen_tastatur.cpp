@@ -179,7 +179,15 @@ void TestNotizenTastatur::kuerzelVerlaesstDieNotiz()
     const qint64 zweite = probe_->fenster->satz().artnr();
     QVERIFY(zweite != erste);
     QVERIFY(QApplication::focusWidget() && QApplication::focusWidget() != notiz());
-    QTest::keyClicks(QApplication::focusWidget(), u"geht nirgends hin"_s);
+    QTest::keyClicks(QApplication::focusWidget(), u"geht nicht in die Notiz"_s);
+    // Letters beside the note look for a plant.
+    auto *suche = probe_->fenster->findChild<QWidget *>(u"frmSuche"_s);
+    QVERIFY(suche && suche->isVisible());
+    this->taste(Qt::Key_Escape);
+    QTRY_VERIFY(!suche->isVisible());
+    probe_->fenster->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(probe_->fenster.get()));
+    probe_->finde<QComboBox>(u"cboArten"_s)->setFocus();
     QCOMPARE(probe_->fenster->satz().artnr(), zweite);
     QCOMPARE(notiz()->toPlainText(), QString());
     QVERIFY(!geaendert());

@@ -243,7 +243,7 @@ private slots:
             QProcess schreiber;
             schreiber.start(QStringLiteral(FLOX_LERNSCHREIBER), {pfad_});
             QVERIFY(schreiber.waitForReadyRead(30000));
-            QThread::usleep(std::uniform_int_distribution<unsigned long>(0, 9000)(zufall));
+            QThread::usleep(std::uniform_int_distribution<unsigned long>(0, 90000)(zufall));
             schreiber.kill();
             QVERIFY(schreiber.waitForFinished(30000));
             const QByteArray ausgabe = schreiber.readAllStandardOutput();
