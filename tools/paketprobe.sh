@@ -18,7 +18,9 @@ trap ende EXIT
 debootstrap --variant=minbase bookworm "$wurzel" >/dev/null
 cp /etc/resolv.conf "$wurzel/etc/"
 mount -t proc proc "$wurzel/proc"
-drin() { env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LANG=C.UTF-8 DEBIAN_FRONTEND=noninteractive chroot "$wurzel" "$@"; }
+heim=/home/probe
+mkdir -p "$wurzel$heim"
+drin() { env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=$heim LANG=C.UTF-8 DEBIAN_FRONTEND=noninteractive chroot "$wurzel" "$@"; }
 laeuft() { # a command that must still run after a while, with its window up
     drin bash -c "$1 & p=\$!; sleep 8; kill -0 \$p && kill \$p"
 }
@@ -27,7 +29,10 @@ drin apt-get update -q >/dev/null
 echo "--- folder with its libraries, no Qt on the system"
 tools/mitnehmen.sh "$wurzel/opt/flox" "$vorlage"
 drin apt-get install -y -q --no-install-recommends libgl1 libegl1 fonts-dejavu-core >/dev/null
-! drin sh -c 'ls /usr/lib/*/libQt6Core.so*' 2>/dev/null
+if drin sh -c 'ls /usr/lib/*/libQt6Core.so*' 2>/dev/null; then
+    echo "The bare system has Qt: nothing would be shown."
+    exit 1
+fi
 drin /opt/flox/flox.sh --version
 laeuft 'QT_QPA_PLATFORM=offscreen /opt/flox/flox.sh'
 
@@ -37,10 +42,10 @@ drin bash -c "apt-get install -y -q --no-install-recommends /tmp/$(basename "$de
 drin flox --version
 drin flox --help >/dev/null
 laeuft 'QT_QPA_PLATFORM=offscreen flox'
-test -f "$wurzel/root/.local/share/flox/flox-demo.mdb"
+test -f "$wurzel$heim/.local/share/flox/flox-demo.mdb"
 drin apt-get remove -y -q flox >/dev/null
 test ! -e "$wurzel/usr/bin/flox"
 test ! -e "$wurzel/usr/lib/flox"
 # The user's own stays.
-test -f "$wurzel/root/.local/share/flox/flox-demo.mdb"
+test -f "$wurzel$heim/.local/share/flox/flox-demo.mdb"
 echo "--- installed, started, removed"
