@@ -1,6 +1,6 @@
 #include "Beschreibung.h"
 
-#include "Elemente.h"
+#include "Elementtexte.h"
 #include "frmAnzeigeApfel.h"
 #include "frmAnzeigeFriedhof.h"
 #include "frmAnzeigeGehoelze.h"

@@ -1,6 +1,7 @@
 #include "Pflanzenansicht.h"
 
 #include "Elemente.h"
+#include "Elementtexte.h"
 #include "Pflanzensatz.h"
 #include "controls/Spalten.h"
 #include "controls/Textkasten.h"

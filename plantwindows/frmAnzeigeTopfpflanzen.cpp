@@ -1,6 +1,6 @@
 #include "frmAnzeigeTopfpflanzen.h"
 
-#include "Elemente.h"
+#include "Elementtexte.h"
 #include "Gemeinsam.h"
 #include "store/Text.h"
 

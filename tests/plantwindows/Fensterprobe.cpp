@@ -1,7 +1,7 @@
 #include "Fensterprobe.h"
 
 #include "pictures/Bildform.h"
-#include "plantwindows/Elemente.h"
+#include "plantwindows/Elementtexte.h"
 
 #include <QCheckBox>
 #include <QLabel>

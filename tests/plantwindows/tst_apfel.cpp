@@ -1,6 +1,6 @@
 #include "Fensterprobe.h"
 
-#include "plantwindows/Elemente.h"
+#include "plantwindows/Elementtexte.h"
 
 #include <QCheckBox>
 #include <QComboBox>

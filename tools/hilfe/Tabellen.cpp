@@ -2,7 +2,7 @@
 
 #include "filters/Kriterien.h"
 #include "plantwindows/Beschreibung.h"
-#include "plantwindows/Elemente.h"
+#include "plantwindows/Elementtexte.h"
 #include "store/Fehler.h"
 #include "store/Schema.h"
 
