@@ -1,4 +1,4 @@
-#include "Fensterprobe.h"
+#include "Uebungshand.h"
 
 #include "filters/Filterdialog.h"
 #include "plantwindows/Aufgabe.h"
@@ -25,18 +25,9 @@
 
 using namespace Qt::StringLiterals;
 
-/* Practice in the plant window, driven by keys; and its course without a window. */
+/* Practice in the plant window, driven by keys. */
 
 namespace {
-
-/// Whether a widget can be seen in its window, on whatever tab it stands.
-bool zuSehen(const QWidget *control, const QWidget *fenster)
-{
-    for (const QWidget *w = control; w && w != fenster; w = w->parentWidget())
-        if (w->isHidden() && !qobject_cast<QStackedWidget *>(w->parentWidget()))
-            return false;
-    return true;
-}
 
 /// Controls that show words of a vocabulary: what they tell is a plant's feature, whatever its name.
 QSet<const QWidget *> vokabeln(const QWidget *fenster, const Fensterbeschreibung &beschreibung)
@@ -88,40 +79,6 @@ QStringList worteDesFensters(const QWidget *fenster, const QSet<const QWidget *>
     return texte;
 }
 
-void taste(Qt::Key welche, Qt::KeyboardModifiers umschalter = Qt::NoModifier)
-{
-    QVERIFY(QApplication::focusWidget());
-    QTest::keyClick(QApplication::focusWidget(), welche, umschalter);
-}
-
-void tippen(const QString &text)
-{
-    // The test library knows keys of Latin letters only.
-    for (const QChar zeichen : text)
-        for (const QEvent::Type art : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent ereignis(art, zeichen == u' ' ? Qt::Key_Space : Qt::Key_unknown, Qt::NoModifier, QString(zeichen));
-            QApplication::sendEvent(QApplication::focusWidget(), &ereignis);
-        }
-}
-
-Aufgabe aufgabe(Fensterprobe &probe)
-{
-    return aufgabeVon(probe.fenster->satz(), *fensterbeschreibung(probe.fenster->sparte()));
-}
-
-/// A box has gone: the window is the active one again.
-void nachDerBox(Fensterprobe &probe)
-{
-    probe.fenster->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(probe.fenster.get()));
-    probe.finde(u"txtAntwort_0"_s)->setFocus();
-}
-
-QString standdatei(const Fensterprobe &probe)
-{
-    return systemPfad(pfadAus(probe.programm.ProgrammPfad, Lernstand::dateiname.toString()));
-}
-
 } // namespace
 
 class TestUeben : public QObject
@@ -129,9 +86,6 @@ class TestUeben : public QObject
     Q_OBJECT
 
 private slots:
-    void folgen();
-    void nochmal();
-    void uhr();
     void nichtsVerraetDenNamen_data();
     void nichtsVerraetDenNamen();
     void leertasteDecktAuf();
@@ -149,84 +103,8 @@ private slots:
     void anderesBeendet();
     void sucheVerraetNichts();
     void leereMenge();
-    void pruefung();
-    void pruefungsende();
-    void pruefungAbgebrochen();
     void kleinesFenster();
-
-private:
-    static void oeffnen(Fensterprobe &probe, int pflanzen = 0)
-    {
-        if (pflanzen)
-            probe.nurPflanzen(pflanzen);
-        probe.oeffnen();
-        probe.fenster->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(probe.fenster.get()));
-    }
 };
-
-void TestUeben::folgen()
-{
-    QRandomGenerator zufall(7);
-    std::vector<qint64> pflanzen;
-    for (qint64 i = 1; i <= 300; ++i)
-        pflanzen.push_back(i);
-    const auto dringlichkeit = [](qint64 nummer) {
-        return nummer % 3 == 0 ? Dringlichkeit::Faellig : nummer % 3 == 1 ? Dringlichkeit::Neu : Dringlichkeit::Spaeter;
-    };
-    std::vector<qint64> folge = uebungsfolge(pflanzen, dringlichkeit, zufall);
-    QVERIFY(std::ranges::is_sorted(folge, {}, dringlichkeit));
-    QVERIFY(!std::ranges::is_sorted(folge));
-    QVERIFY(folge != uebungsfolge(pflanzen, dringlichkeit, zufall));
-    std::ranges::sort(folge);
-    QCOMPARE(folge, pflanzen);
-
-    std::vector<qint64> geprueft = pruefungsfolge(pflanzen, zufall);
-    QCOMPARE(geprueft.size(), pruefungspflanzen);
-    std::ranges::sort(geprueft);
-    QVERIFY(std::ranges::adjacent_find(geprueft) == geprueft.end());
-    QCOMPARE(pruefungsfolge({5, 6, 7}, zufall).size(), size_t(3));
-    QVERIFY(pruefungsfolge({}, zufall).empty());
-}
-
-void TestUeben::nochmal()
-{
-    std::vector<qint64> pflanzen;
-    for (qint64 i = 1; i <= 12; ++i)
-        pflanzen.push_back(i);
-    Uebung uebung(pflanzen);
-    uebung.nochmal();
-    uebung.nochmal();
-    QCOMPARE(uebung.anzahl(), size_t(13));
-    for (size_t i = 0; i <= Uebung::wiederNach; ++i)
-        QVERIFY(uebung.gehen(1));
-    QCOMPARE(uebung.jetzt().artnr, 1);
-    QVERIFY(uebung.jetzt().wieder);
-    while (uebung.gehen(1)) {}
-    QCOMPARE(uebung.jetzt().artnr, 12);
-    uebung.nochmal();
-    QVERIFY(uebung.gehen(1));
-    QCOMPARE(uebung.jetzt().artnr, 12);
-    QVERIFY(!uebung.gehen(1));
-    while (uebung.gehen(-1)) {}
-    QCOMPARE(uebung.jetzt().artnr, 1);
-    QVERIFY(!uebung.jetzt().wieder);
-}
-
-void TestUeben::uhr()
-{
-    qint64 jetzt = 5000;
-    const Pruefungsuhr uhr([&jetzt] { return jetzt; }, 20 * pruefungszeit);
-    QCOMPARE(uhrtext(uhr.rest()), u"20:00"_s);
-    jetzt += 1;
-    QCOMPARE(uhrtext(uhr.rest()), u"20:00"_s);
-    jetzt += 55'000;
-    QCOMPARE(uhrtext(uhr.rest()), u"19:05"_s);
-    jetzt += 20 * pruefungszeit;
-    QCOMPARE(uhr.rest(), 0);
-    QCOMPARE(uhrtext(uhr.rest()), u"0:00"_s);
-    QCOMPARE(uhrtext(uhr.vergangen()), u"20:00"_s);
-}
 
 void TestUeben::nichtsVerraetDenNamen_data()
 {
@@ -733,135 +611,6 @@ void TestUeben::leereMenge()
     probe.fenster->ueben();
     QVERIFY(!probe.fenster->uebt());
     QCOMPARE(probe.panel(2), u"Hier ist keine Pflanze, mit der man üben könnte."_s);
-}
-
-void TestUeben::pruefung()
-{
-    Fensterprobe probe;
-    probe.alleZeigen();
-    oeffnen(probe);
-    qint64 zeit = 0;
-    probe.fenster->uebungszeit = {[&zeit] { return zeit; }, [] { return QDate(2026, 5, 1); }};
-    const qint64 vorher = probe.fenster->satz().artnr();
-    taste(Qt::Key_F9);
-    probe.finde<QPushButton>(u"cmdPruefung"_s)->click();
-    QCOMPARE(probe.text(u"lblUhr"_s), u"20:00"_s);
-    QCOMPARE(probe.panel(4), u"1/20"_s);
-    QVERIFY(!probe.gezeigt(u"cmdAufdecken"_s));
-    // Nothing else of the window can be used.
-    for (const char *knopf : {"cmdNext", "cmdFilter", "cmdDruck", "cmdBotDeu"})
-        QVERIFY(!probe.knopf(knopf)->isEnabled());
-    // All right, all wrong, nothing, in turn; the key goes from line to line and on.
-    int punkte = 0, zeilen = 0, falsche = 0;
-    for (int i = 0; i < 20; ++i) {
-        zeit += 30'000;
-        const Aufgabe jetzt = aufgabe(probe);
-        const QString name = probe.name();
-        zeilen += int(jetzt.teile.size());
-        for (const Teilaufgabe &teil : jetzt.teile) {
-            if (i % 3 == 0) {
-                tippen(teil.loesung.text);
-                punkte += 2;
-            } else if (i % 3 == 1) {
-                tippen(u"Unsinn"_s);
-                ++falsche;
-            }
-            QVERIFY(probe.fenster->namenVerdeckt());
-            taste(Qt::Key_Return);
-        }
-        QCOMPARE(probe.name() == name, i == 19);
-        if (i == 10)
-            QTRY_COMPARE(probe.text(u"lblUhr"_s), u"14:30"_s);
-    }
-    taste(Qt::Key_Space);
-    QVERIFY(probe.fenster->namenVerdeckt());
-    Meldungsfaenger faenger;
-    const QPointer<frmPruefung> keins = probe.fenster->findChild<frmPruefung *>();
-    QVERIFY(!keins);
-    // Hand it in: it asks, since some plants have no answer; the usual answer is to go on.
-    probe.finde<QPushButton>(u"cmdPruefung"_s)->click();
-    QCOMPARE(faenger.texte.size(), 1);
-    QVERIFY2(faenger.texte[0].startsWith(u"Zu 6 Pflanzen steht"_s), qPrintable(faenger.texte[0]));
-    QVERIFY(probe.fenster->uebt());
-    // Until the time is over.
-    zeit = 20 * pruefungszeit;
-    QTRY_VERIFY(!probe.fenster->uebt());
-    auto *form = probe.finde<frmPruefung>(u"frmPruefung"_s);
-    QVERIFY(form->isVisible());
-    QCOMPARE(form->ergebnis().zeilen.size(), size_t(zeilen));
-    QCOMPARE(form->ergebnis().halbePunkteGesamt(), punkte);
-    QCOMPARE(form->ergebnis().umstaende(), u"Topfpflanzen, 20 Pflanzen, 01.05.2026, 20:00 Minuten"_s);
-    QCOMPARE(std::ranges::count_if(form->ergebnis().zeilen, [](const Ergebniszeile &zeile) { return zeile.gegeben == u"Unsinn"; }), falsche);
-    auto *tabelle = form->findChild<QTableWidget *>(u"tabErgebnis"_s);
-    QCOMPARE(tabelle->rowCount(), zeilen);
-    QCOMPARE(probe.fenster->satz().artnr(), vorher);
-    QVERIFY(zuSehen(probe.finde(u"lblBotName"_s), probe.fenster.get()));
-    QVERIFY(probe.knopf("cmdFilter")->isEnabled());
-    // Every plant of it is kept.
-    const Lernstand stand = Lernstand::laden(standdatei(probe)).stand;
-    QCOMPARE(stand.werte().size(), 20);
-    int gekonnt = 0;
-    for (const Lernwert &wert : stand.werte())
-        gekonnt += wert.folge == 1;
-    QCOMPARE(gekonnt, 7);
-    form->findChild<QPushButton *>(u"cmdErgebnisDrucken"_s)->click();
-    QCOMPARE(probe.zentrale.ergebnisse, 1);
-    form->findChild<QPushButton *>(u"cmdErgebnisSchliessen"_s)->click();
-    QTRY_VERIFY(!probe.fenster->findChild<frmPruefung *>());
-}
-
-void TestUeben::pruefungsende()
-{
-    // A small set is asked whole, a minute each.
-    Fensterprobe probe(Sparte::Apfel);
-    oeffnen(probe, 3);
-    qint64 zeit = 0;
-    probe.fenster->uebungszeit.uhr = [&zeit] { return zeit; };
-    taste(Qt::Key_F9);
-    probe.finde<QPushButton>(u"cmdPruefung"_s)->click();
-    QCOMPARE(probe.text(u"lblUhr"_s), u"3:00"_s);
-    for (int i = 0; i < 3; ++i) {
-        tippen(aufgabe(probe).teile[0].loesung.text);
-        taste(Qt::Key_Return);
-    }
-    // With all plants answered it is not asked again.
-    Meldungsfaenger faenger;
-    probe.finde<QPushButton>(u"cmdPruefung"_s)->click();
-    QVERIFY(faenger.texte.isEmpty());
-    QCOMPARE(probe.finde<frmPruefung>(u"frmPruefung"_s)->ergebnis().punktesatz(), u"3 von 3 Punkten (100 %)"_s);
-}
-
-void TestUeben::pruefungAbgebrochen()
-{
-    Fensterprobe probe;
-    oeffnen(probe, 5);
-    taste(Qt::Key_F9);
-    probe.finde<QPushButton>(u"cmdPruefung"_s)->click();
-    {
-        Meldungsfaenger faenger;
-        taste(Qt::Key_Escape);
-        QCOMPARE(faenger.texte.size(), 1);
-        QVERIFY(probe.fenster->uebt());
-    }
-    nachDerBox(probe);
-    bool gedrueckt = false;
-    QTimer::singleShot(0, this, [&] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!box)
-            return;
-        for (QAbstractButton *knopf : box->buttons())
-            if (knopf->text() == u"Abbrechen") {
-                gedrueckt = true;
-                knopf->click();
-                return;
-            }
-        box->reject();
-    });
-    taste(Qt::Key_F9);
-    QVERIFY(gedrueckt);
-    QVERIFY(!probe.fenster->uebt());
-    QVERIFY(!probe.fenster->findChild<frmPruefung *>());
-    QVERIFY(!QFile::exists(standdatei(probe)));
 }
 
 void TestUeben::kleinesFenster()
