@@ -43,6 +43,9 @@ qsizetype passend(QStringView wort, double breite, const Schriftmass &mass)
 {
     const auto ganz = [&](qsizetype n) { return n < wort.size() && wort[n].isLowSurrogate() ? n + 1 : n; };
     const auto passt = [&](qsizetype n) { return mass.breite(wort.left(ganz(n)).toString()) <= breite; };
+    // What takes no room would be measured over and over.
+    if (passt(wort.size()))
+        return wort.size();
     const auto anzahlen = std::views::iota(qsizetype(1), wort.size() + 1);
     const qsizetype passende = std::ranges::partition_point(anzahlen, passt) - anzahlen.begin();
     return ganz(std::max<qsizetype>(1, passende));

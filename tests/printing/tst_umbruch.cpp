@@ -261,8 +261,7 @@ private slots:
         const QStringList zeilen = u.zeilen(text);
         const qint64 dauer = uhr.elapsed();
         qInfo("%lld ms", dauer);
-        constexpr qint64 grenze = 15000; // ms: a font that has to be looked for costs most of it
-        QVERIFY2(dauer < grenze, qPrintable(u"%1 ms"_s.arg(dauer)));
+        QVERIFY2(dauer < 2000, qPrintable(u"%1 ms"_s.arg(dauer)));
         QVERIFY(zeilen.size() == 100 || u.breite(text.left(1000).trimmed()) == 0);
         for (const QString &zeile : zeilen)
             QVERIFY(u.breite(zeile) <= 125);
