@@ -1,5 +1,6 @@
 #include "Filterhilfen.h"
 
+#include "tests/Faelle.h"
 #include "tests/Hilfen.h"
 
 #include <QSignalSpy>
@@ -123,7 +124,7 @@ void TestFilterdateiZufall::veraenderteDateien()
     Zufall zufall(saatzahl);
     const QByteArrayList dateien = saat(sparte, zufall);
     int ganze = 0, gerissene = 0;
-    constexpr int laeufe = 1000;
+    const int laeufe = faelle(200, 1000);
     for (int lauf = 0; lauf < laeufe; ++lauf) {
         QByteArray datei = dateien[zahl(zufall, 0, int(dateien.size()) - 1)];
         for (int i = zahl(zufall, 0, 4); i > 0; --i)
@@ -144,7 +145,7 @@ void TestFilterdateiZufall::veraenderteDateien()
 void TestFilterdateiZufall::beliebigeBytes()
 {
     Zufall zufall(99);
-    for (int lauf = 0; lauf < 1000; ++lauf) {
+    for (int lauf = 0; lauf < faelle(300, 1000); ++lauf) {
         QByteArray datei(zahl(zufall, 0, 3000), Qt::Uninitialized);
         for (char &zeichen : datei)
             zeichen = char(zahl(zufall, 0, 255));

@@ -6,6 +6,7 @@
 #include "frame/Ablauf.h"
 #include "frame/Flaeche.h"
 #include "frame/frmDBWahl.h"
+#include "tests/Faelle.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -440,9 +441,7 @@ private slots:
 void TestZusammenspiel::wanderung_data()
 {
     QTest::addColumn<unsigned>("startwert");
-    // A longer walk, where there is time for it: FLOX_WANDERUNGEN tells how many.
-    const unsigned anzahl = qMax(5, qEnvironmentVariableIntValue("FLOX_WANDERUNGEN"));
-    for (unsigned startwert = 1; startwert <= anzahl; ++startwert)
+    for (unsigned startwert = 1; startwert <= unsigned(faelle(5, 100)); ++startwert)
         QTest::addRow("seed %u", startwert) << startwert;
 }
 

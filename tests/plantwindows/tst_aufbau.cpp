@@ -3,6 +3,7 @@
 #include "controls/Spalten.h"
 #include "controls/Textkasten.h"
 #include "plantwindows/Elemente.h"
+#include "tests/Faelle.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -96,7 +97,7 @@ void TestAufbau::keineLeereSpalte()
     probe.fenster->resize(groesse);
     auto *tabStauden = probe.finde<QTabWidget>(u"tabStauden"_s);
     // Some plants of each kind: with and without flowers, fruit, varieties.
-    for (int stelle = 0; stelle < probe.fenster->Anzahl; stelle += 9) {
+    for (int stelle = 0; stelle < probe.fenster->Anzahl; stelle += faelle(25, 9)) {
         probe.fenster->satz().haupt().setAbsolutePosition(stelle);
         probe.fenster->darstellen();
         for (int i = 0; i < tabStauden->count(); ++i) {

@@ -3,6 +3,7 @@
 #include "printing/mdlDruck.h"
 #include "store/Nebentabellen.h"
 #include "store/Text.h"
+#include "tests/Faelle.h"
 
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -247,12 +248,13 @@ void TestBlattseiten::jedePflanze_data()
 {
     QTest::addColumn<Sparte>("sparte");
     QTest::addColumn<QPageLayout>("blatt");
+    QTest::addColumn<int>("erste"); // 0-based
     const QPageSize a4(QPageSize::A4);
     for (const Sparte sparte : spartenEinerHerkunft()) {
         const char *name = eintrag(sparte).filter;
-        QTest::addRow("%s A4", name) << sparte << blattA4();
-        QTest::addRow("%s margins", name) << sparte << QPageLayout(a4, QPageLayout::Portrait, QMarginsF(6, 6, 6, 6), QPageLayout::Millimeter);
-        QTest::addRow("%s landscape", name) << sparte << QPageLayout(a4, QPageLayout::Landscape, {}, QPageLayout::Millimeter);
+        QTest::addRow("%s A4", name) << sparte << blattA4() << 0;
+        QTest::addRow("%s margins", name) << sparte << QPageLayout(a4, QPageLayout::Portrait, QMarginsF(6, 6, 6, 6), QPageLayout::Millimeter) << 1;
+        QTest::addRow("%s landscape", name) << sparte << QPageLayout(a4, QPageLayout::Landscape, {}, QPageLayout::Millimeter) << 2;
     }
 }
 
@@ -369,14 +371,18 @@ static QString ohneLeerzeichen(QString text)
     return text.remove(QRegularExpression(u"\\s"_s)).replace(u"m²"_s, u"m2"_s);
 }
 
-/// Every shipped plant: the pages are sound, and all fields are there, in order and whole.
+/// Every shipped plant, on one of the three sheets: the pages are sound, and all fields are there, in order and whole.
 void TestBlattseiten::jedePflanze()
 {
     QFETCH(const Sparte, sparte);
     QFETCH(const QPageLayout, blatt);
+    QFETCH(const int, erste);
     Druckprobe probe(sparte);
-    int gedruckt = 0;
-    for (; !probe.pflanzen->Eof(); probe.pflanzen->MoveNext(), ++gedruckt) {
+    int stelle = 0, gedruckt = 0;
+    for (; !probe.pflanzen->Eof(); probe.pflanzen->MoveNext(), ++stelle) {
+        if (!gruendlich() && stelle % 3 != erste)
+            continue;
+        ++gedruckt;
         const QString name = probe.pflanzen->Fields(u"BOT_NAME").Text();
         const Druckseiten seiten = probe.blatt(blatt);
         QVERIFY2(blattfehler(seiten, probe.programm).isEmpty(), qPrintable(name + u": "_s + blattfehler(seiten, probe.programm).join(u"; "_s)));
@@ -392,8 +398,8 @@ void TestBlattseiten::jedePflanze()
         }
         QCOMPARE(ohneLeerzeichen(text), ohneLeerzeichen(alles(probe)));
     }
-    QCOMPARE(gedruckt, probe.pflanzen->RecordCount());
-    QVERIFY(gedruckt > 50);
+    QCOMPARE(stelle, probe.pflanzen->RecordCount());
+    QVERIFY(gedruckt > 30);
 }
 
 void TestBlattseiten::jedeSparte_data()

@@ -5,6 +5,7 @@
 #include "store/Fehler.h"
 #include "store/Schema.h"
 #include "store/Sparten.h"
+#include "tests/Faelle.h"
 
 #include <QFile>
 #include <QTest>
@@ -91,7 +92,7 @@ private slots:
     }
 
     /// Bytes changed at random, in the whole file, in its first page and in single bits.
-    void verfaelscht_data() { zufall_data(30); }
+    void verfaelscht_data() { zufall_data(faelle(8, 30)); }
     void verfaelscht()
     {
         QFETCH(int, saat);
