@@ -195,8 +195,16 @@ void frmSuche::zeilenZeigen(std::vector<Suchzeile> zeilen, int gewaehlt)
     modell_->setZeilen(std::move(zeilen));
     platzNehmen();
     lstSuche_->scrollToTop();
-    const int erste = modell_->pflanzeAb(gewaehlt, 1);
-    waehlen(erste >= 0 ? erste : modell_->pflanzeAb(0, 1));
+    int erste = modell_->pflanzeAb(gewaehlt, 1);
+    if (erste < 0)
+        erste = modell_->pflanzeAb(0, 1);
+    // Of plants that were found in the same way, one that Enter can go to.
+    for (int i = erste; i >= 0 && i < modell_->rowCount() && modell_->zeile(i).istPflanze(); ++i)
+        if (modell_->zeile(i).grund.isEmpty()) {
+            erste = i;
+            break;
+        }
+    waehlen(erste);
 }
 
 void frmSuche::platzNehmen()
