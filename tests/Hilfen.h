@@ -77,6 +77,7 @@ public:
     void start() { anfang_ = jetzt(); }
     void restart() { start(); }
     qint64 elapsed() const { return (jetzt() - anfang_) / 1000000; } ///< milliseconds
+    qint64 mikrosekunden() const { return (jetzt() - anfang_) / 1000; }
 
 private:
     static qint64 jetzt(); ///< nanoseconds

@@ -76,18 +76,25 @@ void fensterMessen(Programm &programm, Datenbank &db)
     eingabe->setText(QStringLiteral("a"));
     while (liste->model()->rowCount() < 2)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    const auto finden = [&](const QString &text) {
+        eingabe->setText(text);
+        form->repaint();
+    };
     for (const char *frage : fragen) {
         const QString text = QString::fromUtf8(frage);
         const QByteArray name = QByteArray("search: first hits of \"") + frage + '"';
         vergleich(
-            name.constData(), 1, [&] { eingabe->clear(); },
-            [&] {
-            eingabe->setText(text);
-            form->repaint();
-            },
-            [&] { durchsehen(db, text); });
+            name.constData(), 1, [&] { eingabe->clear(); }, [&] { finden(text); }, [&] { durchsehen(db, text); });
+        // What it computes itself, however busy the machine is.
+        std::vector<double> zeiten;
+        for (int i = 0; i < 15; ++i) {
+            eingabe->clear();
+            const Rechenuhr uhr;
+            finden(text);
+            zeiten.push_back(double(uhr.mikrosekunden()) / 1000);
+        }
+        std::printf("%-44s %8.2f ms  of the processor  (goal <= 30)\n", "", median(zeiten));
     }
-    std::printf("%-44s (goal <= 30 ms each)\n", "search");
 }
 
 } // namespace
