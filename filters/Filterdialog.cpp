@@ -105,7 +105,7 @@ void Filterdialog::cmdOK_Click()
         const Sanduhr sanduhr(this);
         Datenbank &kopie = ziel_.allePflanzen();
         try {
-            ergebnis = filterLauf(kopie, ziel_.arbeitsdatenbank(), beschreibung_, zustand());
+            ergebnis = filterLauf(kopie, ziel_.arbeitsdatenbank(), beschreibung_, zustand(), treffer_->uebrig());
         } catch (const Eingabefehler &fehler) {
             eingabeZeigen(fehler); // the message comes over it
             throw;

@@ -64,9 +64,36 @@ void synonymtextFordern(const Kriterium &kriterium, const QString &text)
                          QStringLiteral("Der Suchtext \"%1\" enthält einen Apostroph ('). Synonyme können damit nicht gesucht werden.").arg(text));
 }
 
-Laufergebnis filterLauf(Datenbank &kopie, Datenbank &arbeit, const Filterbeschreibung &beschreibung, const Filterzustand &zustand)
+namespace {
+
+/// Deletes what shall not stay; `bleibt` is asked with the values of the fields.
+template<typename F>
+Laufergebnis ausduennen(Datenbank &kopie, const QString &tabelle, const QStringList &felder, F &&bleibt)
+{
+    Laufergebnis ergebnis;
+    std::vector<qint64> weg;
+    kopie.loescheAusser(tabelle, felder, [&](qint64 nummer, std::span<const std::string_view> werte) {
+        const bool ja = bleibt(nummer, werte);
+        (ja ? ergebnis.uebrig : weg).push_back(nummer);
+        return ja;
+    });
+    std::ranges::sort(ergebnis.uebrig);
+    // A query asks once more about each row that it is about to delete.
+    std::ranges::sort(weg);
+    weg.erase(std::ranges::unique(weg).begin(), weg.end());
+    ergebnis.gesamt = qsizetype(ergebnis.uebrig.size() + weg.size());
+    return ergebnis;
+}
+
+} // namespace
+
+Laufergebnis filterLauf(Datenbank &kopie, Datenbank &arbeit, const Filterbeschreibung &beschreibung, const Filterzustand &zustand,
+                        const std::optional<std::vector<qint64>> &bekannt)
 {
     const SpartenEintrag &sparte = eintrag(beschreibung.sparte);
+    if (bekannt)
+        return ausduennen(kopie, sparte.haupttabelle.toString(), {},
+                          [&](qint64 nummer, auto) { return std::ranges::binary_search(*bekannt, nummer); });
     Filterumgebung umgebung;
     const Teilzustand *teil = nullptr;
     if (aktivesKriterium(beschreibung, zustand, Pruefung::Familie, &teil))
@@ -88,17 +115,6 @@ Laufergebnis filterLauf(Datenbank &kopie, Datenbank &arbeit, const Filterbeschre
         umgebung.mitBild = plaetzeMitBild(kopie, arbeit, sparte);
 
     const Filterpruefung pruefung(beschreibung, zustand, std::move(umgebung));
-    Laufergebnis ergebnis;
-    std::vector<qint64> weg;
-    kopie.loescheAusser(sparte.haupttabelle.toString(), pruefung.felder(), [&](qint64 nummer, std::span<const std::string_view> werte) {
-        const bool bleibt = pruefung.passt(nummer, werte);
-        (bleibt ? ergebnis.uebrig : weg).push_back(nummer);
-        return bleibt;
-    });
-    std::ranges::sort(ergebnis.uebrig);
-    // A query asks once more about each row that it is about to delete.
-    std::ranges::sort(weg);
-    weg.erase(std::ranges::unique(weg).begin(), weg.end());
-    ergebnis.gesamt = qsizetype(ergebnis.uebrig.size() + weg.size());
-    return ergebnis;
+    return ausduennen(kopie, sparte.haupttabelle.toString(), pruefung.felder(),
+                      [&](qint64 nummer, std::span<const std::string_view> werte) { return pruefung.passt(nummer, werte); });
 }

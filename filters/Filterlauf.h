@@ -4,6 +4,7 @@
 
 #include <QtGlobal>
 
+#include <optional>
 #include <vector>
 
 class Datenbank;
@@ -20,5 +21,6 @@ struct Laufergebnis
 void synonymtextFordern(const Kriterium &kriterium, const QString &text);
 
 /// Look-ups come from the working database. Throws, with the copy half thinned, where a box or a record cannot be converted
-/// or a statement fails.
-Laufergebnis filterLauf(Datenbank &kopie, Datenbank &arbeit, const Filterbeschreibung &beschreibung, const Filterzustand &zustand);
+/// or a statement fails. Where it is known already what stays, in rising order, no plant is tested once more.
+Laufergebnis filterLauf(Datenbank &kopie, Datenbank &arbeit, const Filterbeschreibung &beschreibung, const Filterzustand &zustand,
+                        const std::optional<std::vector<qint64>> &bekannt = {});

@@ -121,6 +121,18 @@ void Trefferanzeige::geaendert()
     zeigen(bereit() ? trefferzeile(beschreibung_, zaehler_->zaehlen(zustand_())) : nochNicht.toString());
 }
 
+std::optional<std::vector<qint64>> Trefferanzeige::uebrig()
+{
+    if (!zaehler_ || quelle() != gelesen_)
+        return std::nullopt;
+    try {
+        return zaehler_->uebrig(zustand_());
+    } catch (const Fehler &) {
+        // The run itself comes as far as it can.
+        return std::nullopt;
+    }
+}
+
 void Trefferanzeige::zeigen(const QString &text)
 {
     if (schild_.text() == text)

@@ -9,6 +9,8 @@
 #include <QTimer>
 
 #include <atomic>
+#include <optional>
+#include <vector>
 
 class QLabel;
 
@@ -32,6 +34,9 @@ public:
     void beenden();
     /// A control has changed.
     void geaendert();
+
+    /// What a run would leave that starts now, in rising order; nothing where that is not known or the run would fail.
+    std::optional<std::vector<qint64>> uebrig();
 
     bool eventFilter(QObject *quelle, QEvent *ereignis) override;
 

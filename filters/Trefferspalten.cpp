@@ -105,38 +105,44 @@ Bitmenge Kodespalte::nachTabelle(const std::vector<std::uint8_t> &tabelle) const
 std::string_view Textliste::operator[](size_t i) const
 {
     const size_t anfang = i ? enden_[i - 1] : 0;
-    return std::string_view(bytes_.data() + anfang, enden_[i] - anfang);
+    return std::string_view(bytes_.constData() + anfang, enden_[i] - anfang);
 }
 
 void Textliste::anhaengen(std::string_view text)
 {
-    if (text.size() > std::numeric_limits<std::uint32_t>::max() - bytes_.size())
+    if (text.size() > std::numeric_limits<std::uint32_t>::max() - size_t(bytes_.size()))
         throw Fehler(QStringLiteral("Die Datenbank enthält zu viel Text, um darin zu zählen."));
     // In small steps: what is kept for more counts for the memory, too.
-    if (const size_t bedarf = bytes_.size() + text.size(); bedarf > bytes_.capacity())
+    if (const qsizetype bedarf = bytes_.size() + qsizetype(text.size()); bedarf > bytes_.capacity())
         bytes_.reserve(bedarf + bedarf / 4);
-    bytes_.insert(bytes_.end(), text.begin(), text.end());
+    bytes_.append(text.data(), qsizetype(text.size()));
     enden_.push_back(std::uint32_t(bytes_.size()));
 }
 
 void Textliste::abschliessen()
 {
-    bytes_.shrink_to_fit();
+    bytes_.squeeze();
     enden_.shrink_to_fit();
 }
 
-Textliste Textliste::gross() const
+void Textliste::grossSchreiben()
 {
-    Textliste neu;
-    neu.bytes_.reserve(bytes_.size());
-    neu.enden_.reserve(enden_.size());
-    for (size_t i = 0; i < anzahl(); ++i) {
-        const std::string_view text = (*this)[i];
-        const QByteArray utf8 = grossbuchstaben(QString::fromUtf8(text.data(), qsizetype(text.size()))).toUtf8();
-        neu.anhaengen(std::string_view(utf8.constData(), size_t(utf8.size())));
+    qsizetype von = 0, nach = 0, verschoben = 0;
+    for (std::uint32_t &ende : enden_) {
+        const qsizetype bis = qsizetype(ende) + verschoben;
+        const QByteArray gross = grossbuchstaben(QString::fromUtf8(bytes_.constData() + von, bis - von)).toUtf8();
+        // A capital may take more bytes than its letter.
+        if (const qsizetype mehr = nach + gross.size() - bis; mehr > 0) {
+            bytes_.insert(bis, mehr, '\0');
+            verschoben += mehr;
+        }
+        von = qsizetype(ende) + verschoben;
+        std::memcpy(bytes_.data() + nach, gross.constData(), size_t(gross.size()));
+        nach += gross.size();
+        ende = std::uint32_t(nach);
     }
-    neu.abschliessen();
-    return neu;
+    bytes_.truncate(nach);
+    abschliessen();
 }
 
 namespace {
@@ -168,7 +174,7 @@ std::vector<std::uint8_t> Textliste::enthaelt(std::string_view gesucht) const
     if (gesucht.empty())
         return ja;
     // One search through all of them: where it finds something is looked up afterwards.
-    const std::string_view alles(bytes_.data(), bytes_.size());
+    const std::string_view alles(bytes_.constData(), size_t(bytes_.size()));
     size_t i = 0;
     for (size_t stelle = finden(alles, gesucht, 0); stelle != alles.npos;) {
         i = size_t(std::upper_bound(enden_.begin() + qsizetype(i), enden_.end(), stelle) - enden_.begin());
@@ -386,7 +392,7 @@ private:
             plaene_[k].verzeichnis.reset();
             spalte.kodes.abschliessen();
             if (plaene_[k].text)
-                spalte.werte = spalte.werte.gross();
+                spalte.werte.grossSchreiben();
             else
                 spalte.werte.abschliessen();
         }
@@ -437,7 +443,6 @@ private:
     void synonymeLesen(Synonymliste &liste, const QString &tabelle, bool andere, const Trefferspalten &ziel,
                        const std::vector<std::pair<qint64, std::uint32_t>> &plaetze)
     {
-        Textliste texte;
         arbeit_.durchlaufen(tabelle, {QStringLiteral("SYN")}, [&](qint64 nummer, std::span<const std::string_view> werte) {
             if (halt_)
                 throw Trefferspalten::Abgebrochen();
@@ -447,10 +452,10 @@ private:
             for (auto p = std::ranges::lower_bound(plaetze, std::pair(nummer, std::uint32_t(0))); p != plaetze.end() && p->first == nummer; ++p)
                 if (ziel.ausAnderer.hat(p->second) == andere)
                     pflanze = p->second;
-            texte.anhaengen(werte[0]);
+            liste.texte.anhaengen(werte[0]);
             liste.pflanzen.push_back(pflanze);
         });
-        liste.texte = texte.gross();
+        liste.texte.grossSchreiben();
         liste.pflanzen.shrink_to_fit();
     }
 

@@ -2,6 +2,7 @@
 
 #include "Kriterien.h"
 
+#include <QByteArray>
 #include <QStringList>
 
 #include <array>
@@ -63,13 +64,13 @@ public:
     std::string_view operator[](size_t i) const;
     void anhaengen(std::string_view text);
     void abschliessen();
-    /// The same texts in upper case, as texts are compared.
-    Textliste gross() const;
+    /// Writes the texts in upper case, as texts are compared; in place, as a second copy would be the most memory that is ever needed.
+    void grossSchreiben();
     /// For each text whether it contains the other; an empty one is in all.
     std::vector<std::uint8_t> enthaelt(std::string_view gesucht) const;
 
 private:
-    std::vector<char> bytes_; ///< UTF-8
+    QByteArray bytes_; ///< UTF-8; grows without a copy of itself, which a vector does not
     std::vector<std::uint32_t> enden_;
 };
 
