@@ -1,13 +1,12 @@
 #include "Trefferanzeige.h"
 
 #include "Steuerungsarten.h"
+#include "controls/Vorlesen.h"
 #include "store/Datenbank.h"
 #include "store/Nebentabellen.h"
 #include "store/Pfade.h"
 #include "store/Programm.h"
 
-#include <QAccessible>
-#include <QDateTime>
 #include <QFileInfo>
 #include <QHelpEvent>
 #include <QLabel>
@@ -148,10 +147,7 @@ void Trefferanzeige::zeigen(const QString &text)
 void Trefferanzeige::ansagen()
 {
     emit angesagt(schild_.text());
-    for (const QAccessible::Event art : {QAccessible::NameChanged, QAccessible::Alert}) {
-        QAccessibleEvent ereignis(&schild_, art);
-        QAccessible::updateAccessibility(&ereignis);
-    }
+    vorlesen(schild_);
 }
 
 QString Trefferanzeige::eigene(const Kasten &kasten)

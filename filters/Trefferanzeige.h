@@ -3,6 +3,7 @@
 #include "Filtersteuerung.h"
 #include "Trefferzaehler.h"
 
+#include <QDateTime>
 #include <QHash>
 #include <QObject>
 #include <QThreadPool>

@@ -1,5 +1,6 @@
 #include "frmUebersicht.h"
 
+#include "controls/Vorlesen.h"
 #include "store/Fehler.h"
 
 #include <QHBoxLayout>
@@ -148,6 +149,7 @@ void frmUebersicht::angekommen(Befund befund, qint64 artnr)
         lvwBilder_->scrollTo(lvwBilder_->currentIndex(), zeile > 0 ? QAbstractItemView::PositionAtCenter : QAbstractItemView::PositionAtTop);
     }
     lblAnzahl_->setToolTip(lblAnzahl_->text());
+    vorlesen(seite.bilder.empty() ? *lblLeer_ : *lblAnzahl_);
     const bool erstmals = stapel_->currentWidget() != lvwBilder_;
     stapel_->setCurrentWidget(seite.bilder.empty() ? static_cast<QWidget *>(lblLeer_) : lvwBilder_);
     sldGroesse_->setEnabled(!seite.bilder.empty());

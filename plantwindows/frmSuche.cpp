@@ -4,6 +4,7 @@
 #include "Suchliste.h"
 #include "controls/Geschuetzt.h"
 #include "controls/Steuerelemente.h"
+#include "controls/Vorlesen.h"
 #include "store/Suchbau.h"
 
 #include <QCursor>
@@ -12,6 +13,7 @@
 #include <QListView>
 #include <QScreen>
 #include <QScrollBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -56,6 +58,8 @@ frmSuche::frmSuche(Suchziel &ziel, Sparte sparte, std::shared_ptr<Suchbestand> b
     txtSuche_->setAccessibleName(QStringLiteral("Pflanze suchen"));
     txtSuche_->setPlaceholderText(QStringLiteral("Name, Synonym oder Wort im Text"));
     txtSuche_->setClearButtonEnabled(true);
+    for (auto *loeschen : txtSuche_->findChildren<QToolButton *>())
+        loeschen->setAccessibleName(QStringLiteral("Eingabe löschen"));
     txtSuche_->setMaxLength(laengsteEingabe);
     txtSuche_->installEventFilter(this);
     setFocusProxy(txtSuche_);
@@ -81,6 +85,13 @@ frmSuche::frmSuche(Suchziel &ziel, Sparte sparte, std::shared_ptr<Suchbestand> b
     lblSuche_->setObjectName(QStringLiteral("lblSuche"));
     lblSuche_->setTextFormat(Qt::PlainText);
     lblSuche_->setProperty("feldtitel", true);
+
+    ansage_.setSingleShot(true);
+    ansage_.setInterval(ansagepause);
+    connect(&ansage_, &QTimer::timeout, this, [this] {
+        if (isVisible())
+            vorlesen(*lblSuche_);
+    });
 
     auto *alles = new QVBoxLayout(this);
     alles->setContentsMargins(6, 6, 6, 4);
@@ -291,6 +302,16 @@ void frmSuche::waehlen(int zeile)
     fusszeile();
 }
 
+QString frmSuche::stelle(int zeile) const
+{
+    int stelle = 0, alle = 0;
+    for (int i = 0; i < modell_->rowCount(); ++i) {
+        alle += modell_->zeile(i).istPflanze();
+        stelle += i <= zeile && modell_->zeile(i).istPflanze();
+    }
+    return alle > 1 ? QStringLiteral("%1 von %2").arg(stelle).arg(alle) : QString();
+}
+
 void frmSuche::fusszeile()
 {
     const QModelIndex index = lstSuche_->currentIndex();
@@ -300,11 +321,18 @@ void frmSuche::fusszeile()
                          : anzahl_.isEmpty()              ? tasten
                                                           : anzahl_ + QStringLiteral("   –   ") + tasten;
     lblSuche_->setText(satz);
-    // Read out where the keyboard is: how many there are and the one that Enter would go to.
+    // Read out where the keyboard is: how many there are, the one that Enter would go to and its place.
     QStringList ansage{anzahl_};
     ansage += zeile ? zeile->alsSatz() : modell_->rowCount() > 0 ? modell_->zeile(0).alsSatz() : QString();
+    if (zeile)
+        ansage += stelle(index.row());
     ansage.removeAll(QString());
-    txtSuche_->setAccessibleDescription(ansage.join(QStringLiteral(". ")));
+    const QString gesagt = ansage.join(QStringLiteral(". "));
+    txtSuche_->setAccessibleDescription(gesagt);
+    if (gesagt != lblSuche_->accessibleName()) {
+        lblSuche_->setAccessibleName(gesagt);
+        ansage_.start();
+    }
 }
 
 void frmSuche::annehmen(int zeile)

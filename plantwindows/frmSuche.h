@@ -4,6 +4,7 @@
 #include "store/Sparten.h"
 
 #include <QFrame>
+#include <QTimer>
 
 #include <memory>
 #include <vector>
@@ -51,6 +52,8 @@ public:
 protected:
     bool eventFilter(QObject *quelle, QEvent *ereignis) override;
 
+    static constexpr int ansagepause = 600; ///< milliseconds without a change before hits are said
+
 private:
     void suchen();
     /// The last plants; the first line to go to is the one before the present.
@@ -62,6 +65,8 @@ private:
     bool taste(class QKeyEvent &ereignis);
     void waehlen(int zeile);
     void annehmen(int zeile);
+    /// "3 von 12": which of the plants below each other a line is; empty where there is one.
+    QString stelle(int zeile) const;
     /// The count, or what can be done for a plant outside the set.
     void fusszeile();
 
@@ -72,6 +77,7 @@ private:
     QRect anker_;
     QPoint maus_;    ///< where it was when the lines came
     QString anzahl_; ///< of the plants found, as a sentence
+    QTimer ansage_;  ///< runs while letters follow each other
     QLineEdit *txtSuche_;
     QListView *lstSuche_;
     QLabel *lblSuche_;

@@ -1,5 +1,7 @@
 #include "frmUeben.h"
 
+#include "controls/Vorlesen.h"
+
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -256,6 +258,8 @@ void frmUeben::setHinweis(const QString &satz)
 {
     lblUebungHinweis_->setText(satz);
     lblUebungHinweis_->setVisible(!satz.isEmpty());
+    if (aufgedeckt_ && !satz.isEmpty())
+        vorlesen(*lblUebungHinweis_);
     hoeheAnpassen(fensterhoehe_);
 }
 
@@ -271,6 +275,7 @@ void frmUeben::fragen(const std::vector<Frage> &fragen, const QString &stelle)
         feld.antwort->setText(i < gefragt_ ? fragen[i].antwort : QString());
         feld.antwort->setAccessibleDescription({});
         feld.urteil->clear();
+        feld.urteil->setAccessibleName({});
         if (i < gefragt_) {
             feld.titel->setText(fragen[i].titel);
             feld.antwort->setAccessibleName(fragen[i].titel);
@@ -281,6 +286,7 @@ void frmUeben::fragen(const std::vector<Frage> &fragen, const QString &stelle)
     tastenBeschriften();
     tastenErklaeren();
     fokussieren();
+    vorlesen(*lblUebungStelle_);
 }
 
 void frmUeben::aufdecken(const std::vector<Ergebnis> &ergebnisse, bool selbst)
@@ -303,6 +309,12 @@ void frmUeben::aufdecken(const std::vector<Ergebnis> &ergebnisse, bool selbst)
         feld.urteil->setStyleSheet(selbst ? QString() : stil(*this, farbe));
         feld.urteil->setText(satz);
     }
+    // Heard in one, with what each answers.
+    QStringList gehoert;
+    for (size_t i = 0; i < gefragt_; ++i)
+        gehoert += QStringLiteral("%1: %2").arg(felder_[i].titel->text(), felder_[i].urteil->text());
+    felder_.front().urteil->setAccessibleName(gehoert.join(QStringLiteral(". ")));
+    vorlesen(*felder_.front().urteil);
     selbst_->setVisible(selbst);
     setHinweis({});
     tastenBeschriften();

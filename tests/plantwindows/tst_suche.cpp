@@ -543,8 +543,22 @@ void TestSuche::vorgelesen()
     suche(u"begonia mac"_s);
     QCOMPARE(eingabe()->accessibleName(), u"Pflanze suchen"_s);
     QCOMPARE(liste()->accessibleName(), u"Gefundene Pflanzen"_s);
+    const auto pflanzen = [&] {
+        const auto *modell = static_cast<const Suchmodell *>(liste()->model());
+        int anzahl = 0;
+        for (int i = 0; i < modell->rowCount(); ++i)
+            anzahl += modell->zeile(i).istPflanze();
+        return anzahl;
+    };
     const QString ansage = eingabe()->accessibleDescription();
-    QVERIFY2(ansage.startsWith(u"1 Pflanze") && ansage.endsWith(u". Begonia maculata, Forellen-Begonie"), qPrintable(ansage));
+    QVERIFY2(ansage.startsWith(u"1 Pflanze") && ansage.contains(u". Begonia maculata, Forellen-Begonie"), qPrintable(ansage));
+    eingabe()->clear();
+    tippen(u"a"_s);
+    QCOMPARE(pflanzen(), 60);
+    QVERIFY2(eingabe()->accessibleDescription().endsWith(u". 1 von 60"), qPrintable(eingabe()->accessibleDescription()));
+    taste(Qt::Key_Down);
+    taste(Qt::Key_Down);
+    QVERIFY(eingabe()->accessibleDescription().endsWith(gewaehlt().alsSatz() + u". 3 von 60"_s));
     eingabe()->clear();
     tippen(u"qqqq"_s);
     QCOMPARE(eingabe()->accessibleDescription(), u"0 Pflanzen. Nichts gefunden"_s);
