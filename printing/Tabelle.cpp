@@ -1,6 +1,7 @@
 #include "Tabelle.h"
 
 #include "mdlDruck.h"
+#include "filters/Filtername.h"
 #include "store/Text.h"
 
 #include <algorithm>
@@ -9,15 +10,20 @@ namespace {
 
 constexpr int meldeschritt = 64;
 
-/// Title of a column that has no label in print.
-QString ersatztitel(const Spalte &spalte)
+/// Title of a column that has no label in print: what the filter calls it, where it asks for it.
+QString ersatztitel(Sparte sparte, const Spalte &spalte)
 {
     switch (spalte.art) {
     case Art::Name: return qstricmp(spalte.name, "DTNAM") == 0 ? QStringLiteral("Deutscher Name") : QStringLiteral("Botanischer Name");
     case Art::Bewertung: return QStringLiteral("Bewertung");
     case Art::Wahrheit: return spalte.satz.toString();
-    default: return QString::fromLatin1(spalte.name);
+    default: break;
     }
+    if (const Filterbeschreibung *filter = filterbeschreibung(sparte))
+        for (const Kriterium &kriterium : filter->kriterien)
+            if (kriterium.feld && spalteVon(*filter, kriterium.feld) == &spalte)
+                return gruppenname(*filter, kriterium);
+    return QString::fromLatin1(spalte.name);
 }
 
 bool istZahl(Art art)
@@ -64,7 +70,7 @@ std::vector<Tabellenspalte> tabellenspalten(Sparte sparte)
         if (spalte.art == Art::Schluessel || spalte.art == Art::Ganzzahl
             || std::ranges::find(gefunden, &spalte, &Tabellenspalte::spalte) != gefunden.end())
             return;
-        QString titel = spalte.druckname.isEmpty() ? ersatztitel(spalte) : spalte.druckname.toString();
+        QString titel = spalte.druckname.isEmpty() ? ersatztitel(sparte, spalte) : spalte.druckname.toString();
         if (istZahl(spalte.art) && !spalte.einheit.isEmpty())
             titel += QStringLiteral(" (%1)").arg(spalte.einheit.trimmed());
         const bool ueblich = spalte.art == Art::Name || spalte.art == Art::Familie || spalte.art == Art::Monate || spalte.art == Art::Bewertung;

@@ -19,6 +19,7 @@ frmTabelle::frmTabelle(std::vector<Tabellenspalte> spalten, QWidget *eltern)
     frage->setBuddy(lstSpalten_);
     lstSpalten_->setObjectName(QStringLiteral("lstSpalten"));
     lstSpalten_->setAccessibleName(QStringLiteral("Spalten der Tabelle"));
+    lstSpalten_->setSpacing(2);
     for (const Tabellenspalte &spalte : spalten_) {
         auto *zeile = new QListWidgetItem(spalte.titel, lstSpalten_);
         zeile->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);

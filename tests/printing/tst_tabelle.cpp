@@ -1,5 +1,6 @@
 #include "Dialogprobe.h"
 
+#include "filters/Filtername.h"
 #include "printing/Datenblatt.h"
 #include "printing/Tabelle.h"
 #include "store/Text.h"
@@ -116,6 +117,7 @@ private slots:
     void spalten_data() { sparten(); }
     void spalten();
     void zellenWieImBestand_data() { sparten(); }
+    void titelAusDemFilter();
     void zellenWieImBestand();
     void besondereTexte();
     void archivIstErkennbar();
@@ -149,6 +151,32 @@ void TestTabelle::spalten()
     QVERIFY(spalten.size() > 30);
     QVERIFY(vorgeschlagen >= 3 && vorgeschlagen < 15);
     QVERIFY(std::ranges::any_of(spalten, [](const Tabellenspalte &s) { return s.vorgeschlagen && s.spalte->name == QByteArray("BOT_NAME"); }));
+}
+
+/// A column without a label in print is called as in the filter: nobody knows the names of fields.
+void TestTabelle::titelAusDemFilter()
+{
+    int ausDemFilter = 0;
+    for (const SpartenEintrag &zeile : alleSparten())
+        for (const Tabellenspalte &spalte : tabellenspalten(zeile.sparte)) {
+            if (!spalte.spalte->druckname.isEmpty())
+                continue;
+            const Filterbeschreibung &filter = *filterbeschreibung(zeile.sparte);
+            for (const Kriterium &kriterium : filter.kriterien) {
+                if (!kriterium.feld || spalteVon(filter, kriterium.feld) != spalte.spalte)
+                    continue;
+                QVERIFY2(spalte.titel != QLatin1String(spalte.spalte->name), spalte.spalte->name);
+                ausDemFilter += spalte.titel.startsWith(gruppenname(filter, kriterium));
+            }
+        }
+    QVERIFY(ausDemFilter > 3);
+    const auto titel = [](Sparte sparte) {
+        QStringList alle;
+        for (const Tabellenspalte &spalte : tabellenspalten(sparte))
+            alle += spalte.titel;
+        return alle;
+    };
+    QVERIFY(titel(Sparte::Gehoelze).contains(u"Einteilung"_s));
 }
 
 /// Every cell of every column, in both kinds of file, against the records themselves.
