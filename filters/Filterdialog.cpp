@@ -101,7 +101,7 @@ void Filterdialog::cmdOK_Click()
     // A message lets the program go on, to its end even: dialog and window may be gone after it.
     const QPointer<Filterdialog> ich(this);
     Laufergebnis ergebnis;
-    const bool gelaufen = geschuetztAusfuehren(this, [&] {
+    const bool gelaufen = geschuetztAusfuehren(vorn(), [&] {
         const Sanduhr sanduhr(this);
         Datenbank &kopie = ziel_.allePflanzen();
         try {
@@ -112,7 +112,7 @@ void Filterdialog::cmdOK_Click()
         }
     });
     if (gelaufen && ergebnis.uebrig.empty())
-        QMessageBox::warning(this, QStringLiteral("Keine passende Pflanze!"),
+        QMessageBox::warning(vorn(), QStringLiteral("Keine passende Pflanze!"),
                              QStringLiteral("Leider gibt es keine Pflanze mit \rden gewünschten Merkmalen!"));
     if (!ich)
         return;
@@ -121,11 +121,11 @@ void Filterdialog::cmdOK_Click()
             ziel_.filterVerworfen();
         } catch (const Fehler &fehler) {
             if (gelaufen) // otherwise the user has been told
-                fehlerZeigen(this, fehler.text());
+                fehlerZeigen(vorn(), fehler.text());
         }
         return;
     }
-    if (geschuetztAusfuehren(this, [&] { ziel_.filterGelaufen(ergebnis); }) && ich)
+    if (geschuetztAusfuehren(vorn(), [&] { ziel_.filterGelaufen(ergebnis); }) && ich)
         cmdAbbruch_Click();
 }
 
@@ -190,7 +190,7 @@ bool Filterdialog::ladeDatei(const QString &pfad)
         return true;
     programm_.FilterdateiGestoert = programm_.FilterdateiGestoert || offen;
     dateisperreZeigen();
-    QMessageBox(QMessageBox::NoIcon, QString(), QStringLiteral("Fehler beim Laden des Filters"), QMessageBox::Ok, this).exec();
+    QMessageBox(QMessageBox::NoIcon, QString(), QStringLiteral("Fehler beim Laden des Filters"), QMessageBox::Ok, vorn()).exec();
     return false;
 }
 

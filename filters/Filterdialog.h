@@ -78,6 +78,8 @@ private:
     /// Tab goes as one reads: the panel, the tabs, their pages column by column, the buttons.
     void tabfolge();
 
+    /// What a message belongs to: a run need not have shown the dialog.
+    QWidget *vorn() { return isVisible() ? this : parentWidget(); }
     /// Sets the controls from a file; false, after its message, when it could not be read to its end.
     bool ladeDatei(const QString &pfad);
     void dateisperreZeigen();

@@ -5,6 +5,7 @@
 #include "Einstellungen.h"
 #include "Farbschema.h"
 #include "Hilfe.h"
+#include "Uebergabe.h"
 #include "frmDBWahl.h"
 #include "frmStart.h"
 #include "mdiZentral.h"
@@ -23,12 +24,19 @@
 #include <QLocale>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QThread>
 #include <QTranslator>
 
-Ablauf::Ablauf() : hilfe_(std::make_unique<Hilfe>(programm_)) {}
+Ablauf::Ablauf() : hilfe_(std::make_unique<Hilfe>(programm_))
+{
+    constexpr int takt = 50; // milliseconds
+    dateienTakt_.setInterval(takt);
+    QObject::connect(&dateienTakt_, &QTimer::timeout, qApp, [this] { dateiOeffnen(); });
+}
 
 Ablauf::~Ablauf()
 {
+    uebergabe_.reset();
     delete wahl_;
     // The windows remove their copies before their folder is given up.
     zentrale_.reset();
@@ -68,14 +76,21 @@ QString eigenerOrdner()
     return ordner;
 }
 
+/// Of a file that tells runs of this user from another; two installations may run side by side.
+QString laufdatei(QStringView endung)
+{
+    const QByteArray programm = QCoreApplication::applicationDirPath().toUtf8();
+    const QByteArray kennung = QCryptographicHash::hash(programm, QCryptographicHash::Sha1).toHex().left(16);
+    return QDir(eigenerOrdner()).filePath(QStringLiteral("flox-%1.%2").arg(QLatin1String(kennung), endung));
+}
+
+const QString treffpunkt = QStringLiteral("socket");
+
 } // namespace
 
 bool Ablauf::einzigeInstanz()
 {
-    // Keyed by the folder: two installations may run side by side.
-    const QByteArray ordner = QCoreApplication::applicationDirPath().toUtf8();
-    const QByteArray kennung = QCryptographicHash::hash(ordner, QCryptographicHash::Sha1).toHex().left(16);
-    sperre_ = std::make_unique<QLockFile>(QDir(eigenerOrdner()).filePath(QStringLiteral("flox-%1.lock").arg(QLatin1String(kennung))));
+    sperre_ = std::make_unique<QLockFile>(laufdatei(u"lock"));
     return sperreNehmen(*sperre_);
 }
 
@@ -110,12 +125,20 @@ QString Ablauf::ortsfehler()
 
 Ablauf::Ergebnis Ablauf::starten(const QString &datei)
 {
-    datei_ = datei;
     if (!einzigeInstanz()) {
-        if (!datei_.isEmpty())
-            fehlerZeigen(nullptr, QStringLiteral("Flox läuft schon. Bitte laden Sie die Datei dort:\n%1").arg(QDir::toNativeSeparators(datei_)));
-        return Ergebnis::ZweiteInstanz;
+        if (uebergeben(laufdatei(treffpunkt), datei))
+            return Ergebnis::ZweiteInstanz;
+        // It may have ended by now.
+        if (!einzigeInstanz()) {
+            if (!datei.isEmpty())
+                fehlerZeigen(nullptr, QStringLiteral("Flox läuft schon, antwortet aber nicht. Bitte laden Sie die Datei dort:\n%1")
+                                          .arg(QDir::toNativeSeparators(datei)));
+            return Ergebnis::ZweiteInstanz;
+        }
     }
+    uebergabe_ = std::make_unique<Uebergabe>(laufdatei(treffpunkt), [this](const QString &andere) { uebernehmen(andere); });
+    if (!datei.isEmpty())
+        dateien_ += datei;
     programm_.StartPhase = true;
     programm_.ProgrammVersion = QStringLiteral(FLOX_VERSION);
     const QString geteilter = QCoreApplication::applicationDirPath();
@@ -233,20 +256,69 @@ void Ablauf::splashBeenden()
     // A box that is still open keeps the splash; its timer asks again.
     if (!start_ || !vorbereiten())
         return;
-    datei_.isEmpty() ? wahlZeigen() : dateiOeffnen();
+    if (dateien_.isEmpty())
+        wahlZeigen();
+    else
+        zentrale().show();
     start_->close();
     // It is inside one of its own events here.
     start_.release()->deleteLater();
+    if (!dateien_.isEmpty())
+        dateienTakt_.start();
+}
+
+void Ablauf::uebernehmen(const QString &datei)
+{
+    if (!datei.isEmpty()) {
+        dateien_ += datei;
+        if (zentrale_ && !bereit())
+            zentrale_->melden(QStringLiteral("Wird geöffnet, sobald Sie hier fertig sind: %1").arg(QFileInfo(datei).fileName()));
+        // The splash opens what it finds.
+        if (!start_)
+            dateienTakt_.start();
+    }
+    nachVorn();
+}
+
+void Ablauf::nachVorn()
+{
+    const auto heben = [](QWidget *fenster) {
+        if (!fenster || !fenster->isVisible())
+            return;
+        fenster->setWindowState(fenster->windowState() & ~Qt::WindowMinimized);
+        fenster->raise();
+        fenster->activateWindow();
+        // Where the window manager lets nobody come forward by himself.
+        QApplication::alert(fenster);
+    };
+    for (QWidget *fenster : {static_cast<QWidget *>(zentrale_.get()), static_cast<QWidget *>(wahl_), QApplication::activeModalWidget()})
+        heben(fenster);
+}
+
+bool Ablauf::bereit()
+{
+    // A box, a menu, a form, a command that waits for its work: each is a loop inside the program's own, or a window before the others.
+    if (start_ || QApplication::activeModalWidget() || QApplication::activePopupWidget() || QThread::currentThread()->loopLevel() > 1)
+        return false;
+    // A chooser that has hidden itself is still opening a window.
+    if (wahl_ && !wahl_->isVisible())
+        return false;
+    return zentrale_ && zentrale_->isVisible() ? zentrale_->bereit() : !wahl_.isNull();
 }
 
 void Ablauf::dateiOeffnen()
 {
+    if (!bereit())
+        return;
     mdiZentral &fenster = zentrale();
     fenster.show();
-    // The splash goes first: opening may show boxes.
-    QMetaObject::invokeMethod(
-        &fenster, [&fenster, datei = std::exchange(datei_, {})] { geschuetztAusfuehren(&fenster, [&] { fenster.dateiOeffnen(datei); }); },
-        Qt::QueuedConnection);
+    programm_.StartPhase = false;
+    delete wahl_;
+    const QString datei = dateien_.takeFirst();
+    if (dateien_.isEmpty())
+        dateienTakt_.stop();
+    geschuetztAusfuehren(&fenster, [&] { fenster.dateiOeffnen(datei); });
+    nachVorn();
 }
 
 void Ablauf::wahlZeigen()

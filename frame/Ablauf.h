@@ -13,6 +13,7 @@
 class Beendigung;
 class Farbschema;
 class Hilfe;
+class Uebergabe;
 class frmDBWahl;
 class frmStart;
 class mdiZentral;
@@ -26,7 +27,8 @@ public:
 
     enum class Ergebnis { Laeuft, ZweiteInstanz, Abgebrochen };
     /// Runs the start sequence up to the splash. Shows its own message when the working database cannot be read or its folder
-    /// cannot be used; another run of the same user ends it without one.
+    /// cannot be used. Another run of the same user takes `datei` and comes to the front, and this one ends; without a message, unless
+    /// the file was not taken.
     /// `datei` is opened in the place of the chooser; empty: none.
     Ergebnis starten(const QString &datei = {});
 
@@ -42,6 +44,12 @@ private:
     QString ortsfehler();
     /// The folder of one user of a program that is installed for all. Where it cannot be made, the program stays in the shared one.
     void eigenenOrdnerEinrichten(const QString &geteilter);
+    /// A file of another start, or that start alone.
+    void uebernehmen(const QString &datei);
+    /// The window that the user has to do with now.
+    void nachVorn();
+    /// Whether a file can be opened at this moment.
+    bool bereit();
     void dateiOeffnen();
     void splashBeenden();
     /// What need not hold up the splash, once, before there is any other window; may show boxes. False while it is still under way.
@@ -50,8 +58,10 @@ private:
     void sichern();
 
     Programm programm_;
-    QString datei_;                              ///< the program was called with it, and it is not open yet
+    QStringList dateien_;                        ///< the program was called with them, and they are not open yet
+    QTimer dateienTakt_;                         ///< while they wait
     std::unique_ptr<QLockFile> sperre_;          ///< against a second run of this user
+    std::unique_ptr<Uebergabe> uebergabe_;       ///< by the one who has the lock
     std::unique_ptr<QLockFile> datenbanksperre_; ///< against other users of the folder
     Laufordner laufordner_;
     std::unique_ptr<Beendigung> beendigung_;

@@ -295,6 +295,12 @@ bool mdiZentral::dialogOffen(Sparte sparte)
     return false;
 }
 
+bool mdiZentral::bereit()
+{
+    return isVisible() && isEnabled()
+           && std::ranges::none_of(alleSparten(), [this](const SpartenEintrag &sparte) { return dialogOffen(sparte.sparte); });
+}
+
 void mdiZentral::notizGespeichert(Sparte sparte, int nummer, const Notiz &notiz)
 {
     for (int andere = 1; andere <= tabelle(sparte).obergrenze(); ++andere) {

@@ -95,10 +95,16 @@ void Pflanzenfenster::filterAusDatei(const QString &pfad)
         BenutzerdatenSpeichern();
     if (!filterdialog())
         return;
-    filterZeigen();
+    filterInKraft();
     filter_->Form_Activate();
-    if (filter_->FilterLaden(pfad))
+    // The dialog is not shown for it: where one comes and goes at once, a window manager may leave the keyboard with nobody.
+    const QPointer<Pflanzenfenster> ich(this);
+    const bool geladen = filter_->FilterLaden(pfad);
+    if (geladen && ich)
         filter_->cmdOK_Click();
+    // But where it did not do, it stands there to be mended.
+    if (ich && !(geladen && gelaufen_))
+        filterZeigen();
 }
 
 void Pflanzenfenster::filterSpeichern()

@@ -1,51 +1,170 @@
 #!/usr/bin/env bash
-# Tries the package and the folder that brings its libraries as a user of a bare Debian 12 would; needs root and a mirror.
-#   tools/paketprobe.sh [VORLAGE]      after tools/paket.sh VORLAGE
+# Tries the package and the folder that brings its libraries as users of a bare Debian 12 would: checked by the validators, installed, started
+# by several users, handed a file, removed. The clean system needs root and a mirror; without them that part is passed over, with a message.
+#   tools/paketprobe.sh [VORLAGE]      after tools/paket.sh VORLAGE; FLOX_PROBE_GANZ=1: nothing may be passed over
+# Leaves build/VORLAGE/paketprobe.png.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 vorlage=${1:-release}
+spiegel=${FLOX_SPIEGEL:-http://deb.debian.org/debian}
+weitere=(lintian desktop-file-utils appstream debootstrap)
+. tools/einrichten.sh
 deb=$(ls "build/$vorlage"/flox_*.deb)
-desktop-file-validate data/paket/local.flox.Flox.desktop
-appstreamcli validate --no-net data/paket/local.flox.Flox.metainfo.xml
-lintian --fail-on error --suppress-tags no-copyright-file "$deb"
 
+echo "--- validators"
+desktop-file-validate data/paket/local.flox.Flox.desktop
+appstreamcli validate --no-net --explain "build/$vorlage/data/paket/local.flox.Flox.metainfo.xml"
+lintian --fail-on error,warning "$deb"
+
+auslassen() {
+    echo "--- passed over: $1"
+    [ "${FLOX_PROBE_GANZ:-}" = 1 ] && exit 1
+    exit 0
+}
+[ "$(id -u)" -eq 0 ] || auslassen "the clean system needs root"
 wurzel=$(mktemp -d)
+abschied=()
 ende() {
+    for befehl in "${abschied[@]}"; do eval "$befehl" 2>/dev/null || true; done
     umount "$wurzel/proc" 2>/dev/null || true
     rm -rf --one-file-system "$wurzel"
 }
 trap ende EXIT
-debootstrap --variant=minbase bookworm "$wurzel" >/dev/null
+/usr/lib/apt/apt-helper download-file "$spiegel/dists/bookworm/Release" "$wurzel/Release" >/dev/null 2>&1 || auslassen "no mirror at $spiegel"
+rm "$wurzel/Release"
+
+echo "--- clean system"
+debootstrap --variant=minbase bookworm "$wurzel" "$spiegel" >"$wurzel.log" || { tail "$wurzel.log"; exit 1; }
+rm "$wurzel.log"
 cp /etc/resolv.conf "$wurzel/etc/"
 mount -t proc proc "$wurzel/proc"
-heim=/home/probe
-mkdir -p "$wurzel$heim"
-drin() { env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=$heim LANG=C.UTF-8 DEBIAN_FRONTEND=noninteractive chroot "$wurzel" "$@"; }
-laeuft() { # a command that must still run after a while, with its window up
-    drin bash -c "$1 & p=\$!; sleep 8; kill -0 \$p && kill \$p"
+# Nothing is written twice, and no index of texts is made.
+echo 'force-unsafe-io' >"$wurzel/etc/dpkg/dpkg.cfg.d/probe"
+printf 'path-exclude /usr/share/%s/*\n' doc locale >>"$wurzel/etc/dpkg/dpkg.cfg.d/probe"
+echo 'path-include /usr/share/doc/flox/*' >>"$wurzel/etc/dpkg/dpkg.cfg.d/probe"
+rein=(env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LANG=C.UTF-8 DEBIAN_FRONTEND=noninteractive)
+drin() { "${rein[@]}" HOME=/root chroot "$wurzel" "$@"; }
+holen() { drin apt-get install -y -q --no-install-recommends "$@" >/dev/null; }
+als() { # USER COMMAND...
+    local wer=$1
+    shift
+    "${rein[@]}" HOME="/home/$wer" DISPLAY="${schirm:-}" QT_QPA_PLATFORM="${art:-offscreen}" chroot --userspec="$wer" "$wurzel" "$@"
 }
 drin apt-get update -q >/dev/null
+for wer in anna bert; do drin useradd -m "$wer"; done
+warten() { # SECONDS COMMAND...: until it succeeds
+    local frist=$((SECONDS + $1))
+    shift
+    until "$@" >/dev/null 2>&1; do
+        [ $SECONDS -lt $frist ] || { echo "In vain: $*"; return 1; }
+        sleep 0.2
+    done
+}
+# NAME COMMAND...: in the background; its number is in laufend
+starten() {
+    als "$@" >"$wurzel/tmp/ausgabe-$1" 2>&1 &
+    laufend=$!
+    abschied+=("kill $laufend")
+}
+laeuft() { # a program that still runs behind its splash, and has said nothing
+    sleep 7
+    kill -0 "$1" || { echo "It has ended."; cat "$wurzel"/tmp/ausgabe-*; return 1; }
+}
+beenden() { # as the desktop does at log-out
+    kill "$1"
+    local ergebnis=0
+    wait "$1" || ergebnis=$?
+    [ $ergebnis -eq 0 ] || { echo "Ended with $ergebnis."; cat "$wurzel"/tmp/ausgabe-*; return 1; }
+}
+daten() { echo "$wurzel/home/$1/.local/share/flox"; }
 
 echo "--- folder with its libraries, no Qt on the system"
 tools/mitnehmen.sh "$wurzel/opt/flox" "$vorlage"
-drin apt-get install -y -q --no-install-recommends libgl1 libegl1 fonts-dejavu-core >/dev/null
+chown -R root: "$wurzel/opt/flox"
+holen libgl1 libegl1 fonts-dejavu-core shared-mime-info desktop-file-utils xdg-utils libglib2.0-bin
 if drin sh -c 'ls /usr/lib/*/libQt6Core.so*' 2>/dev/null; then
     echo "The bare system has Qt: nothing would be shown."
     exit 1
 fi
-drin /opt/flox/flox.sh --version
-laeuft 'QT_QPA_PLATFORM=offscreen /opt/flox/flox.sh'
+als anna /opt/flox/flox.sh --version
+starten anna /opt/flox/flox.sh
+laeuft $laufend
+beenden $laufend
+# What a user may not write is installed for all, whatever it is called.
+test -f "$(daten anna)/flox-demo.mdb"
+rm -r "$(daten anna)" "$wurzel/opt/flox"
 
 echo "--- package"
 cp "$deb" "$wurzel/tmp/"
-drin bash -c "apt-get install -y -q --no-install-recommends /tmp/$(basename "$deb") >/dev/null"
-drin flox --version
-drin flox --help >/dev/null
-laeuft 'QT_QPA_PLATFORM=offscreen flox'
-test -f "$wurzel$heim/.local/share/flox/flox-demo.mdb"
+holen "/tmp/$(basename "$deb")"
+als anna flox --version
+als anna flox --help >/dev/null
+drin sh -c 'test -s /usr/share/doc/flox/copyright && zcat /usr/share/man/man1/flox.1.gz | grep -q "^.SH DATEIEN"'
+for groesse in 16 22 24 32 48 64 128 256 512; do
+    for bild in apps/flox mimetypes/flox-database mimetypes/flox-filter; do
+        test -s "$wurzel/usr/share/icons/hicolor/${groesse}x$groesse/$bild.png"
+    done
+done
+
+echo "--- file types"
+typ() { # FILE TYPE: known by name or by content, and opened by the program
+    local gefunden
+    gefunden=$(als anna xdg-mime query filetype "$1")
+    [ "$gefunden" = "$2" ] || { echo "$1: $gefunden"; return 1; }
+    als anna gio info -a standard::content-type "$1" | grep -q "standard::content-type: $2\$"
+    [ "$(als anna xdg-mime query default "$2")" = local.flox.Flox.desktop ]
+}
+for endung in fft ffs ffg ffa ffo fff; do
+    echo 'Flox' >"$wurzel/tmp/x.$endung"
+    typ /tmp/x.$endung application/x-flox-filter
+done
+for endung in fit mut mus mug mua muo muf; do
+    cp "$wurzel/usr/lib/flox/flox-demo.mdb" "$wurzel/tmp/x.$endung"
+    typ /tmp/x.$endung application/x-flox-database
+done
+chmod 644 "$wurzel"/tmp/x.*
+
+echo "--- two users at the same time, one with a screen"
+schirm=
+if command -v Xvfb >/dev/null; then
+    exec {nummer}<> <(:)
+    Xvfb -displayfd $nummer -screen 0 1280x800x24 2>/dev/null &
+    abschied+=("kill $!")
+    read -r -t 20 -u $nummer schirm
+    schirm=:$schirm
+    art=xcb
+fi
+starten anna flox
+erste=$laufend
+schirm='' art=offscreen starten bert flox
+laeuft $erste
+kill -0 $laufend
+for wer in anna bert; do
+    test -f "$(daten $wer)/flox-demo.mdb"
+    [ "$(stat -c %U "$(daten $wer)/flox-demo.mdb")" = "$(stat -c %U "$wurzel/home/$wer")" ]
+done
+[ -z "$schirm" ] || DISPLAY=$schirm import -window root "build/$vorlage/paketprobe.png"
+beenden $laufend
+
+echo "--- a file for the one that runs"
+als anna flox /tmp/x.fit
+warten 20 test -f "$(daten anna)/flox-original.pdb"
+kill -0 $erste
+beenden $erste
+
+echo "--- a home that is only read"
+chmod -R a-w "$wurzel/home/bert"
+starten bert flox
+laeuft $laufend
+beenden $laufend
+chmod -R u+w "$wurzel/home/bert"
+
+echo "--- removed"
 drin apt-get remove -y -q flox >/dev/null
-test ! -e "$wurzel/usr/bin/flox"
-test ! -e "$wurzel/usr/lib/flox"
-# The user's own stays.
-test -f "$wurzel$heim/.local/share/flox/flox-demo.mdb"
-echo "--- installed, started, removed"
+for weg in usr/bin/flox usr/lib/flox usr/share/applications/local.flox.Flox.desktop usr/share/mime/packages/flox.xml; do
+    test ! -e "$wurzel/$weg"
+done
+[ "$(als anna xdg-mime query filetype /tmp/x.fft)" != application/x-flox-filter ]
+# What is a user's stays.
+for wer in anna bert; do test -f "$(daten $wer)/flox-demo.mdb"; done
+echo "--- installed, started, removed; $SECONDS s"

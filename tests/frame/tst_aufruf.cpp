@@ -25,6 +25,8 @@ private slots:
     void auskunftOhneBildschirm_data();
     void auskunftOhneBildschirm();
     void filterWirdAngewandt();
+    void filterDerNichtGeht_data();
+    void filterDerNichtGeht();
     void datenbankWirdGeladen();
     void wasNichtGehtWirdGesagt();
 };
@@ -114,6 +116,43 @@ void TestAufruf::filterWirdAngewandt()
     QCOMPARE(zweites->Anzahl, weisse);
     QVERIFY(!zweites->filterdialog()->isVisible());
     QVERIFY(zweites->isEnabled());
+}
+
+void TestAufruf::filterDerNichtGeht_data()
+{
+    QTest::addColumn<bool>("lesbar");
+    QTest::addColumn<QString>("meldung");
+    QTest::newRow("no filter file") << false << u"Fehler beim Laden des Filters"_s;
+    QTest::newRow("fits no plant") << true << u"Leider gibt es keine Pflanze"_s;
+}
+
+void TestAufruf::filterDerNichtGeht()
+{
+    QFETCH(bool, lesbar);
+    QFETCH(QString, meldung);
+    Rahmenprobe probe;
+    probe.laden();
+    probe.waehlen("mnudbtopfpflanzen");
+    const QString datei = probe.ordner.pfad(u"weiß.fft"_s);
+    QTest::mouseClick(probe.fenster(1)->findChild<QWidget *>(u"cmdFilter"_s), Qt::LeftButton);
+    Filterdialog *erster = probe.fenster(1)->filterdialog();
+    QTest::mouseClick(erster->findChild<QWidget *>(u"lblBlFarbe_0"_s), Qt::LeftButton);
+    erster->FilterSpeichern(datei);
+    erster->cmdAbbruch_Click();
+    if (!lesbar)
+        QVERIFY(QFile::resize(datei, 3));
+    else
+        Datenbank::OpenDatabase(probe.ordner.datenbank())->Execute(u"UPDATE TOPFPFL SET FARBEN = NULL"_s);
+    Meldungsfaenger meldungen;
+    probe.zentrale->dateiOeffnen(datei);
+    QCOMPARE(meldungen.texte.size(), 1);
+    QVERIFY2(meldungen.texte[0].startsWith(meldung), qPrintable(meldungen.texte[0]));
+    // The dialog is there to be mended, as after a click.
+    Filterdialog *dialog = probe.fenster(2)->filterdialog();
+    QVERIFY(dialog->isVisible());
+    QVERIFY(!probe.fenster(1)->isEnabled());
+    dialog->cmdAbbruch_Click();
+    QVERIFY(probe.fenster(1)->isEnabled());
 }
 
 void TestAufruf::datenbankWirdGeladen()

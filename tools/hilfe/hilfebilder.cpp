@@ -1,26 +1,17 @@
+#include "Studio.h"
 #include "Tabellen.h"
 
-#include "frame/Ablauf.h"
 #include "frame/frmDBWahl.h"
 #include "frame/mdiZentral.h"
 #include "controls/Bilder.h"
 #include "filters/Filterdialog.h"
 #include "plantwindows/Pflanzenfenster.h"
 #include "store/Fehler.h"
-#include "store/Pfade.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QComboBox>
-#include <QDir>
-#include <QElapsedTimer>
-#include <QTabWidget>
-#include <QTemporaryDir>
-#include <QThread>
-#include <QTimer>
 
 #include <cstdio>
-#include <functional>
 
 /* hilfebilder PROGRAMM DATENBANK ZIEL   pictures of the program's windows for the manual, taken from the windows themselves.
    PROGRAMM is the program folder with its pictures; nothing is written there. */
@@ -29,64 +20,24 @@ namespace {
 
 constexpr QSize hauptmass(1120, 760);
 
-/// Until a window no longer changes: its previews come one by one.
-QPixmap ruhig(QWidget &fenster)
-{
-    constexpr int ruhe = 3, pause = 30, hoechstens = 5000; // pictures alike, milliseconds
-    QElapsedTimer uhr;
-    uhr.start();
-    QImage vorher;
-    for (int gleich = 0; gleich < ruhe && uhr.elapsed() < hoechstens;) {
-        QCoreApplication::processEvents();
-        QThread::msleep(pause);
-        const QImage jetzt = fenster.grab().toImage();
-        // A window that lays itself out a moment after a change of its size.
-        const auto *spaeter = fenster.findChild<QTimer *>(QStringLiteral("timResize"));
-        gleich = jetzt == vorher && !(spaeter && spaeter->isActive()) ? gleich + 1 : 0;
-        vorher = jetzt;
-    }
-    return QPixmap::fromImage(vorher);
-}
-
-class Fotograf
+class Fotograf : Studio
 {
 public:
-    Fotograf(const QString &programm, const QString &datenbank, const QDir &ziel) : ziel_(ziel)
-    {
-        const QDir ordner(ordner_.path());
-        // The folder of a run, so that nothing is written beside the program.
-        if (!QFile::copy(datenbank, ordner.filePath(QStringLiteral("flox-demo.mdb")))
-            || !QFile::link(QDir(programm).filePath(QStringLiteral("icons")), ordner.filePath(QStringLiteral("icons"))))
-            throw Fehler(QStringLiteral("%1: kein Programmordner").arg(programm));
-        bilder::setOrdner(QDir(programm).filePath(QStringLiteral("icons")));
-        oberflaecheEinrichten();
-        programm_.ProgrammPfad = QDir::toNativeSeparators(ordner.path());
-        programm_.BilderPfad = QDir::toNativeSeparators(programm);
-        programm_.MdiStatus = 0;
-        programm_.MdiBreite = hauptmass.width() * twipsJePixel;
-        programm_.MdiHoehe = hauptmass.height() * twipsJePixel;
-    }
+    Fotograf(const QString &programm, const QString &datenbank, const QDir &ziel) : Studio(programm, datenbank, ziel, hauptmass) {}
 
     void alles();
 
 private:
-    void ablegen(const QString &name, const QPixmap &bild)
-    {
-        if (bild.isNull() || !bild.save(ziel_.filePath(name + QStringLiteral(".png"))))
-            throw Fehler(QStringLiteral("%1: kein Bild").arg(name));
-    }
     void knoepfe();
     void wahl();
     void pflanzenfenster(mdiZentral &zentrale);
     void filter(Pflanzenfenster &form);
-    /// What an action opens as a dialog; the dialog goes again.
-    void dialog(const QString &name, const std::function<void()> &aktion);
+    void dialog(const QString &name, const std::function<void()> &aktion)
+    {
+        Studio::dialog(name, aktion, [&](QWidget &offen) { ablegen(name, ruhig(offen)); });
+    }
     /// The entry of a menu that opens a dialog; nothing where there is no such command.
     void dialogDesMenues(mdiZentral &zentrale, const char *eintrag, const QString &name);
-
-    QTemporaryDir ordner_;
-    QDir ziel_;
-    Programm programm_;
 };
 
 void Fotograf::knoepfe()
@@ -119,8 +70,8 @@ void Fotograf::knoepfe()
 
 void Fotograf::wahl()
 {
-    programm_.StartPhase = true;
-    frmDBWahl form(programm_);
+    programm.StartPhase = true;
+    frmDBWahl form(programm);
     form.show();
     ablegen(QStringLiteral("auswahl"), ruhig(form));
 }
@@ -132,24 +83,6 @@ void Fotograf::filter(Pflanzenfenster &form)
     dialog->show();
     ablegen(QStringLiteral("filter-%1").arg(QLatin1String(eintrag(form.sparte()).wahlbild)), ruhig(*dialog));
     dialog->hide();
-}
-
-void Fotograf::dialog(const QString &name, const std::function<void()> &aktion)
-{
-    QTimer takt;
-    bool gesehen = false;
-    QObject::connect(&takt, &QTimer::timeout, &takt, [&] {
-        QWidget *offen = QApplication::activeModalWidget();
-        if (gesehen || !offen || !offen->isVisible())
-            return;
-        gesehen = true;
-        ablegen(name, ruhig(*offen));
-        offen->close();
-    });
-    takt.start(10);
-    aktion();
-    if (!gesehen)
-        throw Fehler(QStringLiteral("%1: kein Fenster").arg(name));
 }
 
 void Fotograf::dialogDesMenues(mdiZentral &zentrale, const char *eintrag, const QString &name)
@@ -169,11 +102,7 @@ void Fotograf::pflanzenfenster(mdiZentral &zentrale)
         zentrale.FensterOeffnen(sparte.sparte);
         Pflanzenfenster *form = zentrale.fenster(sparte.sparte, 1);
         form->parentWidget()->showMaximized();
-        auto *arten = form->findChild<QComboBox *>(QStringLiteral("cboArten"));
-        const int i = arten->findText(pflanzen.value(sparte.sparte), Qt::MatchStartsWith);
-        arten->setCurrentIndex(std::max(i, 0));
-        emit arten->activated(arten->currentIndex());
-        form->darstellen();
+        pflanze(*form, pflanzen.value(sparte.sparte));
         form->parentWidget()->showNormal();
         form->parentWidget()->resize(1080, 660);
         const QString name = QString::fromLatin1(sparte.wahlbild);
@@ -183,8 +112,8 @@ void Fotograf::pflanzenfenster(mdiZentral &zentrale)
             ablegen(QStringLiteral("hauptfenster"), ruhig(zentrale));
             dialog(QStringLiteral("drucken"), [&] { zentrale.drucken(); });
             dialog(QStringLiteral("eigenschaften"), [&] { zentrale.namenAendern(&zentrale); });
-            programm_.GewaehltesBild = 0;
-            programm_.OriginalGroesse = false;
+            programm.GewaehltesBild = 0;
+            programm.OriginalGroesse = false;
             zentrale.bildZeigen();
             for (QWidget *fenster : QApplication::topLevelWidgets())
                 if (fenster->objectName() == u"frmBilder") {
@@ -202,7 +131,7 @@ void Fotograf::alles()
 {
     knoepfe();
     wahl();
-    mdiZentral zentrale(programm_);
+    mdiZentral zentrale(programm);
     zentrale.show();
     pflanzenfenster(zentrale);
     dialogDesMenues(zentrale, "mnuOptionen", QStringLiteral("optionen"));
@@ -214,11 +143,9 @@ void Fotograf::alles()
 
 int main(int anzahl, char **argumente)
 {
-    // No screen, no settings and no scaling of the machine's reach the pictures.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_SCALE_FACTOR", "1");
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // nor does its screen
     const QTemporaryDir einstellungen;
-    qputenv("XDG_CONFIG_HOME", einstellungen.path().toUtf8());
+    umgebungStellen(einstellungen);
     const QApplication anwendung(anzahl, argumente);
     const QStringList worte = QCoreApplication::arguments();
     if (worte.size() != 4) {

@@ -1,0 +1,84 @@
+#include "Studio.h"
+
+#include "frame/Ablauf.h"
+#include "controls/Bilder.h"
+#include "plantwindows/Pflanzenfenster.h"
+#include "store/Fehler.h"
+#include "store/Pfade.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QThread>
+#include <QTimer>
+
+Studio::Studio(const QString &programmordner, const QString &datenbank, const QDir &ziel, QSize mass) : ziel_(ziel)
+{
+    const QDir ordner(ordner_.path());
+    if (!QFile::copy(datenbank, ordner.filePath(QStringLiteral("flox-demo.mdb")))
+        || !QFile::link(QDir(programmordner).filePath(QStringLiteral("icons")), ordner.filePath(QStringLiteral("icons"))))
+        throw Fehler(QStringLiteral("%1: kein Programmordner").arg(programmordner));
+    bilder::setOrdner(QDir(programmordner).filePath(QStringLiteral("icons")));
+    oberflaecheEinrichten();
+    programm.ProgrammPfad = QDir::toNativeSeparators(ordner.path());
+    programm.BilderPfad = QDir::toNativeSeparators(programmordner);
+    programm.MdiStatus = 0;
+    programm.MdiBreite = mass.width() * twipsJePixel;
+    programm.MdiHoehe = mass.height() * twipsJePixel;
+}
+
+void Studio::ablegen(const QString &name, const QPixmap &bild) const
+{
+    if (bild.isNull() || !bild.save(ziel_.filePath(name + QStringLiteral(".png"))))
+        throw Fehler(QStringLiteral("%1: kein Bild").arg(name));
+}
+
+void Studio::dialog(const QString &name, const std::function<void()> &aktion, const std::function<void(QWidget &)> &ansehen)
+{
+    QTimer takt;
+    bool gesehen = false;
+    QObject::connect(&takt, &QTimer::timeout, &takt, [&] {
+        QWidget *offen = QApplication::activeModalWidget();
+        if (gesehen || !offen || !offen->isVisible())
+            return;
+        gesehen = true;
+        ansehen(*offen);
+        offen->close();
+    });
+    takt.start(10);
+    aktion();
+    if (!gesehen)
+        throw Fehler(QStringLiteral("%1: kein Fenster").arg(name));
+}
+
+void Studio::pflanze(Pflanzenfenster &form, const QString &anfang)
+{
+    auto *arten = form.findChild<QComboBox *>(QStringLiteral("cboArten"));
+    arten->setCurrentIndex(std::max(arten->findText(anfang, Qt::MatchStartsWith), 0));
+    emit arten->activated(arten->currentIndex());
+    form.darstellen();
+}
+
+QPixmap ruhig(QWidget &fenster, const std::function<QPixmap()> &aufnehmen)
+{
+    constexpr int ruhe = 3, pause = 30, hoechstens = 5000; // pictures alike, milliseconds
+    QElapsedTimer uhr;
+    uhr.start();
+    QImage vorher;
+    for (int gleich = 0; gleich < ruhe && uhr.elapsed() < hoechstens;) {
+        QCoreApplication::processEvents();
+        QThread::msleep(pause);
+        const QImage jetzt = (aufnehmen ? aufnehmen() : fenster.grab()).toImage();
+        // A window that lays itself out a moment after a change of its size.
+        const auto *spaeter = fenster.findChild<QTimer *>(QStringLiteral("timResize"));
+        gleich = jetzt == vorher && !(spaeter && spaeter->isActive()) ? gleich + 1 : 0;
+        vorher = jetzt;
+    }
+    return QPixmap::fromImage(vorher);
+}
+
+void umgebungStellen(const QTemporaryDir &einstellungen)
+{
+    qputenv("QT_SCALE_FACTOR", "1");
+    qputenv("XDG_CONFIG_HOME", einstellungen.path().toUtf8());
+}
