@@ -33,6 +33,7 @@ std::vector<Bibliothek> bibliotheken()
         {QStringLiteral("SQLite"), QStringLiteral(FLOX_SQLITE), QStringLiteral("gemeinfrei")},
         {QStringLiteral("ICU"), QStringLiteral(FLOX_ICU), QStringLiteral("Unicode-Lizenz (ICU)")},
         {QStringLiteral("libjpeg-turbo"), QStringLiteral(FLOX_TURBOJPEG), QStringLiteral("IJG- und BSD-Lizenz (3 Klauseln)")},
+        {QStringLiteral("libzip"), QStringLiteral(FLOX_LIBZIP), QStringLiteral("BSD-Lizenz (3 Klauseln)")},
     };
 }
 

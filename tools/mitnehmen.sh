@@ -23,6 +23,20 @@ kern='^(ld-linux|libc|libm|libdl|librt|libpthread|libresolv|libgcc_s|libstdc\+\+
     name=$(basename "$bibliothek")
     [[ $name =~ $kern ]] || cp -L "$bibliothek" "$ziel/lib/$name"
 done
+# The licence of each goes with it.
+mkdir -p "$ziel/lib/lizenzen"
+cp LICENSES.md "$ziel/"
+{
+    find "$ziel/lib" -maxdepth 1 -name '*.so*' -printf '%f\n'
+    find "$ziel/lib/plugins" -name '*.so' -printf '%P\n'
+} | while read -r datei; do
+    paket=$(dpkg-query -S "*/$datei" 2>/dev/null | head -1 | cut -d: -f1)
+    if [ -z "$paket" ] || [ ! -e "/usr/share/doc/$paket/copyright" ]; then
+        echo "No licence found: $datei" >&2
+        exit 1
+    fi
+    cp "/usr/share/doc/$paket/copyright" "$ziel/lib/lizenzen/$paket"
+done
 cat > "$ziel/flox.sh" <<'S'
 #!/bin/sh
 hier=$(dirname "$(readlink -f "$0")")

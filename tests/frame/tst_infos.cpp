@@ -56,7 +56,7 @@ private slots:
                 texte += schild->text();
             QCOMPARE(texte.size() % 3, 0);
             QVERIFY(!texte.contains(QString()));
-            for (const char *name : {"Qt", "SQLite", "ICU", "libjpeg-turbo"}) {
+            for (const char *name : {"Qt", "SQLite", "ICU", "libjpeg-turbo", "libzip"}) {
                 const qsizetype stelle = texte.indexOf(QLatin1String(name));
                 QVERIFY2(stelle >= 0 && stelle % 3 == 0, name);
                 QVERIFY2(texte[stelle + 1][0].isDigit(), qPrintable(texte[stelle + 1]));

@@ -9,6 +9,8 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
 #include <QThread>
 #include <QTimer>
 
@@ -22,6 +24,7 @@ Studio::Studio(const QString &programmordner, const QString &datenbank, const QD
     oberflaecheEinrichten();
     programm.ProgrammPfad = QDir::toNativeSeparators(ordner.path());
     programm.BilderPfad = QDir::toNativeSeparators(programmordner);
+    programm.ProgrammVersion = QStringLiteral(FLOX_VERSION);
     programm.MdiStatus = 0;
     programm.MdiBreite = mass.width() * twipsJePixel;
     programm.MdiHoehe = mass.height() * twipsJePixel;
@@ -59,6 +62,22 @@ void Studio::pflanze(Pflanzenfenster &form, const QString &anfang)
     form.darstellen();
 }
 
+namespace {
+
+/// What is another one in every run: the time, and the folders of this one, which a user would have in his home.
+void festhalten(QWidget &fenster)
+{
+    if (auto *uhrzeit = fenster.findChild<QLabel *>(QStringLiteral("stbAnzeigeZentral_2")))
+        uhrzeit->setText(QStringLiteral("10:15"));
+    constexpr std::pair<const char *, const char *> ordner[] = {{"txtProgrammPfad", "/home/flora/flox"},
+                                                                {"txtEinstellungen", "/home/flora/.config/flox/registry.ini"}};
+    for (const auto &[name, pfad] : ordner)
+        if (auto *feld = fenster.findChild<QLineEdit *>(QLatin1String(name)))
+            feld->setText(QLatin1String(pfad));
+}
+
+} // namespace
+
 QPixmap ruhig(QWidget &fenster, const std::function<QPixmap()> &aufnehmen)
 {
     constexpr int ruhe = 3, pause = 30, hoechstens = 5000; // pictures alike, milliseconds
@@ -68,6 +87,7 @@ QPixmap ruhig(QWidget &fenster, const std::function<QPixmap()> &aufnehmen)
     for (int gleich = 0; gleich < ruhe && uhr.elapsed() < hoechstens;) {
         QCoreApplication::processEvents();
         QThread::msleep(pause);
+        festhalten(fenster);
         const QImage jetzt = (aufnehmen ? aufnehmen() : fenster.grab()).toImage();
         // A window that lays itself out a moment after a change of its size.
         const auto *spaeter = fenster.findChild<QTimer *>(QStringLiteral("timResize"));

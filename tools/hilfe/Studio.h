@@ -33,7 +33,7 @@ private:
     QDir ziel_;
 };
 
-/// A window, or by `aufnehmen` whatever else, as soon as it no longer changes: previews come one by one.
+/// A window, or by `aufnehmen` whatever else, as soon as it no longer changes: previews come one by one. The same picture in every run.
 QPixmap ruhig(QWidget &fenster, const std::function<QPixmap()> &aufnehmen = {});
 /// No settings and no scaling of the machine's reach the pictures. Before there is an application.
 void umgebungStellen(const QTemporaryDir &einstellungen);
