@@ -17,8 +17,15 @@
 Studio::Studio(const QString &programmordner, const QString &datenbank, const QDir &ziel, QSize mass) : ziel_(ziel)
 {
     const QDir ordner(ordner_.path());
-    if (!QFile::copy(datenbank, ordner.filePath(QStringLiteral("flox-demo.mdb")))
-        || !QFile::link(QDir(programmordner).filePath(QStringLiteral("icons")), ordner.filePath(QStringLiteral("icons"))))
+    const QDir icons(QDir(programmordner).filePath(QStringLiteral("icons")));
+    const QString grund = QStringLiteral("hintergrund");
+    bool da = QFile::copy(datenbank, ordner.filePath(QStringLiteral("flox-demo.mdb"))) && ordner.mkdir(icons.dirName());
+    // The program draws lots among its backgrounds: here each is the first.
+    for (const QFileInfo &eines : icons.entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot))
+        da = da
+             && QFile::link(eines.fileName().startsWith(grund) ? icons.filePath(grund + QStringLiteral("1.jpg")) : eines.filePath(),
+                            ordner.filePath(icons.dirName() + u'/' + eines.fileName()));
+    if (!da)
         throw Fehler(QStringLiteral("%1: kein Programmordner").arg(programmordner));
     bilder::setOrdner(QDir(programmordner).filePath(QStringLiteral("icons")));
     oberflaecheEinrichten();
