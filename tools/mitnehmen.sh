@@ -15,7 +15,7 @@ for plugin in platforms/libqxcb platforms/libqoffscreen platforms/libqminimal im
     cp -L "$plugins/$plugin.so" "$ziel/lib/plugins/$plugin.so"
 done
 # Everything but the system's core: what every Debian 12 has, and what must fit its kernel and its display.
-kern='^(ld-linux|libc|libm|libdl|librt|libpthread|libresolv|libgcc_s|libstdc\+\+|libGL|libGLX|libGLdispatch|libEGL|libOpenGL|libdrm|libgbm)[-.]'
+kern='^(ld-linux|libc|libm|libdl|librt|libpthread|libresolv|libgcc_s|libstdc\+\+|libGL|libGLX|libGLdispatch|libEGL|libdrm|libgbm)[-.]'
 {
     ldd "$ziel/flox"
     find "$ziel/lib/plugins" -name '*.so' -exec ldd {} +

@@ -3,7 +3,8 @@
 # by several users, handed a file, removed. The clean system needs root and a mirror; without them that part is passed over, with a message.
 #   tools/paketprobe.sh [VORLAGE]      after tools/paket.sh VORLAGE; FLOX_PROBE_GANZ=1: nothing may be passed over
 # Leaves build/VORLAGE/paketprobe.png.
-set -euo pipefail
+set -Eeuo pipefail
+trap 'echo "Failed in line $LINENO: $BASH_COMMAND" >&2' ERR
 cd "$(dirname "$0")/.."
 vorlage=${1:-release}
 spiegel=${FLOX_SPIEGEL:-http://deb.debian.org/debian}
@@ -33,25 +34,42 @@ trap ende EXIT
 /usr/lib/apt/apt-helper download-file "$spiegel/dists/bookworm/Release" "$wurzel/Release" >/dev/null 2>&1 || auslassen "no mirror at $spiegel"
 rm "$wurzel/Release"
 
-echo "--- clean system"
-debootstrap --variant=minbase bookworm "$wurzel" "$spiegel" >"$wurzel.log" || { tail "$wurzel.log"; exit 1; }
-rm "$wurzel.log"
-cp /etc/resolv.conf "$wurzel/etc/"
-mount -t proc proc "$wurzel/proc"
-# Nothing is written twice, and no index of texts is made.
-echo 'force-unsafe-io' >"$wurzel/etc/dpkg/dpkg.cfg.d/probe"
-printf 'path-exclude /usr/share/%s/*\n' doc locale >>"$wurzel/etc/dpkg/dpkg.cfg.d/probe"
-echo 'path-include /usr/share/doc/flox/*' >>"$wurzel/etc/dpkg/dpkg.cfg.d/probe"
+chmod 755 "$wurzel"
+
 rein=(env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LANG=C.UTF-8 DEBIAN_FRONTEND=noninteractive)
 drin() { "${rein[@]}" HOME=/root chroot "$wurzel" "$@"; }
 holen() { drin apt-get install -y -q --no-install-recommends "$@" >/dev/null; }
-als() { # USER COMMAND...
-    local wer=$1
-    shift
-    "${rein[@]}" HOME="/home/$wer" DISPLAY="${schirm:-}" QT_QPA_PLATFORM="${art:-offscreen}" chroot --userspec="$wer" "$wurzel" "$@"
+als_zeile() { # USER COMMAND...
+    zeile=("${rein[@]}" HOME="/home/$1" XDG_CURRENT_DESKTOP=GNOME XDG_RUNTIME_DIR="/run/user/$1" DISPLAY="${schirm:-}" QT_QPA_PLATFORM="${art:-offscreen}"
+        chroot --userspec="$1" "$wurzel" "${@:2}")
 }
-drin apt-get update -q >/dev/null
-for wer in anna bert; do drin useradd -m "$wer"; done
+als() {
+    als_zeile "$@"
+    "${zeile[@]}"
+}
+
+echo "--- clean system"
+# What every desktop has, but nothing of Qt. Made anew after a week.
+vorrat=build/bookworm.tar
+if [ -z "$(find "$vorrat" -mtime -7 2>/dev/null)" ]; then
+    debootstrap --variant=minbase bookworm "$wurzel" "$spiegel" >build/debootstrap.log || { tail build/debootstrap.log; exit 1; }
+    printf '%s\n' force-unsafe-io 'path-exclude /usr/share/doc/*' 'path-exclude /usr/share/locale/*' 'path-include /usr/share/doc/flox/*' \
+        >"$wurzel/etc/dpkg/dpkg.cfg.d/probe"
+    printf '%s\n' 'APT::Sandbox::User "root";' 'Acquire::Languages "none";' 'Dpkg::Use-Pty "0";' >"$wurzel/etc/apt/apt.conf.d/probe"
+    cp /etc/resolv.conf "$wurzel/etc/"
+    drin apt-get update -q >/dev/null
+    holen libgl1 libegl1 fonts-dejavu-core fontconfig-config shared-mime-info desktop-file-utils xdg-utils libglib2.0-bin
+    for wer in anna bert; do
+        drin useradd -m "$wer"
+        drin install -d -m 700 -o "$wer" "/run/user/$wer"
+    done
+    tar -C "$wurzel" -cf "$vorrat.neu" .
+    mv "$vorrat.neu" "$vorrat"
+else
+    tar -C "$wurzel" -xf "$vorrat"
+    cp /etc/resolv.conf "$wurzel/etc/"
+fi
+mount -t proc proc "$wurzel/proc"
 warten() { # SECONDS COMMAND...: until it succeeds
     local frist=$((SECONDS + $1))
     shift
@@ -60,9 +78,10 @@ warten() { # SECONDS COMMAND...: until it succeeds
         sleep 0.2
     done
 }
-# NAME COMMAND...: in the background; its number is in laufend
+# USER COMMAND...: in the background; its number is in laufend
 starten() {
-    als "$@" >"$wurzel/tmp/ausgabe-$1" 2>&1 &
+    als_zeile "$@"
+    "${zeile[@]}" >"$wurzel/tmp/ausgabe-$1" 2>&1 &
     laufend=$!
     abschied+=("kill $laufend")
 }
@@ -81,7 +100,6 @@ daten() { echo "$wurzel/home/$1/.local/share/flox"; }
 echo "--- folder with its libraries, no Qt on the system"
 tools/mitnehmen.sh "$wurzel/opt/flox" "$vorlage"
 chown -R root: "$wurzel/opt/flox"
-holen libgl1 libegl1 fonts-dejavu-core shared-mime-info desktop-file-utils xdg-utils libglib2.0-bin
 if drin sh -c 'ls /usr/lib/*/libQt6Core.so*' 2>/dev/null; then
     echo "The bare system has Qt: nothing would be shown."
     exit 1

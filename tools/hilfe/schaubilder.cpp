@@ -7,6 +7,8 @@
 #include "store/Fehler.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QHelpEvent>
 #include <QMdiSubWindow>
 #include <QScreen>
 #include <QTabWidget>
@@ -59,7 +61,7 @@ Pflanzenfenster &Schau::oeffnen(mdiZentral &zentrale, Sparte sparte, const QStri
 
 void Schau::pflanzeMitBild(mdiZentral &zentrale)
 {
-    oeffnen(zentrale, Sparte::Stauden, QStringLiteral("Bergenia"));
+    oeffnen(zentrale, Sparte::Topf, QStringLiteral("Begonia-Elatior"));
     programm.GewaehltesBild = 0;
     programm.OriginalGroesse = false;
     zentrale.bildZeigen();
@@ -98,6 +100,13 @@ void Schau::filter(mdiZentral &zentrale)
     QTest::mouseClick(dialog->findChild<QWidget *>(QStringLiteral("lblBlFarbe_0")), Qt::LeftButton);
     // The site: most boxes beside each other, and their numbers.
     dialog->findChild<QTabWidget *>(QStringLiteral("SSTab1"))->setCurrentIndex(3);
+    (void)ruhig(*dialog);
+    for (QCheckBox *kasten : dialog->findChildren<QCheckBox *>())
+        if (kasten->isVisible() && kasten->text() == u"frisch") {
+            const QPoint zeiger(50, kasten->height() / 2);
+            QHelpEvent darueber(QEvent::ToolTip, zeiger, kasten->mapToGlobal(zeiger));
+            QApplication::sendEvent(kasten, &darueber);
+        }
     schirm(QStringLiteral("filter"), *dialog);
     QTest::mouseClick(dialog->findChild<QWidget *>(QStringLiteral("cmdAbbruch")), Qt::LeftButton);
 }
