@@ -2,6 +2,7 @@
 
 #include "Datenbestand.h"
 #include "Dateien.h"
+#include "Dateischritt.h"
 #include "Fehler.h"
 #include "Laufordner.h"
 #include "Programm.h"
@@ -49,12 +50,15 @@ bool bleibtGeteilt(const QString &name)
     return namen.contains(name);
 }
 
-/// Where the system has no links for everybody, a copy does.
+/// Where the system has no links for everybody, or a home on a network none at all, a copy does.
 void verbinden(const QString &quelle, const QString &ziel)
 {
-    std::error_code fehler;
-    std::filesystem::create_symlink(pfadVon(quelle), pfadVon(ziel), fehler);
-    if (fehler)
+    const auto verweisen = [&] {
+        std::error_code fehler;
+        std::filesystem::create_symlink(pfadVon(quelle), pfadVon(ziel), fehler);
+        return !fehler;
+    };
+    if (dateischritt(Dateischritt::Anlegen, ziel, verweisen) != 0)
         kopiereSicher(quelle, ziel);
 }
 

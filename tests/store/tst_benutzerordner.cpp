@@ -74,6 +74,27 @@ private slots:
         QCOMPARE(inhalt(eigener(u"dbladen.htt"_s)), QByteArray("the user's own"));
     }
 
+    /// A home on a network that knows no links: copies do, and the notes are carried all the same.
+    void heimOhneVerweise()
+    {
+        setDateiaufsicht([](Dateischritt schritt, const QString &pfad) {
+            return schritt == Dateischritt::Anlegen && QFileInfo(pfad).fileName().contains(u'.') ? EPERM : 0;
+        });
+        QCOMPARE(einrichten().satz(), QString());
+        for (const char *name : {"topfpflanzen/begonia.jpg", "icons/wahl/apfel.svg", "dbladen.htt"}) {
+            QVERIFY(!QFileInfo(eigener(QString::fromLatin1(name))).isSymLink());
+            QCOMPARE(inhalt(eigener(QString::fromLatin1(name))), QByteArray(name));
+        }
+        Datenbank::OpenDatabase(eigener(u"flox-demo.mdb"_s))
+            ->Execute(u"UPDATE Obst SET benu_bemerkung = 'merken' WHERE ARTNR = (SELECT min(ARTNR) FROM Obst)"_s);
+        QCOMPARE(einrichten().satz(), QString());
+        neueVersion();
+        const benutzerordner::Bericht bericht = einrichten();
+        QVERIFY(bericht.neueDaten);
+        QCOMPARE(bericht.pflanzen, 1);
+        QCOMPARE(bericht.ohnePflanze, QString());
+    }
+
     /// The program was moved to another place.
     void andererOrt()
     {
