@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Tries the package and the folder that brings its libraries as users of a bare Debian 12 would: checked by the validators, installed, started
+# Builds the package, and tries it and the folder that brings its libraries as users of a bare Debian 12 would: checked by the validators, installed, started
 # by several users, handed a file, removed. The clean system needs root and a mirror; without them that part is passed over, with a message.
-#   tools/paketprobe.sh [VORLAGE]      after tools/paket.sh VORLAGE; FLOX_PROBE_GANZ=1: nothing may be passed over
-# Leaves build/VORLAGE/paketprobe.png.
+#   tools/paketprobe.sh [VORLAGE]      FLOX_PROBE_GANZ=1: nothing may be passed over
+# Ends with 0 where nothing was wrong. Leaves build/VORLAGE/paketprobe.png.
 set -Eeuo pipefail
 trap 'echo "Failed in line $LINENO: $BASH_COMMAND" >&2' ERR
 cd "$(dirname "$0")/.."
@@ -10,12 +10,29 @@ vorlage=${1:-release}
 spiegel=${FLOX_SPIEGEL:-http://deb.debian.org/debian}
 weitere=(lintian desktop-file-utils appstream debootstrap)
 . tools/einrichten.sh
+tools/paket.sh "$vorlage" >/dev/null
 deb=$(ls "build/$vorlage"/flox_*.deb)
 
 echo "--- validators"
 desktop-file-validate data/paket/local.flox.Flox.desktop
 appstreamcli validate --no-net --explain "build/$vorlage/data/paket/local.flox.Flox.metainfo.xml"
 lintian --fail-on error,warning "$deb"
+
+echo "--- hardening"
+programm=$(mktemp)
+trap 'rm -f "$programm"' EXIT
+dpkg-deb --fsys-tarfile "$deb" | tar -xO ./usr/lib/flox/flox >"$programm"
+ist() { # OPTION PATTERN: the program has it
+    grep -qE "$2" <<<"$(readelf -W "$1" "$programm")" || { echo "Not there: $2"; exit 1; }
+}
+ist -h 'Type: +DYN'
+ist -d 'FLAGS_1.* PIE'
+ist -d 'BIND_NOW'
+ist -l 'GNU_RELRO'
+ist -l 'GNU_STACK.* RW '
+ist --dyn-syms ' __stack_chk_fail@'
+ist --dyn-syms '_chk@GLIBC'
+if readelf -dW "$programm" | grep -E 'R(UN)?PATH'; then exit 1; fi
 
 auslassen() {
     echo "--- passed over: $1"
@@ -28,7 +45,7 @@ abschied=()
 ende() {
     for befehl in "${abschied[@]}"; do eval "$befehl" 2>/dev/null || true; done
     umount "$wurzel/proc" 2>/dev/null || true
-    rm -rf --one-file-system "$wurzel"
+    rm -rf --one-file-system "$wurzel" "$programm"
 }
 trap ende EXIT
 /usr/lib/apt/apt-helper download-file "$spiegel/dists/bookworm/Release" "$wurzel/Release" >/dev/null 2>&1 || auslassen "no mirror at $spiegel"
@@ -115,7 +132,7 @@ rm -r "$(daten anna)" "$wurzel/opt/flox"
 echo "--- package"
 cp "$deb" "$wurzel/tmp/"
 holen "/tmp/$(basename "$deb")"
-als anna flox --version
+als anna flox --version | grep -E '^Flox [0-9.]+ \([0-9a-f]{12}(-dirty)?\)$'
 als anna flox --help >/dev/null
 drin sh -c 'test -s /usr/share/doc/flox/copyright && zcat /usr/share/man/man1/flox.1.gz | grep -q "^.SH DATEIEN"'
 for groesse in 16 22 24 32 48 64 128 256 512; do

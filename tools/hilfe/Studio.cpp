@@ -94,7 +94,8 @@ QPixmap ruhig(QWidget &fenster, const std::function<QPixmap()> &aufnehmen)
     for (int gleich = 0; gleich < ruhe && uhr.elapsed() < hoechstens;) {
         QCoreApplication::processEvents();
         QThread::msleep(pause);
-        festhalten(fenster);
+        for (QWidget *eines : QApplication::topLevelWidgets())
+            festhalten(*eines);
         const QImage jetzt = (aufnehmen ? aufnehmen() : fenster.grab()).toImage();
         // A window that lays itself out a moment after a change of its size.
         const auto *spaeter = fenster.findChild<QTimer *>(QStringLiteral("timResize"));
