@@ -1,5 +1,6 @@
 #include "RecLeser.h"
 
+#include <QDir>
 #include <QStringDecoder>
 #include <QStringTokenizer>
 
@@ -14,6 +15,18 @@ const RecFeld *RecSatz::feld(QStringView name) const
 void RecSatz::falsch(int zeile, const QString &was) const
 {
     throw Quellfehler{QStringLiteral("%1:%2: %3").arg(datei).arg(zeile).arg(was)};
+}
+
+std::map<QString, QByteArray> recTexte(const QString &ordner)
+{
+    std::map<QString, QByteArray> texte;
+    for (const QFileInfo &datei : QDir(ordner).entryInfoList({QStringLiteral("*.rec")}, QDir::Files, QDir::Name)) {
+        QFile quelle(datei.filePath());
+        if (!quelle.open(QIODevice::ReadOnly))
+            throw Quellfehler{QStringLiteral("%1: kann nicht gelesen werden").arg(datei.filePath())};
+        texte.emplace(datei.filePath(), quelle.readAll());
+    }
+    return texte;
 }
 
 std::vector<RecSatz> recLesen(const QByteArray &utf8, const QString &datei)

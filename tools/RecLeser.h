@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <map>
 #include <vector>
 
 /* Reader of GNU recutils text: types, records and fields, each with its place in the file. */
@@ -31,5 +32,7 @@ struct RecSatz
     int zeile() const { return felder.empty() ? 0 : felder.front().zeile; }
 };
 
+/// What the .rec files of a folder say, by path; throws Quellfehler for one that cannot be read.
+std::map<QString, QByteArray> recTexte(const QString &ordner);
 /// Throws Quellfehler for a line that is no field, comment or continuation, and for text that is not UTF-8.
 std::vector<RecSatz> recLesen(const QByteArray &utf8, const QString &datei);

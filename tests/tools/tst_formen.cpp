@@ -1,6 +1,5 @@
 #include "tests/Hilfen.h"
 #include "tools/tafeln/Farben.h"
-#include "tools/tafeln/Merkmale.h"
 #include "tools/tafeln/Pfad.h"
 #include "tools/tafeln/Tafel.h"
 #include "tools/tafeln/Tafelinhalt.h"

@@ -1,4 +1,4 @@
-#include "Apfelform.h"
+#include "Apfel.h"
 
 #include <cmath>
 
@@ -12,6 +12,15 @@ double mittel(const Datensatz &sorte, QStringView spalte, std::initializer_list<
             ++anzahl;
         }
     return anzahl ? summe / anzahl : sonst;
+}
+
+std::vector<QColor> wortfarben(const Datensatz &sorte, QStringView spalte, std::initializer_list<std::pair<QStringView, QRgb>> farben)
+{
+    std::vector<QColor> gefunden;
+    for (const auto &[wort, farbe] : farben)
+        if (sorte.hat(spalte, wort))
+            gefunden.emplace_back(farbe);
+    return gefunden;
 }
 
 Apfelform::Apfelform(const Datensatz &s)

@@ -1,32 +1,11 @@
-#include "Apfelhaut.h"
+#include "Apfel.h"
 
-#include "Apfelform.h"
 #include "Farben.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-
-struct Wortfarbe
-{
-    QStringView wort;
-    QRgb farbe;
-};
-constexpr Wortfarbe grundfarben[] = {{u"grün", 0xFF86AC48}, {u"grüngelb", 0xFFBFC65A}, {u"gelb", 0xFFE9CC55}, {u"weißlich", 0xFFF0EAC6}};
-constexpr Wortfarbe deckfarben[] = {{u"orange", 0xFFE58A36}, {u"hellrot", 0xFFD8483F}, {u"rot", 0xFFB3242E}, {u"dunkelrot", 0xFF6E1628}};
-constexpr Wortfarbe punktfarben[] = {{u"weißlich", 0xFFF6EED2},  {u"gelb", 0xFFEFDC86}, {u"hellbraun", 0xFFCBA268}, {u"braun", 0xFF8E6640},
-                                     {u"rostartig", 0xFFA97B46}, {u"grün", 0xFF8FA555}, {u"grau", 0xFFB9B3A4},      {u"rot", 0xFFB03A33}};
-
-template<size_t n>
-std::vector<QColor> farben(const Datensatz &s, QStringView spalte, const Wortfarbe (&tabelle)[n])
-{
-    std::vector<QColor> gefunden;
-    for (const Wortfarbe &w : tabelle)
-        if (s.hat(spalte, w.wort))
-            gefunden.emplace_back(w.farbe);
-    return gefunden;
-}
 
 double stufe(double a, double b, double x)
 {
@@ -41,15 +20,16 @@ constexpr double sonneLaenge = 0.5, sonneBreite = 0.18;
 Apfelhaut::Apfelhaut(const Datensatz &s) : saat_(std::uint32_t(Zufall(s.name()).roh()))
 {
     const auto ja = [&](QStringView spalte, QStringView wort, double wert) { return s.hat(spalte, wort) ? wert : 0.0; };
-    auto gruende = farben(s, u"grundfarbe", grundfarben);
+    auto gruende = wortfarben(s, u"grundfarbe", {{u"grün", 0xFF86AC48}, {u"grüngelb", 0xFFBFC65A}, {u"gelb", 0xFFE9CC55}, {u"weißlich", 0xFFF0EAC6}});
     if (gruende.empty())
-        gruende.emplace_back(grundfarben[1].farbe);
+        gruende.emplace_back(0xBF, 0xC6, 0x5A);
     for (QColor &f : gruende)
         if (s.hat(u"grundfarbe", u"trüb"))
             f = gemischt(f, QColor(0x9B, 0x92, 0x66), 0.3);
     grund_ = rgb(gruende.front());
     grund2_ = rgb(gruende.back());
-    const auto decken = farben(s, u"deckfarbe", deckfarben);
+    const auto decken =
+        wortfarben(s, u"deckfarbe", {{u"orange", 0xFFE58A36}, {u"hellrot", 0xFFD8483F}, {u"rot", 0xFFB3242E}, {u"dunkelrot", 0xFF6E1628}});
     deckHell_ = rgb(decken.empty() ? gruende.front() : decken.front());
     deckDunkel_ = rgb(decken.empty() ? gruende.front() : decken.back());
     radius_ = decken.empty() ? -9 : mittel(s, u"df_ausdehn", {{u"wenig", 0.55}, {u"Backe", 0.95}, {u"großflächig", 1.6}, {u"ganz", 3.6}}, 0.95);
@@ -60,9 +40,8 @@ Apfelhaut::Apfelhaut(const Datensatz &s) : saat_(std::uint32_t(Zufall(s.name()).
     grundton_ = s.hat(u"df_art", u"gleichmäßig") ? 0.95 : flaechig ? (streifen_ > 0 ? 0.5 : 0.85) : 0.2;
     marmor_ = ja(u"df_art", u"marmoriert", 1);
     spritzer_ = ja(u"df_art", u"gesprenkelt", 1);
-    const double rauh = s.hat(u"rost", u"rauh") || s.hat(u"rost", u"schuppig") || s.hat(u"aussehen", u"rauh") ? 1.25
-                        : s.hat(u"rost", u"fein")                                                             ? 0.75
-                                                                                                              : 1;
+    const bool grob = s.hat(u"rost", u"rauh") || s.hat(u"rost", u"schuppig") || s.hat(u"aussehen", u"rauh");
+    const double rauh = grob ? 1.25 : s.hat(u"rost", u"fein") ? 0.75 : 1;
     netz_ = ja(u"rost", u"netzartig", 0.8 * rauh);
     figur_ = ja(u"rost", u"figurenartig", 0.75 * rauh);
     flaeche_ = ja(u"rost", u"flächig", 0.8 * rauh);
@@ -72,12 +51,13 @@ Apfelhaut::Apfelhaut(const Datensatz &s) : saat_(std::uint32_t(Zufall(s.name()).
     reif_ = s.hat(u"reif", u"nicht vorhanden") || s.worte(u"reif").isEmpty() ? 0 : s.hat(u"reif", u"stark") ? 0.22 : 0.12;
     blau_ = ja(u"reif", u"bläulich", 1);
     glanz_ = s.hat(u"aussehen", u"glänzend") ? 0.42 : s.hat(u"aussehen", u"matt") || s.hat(u"rost", u"rauh") ? 0.14 : 0.27;
-    const auto punkte = farben(s, u"sch_punkt", punktfarben);
-    punkt_ = rgb(punkte.empty() ? QColor(punktfarben[2].farbe) : punkte.front());
-    punktdichte_ = s.hat(u"sch_punkt", u"nicht vorhanden") ? 0
-                                                           : (s.hat(u"sch_punkt", u"zahlreich") ? 0.95
-                                                              : s.hat(u"sch_punkt", u"wenig")   ? 0.35
-                                                                                                : 0.65);
+    // clang-format off
+    const auto punkte = wortfarben(s, u"sch_punkt", {{u"weißlich", 0xFFF6EED2}, {u"gelb", 0xFFEFDC86}, {u"hellbraun", 0xFFCBA268}, {u"braun", 0xFF8E6640},
+                                                     {u"rostartig", 0xFFA97B46}, {u"grün", 0xFF8FA555}, {u"grau", 0xFFB9B3A4}, {u"rot", 0xFFB03A33}});
+    // clang-format on
+    punkt_ = rgb(punkte.empty() ? QColor(0xCB, 0xA2, 0x68) : punkte.front());
+    const double dicht = s.hat(u"sch_punkt", u"zahlreich") ? 0.95 : s.hat(u"sch_punkt", u"wenig") ? 0.35 : 0.65;
+    punktdichte_ = s.hat(u"sch_punkt", u"nicht vorhanden") ? 0 : dicht;
     punktgroesse_ = mittel(s, u"sch_punkt", {{u"sehr fein", 0.09}, {u"fein", 0.12}, {u"mittel", 0.18}, {u"groß", 0.24}, {u"sehr groß", 0.3}}, 0.13)
                     * (s.hat(u"sch_punkt", u"nicht auffällig") ? 0.8 : 1.1);
 }

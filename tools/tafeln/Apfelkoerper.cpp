@@ -1,7 +1,9 @@
-#include "Apfelkoerper.h"
-
+#include "Apfel.h"
 #include "Farben.h"
 #include "Kurve.h"
+#include "Tafeln.h"
+
+#include <QVector3D>
 
 #include <algorithm>
 #include <array>
@@ -13,31 +15,48 @@ namespace {
 constexpr double pi = std::numbers::pi;
 constexpr int ringe = 96, laengen = 144;
 
-struct Vektor
-{
-    double x, y, z;
-};
-
-Vektor minus(const Vektor &a, const Vektor &b)
-{
-    return {a.x - b.x, a.y - b.y, a.z - b.z};
-}
-Vektor kreuz(const Vektor &a, const Vektor &b)
-{
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
-Vektor oberflaeche(const Apfelform &f, double phi, double l)
+QVector3D oberflaeche(const Apfelform &f, double phi, double l)
 {
     const QPointF m = f.meridian(phi);
     const double r = m.x() * f.quer(l);
     const double anKelch = std::exp(-std::pow((phi - 2.55) / 0.3, 2)), anStiel = std::exp(-std::pow((phi - 0.55) / 0.3, 2));
     const double y = m.y() - anKelch * f.kelchhoecker * std::cos(5 * l + 0.4) + 0.3 * anStiel * f.kelchhoecker * std::cos(5 * l + 0.4)
                      + f.schief * r * std::sin(l) * std::sin(phi);
-    return {r * std::sin(l), y, r * std::cos(l)};
+    return QVector3D(float(r * std::sin(l)), float(y), float(r * std::cos(l)));
 }
 
-} // namespace
+/// An apple seen from a raised or lowered place.
+class Apfelkoerper
+{
+public:
+    /// `neigung` in degrees: positive shows the stalk cavity, negative the calyx. `radius` in units of the sheet, of which each is `mass` pixels.
+    Apfelkoerper(const Apfelform &form, const Apfelhaut &haut, double neigung, double radius, double mass);
+
+    /// Place of the axis at a height (in half widths, up positive), relative to the centre.
+    QPointF achse(double hoehe) const;
+    void zeichnen(QPainter &p, QPointF mitte) const;
+    /// Only what stands before the axis and above `bis`: it hides the foot of the stalk.
+    void vordererRand(QPainter &p, QPointF mitte) const;
+
+private:
+    struct Ecke
+    {
+        double x, y, z, laenge, breite, licht, glanz;
+    };
+    void gitter();
+    void dreieck(const Ecke &a, const Ecke &b, const Ecke &c);
+    void umreissen();
+    void saumFuellen();
+
+    const Apfelform &form_;
+    const Apfelhaut &haut_;
+    double sinus_, cosinus_, mass_, radius_; ///< radius in pixels
+    int halb_;                               ///< half width of the image
+    std::vector<Ecke> ecken_;
+    std::vector<float> tiefe_;
+    QImage bild_, vorn_;
+    QPainterPath umriss_;
+};
 
 Apfelkoerper::Apfelkoerper(const Apfelform &form, const Apfelhaut &haut, double neigung, double radius, double mass)
     : form_(form),
@@ -75,17 +94,19 @@ void Apfelkoerper::gitter()
         const double phi = std::clamp(pi * i / ringe, 1e-3, pi - 1e-3);
         for (int j = 0; j <= laengen; ++j) {
             const double l = -pi + 2 * pi * j / laengen;
-            const Vektor o = oberflaeche(form_, phi, l);
-            const Vektor n = kreuz(minus(oberflaeche(form_, phi, l + 0.01), oberflaeche(form_, phi, l - 0.01)),
-                                   minus(oberflaeche(form_, phi - 0.01, l), oberflaeche(form_, phi + 0.01, l)));
-            const double betrag = std::max(1e-12, std::sqrt(n.x * n.x + n.y * n.y + n.z * n.z));
-            const Vektor d{n.x / betrag, (n.y * cosinus_ - n.z * sinus_) / betrag, (n.z * cosinus_ + n.y * sinus_) / betrag};
-            const double streu = std::max(0.0, -0.42 * d.x + 0.52 * d.y + 0.74 * d.z);
-            const double kante = 1 - std::max(0.0, d.z);
-            const double halbweg = std::max(0.0, -0.23 * d.x + 0.28 * d.y + 0.93 * d.z);
-            const double enge = 0.45 * std::exp(-o.x * o.x * 30 - o.z * o.z * 30); // less light reaches the bottom of a cavity
-            ecken_.push_back({o.x * radius_, -(o.y * cosinus_ - o.z * sinus_) * radius_, (o.z * cosinus_ + o.y * sinus_) * radius_, l, std::cos(phi),
-                              (0.66 + 0.46 * streu - 0.12 * kante * kante) * (1 - enge), std::pow(halbweg, 42) * (1 - enge)});
+            const QVector3D o = oberflaeche(form_, phi, l);
+            const QVector3D n = QVector3D::normal(oberflaeche(form_, phi, l + 0.01) - oberflaeche(form_, phi, l - 0.01),
+                                                  oberflaeche(form_, phi - 0.01, l) - oberflaeche(form_, phi + 0.01, l));
+            const auto geneigt = [&](const QVector3D &v) { // as one sees it
+                return QVector3D(v.x(), float(v.y() * cosinus_ - v.z() * sinus_), float(v.z() * cosinus_ + v.y() * sinus_));
+            };
+            const QVector3D d = geneigt(n), ort = geneigt(o) * float(radius_);
+            const double streu = std::max(0.f, QVector3D::dotProduct(d, {-0.42f, 0.52f, 0.74f}));
+            const double kante = 1 - std::max(0.f, d.z());
+            const double halbweg = std::max(0.f, QVector3D::dotProduct(d, {-0.23f, 0.28f, 0.93f}));
+            const double enge = 0.45 * std::exp(-30.0 * (o.x() * o.x() + o.z() * o.z())); // less light reaches the bottom of a cavity
+            ecken_.push_back({ort.x(), -ort.y(), ort.z(), l, std::cos(phi), (0.66 + 0.46 * streu - 0.12 * kante * kante) * (1 - enge),
+                              std::pow(halbweg, 42) * (1 - enge)});
         }
     }
 }
@@ -178,4 +199,24 @@ void Apfelkoerper::vordererRand(QPainter &p, QPointF mitte) const
     p.setClipPath(umriss_);
     p.drawImage(QPointF(-halb_, -halb_), vorn_);
     p.restore();
+}
+
+} // namespace
+
+double fruchtkoerperMalen(QPainter &p, const QRectF &platz, const Datensatz &sorte, bool schnitt)
+{
+    const Apfelform form(sorte);
+    const Apfelhaut haut(sorte);
+    const double radius = std::min(platz.width() * 0.42, platz.height() / (schnitt ? 2.5 : 2.7)), pixelJeCm = radius / (form.durchmesser / 2);
+    const QPointF mitte = platz.center() + QPointF(0, radius * 0.16);
+    if (schnitt) {
+        apfelschnittMalen(p, mitte, radius, sorte, form, haut);
+        return pixelJeCm;
+    }
+    constexpr double neigung = 24;
+    const Apfelkoerper koerper(form, haut, neigung, radius, p.transform().m11());
+    koerper.zeichnen(p, mitte);
+    apfelstielMalen(p, mitte + koerper.achse(form.stielboden()), pixelJeCm, neigung, sorte);
+    koerper.vordererRand(p, mitte);
+    return pixelJeCm;
 }

@@ -1,9 +1,9 @@
 #include "Datensatz.h"
 
 #include "store/Text.h"
+#include "tools/RecLeser.h"
 
 #include <QCryptographicHash>
-#include <QRegularExpression>
 
 std::vector<Datensatz> Datensatz::alle(Datenbank &db, QStringView tabelle)
 {
@@ -28,11 +28,6 @@ std::optional<double> Datensatz::zahl(QStringView spalte) const
     return zahlLesen(text(spalte));
 }
 
-bool Datensatz::ja(QStringView spalte) const
-{
-    return istWahr(text(spalte));
-}
-
 QStringList Datensatz::worte(QStringView spalte) const
 {
     const Spalte *beschreibung = tabelle_->spalte(spalte);
@@ -46,11 +41,6 @@ QStringList Datensatz::worte(QStringView spalte) const
     return worte;
 }
 
-bool Datensatz::monat(QStringView spalte, int p) const
-{
-    return flagGesetzt(text(spalte), p);
-}
-
 QByteArray Datensatz::summe(QByteArrayView zusatz) const
 {
     QCryptographicHash summe(QCryptographicHash::Sha256);
@@ -62,9 +52,14 @@ QByteArray Datensatz::summe(QByteArrayView zusatz) const
     return summe.result().toHex();
 }
 
-QString Datensatz::gattung() const
+QHash<QString, QStringList> merkmaleLesen(const QString &ordner)
 {
-    const QString ohneKreuz = name().startsWith(u'×') ? name().mid(1).trimmed() : name();
-    const qsizetype ende = ohneKreuz.indexOf(QRegularExpression(QStringLiteral("[ -]")));
-    return ende < 0 ? ohneKreuz : ohneKreuz.left(ende);
+    QHash<QString, QStringList> merkmale;
+    for (const auto &[datei, text] : recTexte(ordner))
+        for (const RecSatz &satz : recLesen(text, datei))
+            if (const RecFeld *nummer = satz.feld(u"ARTNR"))
+                for (const RecFeld &feld : satz.felder)
+                    if (feld.name == u"MERKMAL")
+                        merkmale[satz.typ + u' ' + nummer->wert] += feld.wert;
+    return merkmale;
 }

@@ -14,20 +14,20 @@ public:
 
     QString text(QStringView spalte) const { return werte_.value(spalte.toString().toLower()); }
     std::optional<double> zahl(QStringView spalte) const;
-    bool ja(QStringView spalte) const;
     /// Whether the flag string of the column has this word; false for a word the column does not know.
     bool hat(QStringView spalte, QStringView wort) const { return worte(spalte).contains(wort); }
     QStringList worte(QStringView spalte) const;
-    bool monat(QStringView spalte, int p) const; ///< p = 1 for January
 
     /// Sum over all that can be seen of the plant and over `zusatz`.
     QByteArray summe(QByteArrayView zusatz) const;
 
     QString name() const { return text(u"BOT_NAME"); }
-    QString gattung() const;
     QString familie() const { return text(u"FAMNAME").section(u' ', 0, 0); }
 
 private:
     const Tabelle *tabelle_ = nullptr;
     QHash<QString, QString> werte_;
 };
+
+/// Identifying marks of the plants, by table and number ("Topfpfl 1001"), from the plant sources of a folder; throws Quellfehler.
+QHash<QString, QStringList> merkmaleLesen(const QString &ordner);

@@ -144,37 +144,28 @@ Organbild organMalen(const Zelle &z, const QSize &groesse, const Steckbrief &s, 
     return o;
 }
 
-bool gedeckt(const QImage &bild, int x, int y)
+constexpr int sichtbar = 8, deckend = 111; ///< alpha
+
+/// First and last place of a row with at least this alpha; the first lies behind the last where there is none.
+std::pair<int, int> gemalt(const QImage &bild, int y, int alpha)
 {
-    return qAlpha(reinterpret_cast<const QRgb *>(bild.constScanLine(y))[x]) > 110;
+    const auto *zeile = reinterpret_cast<const QRgb *>(bild.constScanLine(y));
+    int von = 0, bis = bild.width() - 1;
+    while (von <= bis && qAlpha(zeile[von]) < alpha)
+        ++von;
+    while (bis > von && qAlpha(zeile[bis]) < alpha)
+        --bis;
+    return {von, bis};
 }
 
 /// Box of what is painted.
 QRect tinte(const QImage &bild)
 {
     QRect r;
-    for (int y = 0; y < bild.height(); ++y) {
-        const auto *zeile = reinterpret_cast<const QRgb *>(bild.constScanLine(y));
-        int von = 0, bis = bild.width() - 1;
-        while (von <= bis && qAlpha(zeile[von]) < 8)
-            ++von;
-        while (bis > von && qAlpha(zeile[bis]) < 8)
-            --bis;
-        if (von <= bis)
+    for (int y = 0; y < bild.height(); ++y)
+        if (const auto [von, bis] = gemalt(bild, y, sichtbar); von <= bis)
             r |= QRect(von, y, bis - von + 1, 1);
-    }
     return r;
-}
-
-/// Painted width of a row.
-int spannweite(const QImage &bild, int y)
-{
-    int von = 0, bis = bild.width() - 1;
-    while (von <= bis && !gedeckt(bild, von, y))
-        ++von;
-    while (bis > von && !gedeckt(bild, bis, y))
-        --bis;
-    return bis - von + 1;
 }
 
 /// Rows of a drawing at which lines may end: of its stalk, of its body, of the calyx end of a body.
@@ -185,8 +176,10 @@ struct Reihen
     {
         const QRect r = tinte(bild);
         std::vector<int> weite;
-        for (int y = r.top(); y <= r.bottom(); ++y)
-            weite.push_back(spannweite(bild, y));
+        for (int y = r.top(); y <= r.bottom(); ++y) {
+            const auto [von, bis] = gemalt(bild, y, deckend);
+            weite.push_back(bis - von + 1);
+        }
         const double breiteste = weite.empty() ? 0 : std::ranges::max(weite);
         for (size_t i = 2; i + 2 < weite.size(); ++i)
             if (weite[i] > 0)
@@ -195,19 +188,15 @@ struct Reihen
     }
 };
 
-/// First painted place of a row, from the left or from the right, a little inside.
+/// Painted place of a row, a little inside of its left or right end.
 int treffer(const QImage &bild, int y, bool vonLinks)
 {
-    for (int i = 0; i < bild.width(); ++i) {
-        const int x = vonLinks ? i : bild.width() - 1 - i;
-        if (!gedeckt(bild, x, y))
-            continue;
-        int innen = x;
-        for (int j = 1; j <= 9 && innen > 0 && innen < bild.width() - 1 && gedeckt(bild, innen + (vonLinks ? 1 : -1), y); ++j)
-            innen += vonLinks ? 1 : -1;
-        return innen;
-    }
-    return -1;
+    const auto [von, bis] = gemalt(bild, y, deckend);
+    const int schritt = vonLinks ? 1 : -1;
+    int x = vonLinks ? von : bis;
+    for (int i = 0; i < 9 && x + schritt >= von && x + schritt <= bis && qAlpha(bild.pixel(x + schritt, y)) >= deckend; ++i)
+        x += schritt;
+    return x;
 }
 
 void merkmaleSetzen(Tafel &t, const Zelle &z, const QImage &bild, const QRectF &feld, bool links, Pflanzenart art, int nummer)

@@ -5,8 +5,6 @@
 
 #include "store/Text.h"
 
-#include <QDir>
-
 #include <algorithm>
 
 namespace {
@@ -127,12 +125,6 @@ const QPainterPath &Formteil::haelfte() const
     return haelfte_;
 }
 
-QStringList formworte(const QString &name)
-{
-    const auto *f = std::ranges::find(felder, name, [](const auto &feld) { return feld.name; });
-    return f != std::end(felder) && f->art == Feldart::Wort ? f->worte.toString().split(u' ') : QStringList();
-}
-
 void Formen::form(const RecSatz &satz, Formgruppe gruppe)
 {
     Form neu;
@@ -221,18 +213,6 @@ Formen Formen::lesen(const std::map<QString, QByteArray> &texte)
         }
     formen.pruefen();
     return formen;
-}
-
-Formen Formen::laden(const QString &ordner)
-{
-    std::map<QString, QByteArray> texte;
-    for (const QFileInfo &datei : QDir(ordner).entryInfoList({QStringLiteral("*.rec")}, QDir::Files, QDir::Name)) {
-        QFile quelle(datei.filePath());
-        if (!quelle.open(QIODevice::ReadOnly))
-            throw Quellfehler{QStringLiteral("%1: kann nicht gelesen werden").arg(datei.filePath())};
-        texte.emplace(datei.filePath(), quelle.readAll());
-    }
-    return lesen(texte);
 }
 
 const Form *Formen::form(Formgruppe gruppe, const QString &name) const

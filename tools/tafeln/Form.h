@@ -55,7 +55,7 @@ class Formen
 {
 public:
     /// Reads every .rec file of the folder; throws Quellfehler with file and line for what is not understood.
-    static Formen laden(const QString &ordner);
+    static Formen laden(const QString &ordner) { return lesen(recTexte(ordner)); }
     /// The same from texts, by file name.
     static Formen lesen(const std::map<QString, QByteArray> &texte);
 
@@ -73,6 +73,3 @@ private:
     std::vector<Formzeile> zeilen_;
     std::vector<RecSatz> zeilenquellen_;
 };
-
-/// Words that a field of a row may have; none for a field that takes a form, a colour, a number or a marking.
-QStringList formworte(const QString &feld);

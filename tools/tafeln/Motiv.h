@@ -29,7 +29,6 @@ public:
     /// `bluete` stands where the form says "*".
     Motiv(const Formen &formen, const Form &form, const Form *bluete = nullptr);
 
-    bool leer() const { return striche_.empty(); }
     /// What is drawn, in the form's coordinates.
     QRectF rahmen() const { return rahmen_; }
     /// Whether it spreads round 0,0 (a flower from the front) or hangs from there.

@@ -1,5 +1,7 @@
 #include "Pfad.h"
 
+#include <cctype>
+#include <charconv>
 #include <cmath>
 #include <numbers>
 
@@ -11,65 +13,45 @@ using std::numbers::pi;
 class Leser
 {
 public:
-    explicit Leser(QStringView text) : text_(text) {}
+    explicit Leser(const QByteArray &text) : ort_(text.begin()), ende_(text.end()) {}
     bool ende()
     {
-        while (i_ < text_.size() && (text_[i_].isSpace() || text_[i_] == u','))
-            ++i_;
-        return i_ >= text_.size();
+        while (ort_ != ende_ && (*ort_ == ',' || std::isspace(uchar(*ort_))))
+            ++ort_;
+        return ort_ == ende_;
     }
-    bool befehl() { return !ende() && text_[i_].isLetter(); }
-    QChar zeichen() { return text_[i_++]; }
+    bool befehl() { return !ende() && std::isalpha(uchar(*ort_)); }
+    char zeichen() { return *ort_++; }
     double zahl()
     {
-        if (ende())
-            fehler = true;
-        const qsizetype von = i_;
-        if (i_ < text_.size() && (text_[i_] == u'-' || text_[i_] == u'+'))
-            ++i_;
-        // Up to 15 digits, the quotient of two whole numbers is the nearest value there is.
-        static constexpr double zehner[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-        qint64 ganz = 0;
-        int ziffern = 0, hinten = 0;
-        bool punkt = false;
-        for (; i_ < text_.size() && ((text_[i_] >= u'0' && text_[i_] <= u'9') || (text_[i_] == u'.' && !punkt)); ++i_) {
-            if (text_[i_] == u'.') {
-                punkt = true;
-                continue;
-            }
-            ganz = ganz * 10 + (text_[i_].unicode() - u'0');
-            hinten += punkt;
-            if (++ziffern > 15) {
-                fehler = true;
-                break;
-            }
-        }
-        fehler |= ziffern == 0;
-        return fehler ? 0 : (text_[von] == u'-' ? -1 : 1) * (double(ganz) / zehner[hinten]);
+        if (!ende() && *ort_ == '+')
+            ++ort_;
+        double wert = 0;
+        const auto [weiter, was] = std::from_chars(ort_, ende_, wert, std::chars_format::fixed);
+        fehler |= was != std::errc() || !std::isfinite(wert);
+        ort_ = weiter;
+        return wert;
     }
     /// One digit: the flags of an arc may stand without a separator.
     bool flagge()
     {
-        if (ende() || (text_[i_] != u'0' && text_[i_] != u'1'))
-            return fehler = true;
-        return text_[i_++] == u'1';
+        fehler |= ende() || (*ort_ != '0' && *ort_ != '1');
+        return !fehler && *ort_++ == '1';
     }
     bool fehler = false;
 
 private:
-    const QStringView text_;
-    qsizetype i_ = 0;
+    const char *ort_, *const ende_;
 };
 
 /// Elliptic arc as cubic curves, from the end points to the centre.
-void bogen(QPainterPath &pfad, QPointF a, double rx, double ry, double drehung, bool gross, bool rechts, QPointF b)
+void bogen(QPainterPath &pfad, double rx, double ry, double drehung, bool gross, bool rechts, QPointF b)
 {
+    const QPointF a = pfad.currentPosition();
     rx = std::abs(rx), ry = std::abs(ry);
     if (rx < 1e-9 || ry < 1e-9 || a == b)
         return pfad.lineTo(b);
-    QTransform drehen;
-    drehen.rotate(drehung);
-    const QPointF h = drehen.inverted().map((a - b) / 2);
+    const QPointF h = QTransform().rotate(-drehung).map((a - b) / 2);
     const double zu = h.x() * h.x() / (rx * rx) + h.y() * h.y() / (ry * ry);
     if (zu > 1)
         rx *= std::sqrt(zu), ry *= std::sqrt(zu);
@@ -100,61 +82,55 @@ void bogen(QPainterPath &pfad, QPointF a, double rx, double ry, double drehung, 
 
 std::optional<QPainterPath> pfadAus(QStringView text)
 {
-    Leser leser(text);
+    const QByteArray zeichen = text.toLatin1();
+    Leser leser(zeichen);
     QPainterPath pfad;
-    QPointF ort, anfang, griff; // griff: control point that S and T reflect
-    QChar befehl, letzter;
+    QPointF griff; // control point that S and T reflect
+    char befehl = 0, vor = 0;
     while (!leser.ende() && !leser.fehler) {
         if (leser.befehl())
             befehl = leser.zeichen();
-        else if (befehl.isNull() || befehl.toUpper() == u'Z')
+        else if (!befehl || vor == 'Z')
             return {};
-        const QPointF null = befehl.isLower() ? ort : QPointF();
+        const char art = char(std::toupper(befehl));
+        if (pfad.elementCount() == 0 && art != 'M')
+            return {};
+        const QPointF ort = pfad.currentPosition(), null = art == befehl ? QPointF() : ort;
         const auto punkt = [&] {
             const double x = leser.zahl();
             return null + QPointF(x, leser.zahl());
         };
-        const char16_t art = befehl.toUpper().unicode(), vor = letzter.toUpper().unicode();
-        if (pfad.elementCount() == 0 && art != u'M')
-            return {};
+        const auto griffNach = [&](char kurve, char glatt) { return art == kurve ? punkt() : vor == kurve || vor == glatt ? 2 * ort - griff : ort; };
         switch (art) {
-        case u'M':
-            pfad.moveTo(ort = anfang = punkt());
-            befehl = befehl.isLower() ? u'l' : u'L';
+        case 'M':
+            pfad.moveTo(punkt());
+            befehl = char(befehl - 1); // further points are those of L
             break;
-        case u'L': pfad.lineTo(ort = punkt()); break;
-        case u'H': pfad.lineTo(ort = {null.x() + leser.zahl(), ort.y()}); break;
-        case u'V': pfad.lineTo(ort = {ort.x(), null.y() + leser.zahl()}); break;
-        case u'C':
-        case u'S': {
-            const QPointF a = art == u'C' ? punkt() : vor == u'C' || vor == u'S' ? 2 * ort - griff : ort;
+        case 'L': pfad.lineTo(punkt()); break;
+        case 'H': pfad.lineTo(null.x() + leser.zahl(), ort.y()); break;
+        case 'V': pfad.lineTo(ort.x(), null.y() + leser.zahl()); break;
+        case 'C':
+        case 'S': {
+            const QPointF a = griffNach('C', 'S');
             griff = punkt();
-            const QPointF ziel = punkt();
-            pfad.cubicTo(a, griff, ziel);
-            ort = ziel;
+            pfad.cubicTo(a, griff, punkt());
             break;
         }
-        case u'Q':
-        case u'T': {
-            griff = art == u'Q' ? punkt() : vor == u'Q' || vor == u'T' ? 2 * ort - griff : ort;
-            pfad.quadTo(griff, ort = punkt());
+        case 'Q':
+        case 'T':
+            griff = griffNach('Q', 'T');
+            pfad.quadTo(griff, punkt());
             break;
-        }
-        case u'A': {
+        case 'A': {
             const double rx = leser.zahl(), ry = leser.zahl(), drehung = leser.zahl();
             const bool gross = leser.flagge(), rechts = leser.flagge();
-            const QPointF ziel = punkt();
-            bogen(pfad, ort, rx, ry, drehung, gross, rechts, ziel);
-            ort = ziel;
+            bogen(pfad, rx, ry, drehung, gross, rechts, punkt());
             break;
         }
-        case u'Z':
-            pfad.closeSubpath();
-            ort = anfang;
-            break;
+        case 'Z': pfad.closeSubpath(); break;
         default: return {};
         }
-        letzter = art == u'M' ? QChar(u'M') : befehl;
+        vor = art;
     }
     if (leser.fehler || pfad.isEmpty())
         return {};

@@ -63,12 +63,16 @@ void Pflanzenbild::malen(QPainter &p)
         malen(p);
 }
 
+void Pflanzenbild::motiv(const Motiv &m, const QTransform &dort, double ebene, double ton)
+{
+    ding(ebene, dort.mapRect(m.rahmen()), [this, &m, dort, ton](QPainter &p) { m.malen(p, s.anstrich, dort, ton); });
+}
+
 void Pflanzenbild::blatt(QPointF ort, double grad, double laenge, double ebene, double breite, double licht)
 {
     const int wahl = zufall.ganz(3);
     const Motiv &m = wahl == 0 ? blatt_ : wahl == 1 ? blattRechts_ : blattLinks_;
-    const QTransform dort = ::lage(ort, grad, laenge, std::min(breite, 2.4));
-    ding(ebene, dort.mapRect(m.rahmen()), [this, &m, dort, t = ton(ebene) + 0.3 * licht](QPainter &p) { m.malen(p, s.anstrich, dort, t); });
+    motiv(m, ::lage(ort, grad, laenge, std::min(breite, 2.4)), ebene, ton(ebene) + 0.3 * licht);
 }
 
 void Pflanzenbild::bandblatt(const Kurve &k, double breite, double ebene)
@@ -126,8 +130,7 @@ void Pflanzenbild::bluete(QPointF ort, double grad, double ebene)
     // On a tree true flowers would be dots: they are drawn as large as one sees that it flowers.
     const double radius = std::clamp(s.bluetengroesse / 200 * px, std::max(5.5, hoehe() * (s.verholzt() ? 0.02 : 0.009)), hoehe() * 0.3);
     const double richtung = bluete_.rund() ? grad + zufall.streuung(25) : bluete_.haengt() ? 90 + zufall.streuung(8) : grad;
-    const QTransform dort = ::lage(ort, richtung, 200 * radius / bluete_.blueteneinheiten());
-    ding(ebene, dort.mapRect(bluete_.rahmen()), [this, dort, t = zufall.streuung(0.07)](QPainter &p) { bluete_.malen(p, s.anstrich, dort, t); });
+    motiv(bluete_, ::lage(ort, richtung, 200 * radius / bluete_.blueteneinheiten()), ebene, zufall.streuung(0.07));
 }
 
 void Pflanzenbild::bluehe(QPointF ort, double grad, double ebene, double groesse)
@@ -140,8 +143,8 @@ void Pflanzenbild::bluehe(QPointF ort, double grad, double ebene, double groesse
     // What hangs is drawn downwards from its stalk, and hangs wherever its shoot points.
     const bool haengt = stand_.haengt();
     const double laenge = soll * 100 / std::max({60.0, -r.top(), r.bottom()});
-    const QTransform dort = ::lage(ort, haengt ? 90 + zufall.streuung(6) : grad, laenge);
-    ding(ebene, dort.mapRect(r), [this, dort, t = zufall.streuung(0.06)](QPainter &p) { stand_.malen(p, s.anstrich, dort, t); });
+    const double richtung = haengt ? 90 + zufall.streuung(6) : grad;
+    motiv(stand_, ::lage(ort, richtung, laenge), ebene, zufall.streuung(0.06));
 }
 
 void Pflanzenbild::schaefte(int anzahl, double oben, double streuung)
@@ -165,8 +168,8 @@ void Pflanzenbild::frucht(QPointF ort, double ebene)
         return;
     const double hundert = s.fruchtstand ? 2.2 : 1;
     const double laenge = std::clamp(s.fruchtgroesse / 100 * px * hundert, std::max(11.0, hoehe() * (s.fruchtstand ? 0.03 : 0.024)), hoehe() * 0.3);
-    const QTransform dort = ::lage(ort, 90 + zufall.streuung(12), laenge);
-    ding(ebene, dort.mapRect(frucht_.rahmen()), [this, dort, t = zufall.streuung(0.06)](QPainter &p) { frucht_.malen(p, s.anstrich, dort, t); });
+    const double richtung = 90 + zufall.streuung(12);
+    motiv(frucht_, ::lage(ort, richtung, laenge), ebene, zufall.streuung(0.06));
 }
 
 void Pflanzenbild::form(const QPainterPath &pfad, const QColor &f, double ebene, double strich)

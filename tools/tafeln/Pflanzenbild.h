@@ -78,6 +78,7 @@ public:
     Zufall zufall;
 
 private:
+    void motiv(const Motiv &m, const QTransform &dort, double ebene, double ton);
     double ton(double ebene) { return 0.13 * std::clamp(ebene, -1.0, 1.0) + zufall.streuung(0.045); }
 
     Motiv blatt_, blattRechts_, blattLinks_, bluete_, stand_, frucht_;

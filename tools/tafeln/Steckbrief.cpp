@@ -107,9 +107,24 @@ Steckbrief::Steckbrief(const Datensatz &p, const Sammlung &s, const Formen &form
     fruchtfarben();
 }
 
-double Steckbrief::zahl(const QString &name, double sonst) const
+double Steckbrief::zahl(const char *name, double sonst) const
 {
     return zahlLesen(feld(name)).value_or(sonst);
+}
+
+QColor Steckbrief::farbe(const char *name, const QColor &sonst) const
+{
+    const QColor f = farbeVon(feld(name));
+    return f.isValid() ? f : sonst;
+}
+
+std::vector<QColor> Steckbrief::wortfarben(QStringView spalte) const
+{
+    std::vector<QColor> farben;
+    for (const QString &wort : pflanze.worte(spalte))
+        if (const QColor f = farbeVon(wort); f.isValid())
+            farben.push_back(f);
+    return farben;
 }
 
 QStringList Steckbrief::kennzeichen() const
@@ -129,33 +144,32 @@ bool Steckbrief::verholzt() const
 
 void Steckbrief::formenWaehlen(const Formen &formen)
 {
-    const auto wort = [&](const char *name, const char *sonst) { return felder_.value(QLatin1String(name), QLatin1String(sonst)); };
-    wuchs = wort("Wuchs", "aufrecht");
-    krone = wort("Krone", "rund");
-    stellung = wort("Blattstellung", "wechselstaendig");
-    sitz = wort("Bluetensitz", "endstaendig");
-    rinde = wort("Rinde", "glatt");
-    knospe = wort("Knospe", "eifoermig");
-    dornen = wort("Dornen", "keine");
-    haftorgan = wort("Haftorgan", "");
-    schau = wort("Schau", !sammlung.art.isEmpty() ? "frucht" : sammlung.imTopf ? "beides" : "bluete");
-    winterkahl = wort("Winter", "gruen") == u"kahl" && verholzt();
-    blatt = formen.form(Formgruppe::Blatt, wort("Blatt", "elliptisch"));
-    blatt2 = formen.form(Formgruppe::Blatt, wort("Blatt2", ""));
-    bluete = formen.form(Formgruppe::Bluete, wort("Bluete", "fuenfzaehlig-rund"));
-    if (!blatt || (!bluete && wort("Bluete", "") != u"keine"))
+    wuchs = feld("Wuchs", "aufrecht");
+    krone = feld("Krone", "rund");
+    stellung = feld("Blattstellung", "wechselstaendig");
+    sitz = feld("Bluetensitz", "endstaendig");
+    rinde = feld("Rinde", "glatt");
+    knospe = feld("Knospe", "eifoermig");
+    dornen = feld("Dornen", "keine");
+    haftorgan = feld("Haftorgan");
+    schau = feld("Schau", !sammlung.art.isEmpty() ? "frucht" : sammlung.imTopf ? "beides" : "bluete");
+    winterkahl = feld("Winter", "gruen") == u"kahl" && verholzt();
+    blatt = formen.form(Formgruppe::Blatt, feld("Blatt", "elliptisch"));
+    blatt2 = formen.form(Formgruppe::Blatt, feld("Blatt2"));
+    bluete = formen.form(Formgruppe::Bluete, feld("Bluete", "fuenfzaehlig-rund"));
+    if (!blatt || (!bluete && feld("Bluete") != u"keine"))
         throw Quellfehler{QStringLiteral("data/formen: die Formen elliptisch und fuenfzaehlig-rund fehlen")};
-    stand = formen.form(Formgruppe::Bluete, wort("Bluetenstand", ""));
-    const QString f = wort("Frucht", "");
+    stand = formen.form(Formgruppe::Bluete, feld("Bluetenstand"));
+    const QString f = feld("Frucht");
     frucht = f.isEmpty() ? nullptr : formen.form(Formgruppe::Frucht, f);
     fruchtschnitt = f.isEmpty() ? nullptr : formen.form(Formgruppe::Frucht, f + QStringLiteral("-schnitt"));
-    fruchtstand = formen.form(Formgruppe::Frucht, wort("Fruchtstand", ""));
+    fruchtstand = formen.form(Formgruppe::Frucht, feld("Fruchtstand"));
     // A record that tells no colour tells of a plant without flowers, whatever its genus has elsewhere: the ivy in a pot.
     const bool farbig =
         sammlung.bluetenfarbe.isEmpty() ? felder_.contains(QStringLiteral("Bluetenfarbe")) : !pflanze.worte(sammlung.bluetenfarbe).isEmpty();
-    blueht = farbig && bluete && wort("Bluete", "") != u"keine";
+    blueht = farbig && bluete && feld("Bluete") != u"keine";
     fruchtet = frucht && (felder_.contains(QStringLiteral("Fruchtfarbe")) || !pflanze.worte(sammlung.fruchtfarbe).isEmpty());
-    vorLaub = winterkahl && zeigtBlueten() && wort("Vorlaub", "nein") == u"ja";
+    vorLaub = winterkahl && zeigtBlueten() && feld("Vorlaub", "nein") == u"ja";
 }
 
 void Steckbrief::masseLesen()
@@ -179,10 +193,10 @@ void Steckbrief::masseLesen()
             mehrere = true;
         }
     // Climbers reach what they find, and are put among the small for their stems alone.
-    if (const double gesagt = zahl(QStringLiteral("Hoehe"), h); ist(u"kletternd") && !sammlung.imTopf && gesagt > h)
+    if (const double gesagt = zahl("Hoehe", h); ist(u"kletternd") && !sammlung.imTopf && gesagt > h)
         h = kleinste = gesagt;
     bluetenhoehe = pflanze.zahl(u"BLMAXH").value_or(0);
-    hoehe = h > 0 ? h : bluetenhoehe > 0 ? bluetenhoehe * 0.7 : zahl(QStringLiteral("Hoehe"), verholzt() ? 2.5 : 0.4);
+    hoehe = h > 0 ? h : bluetenhoehe > 0 ? bluetenhoehe * 0.7 : zahl("Hoehe", verholzt() ? 2.5 : 0.4);
     if (kleinste <= 0 || kleinste > hoehe)
         kleinste = hoehe;
     // Flowers on scapes: a height that says nothing of them is that of the whole plant, and the leaves stay below.
@@ -190,7 +204,7 @@ void Steckbrief::masseLesen()
     const double ganze = hoehe;
     const bool ungesagt = bluetenhoehe <= 0 || (sammlung.imTopf && bluetenhoehe <= hoehe);
     if (blueht && ungesagt && mitSchaft.contains(QString(u' ' + wuchs + u' ')) && sitz != u"im-laub") {
-        const double laub = zahl(QStringLiteral("Blattlaenge"), hoehe * 72) / 100 * (1 + zahl(QStringLiteral("Blattstiel"), 0));
+        const double laub = zahl("Blattlaenge", hoehe * 72) / 100 * (1 + zahl("Blattstiel", 0));
         bluetenhoehe = hoehe;
         hoehe = std::clamp(laub, hoehe * 0.35, hoehe * 0.72);
     }
@@ -198,7 +212,7 @@ void Steckbrief::masseLesen()
     const double durchmesser = pflanze.zahl(u"maxdurchm").value_or(0);
     const bool flach = ist(u"teppich") || ist(u"polster") || ist(u"schwimmblatt");
     const bool schmal = ist(u"eintriebig") || ist(u"rohr") || ist(u"zwiebel") || krone == u"saeule" || ist(u"nadelbaum") || ist(u"saeulenkaktus");
-    breite = zahl(QStringLiteral("Breite"), durchmesser > 0 ? std::clamp(durchmesser / hoehe, 0.25, 3.5) : flach ? 2.6 : schmal ? 0.45 : 0.9);
+    breite = zahl("Breite", durchmesser > 0 ? std::clamp(durchmesser / hoehe, 0.25, 3.5) : flach ? 2.6 : schmal ? 0.45 : 0.9);
     breite *= ganze / hoehe;
     double blattfaktor = 1;
     bool gerechnet = mehrere;
@@ -209,20 +223,20 @@ void Steckbrief::masseLesen()
                     hoehe *= w.hoehe, breite *= w.breite, blattfaktor *= w.blatt, gerechnet = true;
     if (gerechnet) // nobody measures a tree to the centimetre
         hoehe = hoehe < 1 ? std::max(0.05, std::round(hoehe * 20) / 20) : std::round(hoehe * 10) / 10;
-    blattlaenge = blattfaktor
-                  * zahl(QStringLiteral("Blattlaenge"),
-                         ist(u"zwiebel") || ist(u"gras") ? hoehe * 75 : std::clamp(hoehe * (verholzt() ? 4 : 22), 1.2, verholzt() ? 9.0 : 28.0));
-    blattstiel = zahl(QStringLiteral("Blattstiel"), 0.25);
-    blattlaenge2 = zahl(QStringLiteral("Blattlaenge2"), 0);
-    bluetengroesse = zahl(QStringLiteral("Bluetengroesse"), std::clamp(hoehe * 7, 0.8, 6.0));
-    standgroesse = zahl(QStringLiteral("Standgroesse"), std::clamp(hoehe * 25, 2.0, 22.0));
-    fruchtgroesse = zahl(QStringLiteral("Fruchtgroesse"), 2);
-    bluetenzahl = int(zahl(QStringLiteral("Bluetenzahl"), 0));
+    blattlaenge =
+        blattfaktor
+        * zahl("Blattlaenge", ist(u"zwiebel") || ist(u"gras") ? hoehe * 75 : std::clamp(hoehe * (verholzt() ? 4 : 22), 1.2, verholzt() ? 9.0 : 28.0));
+    blattstiel = zahl("Blattstiel", 0.25);
+    blattlaenge2 = zahl("Blattlaenge2", 0);
+    bluetengroesse = zahl("Bluetengroesse", std::clamp(hoehe * 7, 0.8, 6.0));
+    standgroesse = zahl("Standgroesse", std::clamp(hoehe * 25, 2.0, 22.0));
+    fruchtgroesse = zahl("Fruchtgroesse", 2);
+    bluetenzahl = int(zahl("Bluetenzahl", 0));
 }
 
 void Steckbrief::laubfarben()
 {
-    QColor grund = farbeVon(feld(QStringLiteral("Blattfarbe")));
+    QColor grund = farbe("Blattfarbe");
     std::vector<QColor> gruene, bunte;
     const QStringList worte = pflanze.worte(sammlung.laubfarbe);
     for (const QString &wort : worte)
@@ -242,22 +256,19 @@ void Steckbrief::laubfarben()
     std::erase_if(a.zeichnung, [](const auto &z) { return z.wo == u"keine"; });
     const bool hell = grund.lightness() > 150;
     a[Rolle::Blatt2] = gemischt(grund, QColor(0xA8, 0xC0, 0x60), 0.35);
-    a[Rolle::Stiel] = gemischt(grund, farbe::stiel, 0.6);
+    a[Rolle::Stiel] = gemischt(grund, ::farbe::stiel, 0.6);
     a[Rolle::Rippe] = hell ? dunkler(grund, 0.25) : heller(grund, 0.48);
     a[Rolle::Ader] = hell ? dunkler(grund, 0.2) : heller(grund, 0.33);
     const auto rand = std::ranges::find(a.zeichnung, QStringLiteral("rand"), &Anstrich::Zeichnung::wo);
     a[Rolle::Rand] = rand == a.zeichnung.end() ? zweite : rand->farbe;
     a[Rolle::Faden] = gemischt(grund, QColor(0xE8, 0xE4, 0xC8), 0.5);
-    unterseite = farbeVon(feld(QStringLiteral("Unterseite")));
+    unterseite = farbe("Unterseite");
 }
 
 void Steckbrief::bluetenfarben()
 {
-    std::vector<QColor> farben;
-    for (const QString &wort : pflanze.worte(sammlung.bluetenfarbe))
-        if (const QColor f = farbeVon(wort); f.isValid())
-            farben.push_back(f);
-    QColor haupt = farbeVon(feld(QStringLiteral("Bluetenfarbe")));
+    const std::vector<QColor> farben = wortfarben(sammlung.bluetenfarbe);
+    QColor haupt = farbe("Bluetenfarbe");
     // Of several colours one that is not white shows the flower best.
     if (!haupt.isValid() && !farben.empty()) {
         const auto kraeftig = std::ranges::find_if(farben, [](const QColor &f) { return !blass(f); });
@@ -274,16 +285,12 @@ void Steckbrief::bluetenfarben()
             gezeigt.push_back(f);
     weitereFarben.assign(gezeigt.begin() + 1, gezeigt.end());
     Anstrich &a = anstrich;
-    const auto oder = [&](const char *name, const QColor &sonst) {
-        const QColor f = farbeVon(feld(QLatin1String(name)));
-        return f.isValid() ? f : sonst;
-    };
     a[Rolle::Bluete] = haupt;
-    a[Rolle::Bluete2] = oder("Bluetenfarbe2", blass(haupt) ? gemischt(haupt, QColor(0xC8, 0xCE, 0xB4), 0.45) : dunkler(haupt, 0.22));
-    a[Rolle::Bluete3] = oder("Bluetenfarbe3", blass(haupt) ? QColor(0xDF, 0xD9, 0x7A) : heller(haupt, 0.6));
-    a[Rolle::Mitte] = oder("Mitte", QColor(0xE0, 0xA9, 0x2C));
-    a[Rolle::Hochblatt] = oder("Hochblatt", haupt);
-    a[Rolle::Staub] = farbe::staub;
+    a[Rolle::Bluete2] = farbe("Bluetenfarbe2", blass(haupt) ? gemischt(haupt, QColor(0xC8, 0xCE, 0xB4), 0.45) : dunkler(haupt, 0.22));
+    a[Rolle::Bluete3] = farbe("Bluetenfarbe3", blass(haupt) ? QColor(0xDF, 0xD9, 0x7A) : heller(haupt, 0.6));
+    a[Rolle::Mitte] = farbe("Mitte", QColor(0xE0, 0xA9, 0x2C));
+    a[Rolle::Hochblatt] = farbe("Hochblatt", haupt);
+    a[Rolle::Staub] = ::farbe::staub;
     a[Rolle::Narbe] = QColor(0xC9, 0xCF, 0x7A);
     a[Rolle::Kelch] = QColor(0x6F, 0x93, 0x4C);
     a[Rolle::Bluetenader] = dunkler(haupt, blass(haupt) ? 0.2 : 0.3);
@@ -293,32 +300,22 @@ void Steckbrief::bluetenfarben()
 
 void Steckbrief::fruchtfarben()
 {
-    const auto gemalt = [&](QStringView spalte) {
-        std::vector<QColor> liste;
-        for (const QString &wort : pflanze.worte(spalte))
-            if (const QColor f = farbeVon(wort); f.isValid())
-                liste.push_back(f);
-        return liste;
-    };
-    std::vector<QColor> farben = gemalt(sammlung.grundfarbe);
-    if (const auto ganz = gemalt(sammlung.fruchtfarbe); farben.empty() || (!ganz.empty() && gemalt(sammlung.deckfarbe).empty()))
+    std::vector<QColor> farben = wortfarben(sammlung.grundfarbe);
+    const auto ganz = wortfarben(sammlung.fruchtfarbe), deck = wortfarben(sammlung.deckfarbe), fleisch = wortfarben(sammlung.fruchtfleisch);
+    if (farben.empty() || (!ganz.empty() && deck.empty()))
         farben = ganz;
-    if (const auto deck = gemalt(sammlung.deckfarbe); !deck.empty())
+    if (!deck.empty())
         deckfarbe = deck.back();
     Anstrich &a = anstrich;
-    const QColor eigene = farbeVon(feld(QStringLiteral("Fruchtfarbe"))), zweite = farbeVon(feld(QStringLiteral("Fruchtfarbe2")));
-    a[Rolle::Haut] = eigene.isValid() ? eigene : farben.empty() ? farbeVon(u"braun") : farben.front();
-    a[Rolle::Haut2] = zweite.isValid() ? zweite : farben.size() > 1 ? farben[1] : dunkler(a[Rolle::Haut], 0.2);
-    const auto fleisch = gemalt(sammlung.fruchtfleisch);
+    a[Rolle::Haut] = farbe("Fruchtfarbe", farben.empty() ? farbeVon(u"braun") : farben.front());
+    a[Rolle::Haut2] = farbe("Fruchtfarbe2", farben.size() > 1 ? farben[1] : dunkler(a[Rolle::Haut], 0.2));
     a[Rolle::Fleisch] = fleisch.empty() ? QColor(0xF3, 0xE9, 0xC6) : fleisch.front();
     a[Rolle::Kern] = QColor(0x6B, 0x3F, 0x22);
     a[Rolle::Stein] = QColor(0xA8, 0x7C, 0x50);
     a[Rolle::Samen] = QColor(0x7B, 0x58, 0x35);
     a[Rolle::Huelle] = gemischt(a[Rolle::Haut], QColor(0x8C, 0x94, 0x4E), 0.6);
     a[Rolle::Haar] = QColor(0xC8, 0xB0, 0x84);
-    rindenfarbe = farbeVon(feld(QStringLiteral("Rindenfarbe")));
-    if (!rindenfarbe.isValid())
-        rindenfarbe = rinde == u"weiss" ? QColor(0xE9, 0xE6, 0xDC) : farbe::rinde;
+    rindenfarbe = farbe("Rindenfarbe", rinde == u"weiss" ? QColor(0xE9, 0xE6, 0xDC) : ::farbe::rinde);
 }
 
 QByteArray Steckbrief::aussehen() const

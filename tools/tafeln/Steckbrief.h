@@ -63,8 +63,10 @@ private:
     void laubfarben();
     void bluetenfarben();
     void fruchtfarben();
-    QString feld(const QString &name) const { return felder_.value(name); }
-    double zahl(const QString &name, double sonst) const;
+    QString feld(const char *name, const char *sonst = "") const { return felder_.value(QLatin1String(name), QLatin1String(sonst)); }
+    double zahl(const char *name, double sonst) const;
+    QColor farbe(const char *name, const QColor &sonst = {}) const;
+    std::vector<QColor> wortfarben(QStringView spalte) const; ///< that are known
 
     QHash<QString, QString> felder_;
     QStringList zeichnungen_;

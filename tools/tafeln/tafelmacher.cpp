@@ -1,5 +1,4 @@
 #include "Farben.h"
-#include "Merkmale.h"
 #include "Tafelinhalt.h"
 #include "Tafeln.h"
 
