@@ -46,7 +46,6 @@ private:
     void gitter();
     void dreieck(const Ecke &a, const Ecke &b, const Ecke &c);
     void umreissen();
-    void saumFuellen();
 
     const Apfelform &form_;
     const Apfelhaut &haut_;
@@ -68,8 +67,9 @@ Apfelkoerper::Apfelkoerper(const Apfelform &form, const Apfelhaut &haut, double 
       halb_(int(radius_ * 1.36) + 4)
 {
     bild_ = QImage(2 * halb_, 2 * halb_, QImage::Format_ARGB32_Premultiplied);
-    bild_.fill(0);
     vorn_ = bild_;
+    vorn_.fill(0);
+    bild_.fill(dunkler(haut.deck(), 0.15)); // the smooth outline reaches a little beyond the body
     tiefe_.assign(size_t(4) * size_t(halb_) * size_t(halb_), -1e9f);
     gitter();
     for (int i = 0; i < ringe; ++i)
@@ -78,7 +78,6 @@ Apfelkoerper::Apfelkoerper(const Apfelform &form, const Apfelhaut &haut, double 
             dreieck(ecken_[a], ecken_[b], ecken_[a + 1]);
             dreieck(ecken_[a + 1], ecken_[b], ecken_[b + 1]);
         }
-    saumFuellen();
     umreissen();
 }
 
@@ -139,24 +138,6 @@ void Apfelkoerper::dreieck(const Ecke &a, const Ecke &b, const Ecke &c)
             const QRgb fertig = qRgb(kanal(qRed(f)), kanal(qGreen(f)), kanal(qBlue(f)));
             reinterpret_cast<QRgb *>(bild_.scanLine(y + halb_))[x + halb_] = fertig;
             reinterpret_cast<QRgb *>(vorn_.scanLine(y + halb_))[x + halb_] = z > radius_ * 0.05 + form_.stielboden() * sinus_ * radius_ ? fertig : 0;
-        }
-    }
-}
-
-/// The outline is smooth and filled with the image, so the image must reach a little beyond it.
-void Apfelkoerper::saumFuellen()
-{
-    for (int runde = 0; runde < 3; ++runde) {
-        const QImage vorher = bild_;
-        for (int y = 1; y < 2 * halb_ - 1; ++y) {
-            const auto *zeilen = reinterpret_cast<const QRgb *>(vorher.constScanLine(y));
-            const qsizetype schritt = vorher.bytesPerLine() / 4;
-            auto *ziel = reinterpret_cast<QRgb *>(bild_.scanLine(y));
-            for (int x = 1; x < 2 * halb_ - 1; ++x)
-                if (!zeilen[x])
-                    for (const qsizetype nachbar : {qsizetype(x - 1), qsizetype(x + 1), x - schritt, x + schritt})
-                        if (zeilen[nachbar])
-                            ziel[x] = zeilen[nachbar];
         }
     }
 }

@@ -2,6 +2,7 @@
 
 #include "Farben.h"
 #include "Kurve.h"
+#include "Pfad.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,27 +29,6 @@ QColor kernfarbe(const Datensatz &s)
                                                    {u"dunkelbraun", 0xFF5E3722}, {u"schwarzbraun", 0xFF3C261C}});
     // clang-format on
     return farben.empty() ? QColor(0x8A, 0x55, 0x30) : farben.front();
-}
-
-/// Drop with its point at (0, 0), lying along +x.
-QPainterPath tropfen(double laenge, double breite)
-{
-    QPainterPath t(QPointF(0, 0));
-    t.cubicTo({laenge * 0.35, -breite * 0.28}, {laenge * 0.55, -breite * 0.62}, {laenge * 0.8, -breite * 0.45});
-    t.cubicTo({laenge * 1.06, -breite * 0.25}, {laenge * 1.06, breite * 0.25}, {laenge * 0.8, breite * 0.45});
-    t.cubicTo({laenge * 0.55, breite * 0.62}, {laenge * 0.35, breite * 0.28}, {0, 0});
-    return t;
-}
-
-/// Lens from `unten` to `oben`, bulging to one side.
-QPainterPath kammerform(double innen, double oben, double unten, double weite)
-{
-    QPainterPath k(QPointF(innen, unten));
-    k.cubicTo({innen + weite * 0.9, unten + (oben - unten) * 0.08}, {innen + weite * 1.35, unten + (oben - unten) * 0.45},
-              {innen + weite * 0.55, oben - (oben - unten) * 0.15});
-    k.quadTo({innen + weite * 0.3, oben}, {innen, oben});
-    k.quadTo({innen + weite * 0.12, (oben + unten) / 2}, {innen, unten});
-    return k;
 }
 
 QPen stift(const QColor &f, double breite, Qt::PenStyle art = Qt::SolidLine)
@@ -117,7 +97,8 @@ struct Schnitt
         p.save();
         p.translate(spitze);
         p.rotate(grad);
-        zeichnen(stift(dunkler(f, 0.5), 1.2), f, tropfen(kernlaenge, breite * (taub ? 0.4 : 1)));
+        zeichnen(stift(dunkler(f, 0.5), 1.2), f,
+                 kontur(u"M0 0C.35-.28 .55-.62 .8-.45C1.06-.25 1.06 .25 .8 .45C.55 .62 .35 .28 0 0", kernlaenge, breite * (taub ? 0.4 : 1)));
         p.setPen(stift(durchsichtig(heller(f, 0.6), 0.7), 2));
         p.drawLine(QPointF(kernlaenge * 0.35, breite * 0.1), QPointF(kernlaenge * 0.75, breite * 0.2));
         p.restore();
@@ -140,17 +121,15 @@ struct Schnitt
         p.drawLine(QPointF(0, form.stielboden()), QPointF(0, oben));
         p.drawLine(QPointF(0, unten), QPointF(0, form.kelchboden()));
         const double achse = mittel(sorte, u"a_hoehle", {{u"geschlossen", 0.0}, {u"offen", 0.05}, {u"weit offen", 0.10}}, 0.02);
-        QPainterPath spindel(QPointF(0, oben));
-        spindel.quadTo({achse * 1.5, mitte}, {0, unten});
-        spindel.quadTo({-achse * 1.5, mitte}, {0, oben});
-        zeichnen(stift(kernhauslinie, 1.6), dunkler(fleischton, 0.16), spindel);
+        const QPainterPath spindel = kontur(u"M0 1Q1.5 .5 0 0Q-1.5 .5 0 1", achse, oben - unten);
+        zeichnen(stift(kernhauslinie, 1.6), dunkler(fleischton, 0.16), spindel.translated(0, unten));
         const bool taub = !sorte.hat(u"k_qualit", u"alle ausgebildet") && !sorte.worte(u"k_qualit").isEmpty();
         const double kammer = kernhausgroesse * mittel(sorte, u"k_kammern", {{u"eng", 0.52}, {u"weit", 0.78}}, 0.64), innen = 0.012 + achse * 0.72;
+        const QPainterPath fach = kontur(u"M0 0C.9 .08 1.35 .45 .55 .85Q.3 1 0 1Q.12 .5 0 0", kammer, oben - unten - 0.08);
         for (const double seite : {1.0, -1.0}) {
             p.save();
             p.scale(seite, 1);
-            zeichnen(stift(kernhauslinie.darker(125), 2), heller(QColor(0xE4, 0xD2, 0x92), 0.25),
-                     kammerform(innen, oben - 0.04, unten + 0.04, kammer));
+            zeichnen(stift(kernhauslinie.darker(125), 2), heller(QColor(0xE4, 0xD2, 0x92), 0.25), fach.translated(innen, unten + 0.04));
             kern({innen + kammer * 0.42, mitte + kernlaenge * 0.62}, -84, taub && seite < 0);
             if (sorte.hat(u"k_anzahl", u"> 7"))
                 kern({innen + kammer * 0.2, mitte + kernlaenge * 0.5}, -92, false);
@@ -176,10 +155,7 @@ struct Schnitt
         const double groesse = mittel(sorte, u"k_groesse", {{u"klein", 0.08}, {u"mittel", 0.11}, {u"groß", 0.15}}, 0.11);
         const double oeffnung = mittel(sorte, u"k_oeffnung", {{u"geschlossen", -22}, {u"halboffen", 8}, {u"offen", 34}}, 8);
         const QColor f = sorte.hat(u"k_blaetter", u"bräunlich") ? QColor(0x8D, 0x74, 0x4A) : QColor(0x86, 0x8F, 0x55);
-        QPainterPath blatt(QPointF(0, -groesse * 0.22));
-        blatt.quadTo({groesse * 0.7, -groesse * 0.2}, {groesse, 0});
-        blatt.quadTo({groesse * 0.7, groesse * 0.2}, {0, groesse * 0.22});
-        blatt.closeSubpath();
+        const QPainterPath blatt = kontur(u"M0-.22Q.7-.2 1 0Q.7 .2 0 .22Z", groesse, groesse);
         for (const double seite : {-1.0, 0.0, 1.0}) {
             p.save();
             p.translate(seite * hoehle * 0.85, boden - 0.005);

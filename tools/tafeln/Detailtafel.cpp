@@ -138,7 +138,7 @@ Organbild organMalen(const Zelle &z, const QSize &groesse, const Steckbrief &s, 
     case Organ::Unterseite: o.pixelJeCm = blattMalen(p, platz, s, formen, *s.blatt, z.organ == Organ::Unterseite, s.blattlaenge); break;
     case Organ::Blatt2: o.pixelJeCm = blattMalen(p, platz, s, formen, *s.blatt2, false, s.blattlaenge2); break;
     case Organ::Zweig: zweigMalen(p, platz, s); break;
-    case Organ::Haftorgan: haftorganMalen(p, platz, s); break;
+    case Organ::Haftorgan: haftorganMalen(p, platz, s, formen); break;
     case Organ::Rinde: rindeMalen(p, platz, s); break;
     }
     return o;

@@ -2,6 +2,7 @@
 
 #include "Farben.h"
 #include "Kurve.h"
+#include "Pfad.h"
 #include "Zufall.h"
 
 #include <cmath>
@@ -52,20 +53,12 @@ void bluest(QPainter &p, QPointF ort, double grad, double groesse, const Steckbr
     p.save();
     p.translate(ort);
     p.rotate(90 - grad);
-    QPainterPath ei({-b * 0.6, 0});
-    ei.cubicTo({-b * 1.3, -h * 0.4}, {-b * 0.7, -h * 0.9}, {0, -h});
-    ei.cubicTo({b * 0.7, -h * 0.9}, {b * 1.3, -h * 0.4}, {b * 0.6, 0});
-    ei.closeSubpath();
-    const QBrush g = verlauf(QLinearGradient(-b, 0, b, 0), {{0, heller(f, 0.3)}, {1, dunkler(f, 0.3)}});
-    p.setBrush(g);
+    p.setBrush(verlauf(QLinearGradient(-b, 0, b, 0), {{0, heller(f, 0.3)}, {1, dunkler(f, 0.3)}}));
     p.setPen(QPen(dunkler(f, 0.5), 1.2));
-    p.drawPath(ei);
+    p.drawPath(kontur(u"M-.6 0C-1.3-.4-.7-.9 0-1C.7-.9 1.3-.4 .6 0Z", b, h));
     p.setBrush(Qt::NoBrush);
-    for (int i = 0; s.knospe != u"nackt" && i < 3; ++i) { // scales
-        QPainterPath schuppe({-b * (1 - 0.18 * i), -h * (0.12 + 0.24 * i)});
-        schuppe.quadTo(b * 0.1, -h * (0.5 + 0.2 * i), b * (1 - 0.2 * i), -h * (0.1 + 0.26 * i));
-        p.drawPath(schuppe);
-    }
+    if (s.knospe != u"nackt") // scales
+        p.drawPath(kontur(u"M-1-.12Q.1-.5 1-.1M-.82-.36Q.1-.7 .8-.36M-.64-.6Q.1-.9 .6-.62", b, h));
     p.restore();
 }
 
@@ -150,72 +143,14 @@ void zweigMalen(QPainter &p, const QRectF &r, const Steckbrief &s)
     bluest(p, k.punkt(1), k.winkel(1), knospe * 1.35, s);
 }
 
-void haftorganMalen(QPainter &p, const QRectF &r, const Steckbrief &s)
+void haftorganMalen(QPainter &p, const QRectF &r, const Steckbrief &s, const Formen &formen)
 {
-    const QColor f = gemischt(s.anstrich[Rolle::Stiel], s.rindenfarbe, 0.35), hell = heller(f, 0.25);
-    const double h = r.height(), x = r.center().x(), dick = h * 0.045, wand = x + h * 0.17, weit = h * 0.09, stufe = h / 7;
-    const bool anWand = s.haftorgan.startsWith(u"haft"), windet = s.haftorgan.endsWith(u"windend"), stiele = s.haftorgan == u"blattstiele";
-    const double vorn = s.haftorgan == u"linkswindend" ? -1 : 1;
-    // Half a turn round the rod, before it from the left or behind it from the right.
-    const auto halbeWindung = [&](double y, double seite, double breit) {
-        stiel(p,
-              {{x - seite * weit, y},
-               {x - seite * weit * 1.3, y - stufe * 0.45},
-               {x + seite * weit * 1.3, y - stufe * 0.55},
-               {x + seite * weit, y - stufe}},
-              breit, breit, f);
-    };
-    for (int i = 1; windet && i < 6; i += 2)
-        halbeWindung(r.bottom() - stufe * (i + 0.4), -vorn, dick);
-    p.setPen(QPen(umriss(farbe::holz), 1));
-    p.setBrush(heller(farbe::holz, anWand ? 0.7 : 0.35));
-    if (anWand)
-        p.drawRect(QRectF(wand, r.top() + 2, h * 0.13, h - 4));
-    else if (windet || stiele)
-        p.drawRect(QRectF(x - h * 0.028, r.top() + 2, h * 0.056, h - 4));
-    if (windet) {
-        for (int i = 0; i < 6; i += 2)
-            halbeWindung(r.bottom() - stufe * (i + 0.4), vorn, dick);
-        return;
-    }
-    const double links = x - h * (stiele ? 0.16 : anWand ? 0.02 : 0.1);
-    const Kurve k{{links, r.bottom()}, {links - h * 0.05, r.bottom() - h * 0.35}, {links + h * 0.05, r.top() + h * 0.35}, {links, r.top() + 4}};
-    Zufall z(s.haftorgan, 5);
-    const auto faden = [&](const QPainterPath &pfad, double breit) {
-        nurLinie(p, QPen(hell, breit, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        p.drawPath(pfad);
-    };
-    for (int i = 0; i < (s.haftorgan == u"haftwurzeln" ? 44 : 4); ++i) {
-        const bool wurzeln = s.haftorgan == u"haftwurzeln";
-        const QPointF von = k.punkt(wurzeln ? 0.06 + 0.02 * i : 0.14 + 0.22 * i);
-        QPainterPath weg(von);
-        if (wurzeln) {
-            weg.quadTo(QPointF((von.x() + wand) / 2, von.y() + z.streuung(h * 0.03)), QPointF(wand + 1, von.y() + z.streuung(h * 0.035)));
-            faden(weg, dick * 0.2);
-        } else if (anWand) { // a branched tendril, each end a disc
-            const QPointF gabel(von.x() + (wand - von.x()) * 0.45, von.y() - h * 0.03);
-            weg.lineTo(gabel);
-            for (int j = -1; j <= 1; ++j) {
-                const QPointF ende(wand - 1, gabel.y() + j * h * 0.05);
-                weg.moveTo(gabel);
-                weg.quadTo(QPointF(gabel.x() + h * 0.03, ende.y()), ende);
-            }
-            faden(weg, dick * 0.28);
-            p.setBrush(dunkler(f, 0.2));
-            for (int j = -1; j <= 1; ++j)
-                p.drawEllipse(QPointF(wand - 1, gabel.y() + j * h * 0.05), dick * 0.3, dick * 0.5);
-        } else if (stiele) {
-            stiel(p, {von, von + QPointF(h * 0.06, h * 0.03), {x - weit, von.y() + h * 0.03}, {x - weit * 0.6, von.y()}}, dick * 0.4, dick * 0.4,
-                  hell);
-            halbeWindung(von.y(), 1, dick * 0.4);
-        } else { // a tendril that rolls up at its end
-            const double seite = i % 2 ? 1 : -1;
-            const QPointF mitte = von + QPointF(seite * h * 0.2, -h * 0.1);
-            weg.quadTo(von + QPointF(seite * h * 0.08, -h * 0.12), mitte + polar(90 + seite * 90, h * 0.05));
-            for (int j = 1; j <= 40; ++j)
-                weg.lineTo(mitte + polar(90 + seite * 90 - seite * j * 22, h * 0.05 * (1 - j / 44.0)));
-            faden(weg, dick * 0.3);
-        }
-    }
-    stiel(p, k, dick, dick * 0.7, f);
+    const QColor f = gemischt(s.anstrich[Rolle::Stiel], s.rindenfarbe, 0.35);
+    Anstrich a = s.anstrich;
+    a[Rolle::Stiel] = f;
+    a[Rolle::Rippe] = umriss(f);
+    a[Rolle::Faden] = heller(f, 0.25);
+    a[Rolle::Huelle] = dunkler(f, 0.2);
+    a[Rolle::Stein] = heller(farbe::holz, s.haftorgan.startsWith(u"haft") ? 0.7 : 0.35);
+    Motiv(formen, *s.haftform).malen(p, a, lage({r.center().x(), r.bottom()}, 90, r.height()));
 }

@@ -239,7 +239,7 @@ void Motiv::flaecheMalen(QPainter &p, const Strich &s, const Anstrich &a, double
     const bool blatt = s.rolle == Rolle::Blatt || s.rolle == Rolle::Blatt2;
     const bool durchscheinend = s.rolle == Rolle::Schatten || s.rolle == Rolle::Licht;
     p.setPen(durchscheinend || pixel < 20 ? QPen(Qt::NoPen) : umrissstift(f, pixel));
-    if (pixel < grob || durchscheinend) {
+    if (pixel < grob || durchscheinend || s.gruppe == Formgruppe::Ding) {
         p.setBrush(f);
     } else if (blatt) {
         p.setBrush(verlauf(QLinearGradient(s.fuss, s.spitze), {{0, dunkler(f, 0.14)}, {0.45, f}, {1, heller(f, 0.13)}}));

@@ -1,6 +1,7 @@
 #include "Pflanzenbild.h"
 
 #include "Farben.h"
+#include "Pfad.h"
 
 #include <algorithm>
 #include <cmath>
@@ -187,14 +188,9 @@ void Pflanzenbild::topf(double w, double h)
     ding(-0.02, r, [w, h](QPainter &p) {
         const QColor ton(0xB8, 0x6A, 0x45);
         const QBrush g = verlauf(QLinearGradient(-w, 0, w, 0), {{0, dunkler(ton, 0.12)}, {0.3, heller(ton, 0.28)}, {1, dunkler(ton, 0.42)}});
-        QPainterPath koerper({-w * 0.94, h * 0.18});
-        koerper.lineTo(-w * 0.68, h * 0.96);
-        koerper.quadTo(0, h * 1.06, w * 0.68, h * 0.96);
-        koerper.lineTo(w * 0.94, h * 0.18);
-        koerper.closeSubpath();
         p.setPen(QPen(dunkler(ton, 0.55), 1.2));
         p.setBrush(g);
-        p.drawPath(koerper);
+        p.drawPath(kontur(u"M-.94 .18L-.68 .96Q0 1.06 .68 .96L.94 .18Z", w, h));
         p.drawRoundedRect(QRectF(-w * 1.05, 0, w * 2.1, h * 0.2), h * 0.05, h * 0.05);
         p.setBrush(farbe::erde);
         p.drawEllipse(QPointF(0, h * 0.015), w * 0.98, h * 0.06);

@@ -154,6 +154,7 @@ void Steckbrief::formenWaehlen(const Formen &formen)
     haftorgan = feld("Haftorgan");
     schau = feld("Schau", !sammlung.art.isEmpty() ? "frucht" : sammlung.imTopf ? "beides" : "bluete");
     winterkahl = feld("Winter", "gruen") == u"kahl" && verholzt();
+    haftform = formen.form(Formgruppe::Ding, haftorgan);
     blatt = formen.form(Formgruppe::Blatt, feld("Blatt", "elliptisch"));
     blatt2 = formen.form(Formgruppe::Blatt, feld("Blatt2"));
     bluete = formen.form(Formgruppe::Bluete, feld("Bluete", "fuenfzaehlig-rund"));

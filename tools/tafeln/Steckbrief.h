@@ -53,6 +53,7 @@ struct Steckbrief
     int bluetenzahl;                                    ///< 0: as it comes
     const Form *blatt = nullptr, *blatt2 = nullptr, *bluete = nullptr, *stand = nullptr;
     const Form *frucht = nullptr, *fruchtschnitt = nullptr, *fruchtstand = nullptr;
+    const Form *haftform = nullptr; ///< what it climbs with; of what only leans on others none is drawn
     Anstrich anstrich;
     QColor unterseite, deckfarbe, rindenfarbe; ///< invalid: no reason to show it
     std::vector<QColor> weitereFarben;         ///< of flowers

@@ -48,16 +48,6 @@ QString beschreibung(const Form &form)
     return form.titel.section(u'(', 0, 0).trimmed();
 }
 
-/// How it climbs; nothing for what only leans on others.
-QString haftwort(const Steckbrief &s)
-{
-    constexpr std::pair<QStringView, QStringView> worte[] = {
-        {u"ranken", u"Ranken"},           {u"windend", u"windender Trieb"},   {u"linkswindend", u"windender Trieb"},
-        {u"haftwurzeln", u"Haftwurzeln"}, {u"haftscheiben", u"Haftscheiben"}, {u"blattstiele", u"rankende Blattstiele"}};
-    const auto *w = std::ranges::find(worte, QStringView(s.haftorgan), [](const auto &paar) { return paar.first; });
-    return w == std::end(worte) ? QString() : w->second.toString();
-}
-
 QString wort(const Steckbrief &s, Organ organ)
 {
     const bool nadel = s.ist(u"nadelbaum") || s.ist(u"nadelstrauch");
@@ -68,7 +58,7 @@ QString wort(const Steckbrief &s, Organ organ)
     case Organ::Schnitt: return QStringLiteral("Fruchtschnitt");
     case Organ::Blatt: return nadel ? QStringLiteral("Nadel") : s.ist(u"farn") || s.ist(u"palme") ? QStringLiteral("Wedel") : QStringLiteral("Blatt");
     case Organ::Zweig: return s.winterkahl ? QStringLiteral("Winterzweig") : QStringLiteral("Zweig");
-    case Organ::Haftorgan: return haftwort(s);
+    case Organ::Haftorgan: return s.haftform->titel;
     case Organ::Rinde: return QStringLiteral("Rinde");
     case Organ::Unterseite:
     case Organ::Blatt2: break; // a leaf is named already
@@ -89,7 +79,7 @@ std::vector<Organ> organe(const Steckbrief &s)
     wenn(true, Organ::Blatt);
     wenn(s.fruchtet, Organ::Frucht);
     wenn(s.blueht && s.stand, Organ::Stand);
-    const bool klettert = !haftwort(s).isEmpty();
+    const bool klettert = s.haftform;
     wenn(klettert, Organ::Haftorgan);
     wenn(klettert && s.blatt2, Organ::Blatt2); // the leaves of climbing and of flowering shoots differ
     wenn(s.fruchtet && s.fruchtschnitt, Organ::Schnitt);
@@ -167,7 +157,7 @@ QString organtitel(const Steckbrief &s, Organ organ)
     case Organ::Unterseite: return QStringLiteral("Blatt, Unterseite");
     case Organ::Blatt2: return QStringLiteral("weiteres Blatt: %1").arg(beschreibung(*s.blatt2));
     case Organ::Zweig: return s.winterkahl ? QStringLiteral("Zweig im Winter mit Knospen") : QStringLiteral("Zweig");
-    case Organ::Haftorgan: return QStringLiteral("so klettert sie: %1").arg(haftwort(s));
+    case Organ::Haftorgan: return QStringLiteral("so klettert sie: %1").arg(s.haftform->titel);
     case Organ::Rinde: return QStringLiteral("Rinde des Stammes");
     }
     return {};

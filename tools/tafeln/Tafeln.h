@@ -13,8 +13,8 @@ void detailMalen(Tafel &t, const Steckbrief &s, const Formen &formen, const QStr
 /// Bark and a twig in winter, drawn into a place.
 void rindeMalen(QPainter &p, const QRectF &platz, const Steckbrief &s);
 void zweigMalen(QPainter &p, const QRectF &platz, const Steckbrief &s);
-/// A shoot and what it climbs with, at a rod or a wall.
-void haftorganMalen(QPainter &p, const QRectF &platz, const Steckbrief &s);
+/// A shoot and what it climbs with, at a rod or a wall; the plant has such a form.
+void haftorganMalen(QPainter &p, const QRectF &platz, const Steckbrief &s, const Formen &formen);
 /// A fruit in space as its record describes it, whole or cut; returns pixels a centimetre.
 double fruchtkoerperMalen(QPainter &p, const QRectF &platz, const Datensatz &sorte, bool schnitt);
 /// What the skin of a fruit shows beyond its colour: blush, streaks, dots, russet, bloom, hairs.

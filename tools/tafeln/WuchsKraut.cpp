@@ -1,6 +1,7 @@
 #include "Pflanzenbild.h"
 
 #include "Farben.h"
+#include "Pfad.h"
 
 #include <algorithm>
 #include <cmath>
@@ -208,10 +209,7 @@ void haengend(Pflanzenbild &b)
 void speicher(Pflanzenbild &b, double breite, double hoehe)
 {
     const QColor haut(0xB9, 0x8A, 0x57);
-    QPainterPath leib({0, -hoehe * 0.1});
-    leib.cubicTo({breite * 0.25, hoehe * 0.15}, {breite * 0.55, hoehe * 0.35}, {breite * 0.5, hoehe * 0.68});
-    leib.cubicTo({breite * 0.42, hoehe}, {-breite * 0.42, hoehe}, {-breite * 0.5, hoehe * 0.68});
-    leib.cubicTo({-breite * 0.55, hoehe * 0.35}, {-breite * 0.25, hoehe * 0.15}, {0, -hoehe * 0.1});
+    const QPainterPath leib = kontur(u"M0-.1C.25 .15 .55 .35 .5 .68C.42 1-.42 1-.5 .68C-.55 .35-.25 .15 0-.1", breite, hoehe);
     for (int i = 0; i < 9; ++i) {
         const double x = -0.4 + 0.1 * i;
         b.trieb(Kurve::bogen({breite * x * 0.7, hoehe * 0.9}, -90 + x * 60, hoehe * 0.45, 8), 2, 0.8, heller(haut, 0.4), -1.2);
@@ -223,11 +221,7 @@ void speicher(Pflanzenbild &b, double breite, double hoehe)
         p.setPen(QPen(umriss(haut), 1.2));
         p.drawPath(leib);
         nurLinie(p, QPen(durchsichtig(dunkler(haut, 0.5), 0.5), 0.9));
-        for (const double x : {-0.3, -0.12, 0.1, 0.3}) {
-            QPainterPath faser({0, 0});
-            faser.quadTo(breite * x * 1.8, hoehe * 0.5, breite * x * 0.7, hoehe * 0.9);
-            p.drawPath(faser);
-        }
+        p.drawPath(kontur(u"M0 0Q-.54 .5-.21 .9M0 0Q-.22 .5-.08 .9M0 0Q.18 .5 .07 .9M0 0Q.54 .5 .21 .9", breite, hoehe));
     });
 }
 

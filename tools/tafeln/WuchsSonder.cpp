@@ -1,6 +1,7 @@
 #include "Pflanzenbild.h"
 
 #include "Farben.h"
+#include "Pfad.h"
 
 #include <algorithm>
 #include <cmath>
@@ -128,14 +129,9 @@ void schopf(Pflanzenbild &b)
     const double h = b.hoehe(), laenge = std::min(b.blattlaenge() * (b.bandartig() ? 1 : 1 + b.s.blattstiel), h * 0.62);
     const int staemme = !flasche && b.s.hoehe > 0.8 && b.s.breite > 0.45 ? 3 : 1;
     if (flasche) { // the foot of the stem stores water
-        const double weit = h * 0.11, hoch = h * 0.16;
-        QPainterPath leib({-weit, -2});
-        leib.cubicTo({-weit * 1.15, -hoch * 0.75}, {-weit * 0.35, -hoch * 0.85}, {-h * 0.02, -hoch * 1.5});
-        leib.lineTo(h * 0.02, -hoch * 1.5);
-        leib.cubicTo({weit * 0.35, -hoch * 0.85}, {weit * 1.15, -hoch * 0.75}, {weit, -2});
-        leib.closeSubpath();
+        const QPainterPath leib = kontur(u"M-1 0C-1.15-.75-.35-.85-.18-1.5H.18C.35-.85 1.15-.75 1 0Z", h * 0.11, h * 0.16);
         b.form(leib, dunkler(b.s.rindenfarbe, 0.12), -0.28);
-        b.form(QTransform(0.5, 0, 0, 0.9, -weit * 0.18, -2).map(leib), durchsichtig(heller(b.s.rindenfarbe, 0.35), 0.6), -0.27, 0);
+        b.form(QTransform(0.5, 0, 0, 0.9, -h * 0.02, -2).map(leib), durchsichtig(heller(b.s.rindenfarbe, 0.35), 0.6), -0.27, 0);
     }
     for (int i = 0; i < staemme; ++i) {
         const double hoch = std::max(h * 0.08, (h - laenge * 0.85) * (i == 0 ? 1 : i == 1 ? 0.62 : 0.35));

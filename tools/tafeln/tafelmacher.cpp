@@ -52,26 +52,25 @@ Stand standLesen(const QString &pfad)
     return stand;
 }
 
-class Zeichner
+struct Zeichner
 {
-public:
-    Zeichner(const Sammlung &sammlung, const QDir &ordner, const Formen &formen, const QHash<QString, QStringList> &merkmale)
-        : sammlung_(sammlung), ordner_(ordner), formen_(formen), merkmale_(merkmale)
-    {
-    }
+    const Sammlung &sammlung;
+    const QDir ordner;
+    const Formen formen = Formen::laden(QStringLiteral(FLOX_FORMEN));
+    const QHash<QString, QStringList> bekannte = merkmaleLesen(QStringLiteral(FLOX_QUELLEN));
 
     /// Draws what has changed and returns the plant's line; `vorher` is that of the last run.
     QByteArray zeichnen(const Datensatz &pflanze, const QString &stamm, const QByteArray &vorher) const
     {
-        const Steckbrief s(pflanze, sammlung_, formen_);
-        QStringList merkmale = merkmale_.value(sammlung_.tabelle.toString() + u' ' + pflanze.text(u"ARTNR"));
+        const Steckbrief s(pflanze, sammlung, formen);
+        QStringList merkmale = bekannte.value(sammlung.tabelle.toString() + u' ' + pflanze.text(u"ARTNR"));
         if (merkmale.isEmpty())
             merkmale = s.kennzeichen();
         QByteArray zusatz = QByteArray(zeichenstand) + s.aussehen() + merkmale.join(u'\n').toUtf8();
-        for (const Form *f : {s.blatt, s.blatt2, s.bluete, s.stand, s.frucht, s.fruchtschnitt, s.fruchtstand})
+        for (const Form *f : {s.blatt, s.blatt2, s.bluete, s.stand, s.frucht, s.fruchtschnitt, s.fruchtstand, s.haftform})
             zusatz += f ? formtext(*f, 0) : QByteArray();
         const QByteArray quelle = pflanze.summe(zusatz);
-        const QString gesamt = ordner_.filePath(stamm + QStringLiteral(".jpg")), detail = ordner_.filePath(stamm + QStringLiteral("-detail.jpg"));
+        const QString gesamt = ordner.filePath(stamm + QStringLiteral(".jpg")), detail = ordner.filePath(stamm + QStringLiteral("-detail.jpg"));
         if (vorher.startsWith(quelle) && QFile::exists(gesamt) && QFile::exists(detail))
             return vorher;
         const bool getoent = s.blueht && blass(s.anstrich[Rolle::Bluete]);
@@ -80,8 +79,8 @@ public:
         zweite.removeAll(QString());
         zweite.removeAll(pflanze.name());
         Tafel ganz(getoent && s.zeigtBlueten()), teile(getoent);
-        gesamtMalen(ganz, s, formen_);
-        detailMalen(teile, s, formen_, merkmale);
+        gesamtMalen(ganz, s, formen);
+        detailMalen(teile, s, formen, merkmale);
         int fehler = 0;
         for (const auto &[tafel, titel, datei] : {std::tuple(&ganz, gesamttitel(s), gesamt), std::tuple(&teile, detailtitel(s), detail)}) {
             fehler += tafel->aufriss.fehler();
@@ -92,32 +91,23 @@ public:
         return quelle + ' ' + summe(s.aussehen()) + ' ' + QByteArray::number(fehler);
     }
 
-private:
     /// What the source says of a form and of those it contains.
     QByteArray formtext(const Form &f, int tiefe) const
     {
         QByteArray text = f.text;
         for (const Formteil &teil : f.teile)
-            if (const Form *andere = teil.art == Formteil::Form && tiefe < 4 ? formen_.form(f.gruppe, teil.form) : nullptr)
+            if (const Form *andere = teil.art == Formteil::Form && tiefe < 4 ? formen.form(f.gruppe, teil.form) : nullptr)
                 text += formtext(*andere, tiefe + 1);
         return text;
     }
-
-    const Sammlung &sammlung_;
-    const QDir ordner_;
-    const Formen &formen_;
-    const QHash<QString, QStringList> &merkmale_;
 };
 
 void zeichnen(Datenbank &db, const QDir &ziel, const Sammlung &sammlung, const QString &standdatei, const QString &anfang)
 {
-    const Formen formen = Formen::laden(QStringLiteral(FLOX_FORMEN));
-    const QHash<QString, QStringList> merkmale = merkmaleLesen(QStringLiteral(FLOX_QUELLEN));
     const Stand vorher = standLesen(standdatei);
     QByteArray jetzt;
     ziel.mkpath(sammlung.ordner.toString());
-    const QDir ordner(ziel.filePath(sammlung.ordner.toString()));
-    const Zeichner zeichner(sammlung, ordner, formen, merkmale);
+    const Zeichner zeichner{sammlung, ziel.filePath(sammlung.ordner.toString())};
     QSet<QString> gezeichnet;
     for (const Datensatz &pflanze : Datensatz::alle(db, sammlung.tabelle)) {
         const QString stamm = bildname(pflanze.name());
@@ -126,9 +116,9 @@ void zeichnen(Datenbank &db, const QDir &ziel, const Sammlung &sammlung, const Q
         gezeichnet << stamm + QStringLiteral(".jpg") << stamm + QStringLiteral("-detail.jpg");
         jetzt += zeichner.zeichnen(pflanze, stamm, vorher.value(stamm)) + ' ' + stamm.toUtf8() + '\n';
     }
-    for (const QString &name : ordner.entryList({QStringLiteral("*.jpg")}, QDir::Files))
+    for (const QString &name : zeichner.ordner.entryList({QStringLiteral("*.jpg")}, QDir::Files))
         if (!gezeichnet.contains(name))
-            QFile::remove(ordner.filePath(name));
+            QFile::remove(zeichner.ordner.filePath(name));
     // Last: what an ended run has drawn counts only when all of it stands.
     if (!standdatei.isEmpty())
         schreibeSicher(standdatei, jetzt);
