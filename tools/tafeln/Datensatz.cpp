@@ -23,11 +23,6 @@ std::vector<Datensatz> Datensatz::alle(Datenbank &db, QStringView tabelle)
     return pflanzen;
 }
 
-std::optional<double> Datensatz::zahl(QStringView spalte) const
-{
-    return zahlLesen(text(spalte));
-}
-
 QStringList Datensatz::worte(QStringView spalte) const
 {
     const Spalte *beschreibung = tabelle_->spalte(spalte);

@@ -2,6 +2,7 @@
 
 #include "store/Datenbank.h"
 #include "store/Schema.h"
+#include "store/Text.h"
 
 #include <optional>
 
@@ -13,7 +14,7 @@ public:
     static std::vector<Datensatz> alle(Datenbank &db, QStringView tabelle);
 
     QString text(QStringView spalte) const { return werte_.value(spalte.toString().toLower()); }
-    std::optional<double> zahl(QStringView spalte) const;
+    std::optional<double> zahl(QStringView spalte) const { return zahlLesen(text(spalte)); }
     /// Whether the flag string of the column has this word; false for a word the column does not know.
     bool hat(QStringView spalte, QStringView wort) const { return worte(spalte).contains(wort); }
     QStringList worte(QStringView spalte) const;

@@ -261,20 +261,15 @@ void Motiv::flaecheMalen(QPainter &p, const Strich &s, const Anstrich &a, double
         zeichnungMalen(p, s, a, pixel);
 }
 
-/// Width of a midrib beyond which it would hide its narrow blade.
-double Motiv::rippenanteil(const Strich &spreite)
-{
-    return 0.14 * spreite.pfad.controlPointRect().width();
-}
-
 void Motiv::linieMalen(QPainter &p, const Strich &s, const Strich *spreite, const Anstrich &a, double pixel, double ton) const
 {
     const bool ader = s.rolle == Rolle::Ader || s.rolle == Rolle::Bluetenader;
     const bool bunt = a.bunteAdern && (s.rolle == Rolle::Ader || s.rolle == Rolle::Rippe);
     if (pixel < (ader && !bunt ? fein : 5))
         return;
+    // A midrib as broad as its length asks would hide a narrow blade.
     const double eigene = bunt                                 ? std::max(1.7, 2 * s.breite)
-                          : spreite && s.rolle == Rolle::Rippe ? std::min(s.breite, rippenanteil(*spreite))
+                          : spreite && s.rolle == Rolle::Rippe ? std::min(s.breite, 0.14 * spreite->pfad.controlPointRect().width())
                                                                : s.breite;
     const double breite = std::max(eigene, (ader ? 0 : 0.9) / std::sqrt(std::abs(p.transform().determinant()))); // a hair is still seen
     p.setBrush(Qt::NoBrush);

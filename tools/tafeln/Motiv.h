@@ -64,7 +64,6 @@ private:
     void flaecheMalen(QPainter &p, const Strich &s, const Anstrich &a, double pixel, double ton) const;
     /// `spreite` is the blade that it lies on, null where there is none.
     void linieMalen(QPainter &p, const Strich &s, const Strich *spreite, const Anstrich &a, double pixel, double ton) const;
-    static double rippenanteil(const Strich &spreite);
     /// Whether the form has lines or areas of its own for a marking: they take its colour.
     bool zeichnetSelbst(const Anstrich::Zeichnung &z) const;
     void zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, double pixel) const;

@@ -34,7 +34,7 @@ Pflanzenbild::Pflanzenbild(const Steckbrief &brief, const Formen &formen, double
 
 void Pflanzenbild::bauen()
 {
-    for (const auto &raum : {wuchsKraut(), wuchsGehoelz(), wuchsSonder()})
+    for (const auto &raum : {wuchsKraut, wuchsGehoelz, wuchsSonder})
         for (const auto &[wort, wuchs] : raum)
             if (wort == s.wuchs)
                 wuchs(*this);
@@ -180,6 +180,11 @@ void Pflanzenbild::form(const QPainterPath &pfad, const QColor &f, double ebene,
         p.setBrush(f);
         p.drawPath(pfad);
     });
+}
+
+void Pflanzenbild::linie(const QPainterPath &pfad, const QPen &stift, double ebene)
+{
+    ding(ebene, pfad.boundingRect(), [pfad, stift](QPainter &p) { p.strokePath(pfad, stift); });
 }
 
 void Pflanzenbild::topf(double w, double h)

@@ -58,6 +58,7 @@ public:
     void schaefte(int anzahl, double hoehe, double streuung);
     void frucht(QPointF ort, double ebene);
     void form(const QPainterPath &pfad, const QColor &farbe, double ebene, double strich = 1);
+    void linie(const QPainterPath &pfad, const QPen &stift, double ebene);
     void topf(double halbeWeite, double hoehe);
     void ding(double ebene, const QRectF &kasten, std::function<void(QPainter &)> malen);
 
@@ -90,6 +91,4 @@ private:
 
 /// A habit puts the plant together; each room knows some by their words.
 using Wuchs = std::pair<QStringView, void (*)(Pflanzenbild &)>;
-std::span<const Wuchs> wuchsKraut();
-std::span<const Wuchs> wuchsGehoelz();
-std::span<const Wuchs> wuchsSonder();
+extern const std::span<const Wuchs> wuchsKraut, wuchsGehoelz, wuchsSonder;

@@ -125,10 +125,7 @@ void rindeMalen(Pflanzenbild &b, const Kurve &stamm, double dick, double bis)
         const bool quer = art == u"weiss" || art == u"ringelig";
         QPainterPath p(ort);
         p.lineTo(ort + (quer ? QPointF(b.zufall.zwischen(1, dick * 0.16), 0) : QPointF(b.zufall.streuung(1.5), b.zufall.zwischen(5, 14))));
-        b.ding(-0.15, p.boundingRect(), [p, strich](QPainter &m) {
-            nurLinie(m, QPen(strich, 1.3));
-            m.drawPath(p);
-        });
+        b.linie(p, QPen(strich, 1.3), -0.15);
     }
 }
 
@@ -182,22 +179,13 @@ void belauben(Pflanzenbild &b, const Geruest &g)
     verteilt(b.s.zeigtFruechte() ? b.zahl(46) : 0, [&](const Geruest::Spitze &spitze) { b.frucht(spitze.ort, 1.05); });
 }
 
-void baumMit(Pflanzenbild &b, double stamm)
-{
-    const Geruest g = baumgeruest(b, stamm);
-    geruestMalen(b, g, holzfarbe(b.s));
-    rindeMalen(b, g.aeste.front().kurve, g.aeste.front().unten, std::max(0.3, stamm));
-    belauben(b, g);
-}
-
 void baum(Pflanzenbild &b)
 {
-    baumMit(b, krone(b.s).stamm);
-}
-
-void obstbaum(Pflanzenbild &b)
-{
-    baumMit(b, 0.3);
+    const double bloss = b.s.ist(u"obstbaum") ? 0.3 : krone(b.s).stamm;
+    const Geruest g = baumgeruest(b, bloss);
+    geruestMalen(b, g, holzfarbe(b.s));
+    rindeMalen(b, g.aeste.front().kurve, g.aeste.front().unten, std::max(0.3, bloss));
+    belauben(b, g);
 }
 
 void strauch(Pflanzenbild &b)
@@ -227,10 +215,7 @@ void nadelzweig(Pflanzenbild &b, const Kurve &k, double dick, double nadel, doub
     }
     const QColor f = b.s.anstrich[Rolle::Blatt];
     const QColor ton = b.zufall.ganz(2) ? dunkler(f, 0.18 - 0.1 * ebene) : heller(f, 0.08 + 0.06 * ebene);
-    b.ding(ebene, nadeln.boundingRect(), [nadeln, ton](QPainter &p) {
-        nurLinie(p, QPen(ton, 1.8, Qt::SolidLine, Qt::RoundCap));
-        p.drawPath(nadeln);
-    });
+    b.linie(nadeln, QPen(ton, 1.8, Qt::SolidLine, Qt::RoundCap), ebene);
 }
 
 void nadelast(Pflanzenbild &b, const Kurve &k, double dick, double nadel, double ebene)
@@ -357,13 +342,10 @@ void ruten(Pflanzenbild &b)
 
 // clang-format off
 constexpr Wuchs woerter[] = {
-    {u"baum", baum}, {u"obstbaum", obstbaum}, {u"strauch", strauch}, {u"zwergstrauch", strauch}, {u"beerenstrauch", strauch},
+    {u"baum", baum}, {u"obstbaum", baum}, {u"strauch", strauch}, {u"zwergstrauch", strauch}, {u"beerenstrauch", strauch},
     {u"nadelbaum", nadelbaum}, {u"nadelstrauch", nadelstrauch}, {u"kletternd", kletternd}, {u"rebe", kletternd}, {u"ruten", ruten}};
 // clang-format on
 
 } // namespace
 
-std::span<const Wuchs> wuchsGehoelz()
-{
-    return woerter;
-}
+const std::span<const Wuchs> wuchsGehoelz = woerter;

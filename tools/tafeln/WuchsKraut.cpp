@@ -109,11 +109,6 @@ void aufrecht(Pflanzenbild &b)
     triebe(b, n, std::min(40.0, 8 + 20 * b.s.breite));
 }
 
-void eintriebig(Pflanzenbild &b)
-{
-    triebe(b, 1, 0);
-}
-
 void buschig(Pflanzenbild &b)
 {
     const double oben = std::max(b.hoehe(), b.bluetenhoehe());
@@ -161,11 +156,6 @@ void kuppel(Pflanzenbild &b, double hoehe, double halb)
             b.trieb(k, 1.8, 1.4, b.stielfarbe(), 0.8);
         b.bluehe(k.punkt(1), k.winkel(1), 1.5 - 0.3 * y, 0.8);
     }
-}
-
-void polster(Pflanzenbild &b)
-{
-    kuppel(b, b.hoehe(), b.halb());
 }
 
 void teppich(Pflanzenbild &b)
@@ -320,14 +310,11 @@ void erdbeere(Pflanzenbild &b)
 
 // clang-format off
 constexpr Wuchs woerter[] = {
-    {u"rosette", rosette}, {u"horst", horst}, {u"aufrecht", aufrecht}, {u"eintriebig", eintriebig}, {u"buschig", buschig},
-    {u"halbstrauch", buschig}, {u"polster", polster}, {u"teppich", teppich}, {u"haengend", haengend}, {u"zwiebel", zwiebel}, {u"knolle", knolle},
+    {u"rosette", rosette}, {u"horst", horst}, {u"aufrecht", aufrecht}, {u"eintriebig", [](Pflanzenbild &b) { triebe(b, 1, 0); }}, {u"buschig", buschig},
+    {u"halbstrauch", buschig}, {u"polster", [](Pflanzenbild &b) { kuppel(b, b.hoehe(), b.halb()); }}, {u"teppich", teppich}, {u"haengend", haengend}, {u"zwiebel", zwiebel}, {u"knolle", knolle},
     {u"sumpf", sumpf}, {u"schwimmblatt", schwimmblatt}, {u"unterwasser", unterwasser}, {u"erdbeere", erdbeere}};
 // clang-format on
 
 } // namespace
 
-std::span<const Wuchs> wuchsKraut()
-{
-    return woerter;
-}
+const std::span<const Wuchs> wuchsKraut = woerter;

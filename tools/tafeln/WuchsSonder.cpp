@@ -116,10 +116,7 @@ void stamm(Pflanzenbild &b, const Kurve &k, double dick)
         const QPointF ort = k.punkt(i / 16.0);
         QPainterPath ring(ort - QPointF(dick * 0.42, 0));
         ring.quadTo(ort + QPointF(0, dick * 0.2), ort + QPointF(dick * 0.42, 0));
-        b.ding(-0.25, ring.boundingRect(), [ring, f = dunkler(b.s.rindenfarbe, 0.35)](QPainter &p) {
-            nurLinie(p, QPen(f, 1.1));
-            p.drawPath(ring);
-        });
+        b.linie(ring, QPen(dunkler(b.s.rindenfarbe, 0.35), 1.1), -0.25);
     }
 }
 
@@ -289,7 +286,4 @@ constexpr Wuchs woerter[] = {
 
 } // namespace
 
-std::span<const Wuchs> wuchsSonder()
-{
-    return woerter;
-}
+const std::span<const Wuchs> wuchsSonder = woerter;
