@@ -56,74 +56,56 @@ void bodenMalen(Tafel &t, double von, double bis, double boden, double tief)
     p.fillRect(QRectF(von, boden, bis - von, tief), g);
 }
 
-/// One shape of the plant in its column of the sheet.
-struct Ansicht
-{
-    std::unique_ptr<Pflanzenbild> bild;
-    QRectF platz;
-};
-
-void gebaut(Ansicht &a, const Steckbrief &s, const Formen &formen, double px, bool winter)
-{
-    a.bild = std::make_unique<Pflanzenbild>(s, formen, px, winter);
-    a.bild->bauen();
-}
-
 } // namespace
 
 void gesamtMalen(Tafel &t, const Steckbrief &s, const Formen &formen)
 {
     const double rand = s.winterkahl ? 190 : 300; // what stands right of the plant
-    std::vector<Ansicht> ansichten(s.winterkahl ? 2 : 1);
-    const double spalte = (rechts - rand - links) / double(ansichten.size());
-    for (size_t i = 0; i < ansichten.size(); ++i)
-        ansichten[i].platz = QRectF(links + spalte * double(i), oben, spalte - 16, unten - oben);
+    const double breite = (rechts - rand - links) / (s.winterkahl ? 2 : 1) - 16, hochplatz = unten - oben - (s.sammlung.imTopf ? 0 : 26);
     const double hoch = std::max(s.hoehe, s.bluetenhoehe) * (s.sammlung.imTopf ? 1.25 : 1.08);
-    double px = std::min({(unten - oben) / hoch, ansichten[0].platz.width() / std::max(0.01, s.hoehe * s.breite * 1.1), groessterMassstab});
-    const double hochplatz = unten - oben - (s.sammlung.imTopf ? 0 : 26);
+    double px = std::min({(unten - oben) / hoch, breite / std::max(0.01, s.hoehe * s.breite * 1.1), groessterMassstab});
     double faktor = 1;
+    std::vector<std::unique_ptr<Pflanzenbild>> ansichten(1); // side by side
+    const auto passend = [&](const Pflanzenbild &bild) { return std::min(breite / bild.kasten().width(), hochplatz / bild.kasten().height()); };
     for (int lauf = 0; lauf < 3; ++lauf) {
-        gebaut(ansichten[0], s, formen, px, false);
-        const QRectF k = ansichten[0].bild->kasten();
-        faktor = std::min({ansichten[0].platz.width() / k.width(), hochplatz / k.height(), groessterMassstab / px});
-        if (lauf == 2 || std::abs(faktor - 1) < 0.06)
+        ansichten[0] = std::make_unique<Pflanzenbild>(s, formen, px, false);
+        faktor = std::min(passend(*ansichten[0]), groessterMassstab / px);
+        if (std::abs(faktor - 1) < 0.06)
             break;
-        px *= faktor;
+        px *= lauf < 2 ? faktor : 1;
     }
     // The second shape stands in the same scale; it may have the last word on it.
     if (s.winterkahl) {
-        gebaut(ansichten[1], s, formen, px, true);
-        const QRectF k = ansichten[1].bild->kasten();
-        faktor = std::min({faktor, ansichten[1].platz.width() / k.width(), hochplatz / k.height()});
+        ansichten.push_back(std::make_unique<Pflanzenbild>(s, formen, px, true));
+        faktor = std::min(faktor, passend(*ansichten[1]));
     }
     // The plant is as high as its record says: the rod follows the drawing.
     const double meter = s.haengt() ? s.hoehe : std::max(s.hoehe, s.bluetenhoehe);
-    const QRectF gebautes = ansichten[0].bild->pflanzenkasten();
+    const QRectF gebautes = ansichten[0]->pflanzenkasten();
     const double echt = std::max(1.0, s.haengt() ? gebautes.bottom() : -gebautes.top()) * faktor / meter;
     double tief = 0;
-    for (const Ansicht &a : ansichten)
-        tief = std::max(tief, a.bild->kasten().bottom() * faktor);
+    for (const auto &bild : ansichten)
+        tief = std::max(tief, bild->kasten().bottom() * faktor);
     const bool nachUnten = s.haengt();
-    const double boden =
-        nachUnten ? oben - ansichten[0].bild->kasten().top() * faktor : std::min(unten - tief, unten - (s.sammlung.imTopf ? 0.0 : 26.0));
+    const double boden = nachUnten ? oben - ansichten[0]->kasten().top() * faktor : std::min(unten - tief, unten - (s.sammlung.imTopf ? 0.0 : 26.0));
     QPainter &p = t.maler();
     if (!s.sammlung.imTopf && !nachUnten)
         bodenMalen(t, links - 30, rechts - 20, boden, std::clamp(tief + 8, 30.0, unten + 14 - boden));
     for (size_t i = 0; i < ansichten.size(); ++i) {
-        const Ansicht &a = ansichten[i];
-        const QRectF k = a.bild->kasten();
-        const double x = std::clamp(a.platz.center().x(), a.platz.left() - k.left() * faktor, a.platz.right() - k.right() * faktor);
+        const QRectF k = ansichten[i]->kasten();
+        const double von = links + (breite + 16) * double(i), mitte = von + breite / 2;
+        const double x = std::clamp(mitte, von - k.left() * faktor, von + breite - k.right() * faktor);
         if (!nachUnten)
             schlagschatten(p, {x + k.center().x() * faktor, s.sammlung.imTopf ? boden + tief - 4 : boden + 2}, k.width() * faktor * 0.42, 16);
         p.save();
         p.translate(x, boden);
         p.scale(faktor, faktor);
-        a.bild->malen(p);
+        ansichten[i]->malen(p);
         p.restore();
         const QRectF gemalt(x + k.left() * faktor, boden + k.top() * faktor, k.width() * faktor, k.height() * faktor);
         t.bild(gemalt.adjusted(0.5, 0.5, -0.5, -0.5), int(i));
         if (s.winterkahl)
-            t.text({a.platz.center().x(), unten + 26},
+            t.text({mitte, unten + 26},
                    !i          ? QStringLiteral("belaubt")
                    : s.vorLaub ? QStringLiteral("blühend vor dem Laub")
                                : QStringLiteral("im Winter"),

@@ -30,6 +30,7 @@ Pflanzenbild::Pflanzenbild(const Steckbrief &brief, const Formen &formen, double
     }
     if (s.fruchtet)
         frucht_ = Motiv(formen, *(s.fruchtstand ? s.fruchtstand : s.frucht));
+    bauen();
 }
 
 void Pflanzenbild::bauen()
@@ -80,6 +81,16 @@ void Pflanzenbild::bandblatt(const Kurve &k, double breite, double ebene)
 {
     const Motiv m = blatt_.gebogen(k, k.laenge(), breite);
     ding(ebene, m.rahmen(), [this, m, t = ton(ebene)](QPainter &p) { m.malen(p, s.anstrich, {}, t); });
+}
+
+void Pflanzenbild::bandhorst(int anzahl, double spreizung, double laenge, double neigung, double breite)
+{
+    for (int i = 0; i < anzahl; ++i) {
+        const double seite = -1 + 2.0 * i / (anzahl - 1) + zufall.streuung(0.12);
+        bandblatt(Kurve::bogen({seite * halb() * 0.18, 0}, 90 - seite * spreizung + zufall.streuung(3), laenge * zufall.zwischen(0.83, 1.22),
+                               std::abs(seite) * neigung * zufall.zwischen(0.6, 1.4)),
+                  breite * zufall.zwischen(0.87, 1.14), zufall.streuung(0.9));
+    }
 }
 
 QPointF Pflanzenbild::gestielt(QPointF fuss, double grad, double stiellaenge, double neigung, double laenge, double ebene, double breite)

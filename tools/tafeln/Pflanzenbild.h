@@ -36,7 +36,6 @@ class Pflanzenbild
 public:
     Pflanzenbild(const Steckbrief &s, const Formen &formen, double pixelJeMeter, bool winter = false);
 
-    void bauen();
     void malen(QPainter &p);
     /// Box of all that is painted, of the plant without its pot.
     QRectF kasten() const { return kasten_; }
@@ -46,6 +45,8 @@ public:
     /// `licht` from -1 to 1 makes it darker or lighter than others at its depth.
     void blatt(QPointF ort, double grad, double laenge, double ebene, double breite = 1, double licht = 0);
     void bandblatt(const Kurve &k, double breite, double ebene);
+    /// Bands side by side from the foot, the outer ones leaning and bent.
+    void bandhorst(int anzahl, double spreizung, double laenge, double neigung, double breite);
     /// Stalk and blade; returns where the blade begins.
     QPointF gestielt(QPointF fuss, double grad, double stiellaenge, double neigung, double laenge, double ebene, double breite = 1);
     void trieb(const Kurve &k, double unten, double oben, const QColor &farbe, double ebene);
@@ -79,6 +80,7 @@ public:
     Zufall zufall;
 
 private:
+    void bauen();
     void motiv(const Motiv &m, const QTransform &dort, double ebene, double ton);
     double ton(double ebene) { return 0.13 * std::clamp(ebene, -1.0, 1.0) + zufall.streuung(0.045); }
 

@@ -10,8 +10,8 @@
 
 namespace {
 
-/// Leaves all round from the foot, ring by ring from flat to upright.
-void blattkranz(Pflanzenbild &b, int ringe, int jeRing, double laenge, double flach, double steil)
+/// Leaves all round from the foot, ring by ring from flat to upright; `stiel` as a part of the blade.
+void blattkranz(Pflanzenbild &b, int ringe, int jeRing, double laenge, double flach, double steil, double stiel)
 {
     for (int r = 0; r < ringe; ++r) {
         const double steigung = flach + (steil - flach) * (ringe == 1 ? 0 : double(r) / (ringe - 1));
@@ -19,9 +19,8 @@ void blattkranz(Pflanzenbild &b, int ringe, int jeRing, double laenge, double fl
             const Blickrichtung sicht(360.0 * (i + 0.5 * r) / jeRing + b.zufall.streuung(9), steigung + b.zufall.streuung(6));
             const double l = laenge * (1 - 0.16 * r) * b.zufall.zwischen(0.9, 1.05);
             const double ebene = std::clamp(sicht.tiefe * 0.8 - (sicht.tiefe > 0 ? 0.12 : -0.12) * r, -1.0, 1.0);
-            const double gesamt = l * (1 + b.s.blattstiel) * sicht.laenge;
-            const double blade = gesamt / (1 + b.s.blattstiel);
-            b.gestielt({0, 0}, sicht.grad, gesamt - blade, 8, blade, ebene, std::clamp(0.9 / sicht.laenge, 0.8, 1.7));
+            const double blade = l * sicht.laenge;
+            b.gestielt({0, 0}, sicht.grad, blade * stiel, 8, blade, ebene, std::clamp(0.9 / sicht.laenge, 0.8, 1.7));
         }
     }
 }
@@ -29,7 +28,7 @@ void blattkranz(Pflanzenbild &b, int ringe, int jeRing, double laenge, double fl
 void rosette(Pflanzenbild &b)
 {
     const double laenge = std::min(b.blattlaenge(), std::max(b.halb(), b.hoehe() * 0.7) / (1 + b.s.blattstiel) * 1.05);
-    blattkranz(b, 3, 9, laenge, 6, 58);
+    blattkranz(b, 3, 9, laenge, 6, 58, b.s.blattstiel);
     if (b.s.sitz == u"im-laub") {
         const int n = b.zahl(9);
         for (int i = 0; i < n; ++i) {
@@ -48,14 +47,7 @@ void horst(Pflanzenbild &b)
 {
     const double h = b.hoehe();
     if (b.bandartig()) {
-        const int n = b.s.blattlaenge > 0 ? std::clamp(int(34 * std::sqrt(b.s.breite)), 18, 46) : 30;
-        for (int i = 0; i < n; ++i) {
-            const double seite = -1 + 2.0 * i / (n - 1) + b.zufall.streuung(0.08);
-            const double laenge = h * b.zufall.zwischen(0.85, 1.2);
-            const Kurve k = Kurve::bogen({seite * b.halb() * 0.16, 0}, 90 - seite * 34 * std::min(1.6, b.s.breite), laenge,
-                                         std::abs(seite) * b.zufall.zwischen(45, 95));
-            b.bandblatt(k, b.zufall.zwischen(0.8, 1.05), b.zufall.streuung(0.9));
-        }
+        b.bandhorst(std::clamp(int(34 * std::sqrt(b.s.breite)), 18, 46), 34 * std::min(1.6, b.s.breite), h, 70, 0.92);
     } else {
         const double blade = std::min(b.blattlaenge(), h * 0.8);
         const int n = std::clamp(int(18 * b.halb() / blade), 14, 46);
@@ -128,6 +120,12 @@ void buschig(Pflanzenbild &b)
         b.frucht({b.zufall.streuung(b.halb() * 0.8), -oben * b.zufall.zwischen(0.3, 0.85)}, 1.4);
 }
 
+void sukkulentrosette(Pflanzenbild &b)
+{
+    blattkranz(b, 5, 10, std::min(b.blattlaenge(), std::max(b.halb(), b.hoehe() * 0.6)), 8, 78, 0);
+    b.schaefte(b.zahl(2), b.bluetenhoehe(), 16);
+}
+
 /// Half an ellipse covered with leaves and flowers.
 void kuppel(Pflanzenbild &b, double hoehe, double halb)
 {
@@ -192,7 +190,7 @@ void haengend(Pflanzenbild &b)
             b.frucht(k.punkt(0.7), 1.3);
     }
     const double blade = std::min(b.blattlaenge(12), b.hoehe() * 0.3);
-    blattkranz(b, 2, 7, blade, 25, 60);
+    blattkranz(b, 2, 7, blade, 25, 60, b.s.blattstiel);
 }
 
 /// The store below the ground, in a cut through the soil.
@@ -312,7 +310,7 @@ void erdbeere(Pflanzenbild &b)
 constexpr Wuchs woerter[] = {
     {u"rosette", rosette}, {u"horst", horst}, {u"aufrecht", aufrecht}, {u"eintriebig", [](Pflanzenbild &b) { triebe(b, 1, 0); }}, {u"buschig", buschig},
     {u"halbstrauch", buschig}, {u"polster", [](Pflanzenbild &b) { kuppel(b, b.hoehe(), b.halb()); }}, {u"teppich", teppich}, {u"haengend", haengend}, {u"zwiebel", zwiebel}, {u"knolle", knolle},
-    {u"sumpf", sumpf}, {u"schwimmblatt", schwimmblatt}, {u"unterwasser", unterwasser}, {u"erdbeere", erdbeere}};
+    {u"sumpf", sumpf}, {u"schwimmblatt", schwimmblatt}, {u"unterwasser", unterwasser}, {u"erdbeere", erdbeere}, {u"sukkulentrosette", sukkulentrosette}};
 // clang-format on
 
 } // namespace

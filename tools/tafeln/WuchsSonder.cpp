@@ -24,14 +24,7 @@ void kranzbaender(Pflanzenbild &b, QPointF fuss, int n, double laenge, double fl
 
 void gras(Pflanzenbild &b)
 {
-    const double h = b.hoehe();
-    for (int i = 0; i < 74; ++i) {
-        const double seite = b.zufall.streuung(1);
-        const double laenge = h * b.zufall.zwischen(0.7, 1.15);
-        const Kurve k = Kurve::bogen({seite * b.halb() * 0.22, 0}, 90 - seite * 40 * std::min(1.4, b.s.breite) + b.zufall.streuung(6), laenge,
-                                     std::abs(seite) * b.zufall.zwischen(50, 120));
-        b.bandblatt(k, std::clamp(150.0 / laenge, 0.35, 1.0), b.zufall.streuung(0.9));
-    }
+    b.bandhorst(74, 40 * std::min(1.4, b.s.breite), b.hoehe() * 0.92, 85, std::clamp(160.0 / b.hoehe(), 0.35, 1.0));
     b.schaefte(b.zahl(11), b.bluetenhoehe(), 24);
 }
 
@@ -186,20 +179,6 @@ void orchidee(Pflanzenbild &b)
     }
 }
 
-void sukkulentrosette(Pflanzenbild &b)
-{
-    const double laenge = std::min(b.blattlaenge(), std::max(b.halb(), b.hoehe() * 0.6));
-    for (int ring = 0; ring < 5; ++ring) {
-        const int n = 11 - ring;
-        for (int i = 0; i < n; ++i) {
-            const Blickrichtung sicht(360.0 * (i + 0.5 * ring) / n, 8 + 17.0 * ring);
-            b.blatt({0, -laenge * 0.05 * ring}, sicht.grad, laenge * (1 - 0.15 * ring) * sicht.laenge,
-                    std::clamp(sicht.tiefe * (0.9 - 0.15 * ring), -1.0, 1.0), std::clamp(0.95 / sicht.laenge, 0.8, 1.8));
-        }
-    }
-    b.schaefte(b.zahl(2), b.bluetenhoehe(), 16);
-}
-
 /// Ribbed body with bundles of spines on its ribs.
 void kaktuskoerper(Pflanzenbild &b, QPointF fuss, double halb, double hoehe, int rippen)
 {
@@ -207,26 +186,20 @@ void kaktuskoerper(Pflanzenbild &b, QPointF fuss, double halb, double hoehe, int
     const bool saeule = hoehe > 2.6 * halb;
     const QColor f = b.s.anstrich[Rolle::Blatt], dorn = b.s.anstrich[Rolle::Faden];
     b.ding(0, r.adjusted(-halb * 0.12, -halb * 0.12, halb * 0.12, 0), [=](QPainter &p) {
-        QPainterPath leib;
-        leib.addRoundedRect(r, halb, saeule ? halb : hoehe / 2);
         for (int i = 0; i < rippen; ++i) {
             const double u0 = std::sin((double(i) / rippen - 0.5) * 3.0), u1 = std::sin((double(i + 1) / rippen - 0.5) * 3.0);
-            QRectF streifen(r.center().x() + u0 * halb, r.top(), (u1 - u0) * halb, r.height());
-            QLinearGradient g(streifen.left(), 0, streifen.right(), 0);
-            const double licht = 0.26 - 0.5 * double(i) / rippen;
-            g.setColorAt(0, dunkler(f, 0.42));
-            g.setColorAt(0.45, licht > 0 ? heller(f, licht) : dunkler(f, -licht));
-            g.setColorAt(1, dunkler(f, 0.42));
-            QPainterPath rippe(QPointF(r.center().x(), r.top()));
-            rippe.cubicTo({streifen.left(), r.top() + (saeule ? 2 : 0)}, {streifen.left(), r.top() + halb * 0.5}, {streifen.left(), r.center().y()});
-            rippe.cubicTo({streifen.left(), r.bottom() - halb * 0.4}, {r.center().x() + u0 * halb * 0.8, r.bottom()},
-                          {r.center().x() + u0 * halb * 0.7, r.bottom()});
-            rippe.lineTo(r.center().x() + u1 * halb * 0.7, r.bottom());
-            rippe.cubicTo({r.center().x() + u1 * halb * 0.8, r.bottom()}, {streifen.right(), r.bottom() - halb * 0.4},
-                          {streifen.right(), r.center().y()});
-            rippe.cubicTo({streifen.right(), r.top() + halb * 0.5}, {streifen.right(), r.top() + (saeule ? 2 : 0)}, {r.center().x(), r.top()});
+            const double licht = 0.26 - 0.5 * double(i) / rippen, oben = r.top() + (saeule ? 2 : 0), mitte = r.center().x();
+            const auto seite = [&](double u) { // from the top down to the foot
+                QPainterPath rand(QPointF(mitte, r.top()));
+                rand.cubicTo({mitte + u * halb, oben}, {mitte + u * halb, r.top() + halb * 0.5}, {mitte + u * halb, r.center().y()});
+                rand.cubicTo({mitte + u * halb, r.bottom() - halb * 0.4}, {mitte + u * halb * 0.8, r.bottom()}, {mitte + u * halb * 0.7, r.bottom()});
+                return rand;
+            };
+            QPainterPath rippe = seite(u0);
+            rippe.connectPath(seite(u1).toReversed());
+            const QColor hell = licht > 0 ? heller(f, licht) : dunkler(f, -licht), tief = dunkler(f, 0.42);
             p.setPen(QPen(dunkler(f, 0.5), 0.8));
-            p.setBrush(g);
+            p.setBrush(verlauf(QLinearGradient(mitte + u0 * halb, 0, mitte + u1 * halb, 0), {{0, tief}, {0.45, hell}, {1, tief}}));
             p.drawPath(rippe);
             p.setPen(QPen(dorn, 1.1));
             const double x = r.center().x() + (u0 + u1) / 2 * halb;
@@ -280,7 +253,7 @@ void gliederkaktus(Pflanzenbild &b)
 // clang-format off
 constexpr Wuchs woerter[] = {
     {u"gras", gras}, {u"rohr", rohr}, {u"schirm", schirm}, {u"farn", farn}, {u"schopf", schopf}, {u"flaschenstamm", schopf}, {u"palme", palme},
-    {u"zisterne", zisterne}, {u"orchidee", orchidee}, {u"sukkulentrosette", sukkulentrosette}, {u"kugelkaktus", kugelkaktus},
+    {u"zisterne", zisterne}, {u"orchidee", orchidee}, {u"kugelkaktus", kugelkaktus},
     {u"saeulenkaktus", saeulenkaktus}, {u"gliederkaktus", gliederkaktus}};
 // clang-format on
 
