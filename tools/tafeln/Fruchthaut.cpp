@@ -103,11 +103,17 @@ void fruchthautMalen(QPainter &p, const QPainterPath &haut, const Steckbrief &s)
     if (!flaumig && !behaart)
         return;
     p.setPen(QPen(durchsichtig(dunkler(s.anstrich[Rolle::Haut], 0.3), 0.55), 0.9));
-    const double laenge = haut.length(), lang = behaart && !s.hautwort(u"gering") ? 9 : 5;
-    for (double weg = 0; weg < laenge; weg += 4) {
-        const double t = haut.percentAtLength(weg);
-        p.drawLine(haut.pointAtPercent(t), haut.pointAtPercent(t) + polar(haut.angleAtPercent(t) + 90, lang));
-    }
+    const double lang = behaart && !s.hautwort(u"gering") ? 9 : 5;
+    double weg = 0; // to the next hair
+    for (const QPolygonF &rand : haut.toSubpathPolygons())
+        for (qsizetype i = 1; i < rand.size(); ++i) {
+            const QLineF stueck(rand[i - 1], rand[i]);
+            for (; weg < stueck.length(); weg += 4) {
+                const QPointF fuss = stueck.pointAt(weg / stueck.length());
+                p.drawLine(fuss, fuss + polar(stueck.angle() + 90, lang));
+            }
+            weg -= stueck.length();
+        }
 }
 
 Motiv Steckbrief::geformt(const Motiv &motiv, bool einzeln) const

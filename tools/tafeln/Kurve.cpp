@@ -115,6 +115,10 @@ QPainterPath band(const Kurve &k, const std::function<double(double)> &halbeBrei
 
 void stiel(QPainter &p, const Kurve &k, double unten, double oben, const QColor &f)
 {
+    if (unten < 2) { // of a twig one sees no outline
+        nurLinie(p, QPen(gemischt(f, umriss(f), 0.5), (unten + oben) / 2 + 0.6, Qt::SolidLine, Qt::FlatCap));
+        return p.drawPath(k.pfad());
+    }
     const auto breite = [&](double t) { return (unten + (oben - unten) * t) / 2; };
     p.setPen(QPen(umriss(f), 0.8));
     p.setBrush(f);

@@ -28,6 +28,14 @@ QPen umrissstift(const QColor &f, double pixel)
     return s;
 }
 
+/// A circle where it is only some pixels wide: a true one takes twice as long.
+const QPolygonF zwoelfeck = [] {
+    QPolygonF ecken;
+    for (int i = 0; i < 12; ++i)
+        ecken << polar(i * 30, 1);
+    return ecken;
+}();
+
 /// Slender blotch with an uneven edge, along a direction.
 QPainterPath fleck(Zufall &zufall, QPointF mitte, double grad, double laenge, double breite)
 {
@@ -403,10 +411,11 @@ void Motiv::malen(QPainter &p, const Anstrich &alle, const QTransform &ort, doub
             const double gross = masse * std::max(punkt->kasten.width(), punkt->kasten.height());
             if (gross < (punkt->gruppe == Formgruppe::Blatt ? 4.5 : 9)) {
                 const double mindestens = 1.3 / masse;
-                p.setTransform(ort * vorher);
+                const QPointF mitte = punkt->kasten.center();
+                const double rx = std::max(mindestens, punkt->kasten.width() / 2), ry = std::max(mindestens, punkt->kasten.height() / 2);
+                p.setTransform(QTransform(rx, 0, 0, ry, mitte.x(), mitte.y()) * ort * vorher);
                 nurFlaeche(p, mitTon(anstrich[punkt->rolle], eigen));
-                p.drawEllipse(punkt->kasten.center(), std::max(mindestens, punkt->kasten.width() / 2),
-                              std::max(mindestens, punkt->kasten.height() / 2));
+                p.drawConvexPolygon(zwoelfeck);
                 i = punkt->bis - 1;
                 continue;
             }
