@@ -38,26 +38,6 @@ std::vector<QColor> wortfarben(const Datensatz &sorte, QStringView spalte, std::
     return gefunden;
 }
 
-Apfelform::Apfelform(const Datensatz &s)
-{
-    const auto ja = [&](QStringView spalte, QStringView wort, double wert) { return s.hat(spalte, wort) ? wert : 0.0; };
-    durchmesser = mittel(s, u"fruchtgr", {{u"klein", 5.6}, {u"mittelgroß", 6.9}, {u"groß", 8.1}, {u"sehr groß", 9.4}}, 7);
-    hoehe = mittel(s, u"form_l", {{u"flach", 0.78}, {u"kugelig", 0.93}, {u"hoch", 1.1}, {u"walzenförmig/faßförmig", 1.08}}, 0.92);
-    bauch = mittel(s, u"form_l", {{u"stielbauchig", -0.24}, {u"mittelbauchig", 0.0}, {u"kelchbauchig", 0.2}}, 0);
-    kegel = ja(u"form_l", u"kegelförmig", 0.2);
-    fass = 2.12 + ja(u"form_l", u"walzenförmig/faßförmig", 0.9);
-    schief = ja(u"form_l", u"schiefgebaut", 0.10);
-    stielgrubeTiefe = mittel(s, u"st_grube", {{u"flach", 0.16}, {u"mitteltief", 0.27}, {u"tief", 0.4}}, 0.27);
-    stielgrubeWeite = mittel(s, u"st_grube", {{u"eng", 0.42}, {u"mittelweit", 0.56}, {u"weit", 0.72}}, 0.56);
-    kelchgrubeTiefe = mittel(s, u"k_grube", {{u"aufsitzend", 0.02}, {u"flach", 0.12}, {u"mitteltief", 0.22}, {u"tief", 0.34}}, 0.2);
-    kelchgrubeWeite = mittel(s, u"k_grube", {{u"eng", 0.36}, {u"mittelweit", 0.48}, {u"weit", 0.62}}, 0.48);
-    kanten = mittel(s, u"form_q", {{u"rund", 0}, {u"rundkantig", 0.022}, {u"kantig", 0.045}}, 0) + ja(u"fruchtrel", u"Kanten", 0.008);
-    rippen = ja(u"fruchtrel", u"Rippen", 0.02);
-    unruhe = ja(u"form_q", u"unregelmäßig rund", 0.022);
-    oval = ja(u"form_q", u"oval", 0.08);
-    kelchhoecker = ja(u"k_umgebung", u"Höcker", 0.05) + ja(u"k_umgebung", u"Rippen", 0.04) + ja(u"k_umgebung", u"wellig", 0.02);
-}
-
 QPointF Apfelform::meridian(double phi) const
 {
     const double e = 2 / fass;
@@ -82,7 +62,6 @@ double Apfelform::quer(double l) const
 
 Apfelhaut::Apfelhaut(const Datensatz &s) : saat_(std::uint32_t(Zufall(s.name()).roh()))
 {
-    const auto ja = [&](QStringView spalte, QStringView wort, double wert) { return s.hat(spalte, wort) ? wert : 0.0; };
     auto gruende = wortfarben(s, u"grundfarbe", {{u"grün", 0xFF86AC48}, {u"grüngelb", 0xFFBFC65A}, {u"gelb", 0xFFE9CC55}, {u"weißlich", 0xFFF0EAC6}});
     if (gruende.empty())
         gruende.emplace_back(0xBF, 0xC6, 0x5A);
@@ -97,22 +76,22 @@ Apfelhaut::Apfelhaut(const Datensatz &s) : saat_(std::uint32_t(Zufall(s.name()).
     deckDunkel_ = rgb(decken.empty() ? gruende.front() : decken.back());
     radius_ = decken.empty() ? -9 : mittel(s, u"df_ausdehn", {{u"wenig", 0.55}, {u"Backe", 0.95}, {u"großflächig", 1.6}, {u"ganz", 3.6}}, 0.95);
     weich_ = s.hat(u"df_art", u"verwaschen") ? 0.75 : 0.45;
-    kraft_ = 0.86 + ja(u"df_art", u"kräftig", 0.12) - ja(u"df_art", u"zart", 0.28) - ja(u"df_art", u"trüb", 0.1);
-    streifen_ = ja(u"df_art", u"gestreift/geflammt", 1);
+    kraft_ = 0.86 + falls(s, u"df_art", u"kräftig", 0.12) - falls(s, u"df_art", u"zart", 0.28) - falls(s, u"df_art", u"trüb", 0.1);
+    streifen_ = falls(s, u"df_art", u"gestreift/geflammt", 1);
     const bool flaechig = s.hat(u"df_art", u"verwaschen") || s.hat(u"df_art", u"gleichmäßig") || streifen_ == 0;
     grundton_ = s.hat(u"df_art", u"gleichmäßig") ? 0.95 : flaechig ? (streifen_ > 0 ? 0.5 : 0.85) : 0.2;
-    marmor_ = ja(u"df_art", u"marmoriert", 1);
-    spritzer_ = ja(u"df_art", u"gesprenkelt", 1);
+    marmor_ = falls(s, u"df_art", u"marmoriert", 1);
+    spritzer_ = falls(s, u"df_art", u"gesprenkelt", 1);
     const bool grob = s.hat(u"rost", u"rauh") || s.hat(u"rost", u"schuppig") || s.hat(u"aussehen", u"rauh");
     const double rauh = grob ? 1.25 : s.hat(u"rost", u"fein") ? 0.75 : 1;
-    netz_ = ja(u"rost", u"netzartig", 0.8 * rauh);
-    figur_ = ja(u"rost", u"figurenartig", 0.75 * rauh);
-    flaeche_ = ja(u"rost", u"flächig", 0.8 * rauh);
+    netz_ = falls(s, u"rost", u"netzartig", 0.8 * rauh);
+    figur_ = falls(s, u"rost", u"figurenartig", 0.75 * rauh);
+    flaeche_ = falls(s, u"rost", u"flächig", 0.8 * rauh);
     rost_ = rgb(QColor(0xA6, 0x7C, 0x48));
     stielrost_ = s.hat(u"st_berost", u"nicht vorhanden") || s.worte(u"st_berost").isEmpty() ? 0 : s.hat(u"st_berost", u"nur in Tiefe") ? 0.55 : 1;
     stielweite_ = s.hat(u"st_berost", u"strahlig") ? 1 : 0;
     reif_ = s.hat(u"reif", u"nicht vorhanden") || s.worte(u"reif").isEmpty() ? 0 : s.hat(u"reif", u"stark") ? 0.22 : 0.12;
-    blau_ = ja(u"reif", u"bläulich", 1);
+    blau_ = falls(s, u"reif", u"bläulich", 1);
     glanz_ = s.hat(u"aussehen", u"glänzend") ? 0.42 : s.hat(u"aussehen", u"matt") || s.hat(u"rost", u"rauh") ? 0.14 : 0.27;
     // clang-format off
     const auto punkte = wortfarben(s, u"sch_punkt", {{u"weißlich", 0xFFF6EED2}, {u"gelb", 0xFFEFDC86}, {u"hellbraun", 0xFFCBA268}, {u"braun", 0xFF8E6640},
@@ -127,11 +106,8 @@ Apfelhaut::Apfelhaut(const Datensatz &s) : saat_(std::uint32_t(Zufall(s.name()).
 
 QColor Apfelhaut::deck() const
 {
-    if (radius_ < 0)
-        return grund();
-    Rgb f = deckHell_;
-    f.zu(deckDunkel_, 0.5);
-    return QColor::fromRgbF(float(f[0]), float(f[1]), float(f[2]));
+    const QVector3D f = radius_ < 0 ? grund_ : (deckHell_ + deckDunkel_) / 2;
+    return QColor::fromRgbF(f.x(), f.y(), f.z());
 }
 
 /// Smooth value noise in [0, 1].
@@ -187,7 +163,7 @@ double Apfelhaut::berostung(double l, double b) const
     return r;
 }
 
-void Apfelhaut::punkte(Rgb &f, double l, double b, double rot) const
+void Apfelhaut::punkte(QVector3D &f, double l, double b, double rot) const
 {
     if (punktdichte_ <= 0 || std::abs(b) > 0.93)
         return;
@@ -202,9 +178,9 @@ void Apfelhaut::punkte(Rgb &f, double l, double b, double rot) const
         return;
     const double abstand = std::hypot((stelle - x), (reihe - y) * 1.05);
     const double g = punktgroesse_ * (0.7 + 0.6 * zahl);
-    f.zu(punkt_, (1 - stufe(g * 0.55, g, abstand)) * 0.85);
+    zu(f, punkt_, (1 - stufe(g * 0.55, g, abstand)) * 0.85);
     if (rot > 0.4) // a light halo in the cover colour
-        f.zu(grund_, (1 - stufe(g, g * 1.8, abstand)) * stufe(g * 0.5, g, abstand) * 0.3);
+        zu(f, grund_, (1 - stufe(g, g * 1.8, abstand)) * stufe(g * 0.5, g, abstand) * 0.3);
 }
 
 /// The back, where the ends of the longitude meet, goes over from one to the other.
@@ -220,29 +196,29 @@ QRgb Apfelhaut::farbe(double l, double b) const
 
 QRgb Apfelhaut::einfach(double l, double b) const
 {
-    Rgb f = grund_;
-    f.zu(grund2_, stufe(0.3, 0.7, wolken(l * 1.1, b * 1.4, 15) * 0.7 + 0.3 * (0.5 - 0.5 * b)));
+    QVector3D f = grund_;
+    zu(f, grund2_, stufe(0.3, 0.7, wolken(l * 1.1, b * 1.4, 15) * 0.7 + 0.3 * (0.5 - 0.5 * b)));
     const double d = deckung(l, b);
     if (d > 0) {
-        Rgb deck = deckHell_;
-        deck.zu(deckDunkel_, stufe(0.35, 1, d * 0.8 + 0.3 * wolken(l * 3, b * 3, 16)));
+        QVector3D deck = deckHell_;
+        zu(deck, deckDunkel_, stufe(0.35, 1, d * 0.8 + 0.3 * wolken(l * 3, b * 3, 16)));
         double ton = grundton_ * d;
         if (marmor_ > 0)
             ton *= 0.35 + 0.65 * stufe(0.35, 0.6, wolken(l * 6, b * 6, 17));
         if (spritzer_ > 0)
             ton *= 0.45 + 0.55 * stufe(0.45, 0.55, rauschen(l * 22, b * 22, 18));
-        f.zu(deck, ton * kraft_);
+        zu(f, deck, ton * kraft_);
         if (streifen_ > 0) {
-            Rgb streifenfarbe = deck;
-            streifenfarbe.zu(deckDunkel_, 0.6);
-            f.zu(streifenfarbe, streifen(l, b) * stufe(0.05, 0.55, d) * kraft_);
+            QVector3D streifenfarbe = deck;
+            zu(streifenfarbe, deckDunkel_, 0.6);
+            zu(f, streifenfarbe, streifen(l, b) * stufe(0.05, 0.55, d) * kraft_);
         }
     }
-    f.zu(rgb(QColor(0x9A, 0xA8, 0x55)), 0.35 * stufe(0.84, 1.0, b));
+    zu(f, rgb(QColor(0x9A, 0xA8, 0x55)), 0.35 * stufe(0.84, 1.0, b));
     punkte(f, l, b, d);
-    f.zu(rost_, berostung(l, b));
+    zu(f, rost_, berostung(l, b));
     if (reif_ > 0)
-        f.zu(blau_ > 0 ? Rgb{{0.72, 0.74, 0.86}} : Rgb{{0.93, 0.93, 0.92}}, reif_ * (0.6 + 0.8 * wolken(l * 2, b * 2, 19)));
-    const auto byte = [](double x) { return int(std::clamp(x, 0.0, 1.0) * 255 + 0.5); };
-    return qRgb(byte(f[0]), byte(f[1]), byte(f[2]));
+        zu(f, blau_ > 0 ? QVector3D(0.72f, 0.74f, 0.86f) : QVector3D(0.93f, 0.93f, 0.92f), reif_ * (0.6 + 0.8 * wolken(l * 2, b * 2, 19)));
+    const auto byte = [](float x) { return int(std::clamp(x, 0.f, 1.f) * 255 + 0.5f); };
+    return qRgb(byte(f.x()), byte(f.y()), byte(f.z()));
 }

@@ -3,8 +3,6 @@
 #include "Kurve.h"
 #include "Tafeln.h"
 
-#include <QVector3D>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -63,9 +61,7 @@ public:
         p.scale(1 / mass, 1 / mass);
         QBrush muster(bild);
         muster.setTransform(QTransform::fromTranslate(-halb, -halb));
-        p.setBrush(muster);
-        p.setPen(QPen(durchsichtig(umriss(haut.deck()), 0.8), 1.8));
-        p.drawPath(umrisslinie);
+        ::zeichnen(p, umrisslinie, QPen(durchsichtig(umriss(haut.deck()), 0.8), 1.8), muster);
         p.restore();
     }
 
@@ -99,13 +95,8 @@ private:
         const double kante = 1 - std::max(0.f, d.z());
         const double halbweg = std::max(0.f, QVector3D::dotProduct(d, {-0.23f, 0.28f, 0.93f}));
         const double enge = 0.45 * std::exp(-30.0 * (o.x() * o.x() + o.z() * o.z())); // less light reaches the bottom of a cavity
-        return {ort.x(),
-                -ort.y(),
-                ort.z(),
-                l,
-                std::cos(phi),
-                (0.66 + 0.46 * streu - 0.12 * kante * kante) * (1 - enge),
-                std::pow(halbweg, 42) * (1 - enge)};
+        const double licht = (0.66 + 0.46 * streu - 0.12 * kante * kante) * (1 - enge);
+        return {ort.x(), -ort.y(), ort.z(), l, std::cos(phi), licht, std::pow(halbweg, 42) * (1 - enge)};
     }
 
     void dreieck(const Ecke &a, const Ecke &b, const Ecke &c)
@@ -164,7 +155,7 @@ private:
 
 double fruchtkoerperMalen(QPainter &p, const QRectF &platz, const Datensatz &sorte, bool schnitt)
 {
-    const Apfelform form(sorte);
+    const Apfelform form{sorte};
     const Apfelhaut haut(sorte);
     const double radius = std::min(platz.width() * 0.42, platz.height() / (schnitt ? 2.5 : 2.7)), pixelJeCm = radius / (form.durchmesser / 2);
     const QPointF mitte = platz.center() + QPointF(0, radius * 0.16);

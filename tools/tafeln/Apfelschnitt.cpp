@@ -60,13 +60,6 @@ struct Schnitt
         return {x, m.y() + form.schief * x * std::sin(phi)};
     }
 
-    void zeichnen(const QPen &stift, const QBrush &fuellung, const QPainterPath &pfad) const
-    {
-        p.setPen(stift);
-        p.setBrush(fuellung);
-        p.drawPath(pfad);
-    }
-
     void fleisch(const QPainterPath &umrisslinie) const
     {
         const bool roetlich = sorte.hat(u"fl_farbe", u"rötlich/rötl. unter Schale");
@@ -74,7 +67,7 @@ struct Schnitt
         const QBrush g = verlauf(
             QRadialGradient(QPointF(0, 0), 1.12),
             {{0, gemischt(fleischton, QColor(0xE8, 0xE6, 0xB8), 0.35)}, {0.45, fleischton}, {roetlich ? 0.72 : 0.86, fleischton}, {1, aussen}});
-        zeichnen(Qt::NoPen, g, umrisslinie);
+        zeichnen(p, umrisslinie, Qt::NoPen, g);
     }
 
     void schale(const QPainterPath &umrisslinie, double radius) const
@@ -87,7 +80,7 @@ struct Schnitt
                 p.setPen(stift(QColor(haut.farbe(seite * pi / 2, std::cos(phi + pi / schritte / 2))), dicke));
                 p.drawLine(rand(phi, seite), rand(phi + pi / schritte, seite));
             }
-        zeichnen(stift(durchsichtig(farbe::tinte, 0.5), 1), Qt::NoBrush, umrisslinie);
+        zeichnen(p, umrisslinie, stift(durchsichtig(farbe::tinte, 0.5), 1), Qt::NoBrush);
     }
 
     void kern(QPointF spitze, double grad, bool taub) const
@@ -97,8 +90,8 @@ struct Schnitt
         p.save();
         p.translate(spitze);
         p.rotate(grad);
-        zeichnen(stift(dunkler(f, 0.5), 1.2), f,
-                 kontur(u"M0 0C.35-.28 .55-.62 .8-.45C1.06-.25 1.06 .25 .8 .45C.55 .62 .35 .28 0 0", kernlaenge, breite * (taub ? 0.4 : 1)));
+        zeichnen(p, kontur(u"M0 0C.35-.28 .55-.62 .8-.45C1.06-.25 1.06 .25 .8 .45C.55 .62 .35 .28 0 0", kernlaenge, breite * (taub ? 0.4 : 1)),
+                 stift(dunkler(f, 0.5), 1.2), f);
         p.setPen(stift(durchsichtig(heller(f, 0.6), 0.7), 2));
         p.drawLine(QPointF(kernlaenge * 0.35, breite * 0.1), QPointF(kernlaenge * 0.75, breite * 0.2));
         p.restore();
@@ -116,20 +109,20 @@ struct Schnitt
             linie.cubicTo({seite * weite * 0.5, oben + 0.1}, {seite * weite * 1.35, oben - 0.02}, {seite * weite, mitte - 0.02});
             linie.cubicTo({seite * weite * 0.75, unten}, {seite * weite * 0.25, unten}, {0, form.kelchboden() + 0.03});
         }
-        zeichnen(stift(QColor(0x9D, 0xAE, 0x5C), 2, Qt::DashLine), durchsichtig(QColor(0xE9, 0xE9, 0xB8), 0.4), linie);
+        zeichnen(p, linie, stift(QColor(0x9D, 0xAE, 0x5C), 2, Qt::DashLine), durchsichtig(QColor(0xE9, 0xE9, 0xB8), 0.4));
         p.setPen(stift(QColor(0xB5, 0xC0, 0x7A), 2.5));
         p.drawLine(QPointF(0, form.stielboden()), QPointF(0, oben));
         p.drawLine(QPointF(0, unten), QPointF(0, form.kelchboden()));
         const double achse = mittel(sorte, u"a_hoehle", {{u"geschlossen", 0.0}, {u"offen", 0.05}, {u"weit offen", 0.10}}, 0.02);
         const QPainterPath spindel = kontur(u"M0 1Q1.5 .5 0 0Q-1.5 .5 0 1", achse, oben - unten);
-        zeichnen(stift(kernhauslinie, 1.6), dunkler(fleischton, 0.16), spindel.translated(0, unten));
+        zeichnen(p, spindel.translated(0, unten), stift(kernhauslinie, 1.6), dunkler(fleischton, 0.16));
         const bool taub = !sorte.hat(u"k_qualit", u"alle ausgebildet") && !sorte.worte(u"k_qualit").isEmpty();
         const double kammer = kernhausgroesse * mittel(sorte, u"k_kammern", {{u"eng", 0.52}, {u"weit", 0.78}}, 0.64), innen = 0.012 + achse * 0.72;
         const QPainterPath fach = kontur(u"M0 0C.9 .08 1.35 .45 .55 .85Q.3 1 0 1Q.12 .5 0 0", kammer, oben - unten - 0.08);
         for (const double seite : {1.0, -1.0}) {
             p.save();
             p.scale(seite, 1);
-            zeichnen(stift(kernhauslinie.darker(125), 2), heller(QColor(0xE4, 0xD2, 0x92), 0.25), fach.translated(innen, unten + 0.04));
+            zeichnen(p, fach.translated(innen, unten + 0.04), stift(kernhauslinie.darker(125), 2), heller(QColor(0xE4, 0xD2, 0x92), 0.25));
             kern({innen + kammer * 0.42, mitte + kernlaenge * 0.62}, -84, taub && seite < 0);
             if (sorte.hat(u"k_anzahl", u"> 7"))
                 kern({innen + kammer * 0.2, mitte + kernlaenge * 0.5}, -92, false);
@@ -151,7 +144,7 @@ struct Schnitt
         trichter.lineTo(breite * 0.3, std::max(ende, boden + hoehle * 1.15));
         trichter.lineTo(breite / 2, boden + hoehle);
         trichter.quadTo({hoehle * 0.5, boden + hoehle * 0.9}, {hoehle, boden - 0.012});
-        zeichnen(stift(QColor(0x7A, 0x69, 0x3C), 1.4), QColor(0xC7, 0xB8, 0x7C), trichter);
+        zeichnen(p, trichter, stift(QColor(0x7A, 0x69, 0x3C), 1.4), QColor(0xC7, 0xB8, 0x7C));
         const double groesse = mittel(sorte, u"k_groesse", {{u"klein", 0.08}, {u"mittel", 0.11}, {u"groß", 0.15}}, 0.11);
         const double oeffnung = mittel(sorte, u"k_oeffnung", {{u"geschlossen", -22}, {u"halboffen", 8}, {u"offen", 34}}, 8);
         const QColor f = sorte.hat(u"k_blaetter", u"bräunlich") ? QColor(0x8D, 0x74, 0x4A) : QColor(0x86, 0x8F, 0x55);
@@ -160,7 +153,7 @@ struct Schnitt
             p.save();
             p.translate(seite * hoehle * 0.85, boden - 0.005);
             p.rotate(-90 + seite * oeffnung);
-            zeichnen(stift(umriss(f), 1.2), seite == 0 ? dunkler(f, 0.15) : f, blatt);
+            zeichnen(p, blatt, stift(umriss(f), 1.2), seite == 0 ? dunkler(f, 0.15) : f);
             p.restore();
         }
     }

@@ -24,14 +24,12 @@ void deckfarbe(Haut &h, const Steckbrief &s)
     const QBrush g = verlauf(QRadialGradient(QPointF(h.r.right() - h.r.width() * 0.22, h.r.center().y()), h.r.width() * 0.85),
                              {{0, durchsichtig(f, zart ? 0.6 : 0.85)}, {0.45, durchsichtig(f, zart ? 0.3 : 0.55)}, {1, durchsichtig(f, 0)}});
     h.p.fillRect(h.r, g);
-    h.p.setBrush(Qt::NoBrush);
     if (s.hautwort(u"geflammt") || s.hautwort(u"gestreift"))
         for (int i = 0; i < 34; ++i) { // streaks from the stalk to the calyx
             const double u = 0.3 + 0.68 * h.z.zahl(), x = h.r.left() + h.r.width() * u;
             QPainterPath pfad(QPointF(h.r.center().x() + (x - h.r.center().x()) * 0.5, h.r.top() + h.r.height() * h.z.zwischen(0.1, 0.4)));
             pfad.quadTo(x, h.r.center().y(), h.r.center().x() + (x - h.r.center().x()) * 0.6, h.r.bottom() - h.r.height() * h.z.zwischen(0.08, 0.35));
-            h.p.setPen(QPen(durchsichtig(dunkler(f, 0.12), 0.45), h.z.zwischen(2, 6), Qt::SolidLine, Qt::RoundCap));
-            h.p.drawPath(pfad);
+            h.p.strokePath(pfad, QPen(durchsichtig(dunkler(f, 0.12), 0.45), h.z.zwischen(2, 6), Qt::SolidLine, Qt::RoundCap));
         }
     if (s.hautwort(u"gesprenkelt") || s.hautwort(u"marmoriert"))
         for (int i = 0; i < 130; ++i) {

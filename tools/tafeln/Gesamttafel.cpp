@@ -40,9 +40,7 @@ void vergleichMalen(Tafel &t, const Vergleich &v, const Formen &formen, double x
     const double mass = v.meter * px / 100;
     form = QTransform(mass, 0, 0, mass, x - form.boundingRect().center().x() * mass, boden).map(form);
     QPainter &p = t.maler();
-    p.setPen(QPen(durchsichtig(farbe::tinte, 0.55), 1.6));
-    p.setBrush(durchsichtig(farbe::linie, 0.28));
-    p.drawPath(form);
+    zeichnen(p, form, QPen(durchsichtig(farbe::tinte, 0.55), 1.6), durchsichtig(farbe::linie, 0.28));
     t.bild(form.boundingRect(), nummer);
     t.text({x, unten + 26}, ding->titel, 18);
 }

@@ -19,8 +19,7 @@ void risse(QPainter &p, const QRectF &r, Zufall &z, const QColor &dunkel, int an
             ort += quer ? QPointF(lang / 4, z.streuung(1.5)) : QPointF(z.streuung(7), lang / 4);
             pfad.lineTo(ort);
         }
-        p.setPen(QPen(dunkel, dick * z.zwischen(0.5, 1.3), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        p.drawPath(pfad);
+        p.strokePath(pfad, QPen(dunkel, dick * z.zwischen(0.5, 1.3), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     }
 }
 
@@ -53,9 +52,8 @@ void bluest(QPainter &p, QPointF ort, double grad, double groesse, const Steckbr
     p.save();
     p.translate(ort);
     p.rotate(90 - grad);
-    p.setBrush(verlauf(QLinearGradient(-b, 0, b, 0), {{0, heller(f, 0.3)}, {1, dunkler(f, 0.3)}}));
-    p.setPen(QPen(dunkler(f, 0.5), 1.2));
-    p.drawPath(kontur(u"M-.6 0C-1.3-.4-.7-.9 0-1C.7-.9 1.3-.4 .6 0Z", b, h));
+    zeichnen(p, kontur(u"M-.6 0C-1.3-.4-.7-.9 0-1C.7-.9 1.3-.4 .6 0Z", b, h), QPen(dunkler(f, 0.5), 1.2),
+             verlauf(QLinearGradient(-b, 0, b, 0), {{0, heller(f, 0.3)}, {1, dunkler(f, 0.3)}}));
     p.setBrush(Qt::NoBrush);
     if (s.knospe != u"nackt") // scales
         p.drawPath(kontur(u"M-1-.12Q.1-.5 1-.1M-.82-.36Q.1-.7 .8-.36M-.64-.6Q.1-.9 .6-.62", b, h));
@@ -105,8 +103,7 @@ void rindeMalen(QPainter &p, const QRectF &platz, const Steckbrief &s)
         verlauf(QLinearGradient(r.left(), 0, r.right(), 0), {{0, QColor(0, 0, 0, 70)}, {0.3, QColor(255, 255, 255, 30)}, {1, QColor(0, 0, 0, 110)}});
     p.fillRect(r, rundung);
     p.restore();
-    nurLinie(p, QPen(dunkel, 1.4));
-    p.drawRoundedRect(r, 14, 14);
+    p.strokePath(rahmen, QPen(dunkel, 1.4));
 }
 
 void zweigMalen(QPainter &p, const QRectF &r, const Steckbrief &s)

@@ -19,10 +19,11 @@ QPointF tangente(const std::vector<QPointF> &p, size_t i)
 
 } // namespace
 
-void nurLinie(QPainter &p, const QPen &stift)
+void zeichnen(QPainter &p, const QPainterPath &pfad, const QPen &stift, const QBrush &fuellung)
 {
     p.setPen(stift);
-    p.setBrush(Qt::NoBrush);
+    p.setBrush(fuellung);
+    p.drawPath(pfad);
 }
 
 void nurFlaeche(QPainter &p, const QBrush &fuellung)
@@ -116,15 +117,11 @@ QPainterPath band(const Kurve &k, const std::function<double(double)> &halbeBrei
 void stiel(QPainter &p, const Kurve &k, double unten, double oben, const QColor &f)
 {
     if (unten < 2) { // of a twig one sees no outline
-        nurLinie(p, QPen(gemischt(f, umriss(f), 0.5), (unten + oben) / 2 + 0.6, Qt::SolidLine, Qt::FlatCap));
-        return p.drawPath(k.pfad());
+        return p.strokePath(k.pfad(), QPen(gemischt(f, umriss(f), 0.5), (unten + oben) / 2 + 0.6, Qt::SolidLine, Qt::FlatCap));
     }
     const auto breite = [&](double t) { return (unten + (oben - unten) * t) / 2; };
-    p.setPen(QPen(umriss(f), 0.8));
-    p.setBrush(f);
-    p.drawPath(band(k, breite, 0, 1, 14));
+    zeichnen(p, band(k, breite, 0, 1, 14), QPen(umriss(f), 0.8), f);
     if (unten > 5) {
-        nurLinie(p, QPen(durchsichtig(heller(f, 0.5), 0.6), unten * 0.16, Qt::SolidLine, Qt::RoundCap));
-        p.drawPath(k.pfad().translated(-unten * 0.16, 0));
+        p.strokePath(k.pfad().translated(-unten * 0.16, 0), QPen(durchsichtig(heller(f, 0.5), 0.6), unten * 0.16, Qt::SolidLine, Qt::RoundCap));
     }
 }

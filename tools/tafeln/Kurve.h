@@ -7,8 +7,9 @@
 #include <functional>
 #include <vector>
 
-/// Sets the painter to lines or to areas alone.
-void nurLinie(QPainter &p, const QPen &stift);
+/// Paints with pen and brush, which stay set.
+void zeichnen(QPainter &p, const QPainterPath &pfad, const QPen &stift, const QBrush &fuellung);
+/// Sets the painter to areas alone.
 void nurFlaeche(QPainter &p, const QBrush &fuellung);
 /// The gradient with its colours, as a brush.
 QBrush verlauf(QGradient richtung, const QGradientStops &farben);

@@ -140,15 +140,8 @@ void Motiv::aufnehmen(const Formen &formen, const Form &form, const Form *bluete
     for (const Formteil &teil : form.teile) {
         if (teil.art != Formteil::Form) {
             const QPointF spitze(0, form.gruppe == Formgruppe::Frucht ? 100 : -100);
-            striche_.push_back({teil.rolle,
-                                form.gruppe,
-                                teil.art == Formteil::Linie ? std::max(0.1, teil.breite) : 0,
-                                teil.pfad,
-                                teil.haelfte(),
-                                ort,
-                                {},
-                                spitze,
-                                stueck});
+            const double breite = teil.art == Formteil::Linie ? std::max(0.1, teil.breite) : 0;
+            striche_.push_back({teil.rolle, form.gruppe, breite, teil.pfad, teil.haelfte(), ort, {}, spitze, stueck});
             continue;
         }
         const QTransform dort = teil.lage * ort;
@@ -262,8 +255,7 @@ void Motiv::flaecheMalen(QPainter &p, const Strich &s, const Anstrich &a, double
     }
     p.drawPath(s.fuer(pixel));
     if (blatt && pixel >= grob && !s.haelfte.isEmpty()) {
-        nurFlaeche(p, QColor(10, 35, 40, 30));
-        p.drawPath(s.haelfte);
+        p.fillPath(s.haelfte, QColor(10, 35, 40, 30));
     }
     if (s.rolle == Rolle::Blatt && !a.zeichnung.empty())
         zeichnungMalen(p, s, a, pixel);
@@ -285,16 +277,13 @@ void Motiv::linieMalen(QPainter &p, const Strich &s, const Strich *spreite, cons
     if (s.rolle == Rolle::Rippe && spreite && pixel >= fein) { // the midrib lies in a groove of the blade
         p.save();
         p.setClipPath(spreite->pfad, Qt::IntersectClip);
-        p.setPen(stift(QColor(15, 40, 30, 60), breite * 2.2));
-        p.drawPath(s.pfad.translated(breite * 0.5, 0));
+        p.strokePath(s.pfad.translated(breite * 0.5, 0), stift(QColor(15, 40, 30, 60), breite * 2.2));
         p.restore();
     }
     if (s.rolle == Rolle::Ader && pixel >= 2 * fein) { // between the veins the blade bulges
-        p.setPen(stift(QColor(10, 40, 25, 22), s.breite * 3.4));
-        p.drawPath(s.pfad.translated(0, s.breite * 1.1));
+        p.strokePath(s.pfad.translated(0, s.breite * 1.1), stift(QColor(10, 40, 25, 22), s.breite * 3.4));
     }
-    p.setPen(stift(f, breite));
-    p.drawPath(s.fuer(pixel));
+    p.strokePath(s.fuer(pixel), stift(f, breite));
 }
 
 void Motiv::zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, double pixel) const
@@ -327,16 +316,11 @@ void Motiv::zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, doub
         const QColor f = farbton, weich = durchsichtig(farbton, 0.75);
         p.setPen(Qt::NoPen);
         if (wo == u"rand") {
-            p.setPen(stift(f, halb * 0.34));
-            p.drawPath(umrisslinie);
-            p.setPen(stift(durchsichtig(f, 0.5), halb * 0.55));
-            p.drawPath(umrisslinie);
+            p.strokePath(umrisslinie, stift(f, halb * 0.34));
+            p.strokePath(umrisslinie, stift(durchsichtig(f, 0.5), halb * 0.55));
         } else if (wo == u"mitte") {
-            p.setBrush(weich);
-            p.drawPath(gestreckt(0.62, 0.86));
-            p.setBrush(f);
-            p.drawPath(gestreckt(0.44, 0.78));
-            p.setBrush(Qt::NoBrush);
+            p.fillPath(gestreckt(0.62, 0.86), weich);
+            p.fillPath(gestreckt(0.44, 0.78), f);
         } else if (wo == u"ader" || wo == u"fiederstreifen") {
             const bool breit = wo == u"fiederstreifen";
             for (int seite : {-1, 1})
@@ -344,8 +328,7 @@ void Motiv::zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, doub
                     const double y = -10 - i * 11.0, laenge = halb * 1.05;
                     QPainterPath ader(QPointF(0, y));
                     ader.quadTo({seite * laenge * 0.5, y - laenge * 0.22}, {seite * laenge, y - laenge * 0.75});
-                    p.setPen(stift(breit ? weich : f, breit ? 5.5 : 1.8));
-                    p.drawPath(ader);
+                    p.strokePath(ader, stift(breit ? weich : f, breit ? 5.5 : 1.8));
                 }
             p.setPen(stift(f, breit ? 1.5 : 2.6));
             p.drawLine(QPointF(0, 0), QPointF(0, -95));
@@ -363,12 +346,10 @@ void Motiv::zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, doub
             p.setBrush(Qt::NoBrush);
         } else if (wo == u"streifen") {
             for (const double x : {0.12, 0.42, 0.72}) {
-                p.setPen(stift(f, halb * 0.16));
-                p.drawPath(gestreckt(x, 1.02));
+                p.strokePath(gestreckt(x, 1.02), stift(f, halb * 0.16));
             }
         } else if (wo == u"zone") {
-            p.setPen(stift(durchsichtig(f, 0.6), halb * 0.24));
-            p.drawPath(gestreckt(0.56, 0.56));
+            p.strokePath(gestreckt(0.56, 0.56), stift(durchsichtig(f, 0.6), halb * 0.24));
         } else { // basis, spitze
             const bool unten = wo == u"basis";
             const QBrush g = verlauf(QLinearGradient(0, unten ? r.bottom() : r.top(), 0, r.center().y()), {{0, f}, {1, durchsichtig(f, 0)}});
@@ -376,9 +357,8 @@ void Motiv::zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, doub
         }
     }
     p.restore();
-    nurLinie(p, umrissstift(a[Rolle::Blatt], pixel));
     if (pixel >= 15)
-        p.drawPath(s.fuer(pixel));
+        p.strokePath(s.fuer(pixel), umrissstift(a[Rolle::Blatt], pixel));
 }
 
 bool Motiv::zeichnetSelbst(const Anstrich::Zeichnung &z) const

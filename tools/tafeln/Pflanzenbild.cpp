@@ -186,11 +186,8 @@ void Pflanzenbild::frucht(QPointF ort, double ebene)
 
 void Pflanzenbild::form(const QPainterPath &pfad, const QColor &f, double ebene, double strich)
 {
-    ding(ebene, pfad.boundingRect().adjusted(-1, -1, 1, 1), [pfad, f, strich](QPainter &p) {
-        p.setPen(strich > 0 ? QPen(umriss(f), strich) : QPen(Qt::NoPen));
-        p.setBrush(f);
-        p.drawPath(pfad);
-    });
+    ding(ebene, pfad.boundingRect().adjusted(-1, -1, 1, 1),
+         [pfad, f, strich](QPainter &p) { zeichnen(p, pfad, strich > 0 ? QPen(umriss(f), strich) : QPen(Qt::NoPen), f); });
 }
 
 void Pflanzenbild::linie(const QPainterPath &pfad, const QPen &stift, double ebene)
@@ -204,9 +201,7 @@ void Pflanzenbild::topf(double w, double h)
     ding(-0.02, r, [w, h](QPainter &p) {
         const QColor ton(0xB8, 0x6A, 0x45);
         const QBrush g = verlauf(QLinearGradient(-w, 0, w, 0), {{0, dunkler(ton, 0.12)}, {0.3, heller(ton, 0.28)}, {1, dunkler(ton, 0.42)}});
-        p.setPen(QPen(dunkler(ton, 0.55), 1.2));
-        p.setBrush(g);
-        p.drawPath(kontur(u"M-.94 .18L-.68 .96Q0 1.06 .68 .96L.94 .18Z", w, h));
+        zeichnen(p, kontur(u"M-.94 .18L-.68 .96Q0 1.06 .68 .96L.94 .18Z", w, h), QPen(dunkler(ton, 0.55), 1.2), g);
         p.drawRoundedRect(QRectF(-w * 1.05, 0, w * 2.1, h * 0.2), h * 0.05, h * 0.05);
         p.setBrush(farbe::erde);
         p.drawEllipse(QPointF(0, h * 0.015), w * 0.98, h * 0.06);

@@ -205,11 +205,9 @@ void speicher(Pflanzenbild &b, double breite, double hoehe)
     b.ding(-1.1, leib.boundingRect(), [leib, haut, breite, hoehe](QPainter &p) {
         const QBrush g =
             verlauf(QRadialGradient(QPointF(-breite * 0.15, hoehe * 0.5), breite * 0.8), {{0, heller(haut, 0.4)}, {1, dunkler(haut, 0.35)}});
-        p.setBrush(g);
-        p.setPen(QPen(umriss(haut), 1.2));
-        p.drawPath(leib);
-        nurLinie(p, QPen(durchsichtig(dunkler(haut, 0.5), 0.5), 0.9));
-        p.drawPath(kontur(u"M0 0Q-.54 .5-.21 .9M0 0Q-.22 .5-.08 .9M0 0Q.18 .5 .07 .9M0 0Q.54 .5 .21 .9", breite, hoehe));
+        zeichnen(p, leib, QPen(umriss(haut), 1.2), g);
+        p.strokePath(kontur(u"M0 0Q-.54 .5-.21 .9M0 0Q-.22 .5-.08 .9M0 0Q.18 .5 .07 .9M0 0Q.54 .5 .21 .9", breite, hoehe),
+                     QPen(durchsichtig(dunkler(haut, 0.5), 0.5), 0.9));
     });
 }
 

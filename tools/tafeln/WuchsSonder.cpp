@@ -198,9 +198,8 @@ void kaktuskoerper(Pflanzenbild &b, QPointF fuss, double halb, double hoehe, int
             QPainterPath rippe = seite(u0);
             rippe.connectPath(seite(u1).toReversed());
             const QColor hell = licht > 0 ? heller(f, licht) : dunkler(f, -licht), tief = dunkler(f, 0.42);
-            p.setPen(QPen(dunkler(f, 0.5), 0.8));
-            p.setBrush(verlauf(QLinearGradient(mitte + u0 * halb, 0, mitte + u1 * halb, 0), {{0, tief}, {0.45, hell}, {1, tief}}));
-            p.drawPath(rippe);
+            zeichnen(p, rippe, QPen(dunkler(f, 0.5), 0.8),
+                     verlauf(QLinearGradient(mitte + u0 * halb, 0, mitte + u1 * halb, 0), {{0, tief}, {0.45, hell}, {1, tief}}));
             p.setPen(QPen(dorn, 1.1));
             const double x = r.center().x() + (u0 + u1) / 2 * halb;
             const int n = std::clamp(int(hoehe / (halb * 0.24)), 4, 22);
