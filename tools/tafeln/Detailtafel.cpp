@@ -40,15 +40,10 @@ struct Organbild
 
 QTransform eingepasst(const QRectF &rahmen, const QRectF &platz, double drehung)
 {
-    QTransform t;
-    t.rotate(drehung);
-    const QRectF r = t.mapRect(rahmen);
+    const QRectF r = QTransform().rotate(drehung).mapRect(rahmen);
     const double f = std::min(platz.width() / r.width(), platz.height() / r.height());
-    QTransform lage;
-    lage.translate(platz.center().x(), platz.center().y());
-    lage.scale(f, f);
-    lage.translate(-r.center().x(), -r.center().y());
-    return t * lage;
+    const QPointF mitte = platz.center() - r.center() * f;
+    return QTransform().translate(mitte.x(), mitte.y()).scale(f, f).rotate(drehung);
 }
 
 double pixelJeEinheit(const QTransform &t)
@@ -230,10 +225,7 @@ void merkmaleSetzen(Tafel &t, const Zelle &z, const QImage &bild, const QRectF &
         auto reihe = gute.begin() + qsizetype(double(gute.size()) * teil);
         const QPointF von(links ? kasten.right() + 7 : kasten.left() - 7, kasten.center().y());
         const auto linie = [&] { return QLineF(von, feld.topLeft() + QPointF(treffer(bild, *reihe, links), *reihe) / Tafel::bildmass); };
-        const auto frei = [&] {
-            return *reihe > letzte + 3
-                   && std::ranges::none_of(gezogen, [&](const QLineF &l) { return l.intersects(linie(), nullptr) == QLineF::BoundedIntersection; });
-        };
+        const auto frei = [&] { return *reihe > letzte + 3 && std::ranges::none_of(gezogen, [&](const QLineF &l) { return kreuzt(l, linie()); }); };
         while (reihe != gute.end() && !frei())
             ++reihe;
         if (reihe == gute.end())

@@ -98,9 +98,7 @@ Formteil teilAus(const RecSatz &satz, const RecFeld &feld, Formgruppe gruppe)
     if (teil.art == Formteil::Form) {
         teil.form = wort().toString();
         const double x = zahl(), y = zahl(), mass = zahl();
-        teil.lage.translate(x, y);
-        teil.lage.rotate(rest.isEmpty() ? 0 : zahl());
-        teil.lage.scale(mass, mass);
+        teil.lage.translate(x, y).rotate(rest.isEmpty() ? 0 : zahl()).scale(mass, mass);
         return teil;
     }
     const bool linie = teil.art == Formteil::Linie;

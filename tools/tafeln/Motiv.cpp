@@ -44,10 +44,7 @@ QPainterPath fleck(Zufall &zufall, QPointF mitte, double grad, double laenge, do
         const double w = i * 2 * 3.14159265 / 9, r = zufall.zwischen(0.6, 1.2);
         punkte.push_back({std::cos(w) * laenge * r, std::sin(w) * breite * r});
     }
-    QTransform t;
-    t.translate(mitte.x(), mitte.y());
-    t.rotate(grad);
-    return t.map(geschlossen(punkte));
+    return QTransform().translate(mitte.x(), mitte.y()).rotate(grad).map(geschlossen(punkte));
 }
 
 /// The same path in short pieces: a long straight one would stay straight when it is bent.
@@ -119,11 +116,7 @@ const QPainterPath &Motiv::Strich::fuer(double pixel) const
 
 QTransform lage(QPointF ort, double grad, double laenge, double breite)
 {
-    QTransform t;
-    t.translate(ort.x(), ort.y());
-    t.rotate(90 - grad);
-    t.scale(laenge / 100 * breite, laenge / 100);
-    return t;
+    return QTransform().translate(ort.x(), ort.y()).rotate(90 - grad).scale(laenge / 100 * breite, laenge / 100);
 }
 
 Motiv::Motiv(const Formen &formen, const Form &form, const Form *bluete)
@@ -290,10 +283,7 @@ void Motiv::zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, doub
 {
     // The marking is laid out on a blade of 100 units from foot to tip.
     const QLineF achse(s.fuss, s.spitze);
-    QTransform blatt;
-    blatt.translate(s.fuss.x(), s.fuss.y());
-    blatt.rotate(90 - achse.angle());
-    blatt.scale(achse.length() / 100, achse.length() / 100);
+    const QTransform blatt = ::lage(s.fuss, achse.angle(), achse.length());
     const QPainterPath umrisslinie = blatt.inverted().map(s.pfad);
     const QRectF r = umrisslinie.boundingRect();
     p.save();
@@ -303,13 +293,7 @@ void Motiv::zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, doub
     p.setBrush(Qt::NoBrush);
     Zufall zufall(u"Zeichnung", quint64(s.stueck) + 5);
     const double halb = r.width() / 2, mitteX = r.center().x();
-    const auto gestreckt = [&](double x, double y) {
-        QTransform t;
-        t.translate(0, r.center().y());
-        t.scale(x, y);
-        t.translate(0, -r.center().y());
-        return t.map(umrisslinie);
-    };
+    const auto gestreckt = [&](double x, double y) { return QTransform(x, 0, 0, y, 0, r.center().y() * (1 - y)).map(umrisslinie); };
     for (const auto &[wo, farbton] : a.zeichnung) {
         if (zeichnetSelbst({wo, farbton}))
             continue;

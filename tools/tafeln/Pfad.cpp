@@ -64,11 +64,7 @@ void bogen(QPainterPath &pfad, double rx, double ry, double drehung, bool gross,
         weg += 2 * pi;
     if (!rechts && weg > 0)
         weg -= 2 * pi;
-    QTransform lage;
-    lage.translate((a.x() + b.x()) / 2, (a.y() + b.y()) / 2);
-    lage.rotate(drehung);
-    lage.translate(c.x(), c.y());
-    lage.scale(rx, ry);
+    const QTransform lage = QTransform().translate((a.x() + b.x()) / 2, (a.y() + b.y()) / 2).rotate(drehung).translate(c.x(), c.y()).scale(rx, ry);
     const int stuecke = std::max(1, int(std::ceil(std::abs(weg) / (pi / 2) - 1e-6)));
     const double schritt = weg / stuecke, k = 4.0 / 3 * std::tan(schritt / 4);
     for (int i = 0; i < stuecke; ++i) {

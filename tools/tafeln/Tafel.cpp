@@ -17,14 +17,6 @@ namespace {
 
 constexpr double lattenbreite = 20;
 
-void papier(QPainter &p, const QColor &f)
-{
-    // One even tone: a gradient would cost bytes and show as bands.
-    p.fillRect(QRect(0, 0, Tafel::breite, Tafel::hoehe), heller(f, 0.25));
-    p.setPen(QPen(farbe::linie, 2));
-    p.drawRect(QRectF(22, 22, Tafel::breite - 44, Tafel::hoehe - 44));
-}
-
 /// Smallest step of 1, 2, 5 times a power of ten that is at least `kleinste`.
 double rund(double kleinste)
 {
@@ -39,23 +31,24 @@ double rund(double kleinste)
 
 } // namespace
 
+bool kreuzt(const QLineF &a, const QLineF &b)
+{
+    return a.intersects(b, nullptr) == QLineF::BoundedIntersection;
+}
+
 bool Aufriss::stoert(const Feld &a, const Feld &b)
 {
-    if (a.art == Linie && b.art == Linie) {
-        QPointF ort;
-        return a.linie.intersects(b.linie, &ort) == QLineF::BoundedIntersection;
-    }
+    if (a.art == Linie && b.art == Linie)
+        return kreuzt(a.linie, b.linie);
     if (b.art == Linie)
         return stoert(b, a);
-    if (a.art != Linie)
-        return (a.art != Bild || b.art != Bild || a.nummer != b.nummer) && a.kasten.intersects(b.kasten);
-    if (b.art == Bild && b.nummer == a.nummer)
+    if (b.art == Bild && a.art != Text && b.nummer == a.nummer)
         return false;
     // A line meets a box where it begins in it or cuts one of its diagonals.
     const QRectF k = b.kasten;
-    return k.contains(a.linie.p1()) || k.contains(a.linie.p2())
-           || a.linie.intersects(QLineF(k.topLeft(), k.bottomRight()), nullptr) == QLineF::BoundedIntersection
-           || a.linie.intersects(QLineF(k.bottomLeft(), k.topRight()), nullptr) == QLineF::BoundedIntersection;
+    return a.art != Linie ? a.kasten.intersects(k)
+                          : k.contains(a.linie.p1()) || k.contains(a.linie.p2()) || kreuzt(a.linie, {k.topLeft(), k.bottomRight()})
+                                || kreuzt(a.linie, {k.bottomLeft(), k.topRight()});
 }
 
 int Aufriss::fehler() const
@@ -73,7 +66,10 @@ Tafel::Tafel(bool getoent) : bild_(int(breite * bildmass), int(hoehe * bildmass)
 {
     maler_.scale(bildmass, bildmass);
     maler_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
-    papier(maler_, getoent ? farbe::getoent : farbe::papier);
+    // One even tone: a gradient would cost bytes and show as bands.
+    bild_.fill(heller(getoent ? farbe::getoent : farbe::papier, 0.25));
+    maler_.setPen(QPen(farbe::linie, 2));
+    maler_.drawRect(QRectF(22, 22, breite - 44, hoehe - 44));
 }
 
 void Tafel::unterschrift(const QString &name, const QString &zweite, const QString &was)

@@ -66,6 +66,7 @@ private:
     QPainter maler_;
 };
 
+bool kreuzt(const QLineF &a, const QLineF &b);
 QFont schrift(double groesse, bool kursiv = false, bool fett = false);
 void beschriften(QPainter &p, QPointF ort, const QString &text, double groesse, Qt::Alignment seite = Qt::AlignHCenter, const QColor &farbe = {});
 void schlagschatten(QPainter &p, QPointF mitte, double breite, double hoehe);

@@ -10,18 +10,6 @@
 
 namespace {
 
-/// Bands all round, bent outwards: tufts, funnels, crowns of fronds.
-void kranzbaender(Pflanzenbild &b, QPointF fuss, int n, double laenge, double flach, double steil, double neigung, double breite)
-{
-    for (int i = 0; i < n; ++i) {
-        const double u = double(i) / n;
-        const Blickrichtung sicht(360 * std::fmod(i * 0.381966, 1.0) + b.zufall.streuung(8), flach + (steil - flach) * u + b.zufall.streuung(4));
-        const double l = laenge * (0.62 + 0.38 * sicht.laenge) * b.zufall.zwischen(0.9, 1.05);
-        const Kurve k = Kurve::bogen(fuss, sicht.grad, l, neigung * (1 - 0.5 * u) * b.zufall.zwischen(0.7, 1.2));
-        b.bandblatt(k, breite * b.zufall.zwischen(0.85, 1.05), std::clamp(sicht.tiefe, -1.0, 1.0) * (1 - u) + (u > 0.8 ? 0.1 : 0));
-    }
-}
-
 void gras(Pflanzenbild &b)
 {
     b.bandhorst(74, 40 * std::min(1.4, b.s.breite), b.hoehe() * 0.92, 85, std::clamp(160.0 / b.hoehe(), 0.35, 1.0));
@@ -45,9 +33,7 @@ void rohr(Pflanzenbild &b)
             }
             const Kurve zweig = Kurve::bogen(k.punkt(t), zur, h * 0.1, 30); // small leaves stand on twigs
             b.trieb(zweig, 1.6, 1, b.stielfarbe(), 0);
-            for (int l = 0; l < 7; ++l)
-                b.blatt(zweig.punkt(0.3 + 0.1 * l), zweig.winkel(0.3 + 0.1 * l) + (l % 2 ? 1 : -1) * b.zufall.zwischen(15, 60),
-                        std::max(blade, h * 0.045), b.zufall.streuung(0.8), 1.3);
+            b.beblaettern(zweig, 0.3, 0.95, std::max(blade, h * 0.045), b.zufall.streuung(0.7), 0.22);
         }
         if (b.s.zeigtBlueten())
             b.bluehe(k.punkt(1), k.winkel(1), 1.1);
@@ -154,7 +140,13 @@ void palme(Pflanzenbild &b)
 
 void zisterne(Pflanzenbild &b)
 {
-    kranzbaender(b, {0, 0}, 17, b.hoehe() * 1.05, 26, 80, 46, 1.1);
+    for (int i = 0; i < 17; ++i) { // bands all round, bent outwards
+        const double u = i / 17.0;
+        const Blickrichtung sicht(360 * std::fmod(i * 0.381966, 1.0) + b.zufall.streuung(8), 26 + 54 * u + b.zufall.streuung(4));
+        const double l = b.hoehe() * 1.05 * (0.62 + 0.38 * sicht.laenge) * b.zufall.zwischen(0.9, 1.05);
+        const Kurve k = Kurve::bogen({0, 0}, sicht.grad, l, 46 * (1 - 0.5 * u) * b.zufall.zwischen(0.7, 1.2));
+        b.bandblatt(k, b.zufall.zwischen(0.94, 1.15), std::clamp(sicht.tiefe, -1.0, 1.0) * (1 - u) + (u > 0.8 ? 0.1 : 0));
+    }
     if (b.s.zeigtBlueten()) {
         const double oben = std::max(b.bluetenhoehe(), b.hoehe() * 0.8), stand = std::min(oben * 0.5, b.s.standgroesse / 100 * b.px);
         const Kurve k = Kurve::bogen({0, -b.hoehe() * 0.15}, 90, std::max(10.0, oben - b.hoehe() * 0.15 - stand), 2);
