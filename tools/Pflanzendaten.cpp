@@ -206,7 +206,7 @@ void Pflanzendaten::pflanze(const RecSatz &satz, const Tabelle &tabelle)
     QHash<QString, double> zahlen;
     QHash<QString, QString> gesetzt; // column and what it stores
     qint64 nummer = 0;
-    int merkmale = 0;
+    QStringList merkmale;
     QString name;
     std::vector<std::pair<QString, QString>> synonyme;
     for (const RecFeld &feld : satz.felder) {
@@ -220,7 +220,8 @@ void Pflanzendaten::pflanze(const RecSatz &satz, const Tabelle &tabelle)
             // For the plate alone: the tables have no column for it.
             if (feld.wert.size() > laengstesMerkmal)
                 satz.falsch(feld.zeile, QStringLiteral("MERKMAL hat mehr als %1 Zeichen").arg(laengstesMerkmal));
-            if (++merkmale > meisteMerkmale)
+            merkmale += feld.wert;
+            if (merkmale.size() > meisteMerkmale)
                 satz.falsch(feld.zeile, QStringLiteral("mehr als %1 Merkmale").arg(meisteMerkmale));
             continue;
         }
@@ -272,6 +273,7 @@ void Pflanzendaten::pflanze(const RecSatz &satz, const Tabelle &tabelle)
             satz.falsch(satz.zeile(), QStringLiteral("%1 kennt keine Synonymtabelle").arg(tabellenname));
         db_->Execute(QStringLiteral("INSERT INTO %1 VALUES (?, ?)").arg(tab), {nummer, synonym});
     }
+    merkmale_.insert(tabellenname + u' ' + QString::number(nummer), merkmale);
     ++anzahl_[tabellenname];
 }
 
@@ -295,7 +297,8 @@ void Pflanzendaten::bilderEintragen()
                 .arg(sammlung.tabelle, bildspalte('G', 1), bildbemerkungsspalte('G', 1), bildspalte('D', 1), bildbemerkungsspalte('D', 1));
         for (const Datensatz &pflanze : Datensatz::alle(*db_, sammlung.tabelle)) {
             const QString stamm = bildname(pflanze.name());
-            const Steckbrief s(pflanze, sammlung, formen);
+            const QString schluessel = sammlung.tabelle.toString() + u' ' + pflanze.text(u"ARTNR");
+            const Steckbrief s(pflanze, sammlung, formen, merkmale_.value(schluessel));
             db_->Execute(befehl, {stamm, gesamttitel(s), stamm + QStringLiteral("-detail"), detailtitel(s), pflanze.text(u"ARTNR").toLongLong()});
         }
     }

@@ -41,6 +41,7 @@ private:
     Transaktion transaktion_;
     QHash<QString, int> familien_;
     QHash<QString, int> anzahl_;
+    QHash<QString, QStringList> merkmale_; ///< by table and number
     Quellregeln regeln_;
     QSet<QString> nummern_, namen_, bildnamen_;
 };

@@ -39,13 +39,18 @@ private:
         static const Formen formen = Formen::laden(QStringLiteral(FLOX_FORMEN));
         return formen;
     }
+    static const QHash<QString, QStringList> &merkmale()
+    {
+        static const QHash<QString, QStringList> alle = merkmaleLesen(QStringLiteral(FLOX_QUELLEN));
+        return alle;
+    }
     /// Asks of a plant as the shipped forms describe it, or of all where no name is given; fails where the plant is missing.
     template<typename Frage>
     static void mitBrief(Datenbank &db, const Sammlung &sammlung, const QString &name, const Frage &frage)
     {
         for (const Datensatz &pflanze : Datensatz::alle(db, sammlung.tabelle))
             if (name.isEmpty() || pflanze.name() == name) {
-                frage(Steckbrief(pflanze, sammlung, geliefert()));
+                frage(Steckbrief(pflanze, sammlung, geliefert(), merkmale().value(sammlung.tabelle.toString() + u' ' + pflanze.text(u"ARTNR"))));
                 if (!name.isEmpty())
                     return;
             }
@@ -219,12 +224,11 @@ void TestFormen::merkmaleMitLinie()
 {
     const std::vector<Organ> jedes{Organ::Bluete,     Organ::Stand,  Organ::Frucht,    Organ::Schnitt, Organ::Blatt,
                                    Organ::Unterseite, Organ::Blatt2, Organ::Haftorgan, Organ::Zweig,   Organ::Rinde};
-    const QHash<QString, QStringList> alle = merkmaleLesen(QStringLiteral(FLOX_QUELLEN));
     int gesamt = 0, ganzePflanze = 0;
     QStringList ungezeichnet;
     for (const Sammlung &sammlung : sammlungen())
         mitBrief(*db_, sammlung, {}, [&](const Steckbrief &s) {
-            for (const QString &m : alle.value(sammlung.tabelle.toString() + u' ' + s.pflanze.text(u"ARTNR"))) {
+            for (const QString &m : s.merkmale) {
                 ++gesamt;
                 if (!organVon(m, jedes, pflanzenart(s)))
                     ++ganzePflanze;
@@ -303,7 +307,9 @@ void TestFormen::blueteUndLaub()
 void TestFormen::haftorgane()
 {
     const auto inhalt = [&](const QByteArray &felder) {
-        const Formen f = formen("%rec: Pflanzenform\n\nPflanze: Hedera\nBlatt2: b\nFrucht: keine\n" + felder + "\n\n");
+        const Formen f = formen("%rec: Pflanzenform\n\nPflanze: Hedera\nBlatt2: b\nFrucht: keine\n" + felder
+                                + "\n\n%rec: Dingform\n\nForm: haftwurzeln\nTitel: Haftwurzeln\nLinie: stiel 4 M0 0V-100\n\n"
+                                  "Form: linkswindend\nTitel: windender Trieb\nLinie: stiel 4 M0 0V-100\n");
         for (const Datensatz &pflanze : Datensatz::alle(*db_, u"Gehoelze"))
             if (pflanze.name() == u"Hedera helix") {
                 const Steckbrief s(pflanze, sammlungen()[2], f);

@@ -1,6 +1,7 @@
 #include "Tafeln.h"
 
 #include "Farben.h"
+#include "Pflanzenbild.h"
 #include "Tafelinhalt.h"
 #include "Zufall.h"
 
@@ -110,6 +111,16 @@ double fruchtMalen(QPainter &p, const QRectF &platz, const Steckbrief &s, const 
     return pixelJeEinheit(t) * 100 / std::max(0.1, s.fruchtgroesse * (s.fruchtstand && !schnitt ? 2.2 : 1));
 }
 
+double triebMalen(QPainter &p, const QRectF &platz, const Steckbrief &s, const Formen &formen)
+{
+    const double pixelJeMeter = 9000 / s.blattlaenge;
+    Pflanzenbild bild(s, formen, pixelJeMeter, false, u"trieb");
+    const QTransform t = eingepasst(bild.kasten(), platz, 0);
+    p.setTransform(t, true);
+    bild.malen(p);
+    return pixelJeEinheit(t) * pixelJeMeter / 100;
+}
+
 Organbild organMalen(const Zelle &z, const QSize &groesse, const Steckbrief &s, const Formen &formen)
 {
     Organbild o{QImage(groesse * Tafel::bildmass, QImage::Format_ARGB32_Premultiplied)};
@@ -132,7 +143,12 @@ Organbild organMalen(const Zelle &z, const QSize &groesse, const Steckbrief &s, 
     case Organ::Blatt:
     case Organ::Unterseite: o.pixelJeCm = blattMalen(p, platz, s, formen, *s.blatt, z.organ == Organ::Unterseite, s.blattlaenge); break;
     case Organ::Blatt2: o.pixelJeCm = blattMalen(p, platz, s, formen, *s.blatt2, false, s.blattlaenge2); break;
-    case Organ::Zweig: zweigMalen(p, platz, s); break;
+    case Organ::Zweig:
+        if (s.winterkahl)
+            zweigMalen(p, platz, s);
+        else
+            o.pixelJeCm = triebMalen(p, platz, s, formen);
+        break;
     case Organ::Haftorgan: haftorganMalen(p, platz, s, formen); break;
     case Organ::Rinde: rindeMalen(p, platz, s); break;
     }
@@ -243,7 +259,7 @@ Organ hauptorgan(const Steckbrief &s)
 }
 
 /// Two columns of about equal length, the flower and its like on the left.
-std::array<std::vector<Zelle>, 2> spalten(const Steckbrief &s, const QStringList &merkmale)
+std::array<std::vector<Zelle>, 2> spalten(const Steckbrief &s)
 {
     const std::vector<Organ> alle = organe(s);
     std::array<std::vector<Zelle>, 2> sp;
@@ -257,7 +273,7 @@ std::array<std::vector<Zelle>, 2> spalten(const Steckbrief &s, const QStringList
         sp[0].push_back(sp[1].back());
         sp[1].pop_back();
     }
-    for (const QString &m : merkmale)
+    for (const QString &m : s.merkmale)
         for (auto &spalte : sp)
             for (Zelle &z : spalte)
                 if (z.organ == organVon(m, alle, pflanzenart(s)).value_or(hauptorgan(s)))
@@ -303,9 +319,9 @@ QString gekuerzt(QString titel, double breite)
 
 } // namespace
 
-void detailMalen(Tafel &t, const Steckbrief &s, const Formen &formen, const QStringList &merkmale)
+void detailMalen(Tafel &t, const Steckbrief &s, const Formen &formen)
 {
-    auto sp = spalten(s, merkmale);
+    auto sp = spalten(s);
     const auto beschriftet = [](const std::vector<Zelle> &spalte) {
         return std::ranges::any_of(spalte, [](const Zelle &z) { return !z.merkmale.isEmpty(); });
     };

@@ -16,7 +16,7 @@ Blickrichtung::Blickrichtung(double umlauf, double steigung)
     laenge = std::max(0.3, std::hypot(x, y));
 }
 
-Pflanzenbild::Pflanzenbild(const Steckbrief &brief, const Formen &formen, double pixelJeMeter, bool imWinter)
+Pflanzenbild::Pflanzenbild(const Steckbrief &brief, const Formen &formen, double pixelJeMeter, bool imWinter, QStringView wuchs)
     : s(brief), px(pixelJeMeter), winter(imWinter), zufall(brief.pflanze.text(u"ARTNR"), 11), blatt_(formen, *brief.blatt)
 {
     const auto gekruemmt = [](double um) { return [um](QPointF q) { return QPointF(q.x() + um * q.y() * q.y() / 100, q.y()); }; };
@@ -30,17 +30,17 @@ Pflanzenbild::Pflanzenbild(const Steckbrief &brief, const Formen &formen, double
     }
     if (s.fruchtet)
         frucht_ = Motiv(formen, *(s.fruchtstand ? s.fruchtstand : s.frucht));
-    bauen();
+    bauen(wuchs.isEmpty() ? s.wuchs : wuchs);
 }
 
-void Pflanzenbild::bauen()
+void Pflanzenbild::bauen(QStringView gesucht)
 {
     for (const auto &raum : {wuchsKraut, wuchsGehoelz, wuchsSonder})
         for (const auto &[wort, wuchs] : raum)
-            if (wort == s.wuchs)
+            if (wort == gesucht)
                 wuchs(*this);
     pflanze_ = kasten_;
-    if (!s.sammlung.imTopf)
+    if (!s.sammlung.imTopf || gesucht != s.wuchs)
         return;
     imTopf_ = true;
     const double weite = std::clamp(s.hoehe * s.breite * 0.24, std::min(0.045, s.hoehe * 0.3), 0.2) * px;

@@ -34,7 +34,8 @@ struct Geruest
 class Pflanzenbild
 {
 public:
-    Pflanzenbild(const Steckbrief &s, const Formen &formen, double pixelJeMeter, bool winter = false);
+    /// `wuchs`: what is built in place of the whole plant.
+    Pflanzenbild(const Steckbrief &s, const Formen &formen, double pixelJeMeter, bool winter, QStringView wuchs = {});
 
     void malen(QPainter &p);
     /// Box of all that is painted, of the plant without its pot.
@@ -80,7 +81,7 @@ public:
     Zufall zufall;
 
 private:
-    void bauen();
+    void bauen(QStringView wuchs);
     void motiv(const Motiv &m, const QTransform &dort, double ebene, double ton);
     double ton(double ebene) { return 0.13 * std::clamp(ebene, -1.0, 1.0) + zufall.streuung(0.045); }
 

@@ -84,7 +84,8 @@ std::span<const Sammlung> sammlungen()
     return alle;
 }
 
-Steckbrief::Steckbrief(const Datensatz &p, const Sammlung &s, const Formen &formen) : pflanze(p), sammlung(s)
+Steckbrief::Steckbrief(const Datensatz &p, const Sammlung &s, const Formen &formen, const QStringList &bekannte)
+    : pflanze(p), sammlung(s), merkmale(bekannte.isEmpty() ? kennzeichen() : bekannte)
 {
     const QStringList bekannt = namen(p, s);
     std::vector<std::pair<int, const Formzeile *>> treffer;
@@ -140,6 +141,12 @@ bool Steckbrief::verholzt() const
 {
     static const QStringView worte = u" strauch zwergstrauch baum kletternd nadelbaum nadelstrauch obstbaum beerenstrauch rebe ruten ";
     return worte.contains(QString(u' ' + wuchs + u' '));
+}
+
+bool Steckbrief::hatTriebe() const
+{
+    static const QStringView worte = u" aufrecht eintriebig buschig halbstrauch polster teppich haengend ";
+    return verholzt() || worte.contains(QString(u' ' + wuchs + u' '));
 }
 
 void Steckbrief::formenWaehlen(const Formen &formen)

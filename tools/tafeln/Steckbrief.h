@@ -23,16 +23,15 @@ std::span<const Sammlung> sammlungen();
 /// How a plant looks: its record and the rows of the forms brought together.
 struct Steckbrief
 {
-    Steckbrief(const Datensatz &pflanze, const Sammlung &sammlung, const Formen &formen);
+    Steckbrief(const Datensatz &pflanze, const Sammlung &sammlung, const Formen &formen, const QStringList &merkmale = {});
 
     bool ist(QStringView wort) const { return wuchs == wort; }
     bool verholzt() const;
+    bool hatTriebe() const; ///< with leaves on them, not all from the ground
     /// What the whole plant shows of them: varieties of fruit their fruits, other plants their flowers.
     bool zeigtBlueten() const { return blueht && (schau == u"beides" || schau == u"bluete" || !fruchtet); }
     bool zeigtFruechte() const { return fruchtet && (schau == u"beides" || schau == u"frucht" || !blueht); }
     bool haengt() const { return wuchs == u"haengend"; }
-    /// Marks in the record's own words, for plants whose source tells none.
-    QStringList kennzeichen() const;
     /// The outline of a fruit, or of fruits as they hang together, as the record's words bend it.
     Motiv geformt(const Motiv &frucht, bool einzeln) const;
     /// Whether a word of the skin or of its cover colour contains this one.
@@ -42,6 +41,7 @@ struct Steckbrief
 
     const Datensatz &pflanze;
     const Sammlung &sammlung;
+    QStringList merkmale; ///< identifying marks; in the record's own words for plants whose source tells none
     QString wuchs, krone, stellung, sitz, rinde, knospe, dornen, schau, haftorgan;
     bool winterkahl = false, blueht = false, fruchtet = false;
     bool vorLaub = false;                               ///< flowers stand on bare twigs
@@ -59,6 +59,7 @@ struct Steckbrief
     std::vector<QColor> weitereFarben;         ///< of flowers
 
 private:
+    QStringList kennzeichen() const;
     void formenWaehlen(const Formen &formen);
     void masseLesen();
     void laubfarben();

@@ -57,7 +57,7 @@ QString wort(const Steckbrief &s, Organ organ)
     case Organ::Frucht: return nadel ? QStringLiteral("Zapfen") : QStringLiteral("Frucht");
     case Organ::Schnitt: return QStringLiteral("Fruchtschnitt");
     case Organ::Blatt: return nadel ? QStringLiteral("Nadel") : s.ist(u"farn") || s.ist(u"palme") ? QStringLiteral("Wedel") : QStringLiteral("Blatt");
-    case Organ::Zweig: return s.winterkahl ? QStringLiteral("Winterzweig") : QStringLiteral("Zweig");
+    case Organ::Zweig: return s.winterkahl ? QStringLiteral("Winterzweig") : s.verholzt() ? QStringLiteral("Zweig") : QStringLiteral("Trieb");
     case Organ::Haftorgan: return s.haftform->titel;
     case Organ::Rinde: return QStringLiteral("Rinde");
     case Organ::Unterseite:
@@ -70,23 +70,28 @@ QString wort(const Steckbrief &s, Organ organ)
 
 std::vector<Organ> organe(const Steckbrief &s)
 {
+    // In the order of what they are worth; shoots in leaf and other bark only where a mark speaks of them.
+    const bool klettert = s.haftform, borke = s.sammlung.art.isEmpty() && (s.ist(u"baum") || s.ist(u"nadelbaum") || s.rinde != u"glatt");
     std::vector<Organ> da;
-    const auto wenn = [&](bool ja, Organ organ) {
-        if (ja && da.size() < meisteOrgane)
+    for (const auto &[ja, organ] : {std::pair(s.blueht, Organ::Bluete),
+                                    {true, Organ::Blatt},
+                                    {s.fruchtet, Organ::Frucht},
+                                    {s.blueht && s.stand, Organ::Stand},
+                                    {klettert, Organ::Haftorgan},
+                                    {klettert && s.blatt2, Organ::Blatt2}, // the leaves of climbing and of flowering shoots differ
+                                    {s.fruchtet && s.fruchtschnitt, Organ::Schnitt},
+                                    {s.winterkahl || s.hatTriebe(), Organ::Zweig},
+                                    {s.unterseite.isValid(), Organ::Unterseite},
+                                    {!klettert && s.blatt2, Organ::Blatt2},
+                                    {borke || s.verholzt(), Organ::Rinde}})
+        if (ja)
             da.push_back(organ);
+    const auto genannt = [&s, alle = da](Organ o) {
+        return std::ranges::any_of(s.merkmale, [&](const QString &m) { return organVon(m, alle, pflanzenart(s)) == o; });
     };
-    wenn(s.blueht, Organ::Bluete);
-    wenn(true, Organ::Blatt);
-    wenn(s.fruchtet, Organ::Frucht);
-    wenn(s.blueht && s.stand, Organ::Stand);
-    const bool klettert = s.haftform;
-    wenn(klettert, Organ::Haftorgan);
-    wenn(klettert && s.blatt2, Organ::Blatt2); // the leaves of climbing and of flowering shoots differ
-    wenn(s.fruchtet && s.fruchtschnitt, Organ::Schnitt);
-    wenn(s.winterkahl, Organ::Zweig);
-    wenn(s.unterseite.isValid(), Organ::Unterseite);
-    wenn(!klettert && s.blatt2, Organ::Blatt2);
-    wenn(s.sammlung.art.isEmpty() && (s.ist(u"baum") || s.ist(u"nadelbaum") || s.rinde != u"glatt"), Organ::Rinde);
+    std::erase_if(da, [&](Organ o) { return ((o == Organ::Zweig && !s.winterkahl) || (o == Organ::Rinde && !borke)) && !genannt(o); });
+    std::ranges::stable_partition(da, [&](Organ o) { return o <= Organ::Frucht || o == Organ::Blatt || genannt(o); });
+    da.resize(std::min(da.size(), meisteOrgane));
     std::ranges::sort(da);
     return da;
 }
@@ -152,11 +157,13 @@ QString organtitel(const Steckbrief &s, Organ organ)
     case Organ::Bluete: return s.weitereFarben.empty() ? QStringLiteral("Einzelblüte") : QStringLiteral("Einzelblüte, darunter weitere Farben");
     case Organ::Stand: return QStringLiteral("Blütenstand: %1").arg(beschreibung(*s.stand));
     case Organ::Frucht: return wort(s, organ);
-    case Organ::Schnitt: return QStringLiteral("Frucht im Längsschnitt");
+    case Organ::Schnitt:
+        return s.fruchtschnitt && s.fruchtschnitt->titel.contains(u"Querschnitt") ? QStringLiteral("Frucht im Querschnitt")
+                                                                                  : QStringLiteral("Frucht im Längsschnitt");
     case Organ::Blatt: return QStringLiteral("%1, Oberseite: %2").arg(wort(s, organ), beschreibung(*s.blatt));
     case Organ::Unterseite: return QStringLiteral("Blatt, Unterseite");
     case Organ::Blatt2: return QStringLiteral("weiteres Blatt: %1").arg(beschreibung(*s.blatt2));
-    case Organ::Zweig: return s.winterkahl ? QStringLiteral("Zweig im Winter mit Knospen") : QStringLiteral("Zweig");
+    case Organ::Zweig: return s.winterkahl ? QStringLiteral("Zweig im Winter mit Knospen") : wort(s, organ) + QStringLiteral(" mit Blättern");
     case Organ::Haftorgan: return QStringLiteral("so klettert sie: %1").arg(s.haftform->titel);
     case Organ::Rinde: return QStringLiteral("Rinde des Stammes");
     }

@@ -8,7 +8,7 @@
 /// The whole plant beside a measuring rod and a thing of known size, in winter too where it stands bare.
 void gesamtMalen(Tafel &t, const Steckbrief &s, const Formen &formen);
 /// Its parts, each with a bar, and the marks with lines to them.
-void detailMalen(Tafel &t, const Steckbrief &s, const Formen &formen, const QStringList &merkmale);
+void detailMalen(Tafel &t, const Steckbrief &s, const Formen &formen);
 
 /// Bark and a twig in winter, drawn into a place.
 void rindeMalen(QPainter &p, const QRectF &platz, const Steckbrief &s);

@@ -76,7 +76,11 @@ Geruest baumgeruest(Pflanzenbild &b, double stammanteil)
         const double steig = form.steigung + (84 - form.steigung) * t * t + b.zufall.streuung(7);
         // The outline of the crown is met where the branch ends.
         const double laenge = std::max(h * 0.05, halb * weite(form, std::min(1.0, t + 0.12)) / std::max(0.45, std::cos(steig * 0.0174533)) * 0.72);
-        verzweigen(b, g, Kurve::bogen(fuss, seite > 0 ? steig : 180 - steig, std::min(laenge, (h - unten) * 0.62), form.neigung),
+        // A crown is a dome: no branch reaches above it.
+        const double draussen = std::min(1.0, laenge * std::cos(steig * 0.0174533) / halb);
+        const double kuppel = std::lerp(unten + (h - unten) * form.bauchhoehe, h * 0.96, std::sqrt(1 - draussen * draussen));
+        const double hoechstens = std::max(h * 0.05, (kuppel + fuss.y()) / std::sin(steig * 0.0174533) * 0.9);
+        verzweigen(b, g, Kurve::bogen(fuss, seite > 0 ? steig : 180 - steig, std::min({laenge, hoechstens, (h - unten) * 0.62}), form.neigung),
                    dick * 0.42 * (1 - 0.6 * t), 1, 3, form.neigung);
     }
     return g;

@@ -304,11 +304,22 @@ void erdbeere(Pflanzenbild &b)
     }
 }
 
+/// A piece of a shoot with its leaves, for the plate of details.
+void trieb(Pflanzenbild &b)
+{
+    const bool schmal = b.schlank() < 0.3;
+    const double blade = b.blattlaenge();
+    const Kurve k = Kurve::bogen({0, 0}, 88, blade * (schmal ? 5 : 2.6), 10);
+    b.trieb(k, blade * (schmal ? 0.22 : 0.09), blade * (schmal ? 0.14 : 0.05), b.s.verholzt() ? b.s.rindenfarbe : b.stielfarbe(), -0.1);
+    b.beblaettern(k, 0.2, 1, blade, 0, schmal ? 0.2 : 0.5);
+}
+
 // clang-format off
 constexpr Wuchs woerter[] = {
     {u"rosette", rosette}, {u"horst", horst}, {u"aufrecht", aufrecht}, {u"eintriebig", [](Pflanzenbild &b) { triebe(b, 1, 0); }}, {u"buschig", buschig},
     {u"halbstrauch", buschig}, {u"polster", [](Pflanzenbild &b) { kuppel(b, b.hoehe(), b.halb()); }}, {u"teppich", teppich}, {u"haengend", haengend}, {u"zwiebel", zwiebel}, {u"knolle", knolle},
-    {u"sumpf", sumpf}, {u"schwimmblatt", schwimmblatt}, {u"unterwasser", unterwasser}, {u"erdbeere", erdbeere}, {u"sukkulentrosette", sukkulentrosette}};
+    {u"sumpf", sumpf}, {u"schwimmblatt", schwimmblatt}, {u"unterwasser", unterwasser}, {u"erdbeere", erdbeere}, {u"sukkulentrosette", sukkulentrosette},
+    {u"trieb", trieb}};
 // clang-format on
 
 } // namespace

@@ -62,11 +62,8 @@ struct Zeichner
     /// Draws what has changed and returns the plant's line; `vorher` is that of the last run.
     QByteArray zeichnen(const Datensatz &pflanze, const QString &stamm, const QByteArray &vorher) const
     {
-        const Steckbrief s(pflanze, sammlung, formen);
-        QStringList merkmale = bekannte.value(sammlung.tabelle.toString() + u' ' + pflanze.text(u"ARTNR"));
-        if (merkmale.isEmpty())
-            merkmale = s.kennzeichen();
-        QByteArray zusatz = QByteArray(zeichenstand) + s.aussehen() + merkmale.join(u'\n').toUtf8();
+        const Steckbrief s(pflanze, sammlung, formen, bekannte.value(sammlung.tabelle.toString() + u' ' + pflanze.text(u"ARTNR")));
+        QByteArray zusatz = QByteArray(zeichenstand) + s.aussehen() + s.merkmale.join(u'\n').toUtf8();
         for (const Form *f : {s.blatt, s.blatt2, s.bluete, s.stand, s.frucht, s.fruchtschnitt, s.fruchtstand, s.haftform})
             zusatz += f ? formtext(*f, 0) : QByteArray();
         const QByteArray quelle = pflanze.summe(zusatz);
@@ -80,7 +77,7 @@ struct Zeichner
         zweite.removeAll(pflanze.name());
         Tafel ganz(getoent && s.zeigtBlueten()), teile(getoent);
         gesamtMalen(ganz, s, formen);
-        detailMalen(teile, s, formen, merkmale);
+        detailMalen(teile, s, formen);
         int fehler = 0;
         for (const auto &[tafel, titel, datei] : {std::tuple(&ganz, gesamttitel(s), gesamt), std::tuple(&teile, detailtitel(s), detail)}) {
             fehler += tafel->aufriss.fehler();
