@@ -145,7 +145,7 @@ Organbild organMalen(const Zelle &z, const QSize &groesse, const Steckbrief &s, 
     case Organ::Blatt2: o.pixelJeCm = blattMalen(p, platz, s, formen, *s.blatt2, false, s.blattlaenge2); break;
     case Organ::Zweig:
         if (s.winterkahl)
-            zweigMalen(p, platz, s);
+            zweigMalen(p, platz, s, formen);
         else
             o.pixelJeCm = triebMalen(p, platz, s, formen);
         break;

@@ -41,25 +41,6 @@ void platten(QPainter &p, const QRectF &r, Zufall &z, const QColor &grund, doubl
         }
 }
 
-void bluest(QPainter &p, QPointF ort, double grad, double groesse, const Steckbrief &s)
-{
-    const bool lang = s.knospe == u"spitz", rund = s.knospe == u"rund", schwarz = s.knospe == u"schwarz";
-    const QColor f = schwarz                  ? QColor(0x2E, 0x2A, 0x2C)
-                     : s.knospe == u"klebrig" ? QColor(0x7A, 0x35, 0x22)
-                     : s.knospe == u"nackt"   ? QColor(0x9A, 0x8E, 0x62)
-                                              : QColor(0x8A, 0x58, 0x3A);
-    const double h = groesse * (lang ? 1.75 : rund ? 0.95 : 1.25), b = groesse * (lang ? 0.3 : rund ? 0.5 : 0.42);
-    p.save();
-    p.translate(ort);
-    p.rotate(90 - grad);
-    zeichnen(p, kontur(u"M-.6 0C-1.3-.4-.7-.9 0-1C.7-.9 1.3-.4 .6 0Z", b, h), QPen(dunkler(f, 0.5), 1.2),
-             verlauf(QLinearGradient(-b, 0, b, 0), {{0, heller(f, 0.3)}, {1, dunkler(f, 0.3)}}));
-    p.setBrush(Qt::NoBrush);
-    if (s.knospe != u"nackt") // scales
-        p.drawPath(kontur(u"M-1-.12Q.1-.5 1-.1M-.82-.36Q.1-.7 .8-.36M-.64-.6Q.1-.9 .6-.62", b, h));
-    p.restore();
-}
-
 } // namespace
 
 void rindeMalen(QPainter &p, const QRectF &platz, const Steckbrief &s)
@@ -106,38 +87,21 @@ void rindeMalen(QPainter &p, const QRectF &platz, const Steckbrief &s)
     p.strokePath(rahmen, QPen(dunkel, 1.4));
 }
 
-void zweigMalen(QPainter &p, const QRectF &r, const Steckbrief &s)
+void zweigMalen(QPainter &p, const QRectF &r, const Steckbrief &s, const Formen &formen)
 {
     const QColor f = gemischt(s.rindenfarbe, QColor(0x7A, 0x4E, 0x38), 0.45);
-    // clang-format off
-    const Kurve k{{r.center().x() - r.width() * 0.06, r.bottom()}, {r.center().x() - r.width() * 0.04, r.bottom() - r.height() * 0.3},
-                  {r.center().x() + r.width() * 0.05, r.top() + r.height() * 0.4}, {r.center().x(), r.top() + r.height() * 0.16}};
-    // clang-format on
-    const double knospe = r.height() * 0.085;
-    stiel(p, k, r.height() * 0.045, r.height() * 0.028, f);
-    const bool paar = s.stellung == u"gegenstaendig";
-    for (int i = 0; i < 5; ++i) {
-        const double t = 0.14 + 0.18 * i;
-        for (int seite = paar ? -1 : i % 2 ? 1 : -1; seite <= (paar ? 1 : i % 2 ? 1 : -1); seite += 2) {
-            const QPointF ort = k.punkt(t) + polar(k.winkel(t) - 90 * seite, r.height() * 0.018);
-            const double grad = k.winkel(t) - seite * 38;
-            bluest(p, ort, grad, knospe, s);
-            p.setPen(QPen(dunkler(f, 0.5), 2)); // leaf scar
-            p.drawLine(ort + QPointF(-6, 5), ort + QPointF(6, 5));
-            if (s.dornen == u"dornen" || s.dornen == u"stacheln") {
-                const QPointF d = k.punkt(t + 0.05) + polar(k.winkel(t) + 90 * seite, r.height() * 0.016);
-                const double lang = s.dornen == u"dornen" ? knospe * 1.6 : knospe * 0.7;
-                p.setPen(QPen(dunkler(f, 0.6), 1));
-                p.setBrush(heller(f, 0.15));
-                const QPointF spitze = d + polar(k.winkel(t) + 70 * seite, lang);
-                p.drawPolygon(QPolygonF({d + QPointF(0, -knospe * 0.2), spitze, d + QPointF(0, knospe * 0.2)}));
-            }
-        }
-    }
-    nurFlaeche(p, heller(f, 0.5));
-    for (int i = 0; i < 16; ++i) // lenticels
-        p.drawEllipse(k.punkt(0.05 + 0.055 * i) + QPointF((i * 7 % 5 - 2) * r.height() * 0.004, 0), 1.6, 2.6);
-    bluest(p, k.punkt(1), k.winkel(1), knospe * 1.35, s);
+    const QString stellung = s.stellung == u"gegenstaendig" ? QStringLiteral("-gegen") : QStringLiteral("-wechsel");
+    Anstrich a = s.anstrich;
+    a[Rolle::Stiel] = f;
+    a[Rolle::Rippe] = dunkler(f, 0.5);
+    a[Rolle::Faden] = heller(f, 0.5);
+    a[Rolle::Kern] = heller(f, 0.15);
+    const QRgb knospe = s.knospe == u"schwarz" ? 0x2E2A2C : s.knospe == u"klebrig" ? 0x7A3522 : s.knospe == u"nackt" ? 0x9A8E62 : 0x8A583A;
+    a[Rolle::Huelle] = QColor(knospe);
+    const Form *eine = formen.form(Formgruppe::Ding, QStringLiteral("knospe-") + s.knospe);
+    for (const QString &wort : {s.dornen, QStringLiteral("zweig")})
+        if (const Form *form = formen.form(Formgruppe::Ding, wort + stellung))
+            Motiv(formen, *form, eine).malen(p, a, lage({r.center().x(), r.bottom()}, 90, r.height()));
 }
 
 void haftorganMalen(QPainter &p, const QRectF &r, const Steckbrief &s, const Formen &formen)

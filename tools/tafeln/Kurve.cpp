@@ -10,13 +10,6 @@ namespace {
 
 constexpr double bogenmass = std::numbers::pi / 180;
 
-/// Tangent of a smooth closed line through points, at a third of the way.
-QPointF tangente(const std::vector<QPointF> &p, size_t i)
-{
-    const size_t n = p.size();
-    return (p[(i + 1) % n] - p[(i + n - 1) % n]) / 6;
-}
-
 } // namespace
 
 void zeichnen(QPainter &p, const QPainterPath &pfad, const QPen &stift, const QBrush &fuellung)
@@ -52,10 +45,11 @@ QPainterPath ellipse(QPointF mitte, double rx, double ry)
 
 QPainterPath geschlossen(const std::vector<QPointF> &p)
 {
+    const auto tangente = [&p, n = p.size()](size_t i) { return (p[(i + 1) % n] - p[(i + n - 1) % n]) / 6; };
     QPainterPath pfad(p.front());
     for (size_t i = 0; i < p.size(); ++i) {
         const size_t j = (i + 1) % p.size();
-        pfad.cubicTo(p[i] + tangente(p, i), p[j] - tangente(p, j), p[j]);
+        pfad.cubicTo(p[i] + tangente(i), p[j] - tangente(j), p[j]);
     }
     pfad.closeSubpath();
     return pfad;
@@ -99,28 +93,22 @@ Kurve Kurve::bogen(QPointF a, double grad, double laenge, double neigung)
     return {a, b, c, c + polar(grad + seite * neigung, laenge / 3)};
 }
 
-QPainterPath band(const Kurve &k, const std::function<double(double)> &halbeBreite, double von, double bis, int schritte)
-{
-    QPolygonF links, rechts;
-    for (int i = 0; i <= schritte; ++i) {
-        const double t = von + (bis - von) * i / schritte;
-        const QPointF quer = polar(k.winkel(t) + 90, halbeBreite(t));
-        links << k.punkt(t) + quer;
-        rechts.prepend(k.punkt(t) - quer);
-    }
-    QPainterPath pfad;
-    pfad.addPolygon(links + rechts);
-    pfad.closeSubpath();
-    return pfad;
-}
-
 void stiel(QPainter &p, const Kurve &k, double unten, double oben, const QColor &f)
 {
     if (unten < 2) { // of a twig one sees no outline
         return p.strokePath(k.pfad(), QPen(gemischt(f, umriss(f), 0.5), (unten + oben) / 2 + 0.6, Qt::SolidLine, Qt::FlatCap));
     }
-    const auto breite = [&](double t) { return (unten + (oben - unten) * t) / 2; };
-    zeichnen(p, band(k, breite, 0, 1, 14), QPen(umriss(f), 0.8), f);
+    constexpr int schritte = 14;
+    QPolygonF links, rechts;
+    for (int i = 0; i <= schritte; ++i) {
+        const double t = double(i) / schritte;
+        const QPointF quer = polar(k.winkel(t) + 90, (unten + (oben - unten) * t) / 2);
+        links << k.punkt(t) + quer;
+        rechts.prepend(k.punkt(t) - quer);
+    }
+    p.setPen(QPen(umriss(f), 0.8));
+    p.setBrush(f);
+    p.drawPolygon(links + rechts, Qt::WindingFill);
     if (unten > 5) {
         p.strokePath(k.pfad().translated(-unten * 0.16, 0), QPen(durchsichtig(heller(f, 0.5), 0.6), unten * 0.16, Qt::SolidLine, Qt::RoundCap));
     }

@@ -31,7 +31,5 @@ struct Kurve
     static Kurve bogen(QPointF a, double grad, double laenge, double neigung);
 };
 
-/// Ribbon along a curve with a half width at each t.
-QPainterPath band(const Kurve &k, const std::function<double(double)> &halbeBreite, double von = 0, double bis = 1, int schritte = 18);
 /// Stem that gets thinner, with a light side.
 void stiel(QPainter &p, const Kurve &k, double dickeUnten, double dickeOben, const QColor &farbe);

@@ -19,6 +19,7 @@ public:
     void linie(const QLineF &linie, int nummer) { felder_.push_back({Linie, {}, linie, nummer}); }
     /// What lies on something else or leaves the sheet, counted.
     int fehler() const;
+    size_t anzahl() const { return felder_.size(); }
 
 private:
     enum Art { Text, Bild, Linie };

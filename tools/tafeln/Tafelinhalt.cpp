@@ -39,6 +39,7 @@ constexpr struct
 /// Words that sound like a part of which they do not speak, and how they are read.
 constexpr std::pair<QStringView, QStringView> taeuschend[] = {
     {u"abblätt", u"ab"},     {u"blattlos", u"los"},         {u"stammumf", u"umf"},       {u"stängelumf", u"umf"},    {u"austrieb", u"laub"},
+    {u"stammgrund", u"grund"}, {u"stammfuß", u"fuß"}, {u"stämmchen", u"form"}, {u"stammausschlag", u"ausschlag"}, {u"stammwurzel", u"wurzel"},
     {u"mehrstämm", u"mehr"}, {u"triebe winde", u"winde"}, {u"nebenkrone", u"blüte"}, {u"blütenkrone", u"blüte"}};
 // clang-format on
 

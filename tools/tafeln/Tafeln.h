@@ -12,7 +12,7 @@ void detailMalen(Tafel &t, const Steckbrief &s, const Formen &formen);
 
 /// Bark and a twig in winter, drawn into a place.
 void rindeMalen(QPainter &p, const QRectF &platz, const Steckbrief &s);
-void zweigMalen(QPainter &p, const QRectF &platz, const Steckbrief &s);
+void zweigMalen(QPainter &p, const QRectF &platz, const Steckbrief &s, const Formen &formen);
 /// A shoot and what it climbs with, at a rod or a wall; the plant has such a form.
 void haftorganMalen(QPainter &p, const QRectF &platz, const Steckbrief &s, const Formen &formen);
 /// A fruit in space as its record describes it, whole or cut; returns pixels a centimetre.

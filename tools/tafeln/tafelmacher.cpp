@@ -64,8 +64,10 @@ struct Zeichner
     {
         const Steckbrief s(pflanze, sammlung, formen, bekannte.value(sammlung.tabelle.toString() + u' ' + pflanze.text(u"ARTNR")));
         QByteArray zusatz = QByteArray(zeichenstand) + s.aussehen() + s.merkmale.join(u'\n').toUtf8();
-        for (const Form *f : {s.blatt, s.blatt2, s.bluete, s.stand, s.frucht, s.fruchtschnitt, s.fruchtstand, s.haftform})
+        for (const Form *f : {s.blatt, s.blatt2, s.bluete, s.stand, s.frucht, s.fruchtschnitt, s.fruchtstand})
             zusatz += f ? formtext(*f, 0) : QByteArray();
+        for (const auto &[name, form] : formen.alle())
+            zusatz += form.gruppe == Formgruppe::Ding ? form.text : QByteArray();
         const QByteArray quelle = pflanze.summe(zusatz);
         const QString gesamt = ordner.filePath(stamm + QStringLiteral(".jpg")), detail = ordner.filePath(stamm + QStringLiteral("-detail.jpg"));
         if (vorher.startsWith(quelle) && QFile::exists(gesamt) && QFile::exists(detail))
