@@ -29,12 +29,14 @@ double mittel(const Datensatz &sorte, QStringView spalte, std::initializer_list<
     return anzahl ? summe / anzahl : sonst;
 }
 
-std::vector<QColor> wortfarben(const Datensatz &sorte, QStringView spalte, std::initializer_list<std::pair<QStringView, QRgb>> farben)
+std::vector<QColor> wortfarben(const Datensatz &sorte, QStringView spalte, std::initializer_list<std::pair<QStringView, QRgb>> farben, QRgb sonst)
 {
     std::vector<QColor> gefunden;
     for (const auto &[wort, farbe] : farben)
         if (sorte.hat(spalte, wort))
             gefunden.emplace_back(farbe);
+    if (gefunden.empty())
+        gefunden.emplace_back(sonst);
     return gefunden;
 }
 
@@ -62,19 +64,21 @@ double Apfelform::quer(double l) const
 
 Apfelhaut::Apfelhaut(const Datensatz &s) : saat_(std::uint32_t(Zufall(s.name()).roh()))
 {
-    auto gruende = wortfarben(s, u"grundfarbe", {{u"grün", 0xFF86AC48}, {u"grüngelb", 0xFFBFC65A}, {u"gelb", 0xFFE9CC55}, {u"weißlich", 0xFFF0EAC6}});
-    if (gruende.empty())
-        gruende.emplace_back(0xBF, 0xC6, 0x5A);
+    auto gruende = wortfarben(s, u"grundfarbe", {{u"grün", 0xFF86AC48}, {u"grüngelb", 0xFFBFC65A}, {u"gelb", 0xFFE9CC55}, {u"weißlich", 0xFFF0EAC6}},
+                              0xFFBFC65A);
     for (QColor &f : gruende)
         if (s.hat(u"grundfarbe", u"trüb"))
             f = gemischt(f, QColor(0x9B, 0x92, 0x66), 0.3);
     grund_ = rgb(gruende.front());
     grund2_ = rgb(gruende.back());
     const auto decken =
-        wortfarben(s, u"deckfarbe", {{u"orange", 0xFFE58A36}, {u"hellrot", 0xFFD8483F}, {u"rot", 0xFFB3242E}, {u"dunkelrot", 0xFF6E1628}});
-    deckHell_ = rgb(decken.empty() ? gruende.front() : decken.front());
-    deckDunkel_ = rgb(decken.empty() ? gruende.front() : decken.back());
-    radius_ = decken.empty() ? -9 : mittel(s, u"df_ausdehn", {{u"wenig", 0.55}, {u"Backe", 0.95}, {u"großflächig", 1.6}, {u"ganz", 3.6}}, 0.95);
+        wortfarben(s, u"deckfarbe", {{u"orange", 0xFFE58A36}, {u"hellrot", 0xFFD8483F}, {u"rot", 0xFFB3242E}, {u"dunkelrot", 0xFF6E1628}},
+                   gruende.front().rgb());
+    deckHell_ = rgb(decken.front());
+    deckDunkel_ = rgb(decken.back());
+    radius_ = decken.front() == gruende.front()
+                  ? -9
+                  : mittel(s, u"df_ausdehn", {{u"wenig", 0.55}, {u"Backe", 0.95}, {u"großflächig", 1.6}, {u"ganz", 3.6}}, 0.95);
     weich_ = s.hat(u"df_art", u"verwaschen") ? 0.75 : 0.45;
     kraft_ = 0.86 + falls(s, u"df_art", u"kräftig", 0.12) - falls(s, u"df_art", u"zart", 0.28) - falls(s, u"df_art", u"trüb", 0.1);
     streifen_ = falls(s, u"df_art", u"gestreift/geflammt", 1);
@@ -95,9 +99,9 @@ Apfelhaut::Apfelhaut(const Datensatz &s) : saat_(std::uint32_t(Zufall(s.name()).
     glanz_ = s.hat(u"aussehen", u"glänzend") ? 0.42 : s.hat(u"aussehen", u"matt") || s.hat(u"rost", u"rauh") ? 0.14 : 0.27;
     // clang-format off
     const auto punkte = wortfarben(s, u"sch_punkt", {{u"weißlich", 0xFFF6EED2}, {u"gelb", 0xFFEFDC86}, {u"hellbraun", 0xFFCBA268}, {u"braun", 0xFF8E6640},
-                                                     {u"rostartig", 0xFFA97B46}, {u"grün", 0xFF8FA555}, {u"grau", 0xFFB9B3A4}, {u"rot", 0xFFB03A33}});
+                                                     {u"rostartig", 0xFFA97B46}, {u"grün", 0xFF8FA555}, {u"grau", 0xFFB9B3A4}, {u"rot", 0xFFB03A33}}, 0xFFCBA268);
     // clang-format on
-    punkt_ = rgb(punkte.empty() ? QColor(0xCB, 0xA2, 0x68) : punkte.front());
+    punkt_ = rgb(punkte.front());
     const double dicht = s.hat(u"sch_punkt", u"zahlreich") ? 0.95 : s.hat(u"sch_punkt", u"wenig") ? 0.35 : 0.65;
     punktdichte_ = s.hat(u"sch_punkt", u"nicht vorhanden") ? 0 : dicht;
     punktgroesse_ = mittel(s, u"sch_punkt", {{u"sehr fein", 0.09}, {u"fein", 0.12}, {u"mittel", 0.18}, {u"groß", 0.24}, {u"sehr groß", 0.3}}, 0.13)

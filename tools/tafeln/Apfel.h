@@ -11,8 +11,8 @@
 
 /// Mean of the values whose words the record has; `sonst` where it has none.
 double mittel(const Datensatz &sorte, QStringView spalte, std::initializer_list<std::pair<QStringView, double>> werte, double sonst);
-/// Colours of the words that the record has, in the order given.
-std::vector<QColor> wortfarben(const Datensatz &sorte, QStringView spalte, std::initializer_list<std::pair<QStringView, QRgb>> farben);
+/// Colours of the words that the record has, in the order given; `sonst` where it has none.
+std::vector<QColor> wortfarben(const Datensatz &sorte, QStringView spalte, std::initializer_list<std::pair<QStringView, QRgb>> farben, QRgb sonst);
 /// The value where the record has the word, else 0.
 inline double falls(const Datensatz &sorte, QStringView spalte, QStringView wort, double wert)
 {

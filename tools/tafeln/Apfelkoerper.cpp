@@ -51,29 +51,18 @@ public:
         umreissen(ecken);
     }
 
-    /// Place of the axis at a height (in half widths, up positive), relative to the centre.
-    QPointF achse(double hoehe) const { return {0, -hoehe * cosinus * radius / mass}; }
-
-    void zeichnen(QPainter &p, QPointF mitte) const
+    /// With its stalk; what stands before the axis hides the stalk's foot.
+    void zeichnen(QPainter &p, QPointF mitte, const std::function<void(QPointF fuss)> &stiel) const
     {
-        p.save();
-        p.translate(mitte);
-        p.scale(1 / mass, 1 / mass);
+        const QTransform bildpixel = QTransform().translate(mitte.x(), mitte.y()).scale(1 / mass, 1 / mass);
         QBrush muster(bild);
-        muster.setTransform(QTransform::fromTranslate(-halb, -halb));
-        ::zeichnen(p, umrisslinie, QPen(durchsichtig(umriss(haut.deck()), 0.8), 1.8), muster);
-        p.restore();
-    }
-
-    /// Only what stands before the axis: it hides the foot of the stalk.
-    void vordererRand(QPainter &p, QPointF mitte) const
-    {
-        p.save();
-        p.translate(mitte);
-        p.scale(1 / mass, 1 / mass);
-        p.setClipPath(umrisslinie);
+        muster.setTransform(QTransform::fromTranslate(-halb, -halb) * bildpixel);
+        const QPainterPath aussen = bildpixel.map(umrisslinie);
+        ::zeichnen(p, aussen, QPen(durchsichtig(umriss(haut.deck()), 0.8), 1.8 / mass), muster);
+        stiel(mitte - QPointF(0, form.stielboden() * cosinus * radius / mass));
+        p.setClipPath(aussen);
+        p.setTransform(bildpixel, true);
         p.drawImage(QPointF(-halb, -halb), vorn);
-        p.restore();
     }
 
 private:
@@ -159,14 +148,12 @@ double fruchtkoerperMalen(QPainter &p, const QRectF &platz, const Datensatz &sor
     const Apfelhaut haut(sorte);
     const double radius = std::min(platz.width() * 0.42, platz.height() / (schnitt ? 2.5 : 2.7)), pixelJeCm = radius / (form.durchmesser / 2);
     const QPointF mitte = platz.center() + QPointF(0, radius * 0.16);
-    if (schnitt) {
-        apfelschnittMalen(p, mitte, radius, sorte, form, haut);
-        return pixelJeCm;
-    }
     constexpr double neigung = 24;
-    const Apfelkoerper koerper(form, haut, neigung, radius, p.transform().m11());
-    koerper.zeichnen(p, mitte);
-    apfelstielMalen(p, mitte + koerper.achse(form.stielboden()), pixelJeCm, neigung, sorte);
-    koerper.vordererRand(p, mitte);
+    if (schnitt)
+        apfelschnittMalen(p, mitte, radius, sorte, form, haut);
+    else
+        Apfelkoerper(form, haut, neigung, radius, p.transform().m11()).zeichnen(p, mitte, [&](QPointF fuss) {
+            apfelstielMalen(p, fuss, pixelJeCm, neigung, sorte);
+        });
     return pixelJeCm;
 }

@@ -13,24 +13,6 @@ namespace {
 constexpr double pi = std::numbers::pi;
 const QColor kernhauslinie(0xB9, 0xA8, 0x62);
 
-QColor fleischfarbe(const Datensatz &s)
-{
-    const auto farben = wortfarben(s, u"fl_farbe", {{u"weißlich", 0xFFFCF7E8}, {u"gelblich", 0xFFF7E8B4}, {u"grünlich", 0xFFECF0C8}});
-    QColor f = farben.empty() ? QColor(0xFC, 0xF7, 0xE8) : farben.front();
-    for (size_t i = 1; i < farben.size(); ++i)
-        f = gemischt(f, farben[i], 0.5);
-    return f;
-}
-
-QColor kernfarbe(const Datensatz &s)
-{
-    // clang-format off
-    const auto farben = wortfarben(s, u"k_farbe", {{u"orangebraun", 0xFFB9652C}, {u"hellbraun", 0xFFB07B45}, {u"mittelbraun", 0xFF8A5530},
-                                                   {u"dunkelbraun", 0xFF5E3722}, {u"schwarzbraun", 0xFF3C261C}});
-    // clang-format on
-    return farben.empty() ? QColor(0x8A, 0x55, 0x30) : farben.front();
-}
-
 QPen stift(const QColor &f, double breite, Qt::PenStyle art = Qt::SolidLine)
 {
     QPen s(f, breite, art, Qt::RoundCap, Qt::RoundJoin);
@@ -45,8 +27,12 @@ struct Schnitt
     const Datensatz &sorte;
     const Apfelform &form;
     const Apfelhaut &haut;
-    const QColor fleischton = fleischfarbe(sorte);
     // clang-format off
+    const std::vector<QColor> fleischtoene = wortfarben(sorte, u"fl_farbe", {{u"weißlich", 0xFFFCF7E8}, {u"gelblich", 0xFFF7E8B4},
+                                                                             {u"grünlich", 0xFFECF0C8}}, 0xFFFCF7E8);
+    const QColor fleischton = gemischt(fleischtoene.front(), fleischtoene.back(), 0.5);
+    const QColor kernton = wortfarben(sorte, u"k_farbe", {{u"orangebraun", 0xFFB9652C}, {u"hellbraun", 0xFFB07B45}, {u"mittelbraun", 0xFF8A5530},
+                                                          {u"dunkelbraun", 0xFF5E3722}, {u"schwarzbraun", 0xFF3C261C}}, 0xFF8A5530).front();
     const double mitte = (form.stielboden() + form.kelchboden()) / 2,
                  kernhausgroesse = mittel(sorte, u"kh_groesse", {{u"klein", 0.28}, {u"mittel", 0.35}, {u"groß", 0.43}}, 0.35),
                  kernlaenge = mittel(sorte, u"k_laenge", {{u"kurz (< 7 mm)", 0.15}, {u"mittel (7-9 mm)", 0.19}, {u"lang (> 9 mm)", 0.235}},
@@ -86,7 +72,7 @@ struct Schnitt
     void kern(QPointF spitze, double grad, bool taub) const
     {
         const double breite = kernlaenge * mittel(sorte, u"k_farbe", {{u"schmal", 0.42}, {u"breit", 0.68}, {u"rund", 0.72}, {u"spitz", 0.48}}, 0.55);
-        const QColor f = taub ? heller(kernfarbe(sorte), 0.35) : kernfarbe(sorte);
+        const QColor f = taub ? heller(kernton, 0.35) : kernton;
         p.save();
         p.translate(spitze);
         p.rotate(grad);
@@ -188,8 +174,7 @@ void apfelstielMalen(QPainter &p, QPointF fuss, double pixelJeCm, double neigung
     const double laenge = pixelJeCm * mittel(s, u"st_laenge", {{u"kurz", 1.1}, {u"mittellang", 2.0}, {u"lang", 3.1}}, 1.9);
     const double dicke = pixelJeCm * mittel(s, u"st_laenge", {{u"dünn", 0.17}, {u"mitteldick", 0.27}, {u"dick", 0.42}}, 0.25);
     const bool knopfig = s.hat(u"st_besond", u"knopfig") || s.hat(u"st_besond", u"knospig");
-    const auto farben = wortfarben(s, u"st_besond", {{u"grün", 0xFF7E8C4A}, {u"rotbraun", 0xFF844A34}});
-    const QColor f = farben.empty() ? QColor(0x7D, 0x5C, 0x3C) : farben.front();
+    const QColor f = wortfarben(s, u"st_besond", {{u"grün", 0xFF7E8C4A}, {u"rotbraun", 0xFF844A34}}, 0xFF7D5C3C).front();
     const QPointF oben = fuss + polar(82 - neigung * 0.3, laenge);
     stiel(p, {fuss, fuss + QPointF(-0.08, -0.35) * laenge, oben + QPointF(-0.1, 0.3) * laenge, oben}, dicke, dicke * (knopfig ? 1.2 : 0.85), f);
     p.setPen(QPen(umriss(f), 1));

@@ -223,7 +223,7 @@ void merkmaleSetzen(Tafel &t, const Zelle &z, const QImage &bild, const QRectF &
     // Texts stand in the order of what they point at: lines never cross.
     const bool stielOben = z.organ == Organ::Frucht;
     const auto rang = [&](const QString &m) {
-        return nenntStiel(m, z.organ) && !reihen.stiel.empty() ? (stielOben ? 0 : 3) : stielOben && nenntKelch(m) ? 2 : 1;
+        return nenntStiel(m, z.organ) && !reihen.stiel.empty() ? (stielOben ? 0 : 3) : stielOben && m.contains(u"kelch", Qt::CaseInsensitive) ? 2 : 1;
     };
     QStringList merkmale = z.merkmale;
     std::ranges::stable_sort(merkmale, {}, rang);

@@ -55,11 +55,6 @@ constexpr struct
 
 constexpr QStringView zeichnungen = u"rand mitte ader haelfte flecken streifen fiederstreifen punkte zone basis spitze";
 
-bool unter(QStringView worte, QStringView wort)
-{
-    return worte.toString().split(u' ').contains(wort);
-}
-
 Rolle rolleVon(const RecSatz &satz, const RecFeld &feld, QStringView wort, Formgruppe gruppe)
 {
     static const QStringList worte = rollen.toString().split(u' ');
@@ -176,14 +171,14 @@ void Formen::pruefen() const
                 satz.falsch(feld.zeile, QStringLiteral("unbekanntes Feld \"%1\"").arg(feld.name));
             const auto formDa = [&](Formgruppe g) { return form(g, feld.wert) != nullptr; };
             const bool gut =
-                f->art == Feldart::Wort     ? unter(f->worte, feld.wert)
+                f->art == Feldart::Wort     ? eines(f->worte, feld.wert)
                 : f->art == Feldart::Blatt  ? formDa(Formgruppe::Blatt)
                 : f->art == Feldart::Bluete ? feld.wert == u"keine" || formDa(Formgruppe::Bluete)
                 : f->art == Feldart::Frucht ? feld.wert == u"keine" || formDa(Formgruppe::Frucht)
                 : f->art == Feldart::Farbe  ? farbeVon(feld.wert).isValid()
                 : f->art == Feldart::Zahl
                     ? zahlLesen(feld.wert).has_value()
-                    : feld.wert == u"keine" || (unter(zeichnungen, feld.wert.section(u' ', 0, 0)) && farbeVon(feld.wert.section(u' ', 1)).isValid());
+                    : feld.wert == u"keine" || (eines(zeichnungen, feld.wert.section(u' ', 0, 0)) && farbeVon(feld.wert.section(u' ', 1)).isValid());
             if (!gut)
                 satz.falsch(feld.zeile, QStringLiteral("%1 kennt \"%2\" nicht").arg(feld.name, feld.wert));
         }

@@ -18,6 +18,12 @@ enum class Rolle {
 // clang-format on
 enum class Formgruppe { Blatt, Bluete, Frucht, Ding };
 
+/// Whether a word is one of these, which spaces part.
+inline bool eines(QStringView worte, QStringView wort)
+{
+    return worte.split(u' ').contains(wort);
+}
+
 struct Formteil
 {
     enum Art { Flaeche, Linie, Form } art = Flaeche;

@@ -45,15 +45,6 @@ void vergleichMalen(Tafel &t, const Vergleich &v, const Formen &formen, double x
     t.text({x, unten + 26}, ding->titel, 18);
 }
 
-/// The ground, to the depth of what reaches into it or stands before it.
-void bodenMalen(Tafel &t, double von, double bis, double boden, double tief)
-{
-    QPainter &p = t.maler();
-    const QBrush g = verlauf(QLinearGradient(0, boden, 0, boden + tief),
-                             {{0, durchsichtig(farbe::erde, tief > 31 ? 0.4 : 0.55)}, {1, durchsichtig(farbe::erde, 0)}});
-    p.fillRect(QRectF(von, boden, bis - von, tief), g);
-}
-
 } // namespace
 
 void gesamtMalen(Tafel &t, const Steckbrief &s, const Formen &formen)
@@ -87,8 +78,12 @@ void gesamtMalen(Tafel &t, const Steckbrief &s, const Formen &formen)
     const bool nachUnten = s.haengt();
     const double boden = nachUnten ? oben - ansichten[0]->kasten().top() * faktor : std::min(unten - tief, unten - (s.sammlung.imTopf ? 0.0 : 26.0));
     QPainter &p = t.maler();
-    if (!s.sammlung.imTopf && !nachUnten)
-        bodenMalen(t, links - 30, rechts - 20, boden, std::clamp(tief + 8, 30.0, unten + 14 - boden));
+    if (!s.sammlung.imTopf && !nachUnten) { // the ground, to the depth of what reaches into it or stands before it
+        const double dicke = std::clamp(tief + 8, 30.0, unten + 14 - boden), deckung = dicke > 31 ? 0.4 : 0.55;
+        p.fillRect(
+            QRectF(links - 30, boden, rechts - links + 10, dicke),
+            verlauf(QLinearGradient(0, boden, 0, boden + dicke), {{0, durchsichtig(farbe::erde, deckung)}, {1, durchsichtig(farbe::erde, 0)}}));
+    }
     for (size_t i = 0; i < ansichten.size(); ++i) {
         const QRectF k = ansichten[i]->kasten();
         const double von = links + (breite + 16) * double(i), mitte = von + breite / 2;

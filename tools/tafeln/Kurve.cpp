@@ -36,13 +36,6 @@ QPointF polar(double grad, double radius)
     return {std::cos(grad * bogenmass) * radius, -std::sin(grad * bogenmass) * radius};
 }
 
-QPainterPath ellipse(QPointF mitte, double rx, double ry)
-{
-    QPainterPath pfad;
-    pfad.addEllipse(mitte, rx, ry);
-    return pfad;
-}
-
 QPainterPath geschlossen(const std::vector<QPointF> &p)
 {
     const auto tangente = [&p, n = p.size()](size_t i) { return (p[(i + 1) % n] - p[(i + n - 1) % n]) / 6; };
@@ -75,13 +68,6 @@ double Kurve::laenge() const
         summe += std::hypot(r.x(), r.y());
     }
     return summe;
-}
-
-QPainterPath Kurve::pfad() const
-{
-    QPainterPath pfad(a);
-    pfad.cubicTo(b, c, d);
-    return pfad;
 }
 
 Kurve Kurve::bogen(QPointF a, double grad, double laenge, double neigung)

@@ -15,7 +15,6 @@ void nurFlaeche(QPainter &p, const QBrush &fuellung);
 QBrush verlauf(QGradient richtung, const QGradientStops &farben);
 
 QPointF polar(double grad, double radius); ///< 0 to the right, 90 upwards on the sheet
-QPainterPath ellipse(QPointF mitte, double rx, double ry);
 /// Closed smooth line through points.
 QPainterPath geschlossen(const std::vector<QPointF> &punkte);
 
@@ -26,7 +25,12 @@ struct Kurve
     QPointF punkt(double t) const;
     double winkel(double t) const; ///< direction in degrees, 90 upwards
     double laenge() const;
-    QPainterPath pfad() const;
+    QPainterPath pfad() const
+    {
+        QPainterPath pfad(a);
+        pfad.cubicTo(b, c, d);
+        return pfad;
+    }
     /// Leaves `a` at `grad` and bends down (positive) or up by `neigung` degrees on its way.
     static Kurve bogen(QPointF a, double grad, double laenge, double neigung);
 };

@@ -139,14 +139,12 @@ QStringList Steckbrief::kennzeichen() const
 
 bool Steckbrief::verholzt() const
 {
-    static const QStringView worte = u" strauch zwergstrauch baum kletternd nadelbaum nadelstrauch obstbaum beerenstrauch rebe ruten ";
-    return worte.contains(QString(u' ' + wuchs + u' '));
+    return eines(u"strauch zwergstrauch baum kletternd nadelbaum nadelstrauch obstbaum beerenstrauch rebe ruten", wuchs);
 }
 
 bool Steckbrief::hatTriebe() const
 {
-    static const QStringView worte = u" aufrecht eintriebig buschig halbstrauch polster teppich haengend ";
-    return verholzt() || worte.contains(QString(u' ' + wuchs + u' '));
+    return verholzt() || eines(u"aufrecht eintriebig buschig halbstrauch polster teppich haengend", wuchs);
 }
 
 void Steckbrief::formenWaehlen(const Formen &formen)
@@ -208,18 +206,18 @@ void Steckbrief::masseLesen()
     if (kleinste <= 0 || kleinste > hoehe)
         kleinste = hoehe;
     // Flowers on scapes: a height that says nothing of them is that of the whole plant, and the leaves stay below.
-    static const QStringView mitSchaft = u" rosette horst zwiebel knolle zisterne sukkulentrosette ";
+    const bool mitSchaft = eines(u"rosette horst zwiebel knolle zisterne sukkulentrosette", wuchs);
     const double ganze = hoehe;
     const bool ungesagt = bluetenhoehe <= 0 || (sammlung.imTopf && bluetenhoehe <= hoehe);
-    if (blueht && ungesagt && mitSchaft.contains(QString(u' ' + wuchs + u' ')) && sitz != u"im-laub") {
+    if (blueht && ungesagt && mitSchaft && sitz != u"im-laub") {
         const double laub = zahl("Blattlaenge", hoehe * 72) / 100 * (1 + zahl("Blattstiel", 0));
         bluetenhoehe = hoehe;
         hoehe = std::clamp(laub, hoehe * 0.35, hoehe * 0.72);
     }
     bluetenhoehe = blueht ? std::clamp(bluetenhoehe, hoehe * 0.75, hoehe * 4) : hoehe;
     const double durchmesser = pflanze.zahl(u"maxdurchm").value_or(0);
-    const bool flach = ist(u"teppich") || ist(u"polster") || ist(u"schwimmblatt");
-    const bool schmal = ist(u"eintriebig") || ist(u"rohr") || ist(u"zwiebel") || krone == u"saeule" || ist(u"nadelbaum") || ist(u"saeulenkaktus");
+    const bool flach = eines(u"teppich polster schwimmblatt", wuchs);
+    const bool schmal = krone == u"saeule" || eines(u"eintriebig rohr zwiebel nadelbaum saeulenkaktus", wuchs);
     breite = zahl("Breite", durchmesser > 0 ? std::clamp(durchmesser / hoehe, 0.25, 3.5) : flach ? 2.6 : schmal ? 0.45 : 0.9);
     breite *= ganze / hoehe;
     double blattfaktor = 1;

@@ -92,11 +92,7 @@ void Tafel::unterschrift(const QString &name, const QString &zweite, const QStri
 
 QRectF Tafel::text(QPointF ort, const QString &worte, double groesse, Qt::Alignment seite, const QColor &f)
 {
-    const QFontMetricsF masse(schrift(groesse));
-    const double b = masse.horizontalAdvance(worte), h = masse.height();
-    const double x = seite & Qt::AlignLeft ? ort.x() : seite & Qt::AlignRight ? ort.x() - b : ort.x() - b / 2;
-    beschriften(maler_, ort, worte, groesse, seite, f.isValid() ? f : farbe::tinte);
-    const QRectF kasten(x, ort.y() - h / 2, b, h);
+    const QRectF kasten = beschriften(maler_, ort, worte, groesse, seite, f.isValid() ? f : farbe::tinte);
     aufriss.text(kasten);
     return kasten;
 }
@@ -186,13 +182,15 @@ QFont schrift(double groesse, bool kursiv, bool fett)
     return f;
 }
 
-void beschriften(QPainter &p, QPointF ort, const QString &text, double groesse, Qt::Alignment seite, const QColor &f)
+QRectF beschriften(QPainter &p, QPointF ort, const QString &text, double groesse, Qt::Alignment seite, const QColor &f)
 {
     constexpr double weite = 1500;
     const double x = seite & Qt::AlignLeft ? ort.x() : seite & Qt::AlignRight ? ort.x() - weite : ort.x() - weite / 2;
     p.setFont(schrift(groesse));
     p.setPen(f.isValid() ? f : farbe::blass);
-    p.drawText(QRectF(x, ort.y() - groesse, weite, 2 * groesse), int(seite | Qt::AlignVCenter), text);
+    QRectF kasten;
+    p.drawText(QRectF(x, ort.y() - groesse, weite, 2 * groesse), int(seite | Qt::AlignVCenter), text, &kasten);
+    return kasten;
 }
 
 void schlagschatten(QPainter &p, QPointF mitte, double b, double h)

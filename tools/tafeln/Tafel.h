@@ -69,7 +69,8 @@ private:
 
 bool kreuzt(const QLineF &a, const QLineF &b);
 QFont schrift(double groesse, bool kursiv = false, bool fett = false);
-void beschriften(QPainter &p, QPointF ort, const QString &text, double groesse, Qt::Alignment seite = Qt::AlignHCenter, const QColor &farbe = {});
+/// Returns the box of the text.
+QRectF beschriften(QPainter &p, QPointF ort, const QString &text, double groesse, Qt::Alignment seite = Qt::AlignHCenter, const QColor &farbe = {});
 void schlagschatten(QPainter &p, QPointF mitte, double breite, double hoehe);
 
 /// Rod with marks; `null` is its zero, `pixelJeMeter` its scale, `laenge` what it reaches in metres, downwards where negative.

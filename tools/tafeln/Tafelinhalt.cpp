@@ -103,11 +103,6 @@ bool nenntStiel(const QString &merkmal, Organ organ)
     return nennt(u"stiel") || (organ == Organ::Stand && (nennt(u"stäng") || nennt(u"schaft") || nennt(u"schäft")));
 }
 
-bool nenntKelch(const QString &merkmal)
-{
-    return merkmal.contains(u"kelch", Qt::CaseInsensitive);
-}
-
 Pflanzenart pflanzenart(const Steckbrief &s)
 {
     return !s.sammlung.art.isEmpty() ? Pflanzenart::Sorte : s.verholzt() ? Pflanzenart::Gehoelz : Pflanzenart::Kraut;

@@ -15,9 +15,8 @@ std::vector<Organ> organe(const Steckbrief &s);
 /// The part at which the line of a mark ends: by its words, among those that are drawn. None where it speaks of none of them.
 /// Of a variety of fruit, calyx and stalk are those of the fruit; of what is woody the crown is the tree's.
 std::optional<Organ> organVon(const QString &merkmal, const std::vector<Organ> &gezeichnet, Pflanzenart art = Pflanzenart::Kraut);
-/// Whether a mark speaks of the part's stalk (of an inflorescence the stem is one), or of the calyx end of a fruit.
+/// Whether a mark speaks of the part's stalk (of an inflorescence the stem is one).
 bool nenntStiel(const QString &merkmal, Organ organ);
-bool nenntKelch(const QString &merkmal);
 
 QString gesamttitel(const Steckbrief &s);
 QString detailtitel(const Steckbrief &s);

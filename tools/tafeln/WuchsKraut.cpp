@@ -257,7 +257,9 @@ void schwimmblatt(Pflanzenbild &b)
     const double halb = std::max(b.halb(), 150.0), tief = std::min(260.0, halb);
     wasserlinie(b, tief);
     const double blade = std::clamp(b.blattlaenge(30), halb * 0.26, halb * 0.55), weit = tief * 0.4;
-    b.form(ellipse({0, 0}, halb * 1.2, weit * 0.62), QColor(0xA9, 0xCA, 0xD2), -2.5, 0); // the surface as one looks down on it
+    QPainterPath spiegel; // the surface as one looks down on it
+    spiegel.addEllipse(QPointF(), halb * 1.2, weit * 0.62);
+    b.form(spiegel, QColor(0xA9, 0xCA, 0xD2), -2.5, 0);
     for (int i = 0; i < 15; ++i) {
         const double nah = (i % 3) / 2.0, x = -1 + (i + 0.5) / 7.5 + b.zufall.streuung(0.05);
         const QPointF ort(x * halb * 0.86, (nah - 0.5) * weit + b.zufall.streuung(5));

@@ -37,21 +37,6 @@ QByteArray summe(const QByteArray &text)
     return QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex();
 }
 
-/// The lines of the last run, by picture name.
-using Stand = QHash<QString, QByteArray>;
-
-Stand standLesen(const QString &pfad)
-{
-    Stand stand;
-    QFile datei(pfad);
-    if (pfad.isEmpty() || !datei.open(QIODevice::ReadOnly))
-        return stand;
-    for (const QByteArray &zeile : datei.readAll().split('\n'))
-        if (const qsizetype trenner = zeile.lastIndexOf(' '); trenner > 0)
-            stand.insert(QString::fromUtf8(zeile.mid(trenner + 1)), zeile.left(trenner));
-    return stand;
-}
-
 struct Zeichner
 {
     const Sammlung &sammlung;
@@ -103,7 +88,11 @@ struct Zeichner
 
 void zeichnen(Datenbank &db, const QDir &ziel, const Sammlung &sammlung, const QString &standdatei, const QString &anfang)
 {
-    const Stand vorher = standLesen(standdatei);
+    QHash<QString, QByteArray> vorher; // the lines of the last run, by picture name
+    if (QFile datei(standdatei); !standdatei.isEmpty() && datei.open(QIODevice::ReadOnly))
+        for (const QByteArray &zeile : datei.readAll().split('\n'))
+            if (const qsizetype trenner = zeile.lastIndexOf(' '); trenner > 0)
+                vorher.insert(QString::fromUtf8(zeile.mid(trenner + 1)), zeile.left(trenner));
     QByteArray jetzt;
     ziel.mkpath(sammlung.ordner.toString());
     const Zeichner zeichner{sammlung, ziel.filePath(sammlung.ordner.toString())};
