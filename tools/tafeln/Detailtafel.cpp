@@ -274,9 +274,9 @@ std::array<std::vector<Zelle>, 2> spalten(const Steckbrief &s)
         sp[1].pop_back();
     }
     for (const QString &m : s.merkmale)
-        for (auto &spalte : sp)
+        for (const Organ gemeint = organVon(m, alle, pflanzenart(s)).value_or(hauptorgan(s)); auto &spalte : sp)
             for (Zelle &z : spalte)
-                if (z.organ == organVon(m, alle, pflanzenart(s)).value_or(hauptorgan(s)))
+                if (z.organ == gemeint)
                     z.merkmale += m;
     return sp;
 }

@@ -1,5 +1,7 @@
 #include "Tafelinhalt.h"
 
+#include <QStringTokenizer>
+
 #include <algorithm>
 
 namespace {
@@ -87,9 +89,10 @@ std::vector<Organ> organe(const Steckbrief &s)
                                     {borke || s.verholzt(), Organ::Rinde}})
         if (ja)
             da.push_back(organ);
-    const auto genannt = [&s, alle = da](Organ o) {
-        return std::ranges::any_of(s.merkmale, [&](const QString &m) { return organVon(m, alle, pflanzenart(s)) == o; });
-    };
+    std::vector<std::optional<Organ>> gemeint;
+    for (const QString &m : s.merkmale)
+        gemeint.push_back(organVon(m, da, pflanzenart(s)));
+    const auto genannt = [&](Organ o) { return std::ranges::find(gemeint, std::optional(o)) != gemeint.end(); };
     std::erase_if(da, [&](Organ o) { return ((o == Organ::Zweig && !s.winterkahl) || (o == Organ::Rinde && !borke)) && !genannt(o); });
     std::ranges::stable_partition(da, [&](Organ o) { return o <= Organ::Frucht || o == Organ::Blatt || genannt(o); });
     da.resize(std::min(da.size(), meisteOrgane));
@@ -110,15 +113,15 @@ Pflanzenart pflanzenart(const Steckbrief &s)
 
 std::optional<Organ> organVon(const QString &merkmal, const std::vector<Organ> &gezeichnet, Pflanzenart art)
 {
-    QString text = merkmal;
+    QString text = merkmal.toLower();
     for (const auto &[wort, gelesen] : taeuschend)
-        text.replace(wort.toString(), gelesen.toString(), Qt::CaseInsensitive);
+        text.replace(wort.toString(), gelesen.toString());
     // The word that stands first in the mark tells what it is about.
     qsizetype bester = text.size();
     std::optional<Organ> wahl;
     for (const auto &[organ, geltung, worte] : anker)
-        for (const QString &w : geltung &unsigned(art) ? worte.toString().split(u' ') : QStringList())
-            if (const qsizetype ort = text.indexOf(w, 0, Qt::CaseInsensitive);
+        for (const QStringView w : QStringTokenizer(worte, u' '))
+            if (const qsizetype ort = geltung & unsigned(art) ? text.indexOf(w) : -1;
                 ort >= 0 && ort < bester && (!organ || std::ranges::find(gezeichnet, *organ) != gezeichnet.end())) {
                 bester = ort;
                 wahl = organ;
