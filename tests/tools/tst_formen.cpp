@@ -240,7 +240,7 @@ void TestFormen::merkmaleMitLinie()
         u"%1 marks, %2 on the whole plant, %3 on parts that are not drawn\n"_s.arg(gesamt).arg(ganzePflanze).arg(ungezeichnet.size());
     QVERIFY2(gesamt > 4000, qPrintable(zahlen));
     QVERIFY2(ganzePflanze < 700, qPrintable(zahlen));
-    QVERIFY2(ungezeichnet.size() < 370, qPrintable(zahlen + ungezeichnet.join(u'\n')));
+    QVERIFY2(ungezeichnet.size() < 120, qPrintable(zahlen + ungezeichnet.join(u'\n')));
 }
 
 void TestFormen::hoehen_data()
