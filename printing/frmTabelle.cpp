@@ -19,9 +19,10 @@ frmTabelle::frmTabelle(std::vector<Tabellenspalte> spalten, QWidget *eltern)
     frage->setBuddy(lstSpalten_);
     lstSpalten_->setObjectName(QStringLiteral("lstSpalten"));
     lstSpalten_->setAccessibleName(QStringLiteral("Spalten der Tabelle"));
-    lstSpalten_->setSpacing(2);
     for (const Tabellenspalte &spalte : spalten_) {
         auto *zeile = new QListWidgetItem(spalte.titel, lstSpalten_);
+        // Room for the frame of the focus around the letters.
+        zeile->setSizeHint(QSize(0, fontMetrics().height() + 8));
         zeile->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
     }
     lstSpalten_->setCurrentRow(0);
