@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Builds the package, and tries it and the folder that brings its libraries as users of a bare Debian 12 would: checked by the validators, installed, started
-# by several users, handed a file, removed. The clean system needs root and a mirror; without them that part is passed over, with a message.
+# Builds the package, and tries it and the folder that brings its libraries as users of a bare Debian 12 would: checked by the validators,
+# installed, started by several users, handed a file, removed. The clean system needs root and a mirror; without them that part is passed
+# over, with a message.
 #   tools/paketprobe.sh [VORLAGE]      FLOX_PROBE_GANZ=1: nothing may be passed over
 # Ends with 0 where nothing was wrong. Leaves build/VORLAGE/paketprobe.png.
 set -Eeuo pipefail
