@@ -541,6 +541,33 @@ void ansehenFunktion(sqlite3_context *kontext, int anzahl, sqlite3_value **werte
 
 void ansehenEnde(sqlite3_context *) {}
 
+/// A function of any number of arguments for one walk. The engine refuses to exchange it while a statement of the connection is half done;
+/// the last walk's would be called then, whose data are gone.
+class Laufzeitfunktion
+{
+public:
+    Laufzeitfunktion(sqlite3 *db, const char *name, void *daten, void (*je)(sqlite3_context *, int, sqlite3_value **),
+                     void (*schritt)(sqlite3_context *, int, sqlite3_value **), void (*ende)(sqlite3_context *))
+        : db_(db), name_(name), angemeldet_(anmelden(daten, je, schritt, ende))
+    {
+    }
+    ~Laufzeitfunktion() { anmelden(nullptr, nullptr, nullptr, nullptr); }
+    Laufzeitfunktion(const Laufzeitfunktion &) = delete;
+    Laufzeitfunktion &operator=(const Laufzeitfunktion &) = delete;
+    bool angemeldet() const { return angemeldet_; }
+
+private:
+    bool anmelden(void *daten, void (*je)(sqlite3_context *, int, sqlite3_value **), void (*schritt)(sqlite3_context *, int, sqlite3_value **),
+                  void (*ende)(sqlite3_context *))
+    {
+        return sqlite3_create_function_v2(db_, name_, -1, SQLITE_UTF8 | SQLITE_DIRECTONLY, daten, je, schritt, ende, nullptr) == SQLITE_OK;
+    }
+
+    sqlite3 *db_;
+    const char *name_;
+    bool angemeldet_;
+};
+
 } // namespace
 
 void Datenbank::durchlaufen(const QString &tabelle, const QStringList &ausdruecke, const Ansehen &ansehen)
@@ -548,9 +575,9 @@ void Datenbank::durchlaufen(const QString &tabelle, const QStringList &ausdrueck
     tabelleFordern(tabelle);
     Ansicht ansicht{ansehen, std::vector<std::string_view>(size_t(ausdruecke.size())), {}};
     constexpr const char *name = "flox_ansehen";
-    sqlite3_create_function_v2(db_, name, -1, SQLITE_UTF8 | SQLITE_DIRECTONLY, &ansicht, nullptr, ansehenFunktion, ansehenEnde, nullptr);
-    const auto abmelden = [](sqlite3 *db) { sqlite3_create_function_v2(db, name, -1, SQLITE_UTF8, nullptr, nullptr, nullptr, nullptr, nullptr); };
-    const std::unique_ptr<sqlite3, decltype(abmelden)> halter(db_, abmelden);
+    const Laufzeitfunktion funktion(db_, name, &ansicht, nullptr, ansehenFunktion, ansehenEnde);
+    if (!funktion.angemeldet())
+        werfen(db_, pfad_);
     // clang-format off
     const QByteArray sql = QStringLiteral("SELECT %1(%2) FROM [%3] WHERE ARTNR IS NOT NULL")
                                .arg(QLatin1String(name), (QStringList{QStringLiteral("ARTNR")} + ausdruecke).join(u','), tabelle).toUtf8();
@@ -592,9 +619,9 @@ void Datenbank::loescheAusser(const QString &tabelle, const QStringList &felder,
     indexeFallenLassen(tabelle);
     Durchgang durchgang{behalten, std::vector<std::string_view>(size_t(felder.size())), {}};
     constexpr const char *name = "flox_behalten";
-    sqlite3_create_function_v2(db_, name, -1, SQLITE_UTF8 | SQLITE_DIRECTONLY, &durchgang, behaltenFunktion, nullptr, nullptr, nullptr);
-    const auto abmelden = [](sqlite3 *db) { sqlite3_create_function_v2(db, name, -1, SQLITE_UTF8, nullptr, nullptr, nullptr, nullptr, nullptr); };
-    const std::unique_ptr<sqlite3, decltype(abmelden)> halter(db_, abmelden);
+    const Laufzeitfunktion funktion(db_, name, &durchgang, behaltenFunktion, nullptr, nullptr);
+    if (!funktion.angemeldet())
+        werfen(db_, pfad_);
     QStringList argumente{QStringLiteral("ARTNR")};
     for (const QString &feld : felder)
         argumente += u'"' + feld + u'"';

@@ -354,6 +354,23 @@ private slots:
         QCOMPARE(zahl(*db_, u"SELECT count(*) FROM Topfpfl"_s), 2);
     }
 
+    /// A statement that is half done keeps the last walk's function alive: the next walk fails and does not call it.
+    void halbeAnweisung()
+    {
+        fuellen(3);
+        const auto alle = [this] {
+            int gesehen = 0;
+            db_->durchlaufen(u"Topfpfl"_s, {u"BOT_NAME"_s}, [&](qint64, auto) { ++gesehen; });
+            return gesehen;
+        };
+        Anweisung &halb = db_->vorbereitet(u"SELECT ARTNR FROM Topfpfl"_s);
+        QVERIFY(halb.schritt());
+        QCOMPARE(alle(), 3);
+        QVERIFY(!fehlerVon([&] { alle(); }).isEmpty());
+        halb.zuruecksetzen();
+        QCOMPARE(alle(), 3);
+    }
+
     void bekannteSchluessel()
     {
         fuellen(4);
