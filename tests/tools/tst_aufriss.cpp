@@ -1,10 +1,11 @@
+#include "tests/Faelle.h"
 #include "tests/Hilfen.h"
 #include "tools/tafeln/Farben.h"
 #include "tools/tafeln/Tafeln.h"
 
 #include <QTest>
 
-/* Every plate of every plant as it is laid out: no text, line or drawing lies on another or leaves the sheet. */
+/* The plates of plants as they are laid out: no text, line or drawing lies on another or leaves the sheet. */
 class TestAufriss : public QObject
 {
     Q_OBJECT
@@ -31,8 +32,10 @@ void TestAufriss::nichtsLiegtAufeinander()
     static const Formen formen = Formen::laden(QStringLiteral(FLOX_FORMEN));
     static const QHash<QString, QStringList> merkmale = merkmaleLesen(QStringLiteral(FLOX_QUELLEN));
     QStringList schlecht;
-    int tafeln = 0, beschriftet = 0;
+    int stelle = nummer, tafeln = 0, beschriftet = 0;
     for (const Datensatz &pflanze : Datensatz::alle(*ordner_.db(), sammlung.tabelle)) {
+        if (stelle++ % faelle(10, 1) != 0)
+            continue;
         const Steckbrief s(pflanze, sammlung, formen, merkmale.value(sammlung.tabelle.toString() + u' ' + pflanze.text(u"ARTNR")));
         Tafel ganz, teile;
         // Boxes are measured where they stand; what is painted beyond the sheet costs next to nothing.
@@ -48,7 +51,7 @@ void TestAufriss::nichtsLiegtAufeinander()
         }
     }
     QVERIFY2(schlecht.isEmpty(), qPrintable(schlecht.join(u'\n')));
-    QVERIFY(tafeln >= 200);
+    QVERIFY(tafeln >= 2 * stelle / 11);
     QCOMPARE(beschriftet, tafeln); // nothing is free of faults for being empty
 }
 
