@@ -20,7 +20,7 @@ private slots:
         const std::pair<const char *, const char *> zeilen[] = {
             {"Abutilon-Hybriden", "Blüte und Blatt"},      {"Aglaonema commutatum", "Blatt"},
             {"Adiantum raddianum", "Wedel"},               {"Ananas comosus", "Blüte, Frucht und Blatt"},
-            {"Araucaria heterophylla", "Nadel und Rinde"}, {"Aspidistra elatior", "Blatt"},
+            {"Araucaria heterophylla", "Nadel, Zweig und Rinde"}, {"Aspidistra elatior", "Blatt"},
             {"Asparagus densiflorus", "Frucht, Fruchtschnitt und Wedel"}, {"Echinocactus grusonii", "Blatt"},
         };
         // clang-format on
