@@ -8,7 +8,8 @@ set -Eeuo pipefail
 trap 'echo "Failed in line $LINENO: $BASH_COMMAND" >&2' ERR
 cd "$(dirname "$0")/.."
 vorlage=${1:-release}
-spiegel=${FLOX_SPIEGEL:-http://deb.debian.org/debian}
+# The machine's own mirror.
+spiegel=${FLOX_SPIEGEL:-$(apt-get indextargets --format '$(REPO_URI)' 'Codename: bookworm' | sed -n '1s:/$::p')}
 weitere=(lintian desktop-file-utils appstream debootstrap)
 . tools/einrichten.sh
 tools/paket.sh "$vorlage" >/dev/null
@@ -51,11 +52,14 @@ ende() {
 trap ende EXIT
 /usr/lib/apt/apt-helper download-file "$spiegel/dists/bookworm/Release" "$wurzel/Release" >/dev/null 2>&1 || auslassen "no mirror at $spiegel"
 rm "$wurzel/Release"
+{ mknod "$wurzel/null" c 1 3 && mkdir "$wurzel/proc" && mount -t proc proc "$wurzel/proc"; } 2>/dev/null || auslassen "no devices, or nothing can be mounted"
+umount "$wurzel/proc"
+rm -r "$wurzel/null" "$wurzel/proc"
 
 chmod 755 "$wurzel"
 
 rein=(env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LANG=C.UTF-8 DEBIAN_FRONTEND=noninteractive)
-drin() { "${rein[@]}" HOME=/root chroot "$wurzel" "$@"; }
+drin() { "${rein[@]}" HOME=/ chroot "$wurzel" "$@"; }
 holen() { drin apt-get install -y -q --no-install-recommends "$@" >/dev/null; }
 als_zeile() { # USER COMMAND...
     zeile=("${rein[@]}" HOME="/home/$1" XDG_CURRENT_DESKTOP=GNOME XDG_RUNTIME_DIR="/run/user/$1" DISPLAY="${schirm:-}" QT_QPA_PLATFORM="${art:-offscreen}"
