@@ -1,7 +1,5 @@
 #include "Apfel.h"
 
-#include "Farben.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -19,14 +17,11 @@ constexpr double sonneLaenge = 0.5, sonneBreite = 0.18;
 
 double mittel(const Datensatz &sorte, QStringView spalte, std::initializer_list<std::pair<QStringView, double>> werte, double sonst)
 {
-    double summe = 0;
-    int anzahl = 0;
+    double summe = 0, anzahl = 0;
     for (const auto &[wort, wert] : werte)
-        if (sorte.hat(spalte, wort)) {
-            summe += wert;
-            ++anzahl;
-        }
-    return anzahl ? summe / anzahl : sonst;
+        if (sorte.hat(spalte, wort))
+            summe += wert, ++anzahl;
+    return anzahl > 0 ? summe / anzahl : sonst;
 }
 
 std::vector<QColor> wortfarben(const Datensatz &sorte, QStringView spalte, std::initializer_list<std::pair<QStringView, QRgb>> farben, QRgb sonst)
@@ -35,9 +30,7 @@ std::vector<QColor> wortfarben(const Datensatz &sorte, QStringView spalte, std::
     for (const auto &[wort, farbe] : farben)
         if (sorte.hat(spalte, wort))
             gefunden.emplace_back(farbe);
-    if (gefunden.empty())
-        gefunden.emplace_back(sonst);
-    return gefunden;
+    return gefunden.empty() ? std::vector{QColor(sonst)} : gefunden;
 }
 
 QPointF Apfelform::meridian(double phi) const
@@ -60,52 +53,6 @@ double Apfelform::quer(double l) const
 {
     return 1 + kanten * std::cos(5 * l + 0.4) + rippen * (std::abs(std::cos(2.5 * l + 0.9)) - 0.6)
            + unruhe * (std::cos(2 * l + 1) + 0.7 * std::cos(3 * l + 2.2)) - oval * std::cos(2 * l) * 0.5;
-}
-
-Apfelhaut::Apfelhaut(const Datensatz &s) : saat_(std::uint32_t(Zufall(s.name()).roh()))
-{
-    auto gruende = wortfarben(s, u"grundfarbe", {{u"grün", 0xFF86AC48}, {u"grüngelb", 0xFFBFC65A}, {u"gelb", 0xFFE9CC55}, {u"weißlich", 0xFFF0EAC6}},
-                              0xFFBFC65A);
-    for (QColor &f : gruende)
-        if (s.hat(u"grundfarbe", u"trüb"))
-            f = gemischt(f, QColor(0x9B, 0x92, 0x66), 0.3);
-    grund_ = rgb(gruende.front());
-    grund2_ = rgb(gruende.back());
-    const auto decken =
-        wortfarben(s, u"deckfarbe", {{u"orange", 0xFFE58A36}, {u"hellrot", 0xFFD8483F}, {u"rot", 0xFFB3242E}, {u"dunkelrot", 0xFF6E1628}},
-                   gruende.front().rgb());
-    deckHell_ = rgb(decken.front());
-    deckDunkel_ = rgb(decken.back());
-    radius_ = decken.front() == gruende.front()
-                  ? -9
-                  : mittel(s, u"df_ausdehn", {{u"wenig", 0.55}, {u"Backe", 0.95}, {u"großflächig", 1.6}, {u"ganz", 3.6}}, 0.95);
-    weich_ = s.hat(u"df_art", u"verwaschen") ? 0.75 : 0.45;
-    kraft_ = 0.86 + falls(s, u"df_art", u"kräftig", 0.12) - falls(s, u"df_art", u"zart", 0.28) - falls(s, u"df_art", u"trüb", 0.1);
-    streifen_ = falls(s, u"df_art", u"gestreift/geflammt", 1);
-    const bool flaechig = s.hat(u"df_art", u"verwaschen") || s.hat(u"df_art", u"gleichmäßig") || streifen_ == 0;
-    grundton_ = s.hat(u"df_art", u"gleichmäßig") ? 0.95 : flaechig ? (streifen_ > 0 ? 0.5 : 0.85) : 0.2;
-    marmor_ = falls(s, u"df_art", u"marmoriert", 1);
-    spritzer_ = falls(s, u"df_art", u"gesprenkelt", 1);
-    const bool grob = s.hat(u"rost", u"rauh") || s.hat(u"rost", u"schuppig") || s.hat(u"aussehen", u"rauh");
-    const double rauh = grob ? 1.25 : s.hat(u"rost", u"fein") ? 0.75 : 1;
-    netz_ = falls(s, u"rost", u"netzartig", 0.8 * rauh);
-    figur_ = falls(s, u"rost", u"figurenartig", 0.75 * rauh);
-    flaeche_ = falls(s, u"rost", u"flächig", 0.8 * rauh);
-    rost_ = rgb(QColor(0xA6, 0x7C, 0x48));
-    stielrost_ = s.hat(u"st_berost", u"nicht vorhanden") || s.worte(u"st_berost").isEmpty() ? 0 : s.hat(u"st_berost", u"nur in Tiefe") ? 0.55 : 1;
-    stielweite_ = s.hat(u"st_berost", u"strahlig") ? 1 : 0;
-    reif_ = s.hat(u"reif", u"nicht vorhanden") || s.worte(u"reif").isEmpty() ? 0 : s.hat(u"reif", u"stark") ? 0.22 : 0.12;
-    blau_ = falls(s, u"reif", u"bläulich", 1);
-    glanz_ = s.hat(u"aussehen", u"glänzend") ? 0.42 : s.hat(u"aussehen", u"matt") || s.hat(u"rost", u"rauh") ? 0.14 : 0.27;
-    // clang-format off
-    const auto punkte = wortfarben(s, u"sch_punkt", {{u"weißlich", 0xFFF6EED2}, {u"gelb", 0xFFEFDC86}, {u"hellbraun", 0xFFCBA268}, {u"braun", 0xFF8E6640},
-                                                     {u"rostartig", 0xFFA97B46}, {u"grün", 0xFF8FA555}, {u"grau", 0xFFB9B3A4}, {u"rot", 0xFFB03A33}}, 0xFFCBA268);
-    // clang-format on
-    punkt_ = rgb(punkte.front());
-    const double dicht = s.hat(u"sch_punkt", u"zahlreich") ? 0.95 : s.hat(u"sch_punkt", u"wenig") ? 0.35 : 0.65;
-    punktdichte_ = s.hat(u"sch_punkt", u"nicht vorhanden") ? 0 : dicht;
-    punktgroesse_ = mittel(s, u"sch_punkt", {{u"sehr fein", 0.09}, {u"fein", 0.12}, {u"mittel", 0.18}, {u"groß", 0.24}, {u"sehr groß", 0.3}}, 0.13)
-                    * (s.hat(u"sch_punkt", u"nicht auffällig") ? 0.8 : 1.1);
 }
 
 QColor Apfelhaut::deck() const
@@ -220,7 +167,7 @@ QRgb Apfelhaut::einfach(double l, double b) const
     }
     zu(f, rgb(QColor(0x9A, 0xA8, 0x55)), 0.35 * stufe(0.84, 1.0, b));
     punkte(f, l, b, d);
-    zu(f, rost_, berostung(l, b));
+    zu(f, rgb(QColor(0xA6, 0x7C, 0x48)), berostung(l, b));
     if (reif_ > 0)
         zu(f, blau_ > 0 ? QVector3D(0.72f, 0.74f, 0.86f) : QVector3D(0.93f, 0.93f, 0.92f), reif_ * (0.6 + 0.8 * wolken(l * 2, b * 2, 19)));
     const auto byte = [](float x) { return int(std::clamp(x, 0.f, 1.f) * 255 + 0.5f); };

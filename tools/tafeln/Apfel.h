@@ -1,9 +1,9 @@
 #pragma once
 
 #include "Datensatz.h"
+#include "Farben.h"
 #include "Zufall.h"
 
-#include <QColor>
 #include <QPainter>
 #include <QVector3D>
 
@@ -56,7 +56,7 @@ struct Apfelform
 class Apfelhaut
 {
 public:
-    explicit Apfelhaut(const Datensatz &sorte);
+    explicit Apfelhaut(const Datensatz &sorte) : s(sorte) {}
 
     /// `laenge` in radians, 0 to the viewer; `breite` from 1 at the stalk to -1 at the calyx.
     QRgb farbe(double laenge, double breite) const;
@@ -76,11 +76,42 @@ private:
     double berostung(double laenge, double breite) const;
     void punkte(QVector3D &f, double laenge, double breite, double rot) const;
 
-    QVector3D grund_, grund2_, deckHell_, deckDunkel_, rost_, punkt_;
-    double radius_, weich_, kraft_, streifen_, grundton_, marmor_, spritzer_;
-    double netz_, figur_, flaeche_, stielrost_, stielweite_, reif_, blau_, glanz_;
-    double punktdichte_, punktgroesse_;
-    std::uint32_t saat_;
+    bool ohne(QStringView spalte) const { return s.hat(spalte, u"nicht vorhanden") || s.worte(spalte).isEmpty(); }
+    QVector3D grund(const QColor &f) const { return rgb(s.hat(u"grundfarbe", u"trüb") ? gemischt(f, QColor(0x9B, 0x92, 0x66), 0.3) : f); }
+
+    const Datensatz &s;
+    const std::uint32_t saat_ = std::uint32_t(Zufall(s.name()).roh());
+    // clang-format off
+    const std::vector<QColor> gruende_ = wortfarben(s, u"grundfarbe", {{u"grün", 0xFF86AC48}, {u"grüngelb", 0xFFBFC65A}, {u"gelb", 0xFFE9CC55},
+                                                                       {u"weißlich", 0xFFF0EAC6}}, 0xFFBFC65A);
+    const std::vector<QColor> decken_ = wortfarben(s, u"deckfarbe", {{u"orange", 0xFFE58A36}, {u"hellrot", 0xFFD8483F}, {u"rot", 0xFFB3242E},
+                                                                     {u"dunkelrot", 0xFF6E1628}}, gruende_.front().rgb());
+    const QVector3D grund_ = grund(gruende_.front()), grund2_ = grund(gruende_.back());
+    const QVector3D deckHell_ = rgb(decken_.front()), deckDunkel_ = rgb(decken_.back());
+    const double radius_ = decken_.front() == gruende_.front() ? -9 // of the cover; negative: there is none
+                           : mittel(s, u"df_ausdehn", {{u"wenig", 0.55}, {u"Backe", 0.95}, {u"großflächig", 1.6}, {u"ganz", 3.6}}, 0.95);
+    const bool verwaschen_ = s.hat(u"df_art", u"verwaschen"), gleichmaessig_ = s.hat(u"df_art", u"gleichmäßig");
+    const double weich_ = verwaschen_ ? 0.75 : 0.45, streifen_ = falls(s, u"df_art", u"gestreift/geflammt", 1);
+    const double kraft_ = 0.86 + falls(s, u"df_art", u"kräftig", 0.12) - falls(s, u"df_art", u"zart", 0.28) - falls(s, u"df_art", u"trüb", 0.1);
+    const double grundton_ = gleichmaessig_ ? 0.95 : streifen_ == 0 ? 0.85 : verwaschen_ ? 0.5 : 0.2;
+    const double marmor_ = falls(s, u"df_art", u"marmoriert", 1), spritzer_ = falls(s, u"df_art", u"gesprenkelt", 1);
+    const bool rauh_ = s.hat(u"rost", u"rauh");
+    const double stark_ = rauh_ || s.hat(u"rost", u"schuppig") || s.hat(u"aussehen", u"rauh") ? 1.25 : s.hat(u"rost", u"fein") ? 0.75 : 1;
+    const double netz_ = falls(s, u"rost", u"netzartig", 0.8 * stark_), figur_ = falls(s, u"rost", u"figurenartig", 0.75 * stark_),
+                 flaeche_ = falls(s, u"rost", u"flächig", 0.8 * stark_);
+    const double stielrost_ = ohne(u"st_berost") ? 0 : s.hat(u"st_berost", u"nur in Tiefe") ? 0.55 : 1;
+    const double stielweite_ = falls(s, u"st_berost", u"strahlig", 1);
+    const double reif_ = ohne(u"reif") ? 0 : s.hat(u"reif", u"stark") ? 0.22 : 0.12, blau_ = falls(s, u"reif", u"bläulich", 1);
+    const double glanz_ = s.hat(u"aussehen", u"glänzend") ? 0.42 : s.hat(u"aussehen", u"matt") || rauh_ ? 0.14 : 0.27;
+    const QVector3D punkt_ = rgb(wortfarben(s, u"sch_punkt", {{u"weißlich", 0xFFF6EED2}, {u"gelb", 0xFFEFDC86}, {u"hellbraun", 0xFFCBA268},
+                                                              {u"braun", 0xFF8E6640}, {u"rostartig", 0xFFA97B46}, {u"grün", 0xFF8FA555},
+                                                              {u"grau", 0xFFB9B3A4}, {u"rot", 0xFFB03A33}}, 0xFFCBA268).front());
+    const double punktdichte_ = s.hat(u"sch_punkt", u"nicht vorhanden") ? 0 : s.hat(u"sch_punkt", u"zahlreich") ? 0.95
+                                : s.hat(u"sch_punkt", u"wenig") ? 0.35 : 0.65;
+    const double punktgroesse_ = (s.hat(u"sch_punkt", u"nicht auffällig") ? 0.8 : 1.1)
+                                 * mittel(s, u"sch_punkt", {{u"sehr fein", 0.09}, {u"fein", 0.12}, {u"mittel", 0.18}, {u"groß", 0.24},
+                                                            {u"sehr groß", 0.3}}, 0.13);
+    // clang-format on
 };
 
 /// The stalk from `fuss`, for an apple seen from `neigung` degrees above.

@@ -344,7 +344,7 @@ void detailMalen(Tafel &t, const Steckbrief &s, const Formen &formen)
             t.maler().drawImage(QRectF(feld), o.bild);
             const QRect ink = tinte(o.bild);
             const double mass = 1 / Tafel::bildmass;
-            t.bild(QRectF(QPointF(feld.topLeft()) + QPointF(ink.topLeft()) * mass, QSizeF(ink.size()) * mass), nummer);
+            t.aufriss.bild(QRectF(QPointF(feld.topLeft()) + QPointF(ink.topLeft()) * mass, QSizeF(ink.size()) * mass), nummer);
             double y = feld.bottom() + 12;
             const QString titel = gekuerzt(organtitel(s, z.organ), bis - x - 8);
             y += t.absatz(QRectF(x + 4, y, bis - x - 8, 46), titel, 18, Qt::AlignHCenter).height() + 14;

@@ -32,8 +32,7 @@ constexpr struct
     {u"Wuchs", Feldart::Wort,
      u"rosette horst aufrecht eintriebig buschig polster teppich haengend zwiebel knolle sukkulentrosette kugelkaktus saeulenkaktus gliederkaktus "
      "zisterne schopf flaschenstamm palme orchidee farn gras rohr schirm schwimmblatt sumpf unterwasser strauch zwergstrauch halbstrauch baum "
-     "kletternd "
-     "nadelbaum nadelstrauch obstbaum beerenstrauch ruten erdbeere rebe"},
+     "kletternd nadelbaum nadelstrauch obstbaum beerenstrauch ruten erdbeere rebe"},
     {u"Krone", Feldart::Wort, u"rund oval kegel saeule schirm breit haengend vase bizarr etagen kugel flach"},
     {u"Blattstellung", Feldart::Wort, u"wechselstaendig gegenstaendig quirlstaendig zweizeilig schopfig"},
     {u"Bluetensitz", Feldart::Wort, u"endstaendig achselstaendig grundstaendig im-laub staemmig"},

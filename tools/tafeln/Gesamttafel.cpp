@@ -41,7 +41,7 @@ void vergleichMalen(Tafel &t, const Vergleich &v, const Formen &formen, double x
     form = QTransform(mass, 0, 0, mass, x - form.boundingRect().center().x() * mass, boden).map(form);
     QPainter &p = t.maler();
     zeichnen(p, form, QPen(durchsichtig(farbe::tinte, 0.55), 1.6), durchsichtig(farbe::linie, 0.28));
-    t.bild(form.boundingRect(), nummer);
+    t.aufriss.bild(form.boundingRect(), nummer);
     t.text({x, unten + 26}, ding->titel, 18);
 }
 
@@ -96,7 +96,7 @@ void gesamtMalen(Tafel &t, const Steckbrief &s, const Formen &formen)
         ansichten[i]->malen(p);
         p.restore();
         const QRectF gemalt(x + k.left() * faktor, boden + k.top() * faktor, k.width() * faktor, k.height() * faktor);
-        t.bild(gemalt.adjusted(0.5, 0.5, -0.5, -0.5), int(i));
+        t.aufriss.bild(gemalt.adjusted(0.5, 0.5, -0.5, -0.5), int(i));
         if (s.winterkahl)
             t.text({mitte, unten + 26},
                    !i          ? QStringLiteral("belaubt")

@@ -81,9 +81,8 @@ Kurve Kurve::bogen(QPointF a, double grad, double laenge, double neigung)
 
 void stiel(QPainter &p, const Kurve &k, double unten, double oben, const QColor &f)
 {
-    if (unten < 2) { // of a twig one sees no outline
+    if (unten < 2) // of a twig one sees no outline
         return p.strokePath(k.pfad(), QPen(gemischt(f, umriss(f), 0.5), (unten + oben) / 2 + 0.6, Qt::SolidLine, Qt::FlatCap));
-    }
     constexpr int schritte = 14;
     QPolygonF links, rechts;
     for (int i = 0; i <= schritte; ++i) {
@@ -95,7 +94,6 @@ void stiel(QPainter &p, const Kurve &k, double unten, double oben, const QColor 
     p.setPen(QPen(umriss(f), 0.8));
     p.setBrush(f);
     p.drawPolygon(links + rechts, Qt::WindingFill);
-    if (unten > 5) {
+    if (unten > 5)
         p.strokePath(k.pfad().translated(-unten * 0.16, 0), QPen(durchsichtig(heller(f, 0.5), 0.6), unten * 0.16, Qt::SolidLine, Qt::RoundCap));
-    }
 }

@@ -5,6 +5,7 @@
 #include <QPainterPath>
 
 #include <functional>
+#include <ranges>
 #include <vector>
 
 /// Paints with pen and brush, which stay set.
@@ -14,6 +15,11 @@ void nurFlaeche(QPainter &p, const QBrush &fuellung);
 /// The gradient with its colours, as a brush.
 QBrush verlauf(QGradient richtung, const QGradientStops &farben);
 
+/// Places of `anzahl` things side by side, from -1 at the left to 1 at the right; one alone stands in the middle.
+inline auto reihe(int anzahl)
+{
+    return std::views::iota(0, anzahl) | std::views::transform([anzahl](int i) { return anzahl > 1 ? -1 + 2.0 * i / (anzahl - 1) : 0; });
+}
 QPointF polar(double grad, double radius); ///< 0 to the right, 90 upwards on the sheet
 /// Closed smooth line through points.
 QPainterPath geschlossen(const std::vector<QPointF> &punkte);

@@ -247,9 +247,8 @@ void Motiv::flaecheMalen(QPainter &p, const Strich &s, const Anstrich &a, double
                            {{0, dunkler(f, blass(f) ? 0.16 : 0.24)}, {0.5, f}, {1, heller(f, 0.2)}}));
     }
     p.drawPath(s.fuer(pixel));
-    if (blatt && pixel >= grob && !s.haelfte.isEmpty()) {
+    if (blatt && pixel >= grob && !s.haelfte.isEmpty())
         p.fillPath(s.haelfte, QColor(10, 35, 40, 30));
-    }
     if (s.rolle == Rolle::Blatt && !a.zeichnung.empty())
         zeichnungMalen(p, s, a, pixel);
 }
@@ -273,9 +272,8 @@ void Motiv::linieMalen(QPainter &p, const Strich &s, const Strich *spreite, cons
         p.strokePath(s.pfad.translated(breite * 0.5, 0), stift(QColor(15, 40, 30, 60), breite * 2.2));
         p.restore();
     }
-    if (s.rolle == Rolle::Ader && pixel >= 2 * fein) { // between the veins the blade bulges
+    if (s.rolle == Rolle::Ader && pixel >= 2 * fein) // between the veins the blade bulges
         p.strokePath(s.pfad.translated(0, s.breite * 1.1), stift(QColor(10, 40, 25, 22), s.breite * 3.4));
-    }
     p.strokePath(s.fuer(pixel), stift(f, breite));
 }
 
@@ -329,9 +327,8 @@ void Motiv::zeichnungMalen(QPainter &p, const Strich &s, const Anstrich &a, doub
             }
             p.setBrush(Qt::NoBrush);
         } else if (wo == u"streifen") {
-            for (const double x : {0.12, 0.42, 0.72}) {
+            for (const double x : {0.12, 0.42, 0.72})
                 p.strokePath(gestreckt(x, 1.02), stift(f, halb * 0.16));
-            }
         } else if (wo == u"zone") {
             p.strokePath(gestreckt(0.56, 0.56), stift(durchsichtig(f, 0.6), halb * 0.24));
         } else { // basis, spitze

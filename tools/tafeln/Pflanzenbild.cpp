@@ -42,14 +42,8 @@ void Pflanzenbild::bauen(QStringView gesucht)
     pflanze_ = kasten_;
     if (!s.sammlung.imTopf || gesucht != s.wuchs)
         return;
-    imTopf_ = true;
     const double weite = std::clamp(s.hoehe * s.breite * 0.24, std::min(0.045, s.hoehe * 0.3), 0.2) * px;
     topf(weite, weite * 1.7);
-}
-
-double Pflanzenbild::blattlaenge(double kleinste) const
-{
-    return std::clamp(s.blattlaenge / 100 * px, kleinste, std::max(kleinste * 1.5, hoehe() * 1.1));
 }
 
 void Pflanzenbild::ding(double ebene, const QRectF &kasten, std::function<void(QPainter &)> malen)
@@ -85,8 +79,8 @@ void Pflanzenbild::bandblatt(const Kurve &k, double breite, double ebene)
 
 void Pflanzenbild::bandhorst(int anzahl, double spreizung, double laenge, double neigung, double breite)
 {
-    for (int i = 0; i < anzahl; ++i) {
-        const double seite = -1 + 2.0 * i / (anzahl - 1) + zufall.streuung(0.12);
+    for (const double platz : reihe(anzahl)) {
+        const double seite = platz + zufall.streuung(0.12);
         bandblatt(Kurve::bogen({seite * halb() * 0.18, 0}, 90 - seite * spreizung + zufall.streuung(3), laenge * zufall.zwischen(0.83, 1.22),
                                std::abs(seite) * neigung * zufall.zwischen(0.6, 1.4)),
                   breite * zufall.zwischen(0.87, 1.14), zufall.streuung(0.9));

@@ -3,6 +3,9 @@
 #include "Steckbrief.h"
 #include "Zufall.h"
 
+#include <algorithm>
+#include <cmath>
+
 /* Where a habit is put together. The foot of the plant is 0,0, y grows downwards. Parts are collected with their depth (-1 behind, 0 middle,
    1 in front, above 1 flowers) and painted from back to front; what they will cover is known before. */
 
@@ -10,6 +13,8 @@
 struct Blickrichtung
 {
     Blickrichtung(double umlauf, double steigung);
+    /// The i-th all round, each a golden angle on: none stands behind another.
+    static Blickrichtung rundum(int i, double steigung, double daneben = 0) { return {360 * std::fmod(i * 0.381966, 1.0) + daneben, steigung}; }
     double grad, laenge, tiefe; ///< on the sheet; shortened to; 1 towards the viewer
 };
 
@@ -71,7 +76,7 @@ public:
     double hoehe() const { return s.hoehe * px; }
     double bluetenhoehe() const { return s.bluetenhoehe * px; }
     double halb() const { return s.hoehe * px * s.breite / 2; } ///< half the width
-    double blattlaenge(double kleinste = 9) const;
+    double blattlaenge(double kleinste = 9) const { return std::clamp(s.blattlaenge / 100 * px, kleinste, std::max(kleinste * 1.5, hoehe() * 1.1)); }
     int zahl(int sonst) const { return s.bluetenzahl > 0 ? s.bluetenzahl : sonst; }
     QColor stielfarbe() const { return s.anstrich[Rolle::Stiel]; }
 
@@ -88,7 +93,6 @@ private:
     Motiv blatt_, blattRechts_, blattLinks_, bluete_, stand_, frucht_;
     double schlank_ = 1;
     QRectF kasten_, pflanze_;
-    bool imTopf_ = false;
     std::vector<std::pair<double, std::function<void(QPainter &)>>> dinge_;
 };
 

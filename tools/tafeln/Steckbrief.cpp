@@ -108,11 +108,6 @@ Steckbrief::Steckbrief(const Datensatz &p, const Sammlung &s, const Formen &form
     fruchtfarben();
 }
 
-double Steckbrief::zahl(const char *name, double sonst) const
-{
-    return zahlLesen(feld(name)).value_or(sonst);
-}
-
 QColor Steckbrief::farbe(const char *name, const QColor &sonst) const
 {
     const QColor f = farbeVon(feld(name));
@@ -137,16 +132,6 @@ QStringList Steckbrief::kennzeichen() const
     return saetze;
 }
 
-bool Steckbrief::verholzt() const
-{
-    return eines(u"strauch zwergstrauch baum kletternd nadelbaum nadelstrauch obstbaum beerenstrauch rebe ruten", wuchs);
-}
-
-bool Steckbrief::hatTriebe() const
-{
-    return verholzt() || eines(u"aufrecht eintriebig buschig halbstrauch polster teppich haengend", wuchs);
-}
-
 void Steckbrief::formenWaehlen(const Formen &formen)
 {
     wuchs = feld("Wuchs", "aufrecht");
@@ -166,9 +151,8 @@ void Steckbrief::formenWaehlen(const Formen &formen)
     if (!blatt || (!bluete && feld("Bluete") != u"keine"))
         throw Quellfehler{QStringLiteral("data/formen: die Formen elliptisch und fuenfzaehlig-rund fehlen")};
     stand = formen.form(Formgruppe::Bluete, feld("Bluetenstand"));
-    const QString f = feld("Frucht");
-    frucht = f.isEmpty() ? nullptr : formen.form(Formgruppe::Frucht, f);
-    fruchtschnitt = f.isEmpty() ? nullptr : formen.form(Formgruppe::Frucht, f + QStringLiteral("-schnitt"));
+    frucht = formen.form(Formgruppe::Frucht, feld("Frucht"));
+    fruchtschnitt = formen.form(Formgruppe::Frucht, feld("Frucht") + QStringLiteral("-schnitt"));
     fruchtstand = formen.form(Formgruppe::Frucht, feld("Fruchtstand"));
     // A record that tells no colour tells of a plant without flowers, whatever its genus has elsewhere: the ivy in a pot.
     const bool farbig =

@@ -26,8 +26,9 @@ struct Steckbrief
     Steckbrief(const Datensatz &pflanze, const Sammlung &sammlung, const Formen &formen, const QStringList &merkmale = {});
 
     bool ist(QStringView wort) const { return wuchs == wort; }
-    bool verholzt() const;
-    bool hatTriebe() const; ///< with leaves on them, not all from the ground
+    bool verholzt() const { return eines(u"strauch zwergstrauch baum kletternd nadelbaum nadelstrauch obstbaum beerenstrauch rebe ruten", wuchs); }
+    /// Whether it has shoots with leaves on them, not all from the ground.
+    bool hatTriebe() const { return verholzt() || eines(u"aufrecht eintriebig buschig halbstrauch polster teppich haengend", wuchs); }
     /// What the whole plant shows of them: varieties of fruit their fruits, other plants their flowers.
     bool zeigtBlueten() const { return blueht && (schau == u"beides" || schau == u"bluete" || !fruchtet); }
     bool zeigtFruechte() const { return fruchtet && (schau == u"beides" || schau == u"frucht" || !blueht); }
@@ -66,7 +67,7 @@ private:
     void bluetenfarben();
     void fruchtfarben();
     QString feld(const char *name, const char *sonst = "") const { return felder_.value(QLatin1String(name), QLatin1String(sonst)); }
-    double zahl(const char *name, double sonst) const;
+    double zahl(const char *name, double sonst) const { return zahlLesen(feld(name)).value_or(sonst); }
     QColor farbe(const char *name, const QColor &sonst = {}) const;
     std::vector<QColor> wortfarben(QStringView spalte) const; ///< that are known
 

@@ -172,13 +172,12 @@ bool Tafel::speichern(const QString &pfad)
     return datei.open(QIODevice::WriteOnly) && datei.write(reinterpret_cast<char *>(bytes), qint64(anzahl)) == qint64(anzahl) && datei.flush();
 }
 
-QFont schrift(double groesse, bool kursiv, bool fett)
+QFont schrift(double groesse, bool kursiv)
 {
     QFont f(QStringLiteral("sans-serif"));
     f.setStyleHint(QFont::SansSerif);
     f.setPixelSize(int(groesse));
     f.setItalic(kursiv);
-    f.setBold(fett);
     return f;
 }
 

@@ -53,7 +53,6 @@ public:
     /// Text in lines no longer than the place is wide, from its upper edge.
     QRectF absatz(const QRectF &platz, const QString &text, double groesse, Qt::Alignment seite);
     static double absatzhoehe(double breite, const QString &text, double groesse);
-    void bild(const QRectF &kasten, int nummer) { aufriss.bild(kasten, nummer); }
     void zeiger(const QLineF &linie, int nummer);
     /// A bar of a round length with its label, within 120 pixels from `ort`; `pixelJeCm` of the drawing above it.
     void massstab(QPointF ort, double pixelJeCm);
@@ -68,7 +67,7 @@ private:
 };
 
 bool kreuzt(const QLineF &a, const QLineF &b);
-QFont schrift(double groesse, bool kursiv = false, bool fett = false);
+QFont schrift(double groesse, bool kursiv = false);
 /// Returns the box of the text.
 QRectF beschriften(QPainter &p, QPointF ort, const QString &text, double groesse, Qt::Alignment seite = Qt::AlignHCenter, const QColor &farbe = {});
 void schlagschatten(QPainter &p, QPointF mitte, double breite, double hoehe);

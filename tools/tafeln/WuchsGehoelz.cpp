@@ -92,8 +92,7 @@ Geruest strauchgeruest(Pflanzenbild &b)
     const Kronenform &form = krone(b.s);
     const double h = b.hoehe(), halb = b.halb();
     const int n = std::clamp(int(7 + 2 * b.s.breite), 7, 13);
-    for (int i = 0; i < n; ++i) {
-        const double seite = -1 + 2.0 * i / (n - 1);
+    for (const double seite : reihe(n)) {
         const double oben = form.wort == u"flach" ? 0.75 : 1 - 0.3 * seite * seite;
         const QPointF fuss(seite * halb * 0.12, 0), ziel(seite * halb * 0.86, -h * oben * 0.86);
         const double laenge = std::hypot(ziel.x() - fuss.x(), ziel.y() - fuss.y()) * 0.86;
@@ -301,8 +300,7 @@ void kletternd(Pflanzenbild &b)
     geruestLatten(b, halb, h);
     const bool holzig = b.s.verholzt() && !b.s.sammlung.imTopf;
     Geruest g;
-    for (int i = 0; i < 6; ++i) {
-        const double seite = -1 + 2.0 * i / 5;
+    for (const double seite : reihe(6)) {
         QPointF ort(seite * halb * 0.18, 0);
         const double laenge = h * b.zufall.zwischen(0.82, 1.0) / 5;
         for (int stueck = 0; stueck < 5; ++stueck) {
@@ -327,8 +325,7 @@ void kletternd(Pflanzenbild &b)
 void ruten(Pflanzenbild &b)
 {
     const double h = b.hoehe();
-    for (int i = 0; i < 7; ++i) {
-        const double seite = -1 + i / 3.0;
+    for (const double seite : reihe(7)) {
         const Kurve k = Kurve::bogen({seite * b.halb() * 0.35, 0}, 90 - seite * 9, h * b.zufall.zwischen(0.88, 1.05), 28 + 20 * std::abs(seite));
         b.trieb(k, 5, 2, holzfarbe(b.s), -0.3);
         if (b.winter)

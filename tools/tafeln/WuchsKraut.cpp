@@ -85,8 +85,7 @@ void stengel(Pflanzenbild &b, QPointF fuss, double grad, double laenge, double e
 void triebe(Pflanzenbild &b, int n, double spreizung)
 {
     const double oben = std::max(b.hoehe(), b.bluetenhoehe());
-    for (int i = 0; i < n; ++i) {
-        const double seite = n == 1 ? 0 : -1 + 2.0 * i / (n - 1);
+    for (const double seite : reihe(n)) {
         const double laenge = oben * (1 - 0.22 * seite * seite) * b.zufall.zwischen(0.9, 1);
         stengel(b, {seite * b.halb() * 0.3, 0}, 90 - seite * spreizung + b.zufall.streuung(3), laenge, b.zufall.streuung(0.8), std::abs(seite) * 16);
     }
@@ -104,8 +103,7 @@ void aufrecht(Pflanzenbild &b)
 void buschig(Pflanzenbild &b)
 {
     const double oben = std::max(b.hoehe(), b.bluetenhoehe());
-    for (int i = 0; i < 7; ++i) {
-        const double seite = -1 + i / 3.0;
+    for (const double seite : reihe(7)) {
         const double laenge = oben * (1 - 0.25 * seite * seite) * b.zufall.zwischen(0.85, 0.95);
         const QPointF fuss(seite * b.halb() * 0.12, 0);
         const double grad = 90 - seite * std::min(58.0, 22 + 24 * b.s.breite);
@@ -291,12 +289,11 @@ void erdbeere(Pflanzenbild &b)
 {
     horst(b);
     const double h = b.hoehe();
-    for (int i = 0; i < 9; ++i) { // fruits hang before the leaves and out to both sides
-        const double seite = -1 + i / 4.0;
+    for (const double seite : reihe(9)) { // fruits hang before the leaves and out to both sides
         const QPointF ende(seite * b.halb() * 0.95, -h * b.zufall.zwischen(0.16, 0.42) * (1.2 - std::abs(seite)));
         const Kurve k{{0, -h * 0.3}, {ende.x() * 0.4, -h * 0.75}, {ende.x(), ende.y() - h * 0.3}, ende};
         b.trieb(k, 2.2, 1.6, b.stielfarbe(), 1.3);
-        b.frucht(ende, 1.5 + 0.01 * i);
+        b.frucht(ende, 1.5 + 0.04 * seite);
     }
     for (int seite : {-1, 1}) {
         const Kurve k = Kurve::bogen({0, 0}, 90 - seite * 60, b.halb() * 1.15, 60);

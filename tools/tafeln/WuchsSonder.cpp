@@ -19,8 +19,7 @@ void gras(Pflanzenbild &b)
 void rohr(Pflanzenbild &b)
 {
     const double h = std::max(b.hoehe(), b.bluetenhoehe());
-    for (int i = 0; i < 9; ++i) {
-        const double seite = -1 + i / 4.0;
+    for (const double seite : reihe(9)) {
         const double stand = b.s.stand && b.s.zeigtBlueten() ? std::min(b.s.standgroesse / 100 * b.px, h * 0.4) : 0;
         const Kurve k = Kurve::bogen({seite * b.halb() * 0.5, 0}, 90 - seite * 6, (h - stand) * b.zufall.zwischen(0.82, 1), 6 + 10 * std::abs(seite));
         b.trieb(k, std::clamp(h * 0.011, 2.5, 8.0), std::clamp(h * 0.005, 1.5, 4.0), b.stielfarbe(), -0.1);
@@ -78,7 +77,7 @@ void schopfAuf(Pflanzenbild &b, QPointF ort, double laenge)
 {
     const int n = b.bandartig() ? 34 : 15;
     for (int i = 0; i < n; ++i) {
-        const Blickrichtung sicht(360 * std::fmod(i * 0.381966, 1.0), -18 + 98.0 * i / n);
+        const auto sicht = Blickrichtung::rundum(i, -18 + 98.0 * i / n);
         const double l = laenge * (0.6 + 0.4 * sicht.laenge) * b.zufall.zwischen(0.9, 1.05);
         const double ebene = std::clamp(sicht.tiefe, -0.9, 0.9);
         if (b.bandartig())
@@ -130,7 +129,7 @@ void palme(Pflanzenbild &b)
         oben = k.punkt(1);
     }
     for (int i = 0; i < 13; ++i) {
-        const Blickrichtung sicht(360 * std::fmod(i * 0.381966, 1.0), 18 + 62.0 * i / 13);
+        const auto sicht = Blickrichtung::rundum(i, 18 + 62.0 * i / 13);
         const double ebene = std::clamp(sicht.tiefe, -0.9, 0.9), l = wedel * (0.6 + 0.4 * sicht.laenge);
         const Kurve stielkurve = Kurve::bogen(oben, sicht.grad, l * std::max(0.12, b.s.blattstiel * 0.7), 8);
         b.trieb(stielkurve, 5, 3, b.stielfarbe(), ebene - 0.01);
@@ -142,7 +141,8 @@ void zisterne(Pflanzenbild &b)
 {
     for (int i = 0; i < 17; ++i) { // bands all round, bent outwards
         const double u = i / 17.0;
-        const Blickrichtung sicht(360 * std::fmod(i * 0.381966, 1.0) + b.zufall.streuung(8), 26 + 54 * u + b.zufall.streuung(4));
+        const double steigung = 26 + 54 * u + b.zufall.streuung(4);
+        const auto sicht = Blickrichtung::rundum(i, steigung, b.zufall.streuung(8));
         const double l = b.hoehe() * 1.05 * (0.62 + 0.38 * sicht.laenge) * b.zufall.zwischen(0.9, 1.05);
         const Kurve k = Kurve::bogen({0, 0}, sicht.grad, l, 46 * (1 - 0.5 * u) * b.zufall.zwischen(0.7, 1.2));
         b.bandblatt(k, b.zufall.zwischen(0.94, 1.15), std::clamp(sicht.tiefe, -1.0, 1.0) * (1 - u) + (u > 0.8 ? 0.1 : 0));
@@ -226,8 +226,7 @@ void saeulenkaktus(Pflanzenbild &b)
 void gliederkaktus(Pflanzenbild &b)
 {
     const double glied = std::min(b.blattlaenge(16), b.hoehe() * 0.4);
-    for (int i = 0; i < 21; ++i) {
-        const double seite = -1 + i / 10.0;
+    for (const double seite : reihe(21)) {
         QPointF ort(seite * b.halb() * 0.1, 0);
         double grad = 90 - seite * 46 + b.zufall.streuung(8);
         const int n = std::clamp(int(b.hoehe() * 1.15 / (glied * 0.9)), 2, 6);
