@@ -106,6 +106,7 @@ const QPainterPath &Formteil::haelfte() const
         QPainterPath rechts;
         rechts.addRect(0, -400, 400, 800);
         haelfte_ = pfad.intersected(rechts);
+        haelfte_.closeSubpath(); // a side that is only implied would stay straight when the blade is bent
     }
     return haelfte_;
 }
