@@ -27,6 +27,7 @@ private slots:
     void hoehen_data();
     void hoehen();
     void eigeneZeichnung();
+    void gebogenesBlatt();
     void blueteUndLaub();
     void haftorgane();
     void aufriss();
@@ -287,6 +288,30 @@ void TestFormen::eigeneZeichnung()
     QVERIFY(rot(u"eigen"_s, u"zone"_s, {0, -65}));
     QVERIFY(!rot(u"eigen"_s, u"zone"_s, {-33, -50}));
     QVERIFY(rot(u"ohne"_s, u"zone"_s, {-33, -50}));
+}
+
+/// Nothing of a bent blade is painted outside its outline.
+void TestFormen::gebogenesBlatt()
+{
+    const Motiv blatt =
+        Motiv(geliefert(), *geliefert().form(Formgruppe::Blatt, u"schwertblatt"_s)).gebogen(Kurve::bogen({40, 360}, 70, 380, 110), 380);
+    QImage bild(400, 400, QImage::Format_ARGB32_Premultiplied);
+    bild.fill(Qt::white);
+    Anstrich a;
+    a.farben.fill(QColor(40, 140, 60));
+    QPainter p(&bild);
+    blatt.malen(p, a, {});
+    const auto gemalt = [&] {
+        qsizetype anzahl = 0;
+        for (int i = 0; i < bild.width() * bild.height(); ++i)
+            anzahl += bild.pixel(i % bild.width(), i / bild.width()) != qRgb(255, 255, 255);
+        return anzahl;
+    };
+    QVERIFY(gemalt() > 5000);
+    p.fillPath(blatt.flaeche(Rolle::Blatt), Qt::white);
+    p.strokePath(blatt.flaeche(Rolle::Blatt), QPen(Qt::white, 6)); // its outline
+    p.end();
+    QCOMPARE(gemalt(), 0);
 }
 
 /// What flowers before its leaves does so on the bare shape; leaves stand below flowers on scapes.
