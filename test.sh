@@ -8,7 +8,7 @@ find controls data filters frame pictures plantwindows printing store tests tool
     xargs clang-format --dry-run -Werror
 cmake --preset sanitize >/dev/null
 cmake --build build/sanitize
-ctest --test-dir build/sanitize --output-on-failure -j2
+ctest --test-dir build/sanitize --output-on-failure -j3
 if [ -x tests/bench/bench.sh ]; then
     tests/bench/bench.sh 3000
 fi
