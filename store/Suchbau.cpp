@@ -40,8 +40,11 @@ QString griff(const QString &spalten, const QString &schluessel, QStringView tab
     return QStringLiteral("SELECT %1 FROM %2 WHERE %3 > ? ORDER BY %3 LIMIT %4").arg(spalten, tabelle, schluessel).arg(zeilenJeGriff);
 }
 
-/// Hands over all rows, a few at a time; the first column is the key they are ordered by. False where `weiter` said no.
-bool durchgehen(Datenbank &db, const QString &sql, const std::function<bool()> &weiter, const std::function<void(const Anweisung &)> &zeile)
+/// Hands over all rows, a few at a time; the first column is the key they are ordered by. Between them, while `danach` works, whoever writes
+/// a note has the file. False where `weiter` said no.
+bool durchgehen(
+    Datenbank &db, const QString &sql, const std::function<bool()> &weiter, const std::function<void(const Anweisung &)> &zeile,
+    const std::function<void()> &danach = [] {})
 {
     qint64 letzter = std::numeric_limits<qint64>::min();
     for (int gelesen = zeilenJeGriff; gelesen == zeilenJeGriff;) {
@@ -53,6 +56,7 @@ bool durchgehen(Datenbank &db, const QString &sql, const std::function<bool()> &
             letzter = anweisung.zahl(0);
             zeile(anweisung);
         }
+        danach();
     }
     return true;
 }
@@ -144,6 +148,13 @@ std::shared_ptr<const Suchverzeichnis> suchverzeichnisLesen(Datenbank &db, Spart
             return nullptr;
 
     Suchverzeichnis::Bau bau;
+    struct Gelesenes
+    {
+        Suchnamen namen;
+        QStringList texte;
+        QString notiz;
+    };
+    std::vector<Gelesenes> vorrat;
     const auto aufnehmen = [&](const Anweisung &anweisung) {
         Suchnamen namen{.artnr = anweisung.zahl(0), .bewertung = int(anweisung.zahl(2)), .botanisch = {}, .deutsch = {}, .synonyme = {}};
         const QString herkunftswert = anweisung.text(1);
@@ -161,16 +172,24 @@ std::shared_ptr<const Suchverzeichnis> suchverzeichnisLesen(Datenbank &db, Spart
                 for (const QString &synonym : text.split(u',', Qt::SkipEmptyParts))
                     namen.synonyme += synonym.trimmed();
                 break;
-            case Suchrolle::Text: texte += eineZeile(text); break;
+            case Suchrolle::Text: texte += text; break;
             case Suchrolle::Notiz: notiz = text; break;
             }
         }
         if (const std::optional<Sparte> quelle = herkunft(zeile, herkunftswert))
             namen.synonyme += synonyme[*quelle].value(namen.artnr);
-        bau.dazu(namen, texte, notiz);
+        vorrat.push_back({std::move(namen), std::move(texte), std::move(notiz)});
+    };
+    const auto falten = [&] {
+        for (Gelesenes &pflanze : vorrat) {
+            for (QString &text : pflanze.texte)
+                text = eineZeile(text);
+            bau.dazu(pflanze.namen, pflanze.texte, pflanze.notiz);
+        }
+        vorrat.clear();
     };
     const QString gelesen = QStringLiteral("ARTNR, %1, %2%3").arg(herkunftsspalte(zeile), bewertungsspalte(zeile), spaltenliste(spalten));
-    if (!durchgehen(db, griff(gelesen, QStringLiteral("ARTNR"), zeile.haupttabelle), weiter, aufnehmen))
+    if (!durchgehen(db, griff(gelesen, QStringLiteral("ARTNR"), zeile.haupttabelle), weiter, aufnehmen, falten))
         return nullptr;
     return bau.fertig();
 }
