@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QProcess>
@@ -201,6 +202,8 @@ void TestFarbschema::wechselKommtAn()
     QSignalSpy gehoert(&schema, &Farbschema::gewechselt);
     QDBusConnection anderer = QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), u"portal"_s);
     QVERIFY(anderer.registerService(u"org.freedesktop.portal.Desktop"_s));
+    // An answer on the connection that listens: what it asked the bus for before has arrived there.
+    QTRY_VERIFY(QDBusConnection::sessionBus().interface()->isServiceRegistered(u"org.freedesktop.portal.Desktop"_s));
     const auto melden = [&](const QString &bereich, const QString &name, uint zahl) {
         QDBusMessage signal =
             QDBusMessage::createSignal(u"/org/freedesktop/portal/desktop"_s, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
