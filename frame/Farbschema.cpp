@@ -13,7 +13,7 @@ const QString ort = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString schnittstelle = QStringLiteral("org.freedesktop.portal.Settings");
 const QString bereichName = QStringLiteral("org.freedesktop.appearance");
 const QString schluessel = QStringLiteral("color-scheme");
-constexpr int geduld = 200; // milliseconds
+constexpr int geduld = 1000; // milliseconds
 
 /// The portal's number: 1 dark, 2 light, 0 and all others no preference.
 bool dunkelNach(uint zahl, bool sonst)
@@ -41,8 +41,10 @@ Farbschema::Farbschema(QObject *eltern) : QObject(eltern)
     palette_ = einstellung.value(QStringLiteral("AppsUseLightTheme"), 1).toInt() == 0;
 #endif
     QDBusConnection bus = QDBusConnection::sessionBus();
+    qRegisterMetaType<QDBusVariant>(); // else the slot is not found until a message with one has gone out
+    // From whoever owns the path: by name, what comes before the bus has told the name's new owner would be dropped.
     if (bus.isConnected())
-        bus.connect(dienst, ort, schnittstelle, QStringLiteral("SettingChanged"), this, SLOT(portalGemeldet(QString, QString, QDBusVariant)));
+        bus.connect({}, ort, schnittstelle, QStringLiteral("SettingChanged"), this, SLOT(portalGemeldet(QString, QString, QDBusVariant)));
 }
 
 bool Farbschema::dunkel()

@@ -100,6 +100,7 @@ class TestFarbschema : public QObject
 private slots:
     void initTestCase();
     void cleanupTestCase();
+    void wechselKommtAn();
     void allesIstLesbar_data();
     void allesIstLesbar();
     void farbfelderBleibenWahr();
@@ -107,7 +108,6 @@ private slots:
     void ohnePortalZaehltDiePalette();
     void portalEntscheidet_data();
     void portalEntscheidet();
-    void wechselKommtAn();
     void fensterFolgen();
 
 private:
@@ -126,6 +126,31 @@ void TestFarbschema::cleanupTestCase()
 {
     bus_.kill();
     bus_.waitForFinished();
+}
+
+/// First of all, as in the program: nothing has been said on the bus before.
+void TestFarbschema::wechselKommtAn()
+{
+    Farbschema schema;
+    QSignalSpy gehoert(&schema, &Farbschema::gewechselt);
+    QDBusConnection anderer = QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), u"portal"_s);
+    QVERIFY(anderer.registerService(u"org.freedesktop.portal.Desktop"_s));
+    // An answer on the connection that listens: what it asked the bus for before has arrived there.
+    QVERIFY(QDBusConnection::sessionBus().interface()->isServiceRegistered(u"org.freedesktop.portal.Desktop"_s));
+    const auto melden = [&](const QString &bereich, const QString &name, uint zahl) {
+        QDBusMessage signal =
+            QDBusMessage::createSignal(u"/org/freedesktop/portal/desktop"_s, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
+        signal << bereich << name << QVariant::fromValue(QDBusVariant(zahl));
+        QVERIFY(anderer.send(signal));
+    };
+    melden(u"org.freedesktop.appearance"_s, u"accent-color"_s, 1);
+    melden(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 1);
+    QTRY_COMPARE(gehoert.size(), 1);
+    QCOMPARE(gehoert[0][0].toBool(), true);
+    melden(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 2);
+    QTRY_COMPARE(gehoert.size(), 2);
+    QCOMPARE(gehoert[1][0].toBool(), false);
+    QDBusConnection::disconnectFromBus(u"portal"_s);
 }
 
 void TestFarbschema::allesIstLesbar_data()
@@ -194,29 +219,6 @@ void TestFarbschema::portalEntscheidet()
         const Portalfaden portal(zahl, doppelt);
         QTEST(Farbschema().dunkel(), "dunkel");
     }
-}
-
-void TestFarbschema::wechselKommtAn()
-{
-    Farbschema schema;
-    QSignalSpy gehoert(&schema, &Farbschema::gewechselt);
-    QDBusConnection anderer = QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), u"portal"_s);
-    QVERIFY(anderer.registerService(u"org.freedesktop.portal.Desktop"_s));
-    // An answer on the connection that listens: what it asked the bus for before has arrived there.
-    QTRY_VERIFY(QDBusConnection::sessionBus().interface()->isServiceRegistered(u"org.freedesktop.portal.Desktop"_s));
-    const auto melden = [&](const QString &bereich, const QString &name, uint zahl) {
-        QDBusMessage signal =
-            QDBusMessage::createSignal(u"/org/freedesktop/portal/desktop"_s, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
-        signal << bereich << name << QVariant::fromValue(QDBusVariant(zahl));
-        QVERIFY(anderer.send(signal));
-    };
-    melden(u"org.freedesktop.appearance"_s, u"accent-color"_s, 1);
-    melden(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 1);
-    melden(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 2);
-    QTRY_COMPARE(gehoert.size(), 2);
-    QCOMPARE(gehoert[0][0].toBool(), true);
-    QCOMPARE(gehoert[1][0].toBool(), false);
-    QDBusConnection::disconnectFromBus(u"portal"_s);
 }
 
 /// An open window takes the other colours at once: record, bar, surface.
