@@ -3,6 +3,7 @@
 # against the release build. Tables between "clang-format off" and "on" are laid out by hand.
 set -euo pipefail
 cd "$(dirname "$0")"
+weitere=(clang-16 libclang-rt-16-dev)
 . tools/einrichten.sh
 find controls data filters frame pictures plantwindows printing store tests tools -name '*.cpp' -o -name '*.h' |
     xargs clang-format --dry-run -Werror

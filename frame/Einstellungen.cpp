@@ -50,6 +50,8 @@ struct Faelle : F...
 {
     using F::operator()...;
 };
+template<typename... F>
+Faelle(F...) -> Faelle<F...>;
 
 /// A text that is no number leaves the default in force.
 void uebernehmen(Programm &programm, const Einstellung &zeile, const QString &text)

@@ -45,7 +45,7 @@ void Flaeche::fensterZeigen(QWidget *form, QSize mass, bool maximiert)
     unterfenster->setWindowIcon(form->window()->windowIcon());
     unterfenster->installEventFilter(this);
     connect(unterfenster, &QObject::destroyed, &kontext_, [this, unterfenster] { lagen_.remove(unterfenster); });
-    connect(unterfenster, &QMdiSubWindow::windowStateChanged, &kontext_, [this, unterfenster](Qt::WindowStates vorher, Qt::WindowStates jetzt) {
+    connect(unterfenster, &QMdiSubWindow::windowStateChanged, &kontext_, [this](Qt::WindowStates vorher, Qt::WindowStates jetzt) {
         if (!selbst_ && ((vorher ^ jetzt) & Qt::WindowMaximized))
             emit fenstermass({}, jetzt & Qt::WindowMaximized);
     });

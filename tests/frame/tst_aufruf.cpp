@@ -178,12 +178,12 @@ void TestAufruf::wasNichtGehtWirdGesagt()
 {
     Rahmenprobe probe;
     probe.laden();
-    QVERIFY_EXCEPTION_THROWN(probe.zentrale->dateiOeffnen(probe.ordner.pfad(u"fehlt.fft"_s)), Fehler);
+    QVERIFY_THROWS_EXCEPTION(Fehler, probe.zentrale->dateiOeffnen(probe.ordner.pfad(u"fehlt.fft"_s)));
     QFile fremd(probe.ordner.pfad(u"brief.txt"_s));
     QVERIFY(fremd.open(QIODevice::WriteOnly));
     fremd.write("Guten Tag!\n");
     fremd.close();
-    QVERIFY_EXCEPTION_THROWN(probe.zentrale->dateiOeffnen(fremd.fileName()), Fehler);
+    QVERIFY_THROWS_EXCEPTION(Fehler, probe.zentrale->dateiOeffnen(fremd.fileName()));
     QCOMPARE(probe.titel(), QStringList());
 }
 

@@ -108,8 +108,8 @@ private slots:
         QVERIFY(!dib.Create(3, -4));
         QVERIFY(!dib.Create(60000, 60000)); // more than 2 GiB
         QVERIFY(!dib.Create(715827881, 2));
-        QVERIFY_EXCEPTION_THROWN((void)dib.Create(715827882, 1), Fehler);
-        QVERIFY_EXCEPTION_THROWN(dib.BytesPerScanLine(), Fehler);
+        QVERIFY_THROWS_EXCEPTION(Fehler, (void)dib.Create(715827882, 1));
+        QVERIFY_THROWS_EXCEPTION(Fehler, dib.BytesPerScanLine());
         QVERIFY(!dib.hdc() && !dib.hDib() && !dib.DIBSectionBitsPtr());
         dib.CreateFromPicture(QImage());
         QVERIFY(!dib.hDib());

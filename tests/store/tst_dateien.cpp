@@ -338,7 +338,7 @@ private slots:
         schreiben(pfad(u"quelle"_s), muster(200000, 1));
         schreiben(pfad(u"ziel"_s), "alt");
         const Dateigrenze grenze(100000);
-        QVERIFY_EXCEPTION_THROWN(::kopiereSicher(pfad(u"quelle"_s), pfad(u"ziel"_s)), Datentraegervoll);
+        QVERIFY_THROWS_EXCEPTION(Datentraegervoll, ::kopiereSicher(pfad(u"quelle"_s), pfad(u"ziel"_s)));
         QCOMPARE(inhalt(pfad(u"ziel"_s)), QByteArray("alt"));
         QCOMPARE(QDir(ordner_->path()).entryList(QDir::Files | QDir::Hidden), (QStringList{u"quelle"_s, u"ziel"_s}));
     }

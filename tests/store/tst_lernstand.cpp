@@ -271,7 +271,5 @@ private:
     QString pfad_;
 };
 
-Q_DECLARE_METATYPE(Schritt)
-
 QTEST_GUILESS_MAIN(TestLernstand)
 #include "tst_lernstand.moc"
