@@ -182,8 +182,8 @@ protected:
     void paintEvent(QPaintEvent *) override;
 
 private:
-    QWidget *anzeige_; ///< picBewAnzeige
-    QLabel *zahl_;
+    QWidget *anzeige_ = nullptr; ///< picBewAnzeige
+    QLabel *zahl_ = nullptr;
 };
 
 /// A check box captioned with a name: "&" is a character of it, and a long one is cut where it is painted.

@@ -101,7 +101,7 @@ public:
     }
 
 private:
-    QLabel *satz_;
+    QLabel *satz_ = nullptr;
 };
 
 /// What stands in a field, each text once, in the order of names.

@@ -24,7 +24,7 @@ private:
     void begruessen(QLocalSocket *gast);
     void lesen(QLocalSocket *gast);
 
-    QLocalServer *server_;
+    QLocalServer *server_ = nullptr;
     Annehmen annehmen_;
 };
 

@@ -36,8 +36,8 @@ private:
     void cmdAbbrechen_Click();
     void umschalten(bool arbeitet);
 
-    QLabel *lblMoment_;
-    QProgressBar *prgMoment_;
-    QPushButton *cmdAbbrechen_;
+    QLabel *lblMoment_ = nullptr;
+    QProgressBar *prgMoment_ = nullptr;
+    QPushButton *cmdAbbrechen_ = nullptr;
     std::atomic<bool> abgebrochen_ = false;
 };

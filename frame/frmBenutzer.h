@@ -26,6 +26,6 @@ private:
 
     Programm &programm_;
     std::function<void()> umbenannt_;
-    QButtonGroup *optEigen_;
-    QLineEdit *txtName_;
+    QButtonGroup *optEigen_ = nullptr;
+    QLineEdit *txtName_ = nullptr;
 };

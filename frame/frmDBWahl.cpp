@@ -36,7 +36,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *) override { knopf_->click(); }
 
 private:
-    QToolButton *knopf_;
+    QToolButton *knopf_ = nullptr;
 };
 
 } // namespace

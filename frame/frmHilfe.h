@@ -68,7 +68,7 @@ private:
 
     std::unique_ptr<QHelpEngine> sammlung_;
     std::vector<Hilfeseite> volltext_;
-    Hilfeblatt *blatt_;
+    Hilfeblatt *blatt_ = nullptr;
     QTabWidget *reiter_ = nullptr;
     QLineEdit *txtSuche_ = nullptr;
     QListWidget *lstTreffer_ = nullptr;

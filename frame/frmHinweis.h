@@ -28,6 +28,6 @@ protected:
 
 private:
     Programm &programm_;
-    QTextEdit *RichTextBox1_;
-    QCheckBox *chkHinweis_;
+    QTextEdit *RichTextBox1_ = nullptr;
+    QCheckBox *chkHinweis_ = nullptr;
 };

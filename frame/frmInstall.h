@@ -23,5 +23,5 @@ private:
     void Drive1_Refresh();
 
     Laufwerksliste laufwerke_;
-    QComboBox *Drive1_;
+    QComboBox *Drive1_ = nullptr;
 };

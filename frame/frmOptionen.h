@@ -31,7 +31,7 @@ private:
     void AusbildungUebernehmen();
 
     Programm &programm_;
-    QVBoxLayout *kaesten_;
+    QVBoxLayout *kaesten_ = nullptr;
     std::array<QCheckBox *, std::tuple_size_v<decltype(Programm::AzubiAuswahl)>> chkAusbildung_{};
     QCheckBox *chkOriginal_ = nullptr;
     std::array<QRadioButton *, 2> optMonat_{};

@@ -108,7 +108,7 @@ private:
     Befehle befehle_;
     std::array<Fenstertabelle, anzahlSparten> tabellen_;
     QPointer<frmBilder> bilder_;
-    Flaeche *flaeche_;
+    Flaeche *flaeche_ = nullptr;
     QTimer timResize_{this}, uhr_{this};
     QLabel *satz_ = nullptr, *uhrzeit_ = nullptr;
     QString HintergrundBild;

@@ -138,7 +138,7 @@ private:
     }
 
     int index_;
-    Bilderstreifen *streifen_;
+    Bilderstreifen *streifen_ = nullptr;
     QPixmap bild_;
     bool gedrueckt_ = false;
 };

@@ -51,9 +51,9 @@ private:
 
     std::array<Platz *, groessteBilderzahl> imgFloxBild_{};
     std::array<QLabel *, groessteBilderzahl> lblBilderText_{};
-    QWidget *picBilderLeiste_;
-    QWidget *picAbdeckung_;
-    QScrollBar *vscBilder_;
+    QWidget *picBilderLeiste_ = nullptr;
+    QWidget *picAbdeckung_ = nullptr;
+    QScrollBar *vscBilder_ = nullptr;
     QThreadPool lader_;
     std::vector<Bildeintrag> bilder_;
     QString ersatz_;

@@ -64,7 +64,7 @@ private:
     QPointF mitte_{0.5, 0.5};      ///< point of the picture in the middle of the area, 0 to 1
     std::optional<QPointF> gezogenVon_;
     int radrest_ = 0; ///< turns of the wheel too small for a step, eighths of a degree
-    QWidget *leiste_;
+    QWidget *leiste_ = nullptr;
     QLabel *name_, *beschreibung_, *position_;
     QPushButton *zurueck_, *vor_, *groesse_;
 };

@@ -122,7 +122,7 @@ private:
 
     QTimer timResize_{this};
     QWidget *picBildAnzeige_, *picLeiste1_, *picLeiste2_, *picAbdeckung_;
-    Bildflaeche *imgAnzeige_;
+    Bildflaeche *imgAnzeige_ = nullptr;
     Vollbild *vollbild_ = nullptr; ///< seen while the window is maximised
     QPointer<QWidget> fokusVorher_;
     QScrollBar *hscBild_, *vscBild_;

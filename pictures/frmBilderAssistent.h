@@ -45,7 +45,7 @@ private:
     const bool vorherAufCd_;
     Weg weg_ = Weg::Keiner;
     bool geaendert_ = false;
-    QStackedWidget *seiten_;
+    QStackedWidget *seiten_ = nullptr;
     QPushButton *cmdErweitert_, *cmdVorschauBilderErstellen_ = nullptr;
     QLabel *lblBilderPfad_ = nullptr, *lblVorschaubilderPfad_ = nullptr, *lblErklaerung_ = nullptr;
     QLabel *lblBilderFehlen_ = nullptr, *lblVorschauFehlt_ = nullptr;

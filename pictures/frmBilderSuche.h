@@ -35,12 +35,12 @@ private:
     void cmdOK_Click();
 
     Programm &programm_;
-    QListWidget *drvLaufwerk_;
-    QTreeView *dirVerzeichnisse_;
-    QFileSystemModel *ordner_;
-    QLineEdit *txtFloxBildVerzeichnis_;
-    QLabel *lblGefunden_;
-    QPushButton *cmdOK_;
+    QListWidget *drvLaufwerk_ = nullptr;
+    QTreeView *dirVerzeichnisse_ = nullptr;
+    QFileSystemModel *ordner_ = nullptr;
+    QLineEdit *txtFloxBildVerzeichnis_ = nullptr;
+    QLabel *lblGefunden_ = nullptr;
+    QPushButton *cmdOK_ = nullptr;
     int laufwerk_ = -1;  ///< row of the drive whose folders are shown
     bool zeigt_ = false; ///< the tree follows the path, not the path the tree
     QString gefunden_;   ///< folder whose pictures were announced

@@ -52,10 +52,10 @@ private:
 
     Uebersichtsmodell modell_;
     Vorschaulager lager_{lagergrenze};
-    Kachelansicht *lvwBilder_;
+    Kachelansicht *lvwBilder_ = nullptr;
     QLabel *lblAnzahl_, *lblLeer_;
-    QSlider *sldGroesse_;
-    QStackedLayout *stapel_;
+    QSlider *sldGroesse_ = nullptr;
+    QStackedLayout *stapel_ = nullptr;
     std::shared_ptr<std::atomic_bool> abbruch_; ///< of the reading that runs or ran last
     bool liest_ = false;
     QThreadPool leser_;

@@ -266,8 +266,8 @@ private:
     }
 
     Kodefeld feld_;
-    QWidget *form_;
-    QWidget *reihe_;
+    QWidget *form_ = nullptr;
+    QWidget *reihe_ = nullptr;
     std::vector<Farbzelle *> zellen_;
     bool leer_ = false;
 };
@@ -372,7 +372,7 @@ private:
     }
 
     Kodefeld feld_;
-    QWidget *reihe_;
+    QWidget *reihe_ = nullptr;
     std::vector<Bildfeld *> felder_;
     bool leer_ = true;
 };
@@ -413,7 +413,7 @@ public:
 private:
     const Elementumgebung umgebung_;
     Kodefeld feld_;
-    Bildfeld *bild_;
+    Bildfeld *bild_ = nullptr;
     const Symbol *gezeigt_ = nullptr;
 };
 
@@ -438,7 +438,7 @@ public:
 
 private:
     static constexpr QSize groesse{132, 96}; // pixels
-    Bildfeld *bild_;
+    Bildfeld *bild_ = nullptr;
 };
 
 class Bewertungselement : public Anzeigeelement
@@ -469,7 +469,7 @@ public:
     }
 
 private:
-    Bewertungsleiste *leiste_;
+    Bewertungsleiste *leiste_ = nullptr;
     std::optional<int> stufe_;
 };
 
@@ -560,8 +560,8 @@ public:
     }
 
 private:
-    Textkasten *kasten_;
-    QLabel *decke_;
+    Textkasten *kasten_ = nullptr;
+    QLabel *decke_ = nullptr;
     QString gezeigt_;
     bool zeigt_ = false, betreten_ = false;
 };
@@ -631,7 +631,7 @@ public:
 
 private:
     Kodefeld kodefeld_;
-    QWidget *feld_;
+    QWidget *feld_ = nullptr;
     QString gezeigt_;
     std::vector<QCheckBox *> kaestchen_;
 };
@@ -662,7 +662,7 @@ public:
     }
 
 private:
-    Bildfeld *bild_;
+    Bildfeld *bild_ = nullptr;
 };
 
 /// German name and all German synonyms, or the botanical synonyms alone, joined by commas.

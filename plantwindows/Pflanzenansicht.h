@@ -122,7 +122,7 @@ private:
 
     Programm &programm_;
     const Fensterbeschreibung &beschreibung_;
-    QObject *maus_;
+    QObject *maus_ = nullptr;
     std::deque<Gruppenelemente> gruppenelemente_;
     std::vector<std::unique_ptr<Anzeigeelement>> elemente_;
     Anzeigeelement *bemerkung_ = nullptr, *eigen_ = nullptr; ///< the user's fields among them

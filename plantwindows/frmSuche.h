@@ -78,8 +78,8 @@ private:
     QPoint maus_;    ///< where it was when the lines came
     QString anzahl_; ///< of the plants found, as a sentence
     QTimer ansage_;  ///< runs while letters follow each other
-    QLineEdit *txtSuche_;
-    QListView *lstSuche_;
-    QLabel *lblSuche_;
-    Suchmodell *modell_;
+    QLineEdit *txtSuche_ = nullptr;
+    QListView *lstSuche_ = nullptr;
+    QLabel *lblSuche_ = nullptr;
+    Suchmodell *modell_ = nullptr;
 };

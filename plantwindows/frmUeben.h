@@ -80,9 +80,9 @@ private:
     void tastenBeschriften();
     void tastenErklaeren();
 
-    QFrame *karte_;
-    QScrollArea *rolle_;
-    QWidget *inhalt_;
+    QFrame *karte_ = nullptr;
+    QScrollArea *rolle_ = nullptr;
+    QWidget *inhalt_ = nullptr;
     QGridLayout *raster_, *kopf_;
     std::array<Feld, meisteFragen> felder_{};
     size_t gefragt_ = 0;

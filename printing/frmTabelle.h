@@ -23,6 +23,6 @@ private:
     void pruefen();
 
     std::vector<Tabellenspalte> spalten_;
-    QListWidget *lstSpalten_;
-    QPushButton *cmdOK_;
+    QListWidget *lstSpalten_ = nullptr;
+    QPushButton *cmdOK_ = nullptr;
 };
