@@ -74,7 +74,7 @@ echo "--- clean system"
 # What every desktop has, but nothing of Qt. Made anew after a week.
 vorrat=build/bookworm.tar
 if [ -z "$(find "$vorrat" -mtime -7 2>/dev/null)" ]; then
-    debootstrap --variant=minbase bookworm "$wurzel" "$spiegel" >build/debootstrap.log || { tail build/debootstrap.log; exit 1; }
+    debootstrap --variant=minbase bookworm "$wurzel" "$spiegel" >build/debootstrap.log || auslassen "no clean system: $(tail -1 build/debootstrap.log)"
     printf '%s\n' force-unsafe-io 'path-exclude /usr/share/doc/*' 'path-exclude /usr/share/locale/*' 'path-include /usr/share/doc/flox/*' \
         >"$wurzel/etc/dpkg/dpkg.cfg.d/probe"
     printf '%s\n' 'APT::Sandbox::User "root";' 'Acquire::Languages "none";' 'Dpkg::Use-Pty "0";' >"$wurzel/etc/apt/apt.conf.d/probe"
@@ -107,7 +107,8 @@ starten() {
     laufend=$!
     abschied+=("kill $laufend")
 }
-laeuft() { # a program that still runs behind its splash, and has said nothing
+laeuft() { # NUMBER USER: a program that has made its user's folder, and still runs behind its splash
+    warten 60 test -f "$(daten "$2")/flox-demo.mdb"
     sleep 7
     kill -0 "$1" || { echo "It has ended."; cat "$wurzel"/tmp/ausgabe-*; return 1; }
 }
@@ -127,11 +128,10 @@ if drin sh -c 'ls /usr/lib/*/libQt6Core.so*' 2>/dev/null; then
     exit 1
 fi
 als anna /opt/flox/flox.sh --version
-starten anna /opt/flox/flox.sh
-laeuft $laufend
-beenden $laufend
 # What a user may not write is installed for all, whatever it is called.
-test -f "$(daten anna)/flox-demo.mdb"
+starten anna /opt/flox/flox.sh
+laeuft $laufend anna
+beenden $laufend
 rm -r "$(daten anna)" "$wurzel/opt/flox"
 
 echo "--- package"
@@ -177,10 +177,9 @@ fi
 starten anna flox
 erste=$laufend
 schirm='' art=offscreen starten bert flox
-laeuft $erste
-kill -0 $laufend
+laeuft $erste anna
+laeuft $laufend bert
 for wer in anna bert; do
-    test -f "$(daten $wer)/flox-demo.mdb"
     [ "$(stat -c %U "$(daten $wer)/flox-demo.mdb")" = "$(stat -c %U "$wurzel/home/$wer")" ]
 done
 [ -z "$schirm" ] || DISPLAY=$schirm import -window root "build/$vorlage/paketprobe.png"
@@ -188,14 +187,14 @@ beenden $laufend
 
 echo "--- a file for the one that runs"
 als anna flox /tmp/x.fit
-warten 20 test -f "$(daten anna)/flox-original.pdb"
+warten 60 test -f "$(daten anna)/flox-original.pdb"
 kill -0 $erste
 beenden $erste
 
 echo "--- a home that is only read"
 chmod -R a-w "$wurzel/home/bert"
 starten bert flox
-laeuft $laufend
+laeuft $laufend bert
 beenden $laufend
 chmod -R u+w "$wurzel/home/bert"
 
