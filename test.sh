@@ -9,7 +9,10 @@ find controls data filters frame pictures plantwindows printing store tests tool
     xargs clang-format --dry-run -Werror
 cmake --preset sanitize >/dev/null
 cmake --build build/sanitize
+echo "--- built; $SECONDS s"
 ctest --test-dir build/sanitize --output-on-failure -j3
+echo "--- tested; $SECONDS s"
 if [ -x tests/bench/bench.sh ]; then
     tests/bench/bench.sh 3000
 fi
+echo "--- measured; $SECONDS s"

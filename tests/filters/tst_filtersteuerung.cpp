@@ -334,7 +334,7 @@ void TestFiltersteuerung::groesseDatei()
         kuerzeste = std::min(kuerzeste, uhr.elapsed());
     }
     QCOMPARE(reitertext(), u"Eins"_s);
-#ifdef __SANITIZE_ADDRESS__
+#ifdef FLOX_SANITIZED
     constexpr int grenze = 250; // milliseconds
 #else
     constexpr int grenze = 50; // milliseconds

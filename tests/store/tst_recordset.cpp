@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef FLOX_SANITIZED
 extern "C" size_t __sanitizer_get_current_allocated_bytes();
 #else
 #include <malloc.h>
@@ -20,7 +20,7 @@ namespace {
 /// Bytes of the heap in use.
 size_t belegt()
 {
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef FLOX_SANITIZED
     return __sanitizer_get_current_allocated_bytes();
 #else
     const struct mallinfo2 info = mallinfo2();

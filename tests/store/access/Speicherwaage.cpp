@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <new>
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef FLOX_SANITIZED
 // The compiler brings the library without this header.
 extern "C" {
 int __sanitizer_install_malloc_and_free_hooks(void (*)(const volatile void *, size_t), void (*)(const volatile void *));
@@ -24,7 +24,7 @@ void genommen(size_t bytes)
         hoch = jetzt;
 }
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef FLOX_SANITIZED
 
 void geholt(const volatile void *ort, size_t)
 {
@@ -67,7 +67,7 @@ void lassen(void *ort) noexcept
 
 } // namespace
 
-#ifndef __SANITIZE_ADDRESS__
+#ifndef FLOX_SANITIZED
 void *operator new(size_t bytes)
 {
     return holen(bytes);

@@ -18,7 +18,7 @@
 #include <ctime>
 #include <thread>
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef FLOX_SANITIZED
 #include <sanitizer/common_interface_defs.h>
 #endif
 
@@ -164,7 +164,7 @@ int main(int anzahl, char **argumente)
     const auto argument = [&](int i, size_t sonst) { return anzahl > i ? size_t(std::strtoull(argumente[i], nullptr, 10)) : sonst; };
     const size_t laeufe = argument(1, 20000), saat = argument(2, 1), erste = argument(3, 0);
     const std::vector<std::vector<uint8_t>> vorlagen = vorlagenSchreiben();
-#ifdef __SANITIZE_ADDRESS__
+#ifdef FLOX_SANITIZED
     __sanitizer_set_death_callback([] { std::fprintf(stderr, "Nr. %zu\n", nummer.load()); });
 #endif
     std::thread(waechter).detach();
