@@ -435,17 +435,6 @@ Tabellenkopie::~Tabellenkopie()
     sqlite3_exec(von_.db_, "DETACH ziel", nullptr, nullptr, nullptr);
 }
 
-QList<Tabellenkopie::Index> Tabellenkopie::indexe(Datenbank &db, const QString &tabelle)
-{
-    QList<Index> gefunden;
-    Anweisung &anweisung = db.vorbereitet(
-        QStringLiteral("SELECT name, sql FROM main.sqlite_master WHERE type = 'index' AND sql IS NOT NULL AND lower(tbl_name) = lower(?)"));
-    anweisung.binden(0, tabelle);
-    while (anweisung.schritt())
-        gefunden += {anweisung.text(0), anweisung.text(1).mid(anweisung.text(1).indexOf(u'('))};
-    return gefunden;
-}
-
 /// The columns of a table in brackets; empty for a query.
 QString Tabellenkopie::bauplan(const QString &tabelle)
 {
@@ -453,7 +442,7 @@ QString Tabellenkopie::bauplan(const QString &tabelle)
     return sql.isEmpty() ? QString() : sql[0].mid(sql[0].indexOf(u'('));
 }
 
-void Tabellenkopie::kopieren(const QString &spalten, const QString &ziel, const QString &rest, Datenbank *vorbild)
+void Tabellenkopie::kopieren(const QString &spalten, const QString &ziel, const QString &rest)
 {
     const Auswahl auswahl = auswahlLesen(QStringLiteral("SELECT %1 FROM %2").arg(spalten, rest), von_);
     von_.tabelleFordern(auswahl.tabelle);
@@ -462,26 +451,13 @@ void Tabellenkopie::kopieren(const QString &spalten, const QString &ziel, const 
         QStringLiteral("SELECT %1 FROM main.\"%2\"%3")
             .arg(auswahl.spalten, auswahl.tabelle, auswahl.bedingung.isEmpty() ? QString() : QStringLiteral(" WHERE ") + auswahl.bedingung);
     const QString spaltenliste = von_.istAbfrage(auswahl.tabelle) ? abfragespalten(von_.vorbereitet(quelle)) : bauplan(auswahl.tabelle);
-    const auto indexeAnlegen = [&](const QList<Index> &alle) {
-        for (const Index &index : alle)
-            von_.Execute(QStringLiteral("CREATE INDEX ziel.\"%1\" ON %2 %3").arg(index.name, zielname, index.spalten));
-    };
     Transaktion transaktion(von_);
     try {
         if (auswahl.spalten != u"*" || spaltenliste.isEmpty()) {
             von_.Execute(QStringLiteral("CREATE TABLE ziel.%1 AS %2").arg(zielname, quelle));
         } else {
-            // A whole table and its indexes go over page by page, where the target has the same ones.
-            const QList<Index> eigene = indexe(von_, auswahl.tabelle);
-            const bool imGanzen = auswahl.bedingung.isEmpty();
             von_.Execute(QStringLiteral("CREATE TABLE ziel.%1 %2").arg(zielname, spaltenliste));
-            if (imGanzen)
-                indexeAnlegen(eigene);
             von_.Execute(QStringLiteral("INSERT INTO ziel.%1 %2").arg(zielname, quelle));
-            if (!imGanzen)
-                indexeAnlegen(eigene);
-            if (eigene.isEmpty() && vorbild)
-                indexeAnlegen(indexe(*vorbild, auswahl.tabelle));
         }
         transaktion.festschreiben();
     } catch (const Fehler &) {
@@ -610,6 +586,17 @@ void Datenbank::indexeFallenLassen(const QString &tabelle)
 QStringList Datenbank::Indexe(const QString &tabelle)
 {
     return texte(QStringLiteral("SELECT sql FROM sqlite_master WHERE type = 'index' AND sql IS NOT NULL AND lower(tbl_name) = lower(?)"), tabelle);
+}
+
+void Datenbank::indexeErgaenzen()
+{
+    const QStringList vorhandene = texte(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'index'"));
+    Transaktion transaktion(*this);
+    for (const schema::Index &index : schema::indexe())
+        if (!vorhandene.contains(index.name, Qt::CaseInsensitive) && hatTabelle(index.tabelle) && !istAbfrage(index.tabelle)
+            && Spaltennamen(index.tabelle).contains(index.spalte, Qt::CaseInsensitive))
+            roh(index.anlegen());
+    transaktion.festschreiben();
 }
 
 void Datenbank::loescheAusser(const QString &tabelle, const QStringList &felder, const Behalten &behalten)

@@ -77,8 +77,8 @@ public:
     Datenbank(const Datenbank &) = delete;
     Datenbank &operator=(const Datenbank &) = delete;
 
-    /// Runs a statement of the program, Access dialect included; "SELECT * INTO t IN 'file' FROM t" copies the table with its
-    /// indexes into a database file that exists already and is not on the disk for certain before its owner sees to it. Throws on any
+    /// Runs a statement of the program, Access dialect included; "SELECT * INTO t IN 'file' FROM t" copies the table, without its
+    /// indexes, into a database file that exists already and is not on the disk for certain before its owner sees to it. Throws on any
     /// error.
     void Execute(const QString &sql, const QVariantList &werte = {});
     /// Keeps the rows for which `behalten` is true and deletes the others, in one walk over the whole table or query. It gets
@@ -99,6 +99,8 @@ public:
     QStringList Spaltennamen(const QString &tabelle);
     /// Statements that create the indexes of a table.
     QStringList Indexe(const QString &tabelle);
+    /// Makes the indexes that a working database has and this one lacks, as far as it has the columns.
+    void indexeErgaenzen();
     bool hatTabelle(const QString &name);
     /// Throws where neither a table nor a query has this name.
     void tabelleFordern(const QString &name);
@@ -149,16 +151,11 @@ public:
     Tabellenkopie(const Tabellenkopie &) = delete;
     Tabellenkopie &operator=(const Tabellenkopie &) = delete;
 
-    /// Makes the table `ziel` of "SELECT spalten FROM rest" in Access dialect. A whole table has its indexes; where it has none, those that
-    /// `vorbild` has for it. Throws on any error, with the file as it was before.
-    void kopieren(const QString &spalten, const QString &ziel, const QString &rest, Datenbank *vorbild = nullptr);
+    /// Makes the table `ziel` of "SELECT spalten FROM rest" in Access dialect, without indexes: they cost as much as the rows, and whoever
+    /// works with the file makes them. Throws on any error, with the file as it was before.
+    void kopieren(const QString &spalten, const QString &ziel, const QString &rest);
 
 private:
-    struct Index
-    {
-        QString name, spalten;
-    };
-    static QList<Index> indexe(Datenbank &db, const QString &tabelle);
     QString bauplan(const QString &tabelle);
 
     Datenbank &von_;

@@ -168,11 +168,17 @@ void laden(const Programm &programm, const QString &pfad, bool istOriginal, cons
     const QString arbeit = arbeitsdatei(programm);
     // First, since the chosen file may be the saved original, which is about to be replaced.
     Beidatei neu(arbeit);
-    {
-        // Nobody changes it while it is copied.
-        const std::shared_ptr<Datenbank> gewaehlt = gewaehlteOeffnen(pfad);
-        Transaktion ruhe(*gewaehlt, Transaktion::Art::Lesend);
-        neu.kopieren(systemPfad(pfad));
+    try {
+        {
+            // Nobody changes it while it is copied.
+            const std::shared_ptr<Datenbank> gewaehlt = gewaehlteOeffnen(pfad);
+            Transaktion ruhe(*gewaehlt, Transaktion::Art::Lesend);
+            kopiereUeber(systemPfad(pfad), neu.pfad());
+        }
+        // A subset has none.
+        Datenbank::OpenDatabase(neu.pfad(), Datenbank::Zugriff::Privat)->indexeErgaenzen();
+    } catch (const Fehler &fehler) {
+        throw Fehler(QString(fehler.text()).replace(QFileInfo(neu.pfad()).fileName(), QFileInfo(arbeit).fileName()));
     }
     neu.abschliessen();
     freigeben(arbeit);

@@ -686,24 +686,40 @@ std::span<const char *const> pflichttabellen()
     return pflicht;
 }
 
+QString Index::anlegen() const
+{
+    return QStringLiteral("CREATE INDEX %1 ON %2 (%3)").arg(name, tabelle, spalte);
+}
+
+QList<Index> indexe()
+{
+    QList<Index> alle;
+    const auto dazu = [&](const QString &tabelle, const char *spalte) {
+        alle += {tabelle + u'_' + QLatin1String(spalte), tabelle, QString::fromLatin1(spalte)};
+    };
+    for (const Tabelle &tabelle : tabellen)
+        for (const char *name : {"BOT_NAME", "DTNAM"})
+            dazu(QString::fromLatin1(tabelle.name), name);
+    for (const char *name : bildtabellen)
+        dazu(QString::fromLatin1(name), "BotName");
+    for (const char *name : synonymtabellen)
+        dazu(QString::fromLatin1(name), "ARTNR");
+    return alle;
+}
+
 QStringList anlegen()
 {
     QStringList befehle{QStringLiteral("PRAGMA page_size = 16384"), QStringLiteral("PRAGMA application_id = %1").arg(anwendungsnummer),
                         QStringLiteral("PRAGMA user_version = %1").arg(version)};
-    for (const Tabelle &tabelle : tabellen) {
+    for (const Tabelle &tabelle : tabellen)
         befehle += hauptAnlegen(tabelle);
-        for (const char *name : {"BOT_NAME", "DTNAM"})
-            befehle += QStringLiteral("CREATE INDEX %1_%2 ON %1 (%2)").arg(QLatin1String(tabelle.name), QLatin1String(name));
-    }
     befehle += QStringLiteral("CREATE TABLE BeetBalkon (ARTNR INTEGER PRIMARY KEY, BOT_NAME TEXT, DTNAM TEXT)");
-    for (const char *name : bildtabellen) {
+    for (const char *name : bildtabellen)
         befehle += bilderAnlegen(name);
-        befehle += QStringLiteral("CREATE INDEX %1_BotName ON %1 (BotName)").arg(QLatin1String(name));
-    }
-    for (const char *name : synonymtabellen) {
+    for (const char *name : synonymtabellen)
         befehle += QStringLiteral("CREATE TABLE %1 (ARTNR INTEGER, SYN TEXT)").arg(QLatin1String(name));
-        befehle += QStringLiteral("CREATE INDEX %1_ARTNR ON %1 (ARTNR)").arg(QLatin1String(name));
-    }
+    for (const Index &index : indexe())
+        befehle += index.anlegen();
     befehle += QStringLiteral("CREATE TABLE Familien (FAMILIE INTEGER PRIMARY KEY, FAMNAME TEXT)");
     befehle += QStringLiteral("CREATE TABLE Namen_Benutzer_Optionen (Topfpflanzen TEXT, Stauden TEXT, Gehoelze TEXT, "
                               "Apfel TEXT, Obst TEXT, Friedhof TEXT)");

@@ -94,6 +94,13 @@ inline constexpr int anzahlWerke = int(werkeDerLiteratur.size());
 
 /// Names that a database of the program must hold as tables.
 std::span<const char *const> pflichttabellen();
+/// An index of a table's column, which a search through the table goes by.
+struct Index
+{
+    QString name, tabelle, spalte;
+    QString anlegen() const; ///< the statement that makes it
+};
+QList<Index> indexe();
 /// All statements that create the empty working database, in order.
 QStringList anlegen();
 

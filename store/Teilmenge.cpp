@@ -80,8 +80,7 @@ public:
                 eigene->kopieren(kopie);
             }
             const std::shared_ptr<Datenbank> privat = Datenbank::OpenDatabase(eigene ? eigene->pfad() : kopie, Datenbank::Zugriff::Privat);
-            // A filter run has dropped the indexes of the copy.
-            Tabellenkopie(*privat, neu_.pfad()).kopieren(QStringLiteral("*"), name, name, arbeit_.get());
+            Tabellenkopie(*privat, neu_.pfad()).kopieren(QStringLiteral("*"), name, name);
         });
     }
 

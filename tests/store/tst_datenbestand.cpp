@@ -254,6 +254,44 @@ private slots:
         QCOMPARE(datenbestand::pruefen(programm_, original()).fehlendeSpalten, QStringList());
     }
 
+    /// A subset has no indexes. Whoever loads it gets them, as far as there are tables and columns for them.
+    void indexeKommenBeimLaden_data()
+    {
+        QTest::addColumn<QString>("sql"); // done to the subset
+        QTest::addColumn<QStringList>("fehlen");
+        QTest::newRow("ganz") << QString() << QStringList();
+        QTest::newRow("ohne Tabelle") << u"DROP TABLE Apfel"_s << QStringList{u"Apfel_BOT_NAME"_s, u"Apfel_DTNAM"_s};
+        QTest::newRow("ohne Spalte") << u"ALTER TABLE Obst DROP COLUMN DTNAM"_s << QStringList{u"Obst_DTNAM"_s};
+        QTest::newRow("Abfrage statt Tabelle") << u"DROP TABLE Stauden_Bilder; CREATE VIEW Stauden_Bilder AS SELECT * FROM Topfpfl_Bilder"_s
+                                               << QStringList{u"Stauden_Bilder_BotName"_s};
+        QTest::newRow("einer ist schon da") << u"CREATE INDEX topfpfl_bot_name ON Topfpfl (BOT_NAME)"_s << QStringList{u"Topfpfl_BOT_NAME"_s};
+    }
+    void indexeKommenBeimLaden()
+    {
+        QFETCH(QString, sql);
+        QFETCH(QStringList, fehlen);
+        datenbank(u"flox-demo.mdb"_s, u"alt"_s);
+        const auto namen = [](const QString &datei) {
+            return werte(*Datenbank::OpenDatabase(datei, Datenbank::Zugriff::Lesen),
+                         u"SELECT name FROM sqlite_master WHERE type = 'index' ORDER BY 1"_s);
+        };
+        QStringList erwartet = namen(arbeit());
+        QVERIFY(erwartet.size() > 20);
+        tun(u"teilmenge"_s, u"a.fit"_s);
+        QCOMPARE(namen(pfad(u"a.fit"_s)), QStringList());
+        if (!sql.isEmpty())
+            roh(pfad(u"a.fit"_s), sql);
+        const QByteArray gewaehlt = inhalt(pfad(u"a.fit"_s));
+        for (const QString &name : fehlen)
+            QVERIFY(erwartet.removeOne(name));
+        tun(u"laden"_s, u"a.fit"_s);
+        QStringList geladen = namen(arbeit());
+        geladen.removeOne(u"topfpfl_bot_name"_s);
+        QCOMPARE(geladen, erwartet);
+        QCOMPARE(marke(arbeit()), u"alt"_s);
+        QVERIFY2(inhalt(pfad(u"a.fit"_s)) == gewaehlt, "The chosen file stays as it is.");
+    }
+
     void niemandDarfSieHaben()
     {
         datenbank(u"flox-demo.mdb"_s, u"alt"_s);

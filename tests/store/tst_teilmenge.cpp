@@ -69,7 +69,7 @@ private slots:
         const auto teil = Datenbank::OpenDatabase(pfad(u"a.fit"_s), Datenbank::Zugriff::Lesen);
         QCOMPARE(werte(*teil, u"SELECT BOT_NAME FROM Topfpfl ORDER BY ARTNR"_s), uebrig);
         QCOMPARE(zahl(*teil, u"SELECT count(*) FROM Stauden"_s), zahl(*ordner_->db(), u"SELECT count(*) FROM Stauden"_s));
-        QCOMPARE(teil->Indexe(u"Topfpfl"_s).size(), ordner_->db()->Indexe(u"Topfpfl"_s).size());
+        QCOMPARE(teil->Indexe(u"Topfpfl"_s), QStringList());
         QCOMPARE(werte(*teil, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
     }
 
@@ -149,7 +149,7 @@ private slots:
         QVERIFY(uebrig > 0 && uebrig < zahl(*ordner_->db(), u"SELECT count(*) FROM Topfpfl"_s));
         QCOMPARE(zahl(*teil, u"SELECT count(*) FROM Topfpfl"_s), uebrig);
         QCOMPARE(zahl(*teil, u"SELECT count(*) FROM Stauden"_s), zahl(*ordner_->db(), u"SELECT count(*) FROM Stauden"_s));
-        QCOMPARE(teil->Indexe(u"Topfpfl"_s).size(), ordner_->db()->Indexe(u"Topfpfl"_s).size());
+        QCOMPARE(teil->Indexe(u"Topfpfl"_s), QStringList());
         QVERIFY(QFile::remove(pfad(u"a.fit"_s)));
         for (int bis = 1; bis <= alle; bis += 3) {
             QVERIFY(!imFaden(u"b.fit"_s, bis));
