@@ -19,6 +19,7 @@
 
 #include <QApplication>
 #include <QCryptographicHash>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
@@ -128,8 +129,12 @@ Ablauf::Ergebnis Ablauf::starten(const QString &datei)
     if (!einzigeInstanz()) {
         if (uebergeben(laufdatei(treffpunkt), datei))
             return Ergebnis::ZweiteInstanz;
-        // It may have ended by now.
-        if (!einzigeInstanz()) {
+        // It may just be ending.
+        const QDeadlineTimer schluss(std::chrono::seconds(2));
+        bool allein = false;
+        while (!(allein = einzigeInstanz()) && !schluss.hasExpired())
+            QThread::msleep(50);
+        if (!allein) {
             if (!datei.isEmpty())
                 fehlerZeigen(nullptr, QStringLiteral("Flox läuft schon, antwortet aber nicht. Bitte laden Sie die Datei dort:\n%1")
                                           .arg(QDir::toNativeSeparators(datei)));
@@ -317,8 +322,9 @@ void Ablauf::dateiOeffnen()
     const QString datei = dateien_.takeFirst();
     if (dateien_.isEmpty())
         dateienTakt_.stop();
-    geschuetztAusfuehren(&fenster, [&] { fenster.dateiOeffnen(datei); });
+    // Before: what opens may put a box or its dialog in front.
     nachVorn();
+    geschuetztAusfuehren(&fenster, [&] { fenster.dateiOeffnen(datei); });
 }
 
 void Ablauf::wahlZeigen()

@@ -11,8 +11,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/* The one who takes speaks first: what answers has an event loop that runs. Then comes the file, then the receipt. Who gave up waiting has
-   hung up before he sent anything, so that nothing is opened behind his back. */
+/* The one who takes speaks first: what answers has an event loop that runs. Then comes the file, then the receipt. Who gives up waiting for
+   the greeting has sent nothing; only a file that was sent and not received in time may be opened after all. */
 const QByteArray gruss = QByteArrayLiteral("flox 1\n"), quittung = QByteArrayLiteral("ja\n");
 constexpr QDataStream::Version fassung = QDataStream::Qt_6_0;
 constexpr qint64 laengste = 1 << 16; ///< bytes of a message; longer than any path

@@ -297,8 +297,13 @@ bool mdiZentral::dialogOffen(Sparte sparte)
 
 bool mdiZentral::bereit()
 {
-    return isVisible() && isEnabled()
-           && std::ranges::none_of(alleSparten(), [this](const SpartenEintrag &sparte) { return dialogOffen(sparte.sparte); });
+    const auto beschaeftigt = [this](const SpartenEintrag &sparte) {
+        for (int nummer = 1; nummer <= tabelle(sparte.sparte).obergrenze(); ++nummer)
+            if (const Pflanzenfenster *form = fenster(sparte.sparte, nummer); form && form->prueft())
+                return true;
+        return dialogOffen(sparte.sparte);
+    };
+    return isVisible() && isEnabled() && std::ranges::none_of(alleSparten(), beschaeftigt);
 }
 
 void mdiZentral::notizGespeichert(Sparte sparte, int nummer, const Notiz &notiz)

@@ -54,7 +54,8 @@ public:
     void anordnen(Anordnung anordnung) override;
     void bilderAssistent() override;
     void beenden() override { close(); }
-    /// Whether nothing is under way here that a file from outside would disturb: no exchange of databases, no filter being set.
+    /// Whether nothing is under way here that a file from outside would disturb: no exchange of databases, no filter being set, no
+    /// examination.
     [[nodiscard]] bool bereit();
     /// A file that the program was called with. Throws where it is none that can be opened.
     void dateiOeffnen(const QString &pfad) { befehle_.dateiOeffnen(pfad); }

@@ -101,6 +101,7 @@ public:
     /// up it asks.
     void ueben();
     bool uebt() const { return bool(uebung_); }
+    bool prueft() const; ///< an examination is under way
     /// Whether no name of the plant shown is to be seen.
     bool namenVerdeckt() const;
     Uebungszeit uebungszeit;

@@ -57,6 +57,11 @@ bool Pflanzenfenster::namenVerdeckt() const
     return uebung_ && !uebung_->uebung.leer() && !uebung_->uebung.jetzt().aufgedeckt;
 }
 
+bool Pflanzenfenster::prueft() const
+{
+    return uebung_ && uebung_->pruefung;
+}
+
 void Pflanzenfenster::ueben()
 {
     if (uebung_)

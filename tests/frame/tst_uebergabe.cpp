@@ -57,7 +57,7 @@ private slots:
     void wasNichtGeht();
 
 private:
-    enum class Lage { Startbild, Auswahl, Hauptfenster, Verkleinert, Dahinter, Kasten, Menue, Filterdialog };
+    enum class Lage { Startbild, Auswahl, Hauptfenster, Verkleinert, Dahinter, Kasten, Menue, Filterdialog, Pruefung };
 
     QString ort() const { return laufzeit_->filePath(u"treffpunkt"_s); }
     QString hier(const char *datei) const { return QDir(QCoreApplication::applicationDirPath()).filePath(QLatin1String(datei)); }
@@ -320,6 +320,7 @@ void TestUebergabe::wasGeradeLaeuft_data()
     QTest::newRow("a box is open") << Lage::Kasten;
     QTest::newRow("a menu is open") << Lage::Menue;
     QTest::newRow("a filter is being set") << Lage::Filterdialog;
+    QTest::newRow("an examination is under way") << Lage::Pruefung;
 }
 
 void TestUebergabe::wasGeradeLaeuft()
@@ -331,7 +332,7 @@ void TestUebergabe::wasGeradeLaeuft()
         QCOMPARE(int(ablauf.starten()), int(Ablauf::Ergebnis::Laeuft));
     else
         starten(ablauf, lage != Lage::Auswahl);
-    const int erwartet = lage == Lage::Filterdialog ? 2 : 1;
+    const int erwartet = lage == Lage::Filterdialog || lage == Lage::Pruefung ? 2 : 1;
     if (QTest::currentTestFailed())
         return;
     const auto geoeffnet = [&] { return ablauf.zentrale().fenster(Sparte::Topf, erwartet); };
@@ -392,6 +393,28 @@ void TestUebergabe::wasGeradeLaeuft()
         QTest::qWait(200); // it would be opened by now
         QVERIFY(!geoeffnet());
         QTest::mouseClick(form->filterdialog()->findChild<QWidget *>(u"cmdAbbruch"_s), Qt::LeftButton);
+        break;
+    }
+    case Lage::Pruefung: {
+        ablauf.zentrale().FensterOeffnen(Sparte::Topf);
+        Pflanzenfenster *form = ablauf.zentrale().fenster(Sparte::Topf, 1);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F9);
+        QVERIFY(form->uebt() && !form->prueft());
+        QTest::mouseClick(form->findChild<QWidget *>(u"cmdPruefung"_s), Qt::LeftButton);
+        QVERIFY(form->prueft());
+        zweiterStart({datei});
+        QTRY_VERIFY(meldung().contains(u"weiß.fft"_s));
+        QTest::qWait(200); // it would be opened by now
+        QVERIFY(!geoeffnet() && form->prueft());
+        QTimer::singleShot(0, this, [] {
+            const auto *frage = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            QVERIFY(frage);
+            for (QAbstractButton *taste : frage->buttons())
+                if (taste->text() == u"Abbrechen"_s)
+                    taste->click();
+        });
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F9);
+        QVERIFY(!form->prueft());
         break;
     }
     }
