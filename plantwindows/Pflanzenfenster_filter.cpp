@@ -190,10 +190,10 @@ void Pflanzenfenster::filterGelaufen(const Laufergebnis &ergebnis)
 
 void Pflanzenfenster::filterVerworfen()
 {
+    gelaufen_.reset();
     uebungAbbrechen();
     const std::exception_ptr kopierfehler = datenHolen();
     satz_.alleNehmen();
-    gelaufen_.reset();
     DatenOrdnen();
     darstellen();
     zustandZeigen();

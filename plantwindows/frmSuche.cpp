@@ -116,6 +116,7 @@ void frmSuche::oeffnen(const QRect &anker, const QString &anfang, std::vector<qi
         const QSignalBlocker ruhe(txtSuche_);
         txtSuche_->setText(anfang);
     }
+    lblSuche_->setAccessibleName({}); // what was told the last time is news again
     suchen();
     show();
     txtSuche_->setFocus(Qt::PopupFocusReason);

@@ -23,6 +23,7 @@ frmTabelle::frmTabelle(std::vector<Tabellenspalte> spalten, QWidget *eltern)
         auto *zeile = new QListWidgetItem(spalte.titel, lstSpalten_);
         // Room for the frame of the focus around the letters.
         zeile->setSizeHint(QSize(0, fontMetrics().height() + 8));
+        zeile->setToolTip(spalte.titel); // a long one is cut in a narrow list
         zeile->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
     }
     lstSpalten_->setCurrentRow(0);

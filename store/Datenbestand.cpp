@@ -168,18 +168,22 @@ void laden(const Programm &programm, const QString &pfad, bool istOriginal, cons
     const QString arbeit = arbeitsdatei(programm);
     // First, since the chosen file may be the saved original, which is about to be replaced.
     Beidatei neu(arbeit);
-    try {
-        {
-            // Nobody changes it while it is copied.
-            const std::shared_ptr<Datenbank> gewaehlt = gewaehlteOeffnen(pfad);
-            Transaktion ruhe(*gewaehlt, Transaktion::Art::Lesend);
-            kopiereUeber(systemPfad(pfad), neu.pfad());
+    // Fails with the name that the user knows.
+    const auto als = [&](const QString &name, const auto &tun) {
+        try {
+            tun();
+        } catch (const Fehler &fehler) {
+            throw Fehler(QString(fehler.text()).replace(QFileInfo(neu.pfad()).fileName(), QFileInfo(name).fileName()));
         }
-        // A subset has none.
-        Datenbank::OpenDatabase(neu.pfad(), Datenbank::Zugriff::Privat)->indexeErgaenzen();
-    } catch (const Fehler &fehler) {
-        throw Fehler(QString(fehler.text()).replace(QFileInfo(neu.pfad()).fileName(), QFileInfo(arbeit).fileName()));
-    }
+    };
+    als(arbeit, [&] {
+        // Nobody changes it while it is copied.
+        const std::shared_ptr<Datenbank> gewaehlt = gewaehlteOeffnen(pfad);
+        Transaktion ruhe(*gewaehlt, Transaktion::Art::Lesend);
+        kopiereUeber(systemPfad(pfad), neu.pfad());
+    });
+    // A subset has none. What is wrong with the tables is wrong with the chosen file.
+    als(pfad, [&] { Datenbank::OpenDatabase(neu.pfad(), Datenbank::Zugriff::Privat)->indexeErgaenzen(); });
     neu.abschliessen();
     freigeben(arbeit);
     if (istOriginal)
