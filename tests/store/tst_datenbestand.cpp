@@ -292,6 +292,19 @@ private slots:
         QVERIFY2(inhalt(pfad(u"a.fit"_s)) == gewaehlt, "The chosen file stays as it is.");
     }
 
+    /// An index that cannot be made is told of the file that was chosen, and nothing is replaced.
+    void indexScheitert()
+    {
+        datenbank(u"flox-demo.mdb"_s, u"alt"_s);
+        datenbank(u"a.fit"_s, u"neu"_s);
+        roh(pfad(u"a.fit"_s), u"DROP INDEX Topfpfl_DTNAM; CREATE TABLE Topfpfl_DTNAM (a)"_s);
+        const QStringList dateien = QDir(ordner_->path()).entryList(QDir::Files);
+        const QString fehler = fehlerVon([&] { datenbestand::laden(programm_, pfad(u"a.fit"_s), true, [](bool) {}); });
+        QVERIFY2(fehler.contains(u"'a.fit'"_s) && !fehler.contains(u"flox-demo"_s), qPrintable(fehler));
+        QCOMPARE(QDir(ordner_->path()).entryList(QDir::Files), dateien);
+        QCOMPARE(marke(arbeit()), u"alt"_s);
+    }
+
     void niemandDarfSieHaben()
     {
         datenbank(u"flox-demo.mdb"_s, u"alt"_s);
