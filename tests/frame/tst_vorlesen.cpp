@@ -265,6 +265,16 @@ void TestVorlesen::suchtrefferWerdenAngesagt()
     gehoert.clear();
     hand::tippen(u"qqqq"_s);
     QTRY_VERIFY(wurdeGesagt(u"lblSuche: 0 Pflanzen. Nichts gefunden"_s));
+    // Opened anew it tells what it told the last time.
+    hand::taste(Qt::Key_Escape);
+    for (int mal = 0; mal < 2; ++mal) {
+        gehoert.clear();
+        hand::taste(Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(form->isVisible() && !txtSuche->accessibleDescription().isEmpty());
+        QTRY_VERIFY(wurdeGesagt(u"lblSuche: %1"_s.arg(txtSuche->accessibleDescription())));
+        hand::taste(Qt::Key_Escape);
+        QVERIFY(!form->isVisible());
+    }
 }
 
 void TestVorlesen::uebenWirdAngesagt()
