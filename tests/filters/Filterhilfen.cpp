@@ -4,6 +4,8 @@
 #include <QMap>
 #include <QTest>
 
+#include <unordered_map>
+
 using namespace Qt::StringLiterals;
 
 QList<Sparte> spartenMitFilter()
@@ -344,6 +346,29 @@ constexpr Regel regelnOb[] = {
     {Regelart::Bewertung, "optBewertung", 2, "bewertung", "sldBewertung"},
 };
 
+/// Where a control stands: a criterion and one of its two parts.
+struct Ort
+{
+    size_t kriterium;
+    bool a;
+};
+
+/// Asked for every control of every random state: by a table, made once for a description.
+Ort ortVon(const Filterbeschreibung &beschreibung, std::string_view control)
+{
+    static std::unordered_map<const Filterbeschreibung *, std::unordered_map<std::string_view, Ort>> tafeln;
+    auto &tafel = tafeln[&beschreibung];
+    if (tafel.empty())
+        for (size_t i = 0; i < beschreibung.kriterien.size(); ++i)
+            for (const bool a : {true, false})
+                if (const Steuerteil &teil = a ? beschreibung.kriterien[i].a : beschreibung.kriterien[i].b; teil.control)
+                    tafel.emplace(teil.control, Ort{i, a});
+    const auto ort = tafel.find(control);
+    if (ort == tafel.end())
+        qFatal("There is no control '%s'.", control.data());
+    return ort->second;
+}
+
 /// First characters of the kinds of plants, by position; the shrub shares its letter with the perennial.
 const QString artbuchstaben = u"12BHSSZGFW"_s;
 
@@ -390,20 +415,15 @@ QString wertFuer(const Regel &regel, int i)
 
 const Steuerteil &Zustand::steuerteil(const char *control) const
 {
-    for (const Kriterium &k : beschreibung.kriterien)
-        for (const Steuerteil *teil : {&k.a, &k.b})
-            if (teil->control && std::string_view(teil->control) == control)
-                return *teil;
-    qFatal("There is no control '%s'.", control);
+    const Ort ort = ortVon(beschreibung, control);
+    const Kriterium &kriterium = beschreibung.kriterien[ort.kriterium];
+    return ort.a ? kriterium.a : kriterium.b;
 }
 
 Teilzustand &Zustand::operator[](const char *control)
 {
-    const Steuerteil *gesucht = &steuerteil(control);
-    size_t i = 0;
-    while (&beschreibung.kriterien[i].a != gesucht && &beschreibung.kriterien[i].b != gesucht)
-        ++i;
-    return &beschreibung.kriterien[i].a == gesucht ? werte.kriterien[i].a : werte.kriterien[i].b;
+    const Ort ort = ortVon(beschreibung, control);
+    return ort.a ? werte.kriterien[ort.kriterium].a : werte.kriterien[ort.kriterium].b;
 }
 
 Zustand &Zustand::waehlen(const char *control, int element)

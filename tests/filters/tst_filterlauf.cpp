@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 using Werte = QHash<QString, QString>; // by field in lower case; a field that is missing is null
 
-struct Bildzeile
+struct Probezeile
 {
     QString botName;
     QStringList felder; ///< ten; a null text for a null
@@ -28,7 +28,7 @@ struct Bildzeile
 struct Welt
 {
     QMap<qint64, Werte> pflanzen;
-    QMap<qint64, Bildzeile> bilder;
+    QMap<qint64, Probezeile> bilder;
     QList<std::pair<qint64, QString>> botanisch, deutsch; ///< a null text for a null
     QList<std::pair<int, QString>> familien;
 };
@@ -140,7 +140,7 @@ Welt zufallswelt(Sparte sparte, Zufall &zufall)
         welt.pflanzen[artnr] = w;
         if (!einmalIn(zufall, 15)) {
             // Mostly the plant's own name; another one moves the row to another place.
-            Bildzeile zeile{einmalIn(zufall, 10) ? name() : w[u"bot_name"_s], QStringList(10)};
+            Probezeile zeile{einmalIn(zufall, 10) ? name() : w[u"bot_name"_s], QStringList(10)};
             for (QString &feld : zeile.felder)
                 feld = einmalIn(zufall, 12) ? u"a.jpg"_s : einmalIn(zufall, 2) ? u"fehlt"_s : QString();
             welt.bilder[artnr] = zeile;
@@ -193,7 +193,7 @@ QList<qint64> geordnet(const Tabelle &tabelle, Name name)
 QSet<qint64> mitBild(const Welt &welt)
 {
     const QList<qint64> pflanzen = geordnet(welt.pflanzen, [](const Werte &w) { return w[u"bot_name"_s]; });
-    const QList<qint64> bilder = geordnet(welt.bilder, [](const Bildzeile &b) { return b.botName; });
+    const QList<qint64> bilder = geordnet(welt.bilder, [](const Probezeile &b) { return b.botName; });
     QSet<qint64> mit;
     for (qsizetype i = 0; i < std::min(pflanzen.size(), bilder.size()); ++i)
         for (const QString &feld : welt.bilder[bilder[i]].felder)

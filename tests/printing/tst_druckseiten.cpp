@@ -24,15 +24,18 @@ QImage gemalt(const Druckseite &seite, double pixelProMm, QPointF ursprung = {})
 /// The smallest rectangle around everything that is at least half black, in millimetres; empty where there is nothing.
 QRectF tinte(const QImage &bild, double pixelProMm)
 {
+    const QImage grau = bild.convertToFormat(QImage::Format_Grayscale8);
     int links = bild.width(), rechts = -1, oben = bild.height(), unten = -1;
-    for (int y = 0; y < bild.height(); ++y)
-        for (int x = 0; x < bild.width(); ++x)
-            if (qGray(bild.pixel(x, y)) < 128) {
+    for (int y = 0; y < grau.height(); ++y) {
+        const uchar *zeile = grau.constScanLine(y);
+        for (int x = 0; x < grau.width(); ++x)
+            if (zeile[x] < 128) {
                 links = std::min(links, x);
                 rechts = std::max(rechts, x);
                 oben = std::min(oben, y);
                 unten = std::max(unten, y);
             }
+    }
     return rechts < 0 ? QRectF() : QRectF(QPointF(links, oben) / pixelProMm, QPointF(rechts + 1, unten + 1) / pixelProMm);
 }
 

@@ -76,11 +76,14 @@ QList<Wort> worte(const Druckseiten &seiten, const Druckseite &seite)
 QRectF tinte(const QImage &bild, const QRectF &mm, double proMm)
 {
     const QRect flaeche = QRectF(mm.topLeft() * proMm, mm.size() * proMm).toAlignedRect() & bild.rect();
+    const QImage grau = bild.copy(flaeche).convertToFormat(QImage::Format_Grayscale8);
     QRect box;
-    for (int y = flaeche.top(); y <= flaeche.bottom(); ++y)
-        for (int x = flaeche.left(); x <= flaeche.right(); ++x)
-            if (qGray(bild.pixel(x, y)) < 160)
-                box |= QRect(x, y, 1, 1);
+    for (int y = 0; y < grau.height(); ++y) {
+        const uchar *zeile = grau.constScanLine(y);
+        for (int x = 0; x < grau.width(); ++x)
+            if (zeile[x] < 160)
+                box |= QRect(flaeche.x() + x, flaeche.y() + y, 1, 1);
+    }
     return QRectF(box.x() / proMm, box.y() / proMm, box.width() / proMm, box.height() / proMm);
 }
 
