@@ -13,7 +13,7 @@
 
 #include <ctime>
 
-Programmordner::Programmordner()
+Programmordner::Programmordner(int jede) : Datenordner(jede)
 {
     bilder::setOrdner(QStringLiteral(FLOX_PROGRAMM) + QStringLiteral("/icons"));
     if (Recordset(db(), grundtabelle(Sparte::Friedhof)).RecordCount() == 0)

@@ -15,7 +15,7 @@
 class Programmordner : public Datenordner
 {
 public:
-    Programmordner();
+    explicit Programmordner(int jede = 1);
     /// A design program that can be found: its entries are shown from the next main window on.
     void mulkoEinrichten(Programm &programm) const;
 };

@@ -25,7 +25,7 @@ private:
 class Rahmenprobe
 {
 public:
-    Rahmenprobe() : programm(ordner.programm()) {}
+    explicit Rahmenprobe(int jede = 1) : ordner(jede), programm(ordner.programm()) {}
 
     /// Loads and shows the main window.
     void laden();

@@ -96,7 +96,7 @@ private:
     QString fehler_; ///< of an action that came to nothing
     int woerter_ = 0;
     Ablage ablage_;
-    Programmordner ordner_;
+    Programmordner ordner_{4};
     Meldungsfaenger meldungen_;
     std::unique_ptr<Ablauf> ablauf_;
     std::map<Ort, Fenstermodell> fenster_;
@@ -441,7 +441,7 @@ private slots:
 void TestZusammenspiel::wanderung_data()
 {
     QTest::addColumn<unsigned>("startwert");
-    for (unsigned startwert = 1; startwert <= unsigned(faelle(5, 100)); ++startwert)
+    for (unsigned startwert = 1; startwert <= unsigned(faelle(3, 100)); ++startwert)
         QTest::addRow("seed %u", startwert) << startwert;
 }
 

@@ -96,8 +96,8 @@ void TestAufbau::keineLeereSpalte()
     probe.oeffnen();
     probe.fenster->resize(groesse);
     auto *tabStauden = probe.finde<QTabWidget>(u"tabStauden"_s);
-    // Some plants of each kind: with and without flowers, fruit, varieties.
-    for (int stelle = 0; stelle < probe.fenster->Anzahl; stelle += faelle(25, 9)) {
+    // Some plants of each kind: with and without flowers, fruit, varieties; others in each size.
+    for (int stelle = groesse.width() / 40; stelle < probe.fenster->Anzahl; stelle += faelle(60, 9)) {
         probe.fenster->satz().haupt().setAbsolutePosition(stelle);
         probe.fenster->darstellen();
         for (int i = 0; i < tabStauden->count(); ++i) {

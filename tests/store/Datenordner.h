@@ -9,7 +9,8 @@
 class Datenordner
 {
 public:
-    Datenordner();
+    /// With every `jede`-th plant of each collection: fewer for what does not depend on how many there are, since every window reads them all.
+    explicit Datenordner(int jede = 1);
 
     QString pfad(const QString &datei = {}) const { return ordner_.filePath(datei); }
     QString datenbank() const { return pfad(QStringLiteral("flox-demo.mdb")); }

@@ -419,8 +419,8 @@ private slots:
         }
         QVERIFY2(stellen.size() > 8, "Hardly a step can fail: the test shows nothing.");
         // The engine writes hundreds of pages in one way: some of them stand for all. And the six ways to fail take turns, step by step.
-        constexpr qsizetype rand = 30;
-        const qsizetype weite = gruendlich() ? 1 : std::max(qsizetype(1), stellen.size() / 60);
+        constexpr qsizetype rand = 20;
+        const qsizetype weite = gruendlich() ? 1 : std::max(qsizetype(1), stellen.size() / 40);
         constexpr int arten = 6;
         int versuch = 0;
         for (qsizetype i = 0; i < stellen.size(); i += i < rand || i + rand > stellen.size() ? 1 : weite) {
