@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <vector>
 
@@ -25,9 +26,11 @@ inline double median(std::vector<double> werte)
     return werte[werte.size() / 2];
 }
 
-/// Both in turn, so that a machine that changes its speed changes it for both.
+/// Both in turn, so that a machine that changes its speed changes it for both. FLOX_BENCH_KURZ in the environment: three rounds at most.
 inline void vergleich(const char *name, double ziel, const Handlung &vorher, const Handlung &messung, const Handlung &grundlage, int laeufe = 5)
 {
+    if (std::getenv("FLOX_BENCH_KURZ"))
+        laeufe = std::min(laeufe, 3);
     std::vector<double> a, b;
     for (int i = 0; i <= laeufe; ++i) {
         const double basis = einmal(grundlage);
