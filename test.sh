@@ -10,8 +10,8 @@ find controls data filters frame pictures plantwindows printing store tests tool
     xargs clang-format --dry-run -Werror
 cmake --preset sanitize >/dev/null
 cmake --build build/sanitize
-# The same sources, the same data: the tools that make it are not built twice.
-cmake --preset bench -DFLOX_WERKZEUGE="$PWD/build/sanitize" >/dev/null
+# The same sources, the same data: neither it nor what makes it is made twice.
+cmake --preset bench -DFLOX_DATEN_VON="$PWD/build/sanitize" >/dev/null
 cmake --build build/bench
 echo "--- built; $SECONDS s"
 if [ -n "${FLOX_DANEBEN:-}" ]; then

@@ -10,7 +10,7 @@
 class Dateiprobe : public Rahmenprobe
 {
 public:
-    Dateiprobe() : Rahmenprobe(8), meldungen(std::make_unique<Meldungsfaenger>())
+    Dateiprobe() : Rahmenprobe(7), meldungen(std::make_unique<Meldungsfaenger>())
     {
         programm.HinweisAus = {false, true, true};
         laden();

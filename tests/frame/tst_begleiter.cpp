@@ -84,7 +84,7 @@ private slots:
     void init()
     {
         probe_.reset();
-        probe_ = std::make_unique<Rahmenprobe>(8);
+        probe_ = std::make_unique<Rahmenprobe>(7);
         ordner_.emplace();
     }
 

@@ -388,7 +388,8 @@ private slots:
         QTest::addColumn<int>("nummer");
         for (const bool laden : {true, false})
             for (const auto &[name, nummer] : {std::pair("voll", ENOSPC), std::pair("gestört", EIO), std::pair("schreibgeschützt", EROFS)})
-                QTest::addRow("%s, %s", laden ? "laden" : "original", name) << laden << nummer;
+                if (gruendlich() || nummer != (laden ? EROFS : EIO))
+                    QTest::addRow("%s, %s", laden ? "laden" : "original", name) << laden << nummer;
     }
     /// Whatever fails: the main window can be used, no form is left, the truth fits the files.
     void jederSchrittKannScheitern()
@@ -501,7 +502,7 @@ private:
     void neueProbe()
     {
         probe_.reset();
-        probe_ = std::make_unique<Rahmenprobe>(8);
+        probe_ = std::make_unique<Rahmenprobe>(7);
         probe_->programm.HinweisAus = {false, true, true};
         meldungen_ = std::make_unique<Meldungsfaenger>();
         marke(probe_->ordner.datenbank(), u"ausgeliefert"_s);

@@ -63,7 +63,7 @@ private:
 void TestDialoge::init()
 {
     benutzer_.reset();
-    probe_ = std::make_unique<Rahmenprobe>(8);
+    probe_ = std::make_unique<Rahmenprobe>(7);
     umbenannt_ = 0;
 }
 

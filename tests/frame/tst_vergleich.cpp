@@ -73,7 +73,7 @@ void TestVergleich::initTestCase()
 void TestVergleich::init()
 {
     probe_.reset();
-    probe_ = std::make_unique<Rahmenprobe>(4);
+    probe_ = std::make_unique<Rahmenprobe>(5);
     probe_->programm.MdiStatus = 0;
     probe_->laden();
     probe_->zentrale->resize(1300, 800);
@@ -280,7 +280,7 @@ void TestVergleich::verschiedenes()
         stimmig(erstes, zweites);
         gesehen += hervorgehoben(zweites);
     };
-    for (int i = 0; i < 25; ++i) {
+    for (int i = 0; i < faelle(12, 25); ++i) {
         hand::taste(Qt::Key_PageDown, Qt::ControlModifier);
         vergleichen();
     }
@@ -443,7 +443,7 @@ void TestVergleich::zufall()
                 nummern += i;
         return nummern;
     };
-    for (int schritt = 0; schritt < faelle(40, 70); ++schritt) {
+    for (int schritt = 0; schritt < faelle(25, 70); ++schritt) {
         QList<int> nummern = offene();
         if (nummern.isEmpty()) {
             oeffnen(sparte);

@@ -96,7 +96,7 @@ private:
     QString fehler_; ///< of an action that came to nothing
     int woerter_ = 0;
     Ablage ablage_;
-    Programmordner ordner_{4};
+    Programmordner ordner_{5};
     Meldungsfaenger meldungen_;
     std::unique_ptr<Ablauf> ablauf_;
     std::map<Ort, Fenstermodell> fenster_;

@@ -311,6 +311,7 @@ void TestTabelle::durchDenDialog()
             liste->setCurrentRow(zeile);
             QTest::keyClick(liste, Qt::Key_Space);
             titel += liste->item(zeile)->text();
+            QCOMPARE(liste->item(zeile)->toolTip(), titel.last());
         }
         QTest::keyClick(liste, Qt::Key_Return);
     });
