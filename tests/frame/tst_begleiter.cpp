@@ -84,7 +84,7 @@ private slots:
     void init()
     {
         probe_.reset();
-        probe_ = std::make_unique<Rahmenprobe>(7);
+        probe_ = std::make_unique<Rahmenprobe>();
         ordner_.emplace();
     }
 

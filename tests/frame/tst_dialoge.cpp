@@ -63,7 +63,7 @@ private:
 void TestDialoge::init()
 {
     benutzer_.reset();
-    probe_ = std::make_unique<Rahmenprobe>(7);
+    probe_ = std::make_unique<Rahmenprobe>();
     umbenannt_ = 0;
 }
 

@@ -18,7 +18,7 @@ public:
 
 private slots:
     void initTestCase();
-    void init() { probe_ = std::make_unique<Rahmenprobe>(7); }
+    void init() { probe_ = std::make_unique<Rahmenprobe>(); }
     void cleanup() { probe_.reset(); }
     void lageBleibt_data();
     void lageBleibt();

@@ -46,7 +46,7 @@ private:
 void TestFensterplatz::init()
 {
     probe_.reset();
-    probe_ = std::make_unique<Rahmenprobe>(7);
+    probe_ = std::make_unique<Rahmenprobe>();
     probe_->programm.MdiStatus = 0;
 }
 

@@ -55,7 +55,7 @@ private:
 void TestFenstersperre::init()
 {
     probe_.reset();
-    probe_ = std::make_unique<Rahmenprobe>(7);
+    probe_ = std::make_unique<Rahmenprobe>();
     probe_->programm.MdiStatus = 0;
     probe_->laden();
     probe_->zentrale->activateWindow();

@@ -32,7 +32,7 @@ class TestHauptfenster : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { probe_ = std::make_unique<Rahmenprobe>(7); }
+    void init() { probe_ = std::make_unique<Rahmenprobe>(); }
     void cleanup() { probe_.reset(); }
     void rechtsklickImPflanzenfenster_data();
     void rechtsklickImPflanzenfenster();

@@ -25,7 +25,7 @@ class TestHinweis : public QObject
 private slots:
     void init()
     {
-        probe_ = std::make_unique<Rahmenprobe>(7);
+        probe_ = std::make_unique<Rahmenprobe>();
         for (int nummer : {frmHinweis::speichern, frmHinweis::laden})
             QVERIFY(QFile::copy(QStringLiteral(FLOX_PROGRAMM) + u'/' + dateien[nummer], probe_->ordner.pfad(dateien[nummer])));
     }

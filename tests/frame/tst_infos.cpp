@@ -21,7 +21,7 @@ private slots:
     void init()
     {
         probe_.reset();
-        probe_ = std::make_unique<Rahmenprobe>(7);
+        probe_ = std::make_unique<Rahmenprobe>();
         probe_->programm.ProgrammVersion = u"7.8.9"_s;
         probe_->laden();
     }

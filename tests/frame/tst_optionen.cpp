@@ -29,7 +29,7 @@ private slots:
     void init()
     {
         probe_.reset();
-        probe_ = std::make_unique<Rahmenprobe>(7);
+        probe_ = std::make_unique<Rahmenprobe>();
         probe_->laden();
     }
 

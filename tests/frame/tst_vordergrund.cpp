@@ -43,7 +43,7 @@ void TestVordergrund::initTestCase()
 
 void TestVordergrund::init()
 {
-    probe_ = std::make_unique<Rahmenprobe>(7);
+    probe_ = std::make_unique<Rahmenprobe>();
     probe_->programm.MdiStatus = 0;
     probe_->programm.MdiBreite = 1200 * 15;
     probe_->programm.MdiHoehe = 700 * 15;

@@ -137,7 +137,7 @@ private:
 void TestZentral::init()
 {
     probe_.reset();
-    probe_ = std::make_unique<Rahmenprobe>(7);
+    probe_ = std::make_unique<Rahmenprobe>();
     probe_->programm.MdiStatus = 0;
 }
 

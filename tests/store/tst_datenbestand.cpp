@@ -461,7 +461,7 @@ private slots:
         QFETCH(QString, was);
         const QString ziel = was == u"laden" ? u"neu.fit"_s : was == u"access laden" ? u"neu.mdb"_s : u"ziel.fit"_s;
         int abgebrochen = 0;
-        const int weite = gruendlich() ? 1 : was == u"access" ? 25 : was == u"teilmenge" || was == u"access laden" ? 15 : 3;
+        const int weite = gruendlich() ? 1 : was == u"access" ? 18 : was == u"teilmenge" || was == u"access laden" ? 10 : 2;
         for (int stelle = 1;; stelle += weite) {
             neuerOrdner();
             ausgangslage();
