@@ -1,14 +1,13 @@
 #!/usr/bin/env bash
 # bench.sh [PLANTS...]   builds the benchmarks as the program is released and runs them, on that many plants (3000 and 100000) of each collection, on print,
 #                        on pictures and on making previews.
-# bench.sh --bauen       builds only. FLOX_BENCH_KURZ=1: few rounds.
+# FLOX_BENCH_KURZ=1: few rounds.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 # A build of its own: it needs the plates of a few plants only, and drawing all of them takes minutes.
 ordner=build/bench
 cmake --preset bench >/dev/null
 cmake --build $ordner --target bench_{flox,access,bestand,bilder,druck,suche,treffer,uebersicht,vorschau} vervielfacher flox_daten -- --quiet
-[ "${1:-}" != --bauen ] || exit 0
 # database N   path of a database with N potted plants
 database() {
     local file=$ordner/bench-$1.mdb
