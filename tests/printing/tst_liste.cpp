@@ -109,11 +109,15 @@ Sollseiten &namen(Sollseiten &seiten, int von, int bis)
 QStringList wortzeilen(const QString &label, qsizetype zeilen)
 {
     const double breite = std::min(125.0, 180 - labelbreite(label));
-    QString text = u"Sorte001"_s;
+    QString zeile = u"Sorte001"_s;
     QStringList fertig;
-    for (int i = 2; (fertig = umbruch(text, breite)).size() <= zeilen; ++i)
-        text += u" Sorte%1"_s.arg(i, 3, 10, QChar(u'0'));
-    fertig.removeLast();
+    for (int i = 2; fertig.size() < zeilen; ++i) {
+        const QString wort = u"Sorte%1"_s.arg(i, 3, 10, QChar(u'0')), laenger = zeile + u' ' + wort;
+        const bool passt = umbruch(laenger, breite).size() == 1;
+        if (!passt)
+            fertig += zeile;
+        zeile = passt ? laenger : wort;
+    }
     return fertig;
 }
 
