@@ -10,6 +10,7 @@ class Datenordner
 {
 public:
     /// With every `jede`-th plant of each collection: fewer for what does not depend on how many there are, since every window reads them all.
+    /// With all of them where every case is asked for.
     explicit Datenordner(int jede = 1);
 
     QString pfad(const QString &datei = {}) const { return ordner_.filePath(datei); }
