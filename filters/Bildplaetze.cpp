@@ -71,7 +71,7 @@ Rang rang(const Tabellenzeilen &tabelle, size_t i)
 {
     const Zeile &zeile = tabelle.zeilen[i];
     const std::string_view name = tabelle.name(zeile);
-    return {zeile.ohneNamen ? std::string() : sortierschluessel(QString::fromUtf8(name.data(), qsizetype(name.size()))), zeile.nummer, i};
+    return {zeile.ohneNamen ? std::string() : sortierschluessel(QString::fromUtf8(name)), zeile.nummer, i};
 }
 
 } // namespace

@@ -13,10 +13,10 @@ QString zahlzeile(int zahl)
 }
 
 /// Reads items as the statement that wrote them would: up to a comma or line end, or quoted.
-class Leser
+class Stueckleser
 {
 public:
-    explicit Leser(QString text) : text_(std::move(text)) {}
+    explicit Stueckleser(QString text) : text_(std::move(text)) {}
 
     std::optional<QString> stueck()
     {
@@ -174,7 +174,7 @@ QByteArray filterSchreiben(const Filterbeschreibung &beschreibung, const Filterz
 
 bool filterLesen(const Filterbeschreibung &beschreibung, const QByteArray &inhalt, const Filterwert &wert)
 {
-    Leser leser(ausCp1252(inhalt));
+    Stueckleser leser(ausCp1252(inhalt));
     for (const Dateistelle &stelle : dateistellen(beschreibung)) {
         const std::optional<QString> stueck = leser.stueck();
         if (!stueck)

@@ -8,11 +8,6 @@
 
 namespace {
 
-QString textVon(std::string_view wert)
-{
-    return QString::fromUtf8(wert.data(), qsizetype(wert.size()));
-}
-
 /// How a field writes its positions; one without a vocabulary holds flags.
 Kodierung kodierungVon(const Filterbeschreibung &beschreibung, const Frage &frage)
 {
@@ -164,9 +159,9 @@ bool Filterpruefung::passt(qint64 artnr, std::span<const std::string_view> werte
 bool Filterpruefung::probePasst(const Probe &probe, qint64 artnr, std::span<const std::string_view> werte) const
 {
     const auto feld = [&] { return werte[size_t(probe.feld)]; };
-    const auto wahr = [&](int stelle) { return istWahr(textVon(werte[size_t(stelle)])); };
+    const auto wahr = [&](int stelle) { return istWahr(QString::fromUtf8(werte[size_t(stelle)])); };
     switch (probe.frage.pruefung) {
-    case Pruefung::Familie: return textVon(feld()) == umgebung_.familie;
+    case Pruefung::Familie: return QString::fromUtf8(feld()) == umgebung_.familie;
     case Pruefung::Bild: {
         const bool hat = umgebung_.mitBild.contains(artnr);
         return !(probe.erstes && !hat) && !(probe.zweites && hat);
@@ -179,9 +174,9 @@ bool Filterpruefung::probePasst(const Probe &probe, qint64 artnr, std::span<cons
         return positionen(probe.kodierung, feld()).schneidet(probe.gewaehlt) || (probe.zweites && wahr(probe.feld2));
     }
     case Pruefung::Bereich: return bereichPasst(probe, artnr, werte);
-    case Pruefung::Enthaelt: return grossbuchstaben(textVon(feld())).contains(probe.nadel);
+    case Pruefung::Enthaelt: return grossbuchstaben(QString::fromUtf8(feld())).contains(probe.nadel);
     case Pruefung::SynonymBotanisch: return synonymPasst(probe, artnr, {});
-    case Pruefung::SynonymDeutsch: return synonymPasst(probe, artnr, textVon(feld()));
+    case Pruefung::SynonymDeutsch: return synonymPasst(probe, artnr, QString::fromUtf8(feld()));
     case Pruefung::Bewertung: {
         const std::string_view text = feld();
         const std::optional<double> wert = zahlLesen(text);
@@ -191,9 +186,9 @@ bool Filterpruefung::probePasst(const Probe &probe, qint64 artnr, std::span<cons
     }
     case Pruefung::AlleWahr: return std::ranges::all_of(probe.wahre, wahr);
     case Pruefung::EinsWahr: return std::ranges::any_of(probe.wahre, wahr);
-    case Pruefung::Gleich: return textVon(feld()) == probe.nadel;
+    case Pruefung::Gleich: return QString::fromUtf8(feld()) == probe.nadel;
     case Pruefung::WortImText: {
-        const QString text = grossbuchstaben(textVon(feld()));
+        const QString text = grossbuchstaben(QString::fromUtf8(feld()));
         return std::ranges::any_of(probe.nadeln, [&](const QString &nadel) { return text.contains(nadel); });
     }
     case Pruefung::Keine: break;
@@ -207,8 +202,10 @@ bool Filterpruefung::bereichPasst(const Probe &probe, qint64 artnr, std::span<co
         const std::string_view text = werte[size_t(stelle)];
         const std::optional<double> wert = text.empty() ? std::optional(0.0) : zahlLesen(text);
         if (!wert)
-            throw Fehler(
-                QStringLiteral("Das Feld '%1' der Pflanze %2 enthält keine Zahl: \"%3\".").arg(QLatin1String(feld)).arg(artnr).arg(textVon(text)));
+            throw Fehler(QStringLiteral("Das Feld '%1' der Pflanze %2 enthält keine Zahl: \"%3\".")
+                             .arg(QLatin1String(feld))
+                             .arg(artnr)
+                             .arg(QString::fromUtf8(text)));
         return *wert;
     };
     const Kriterium &kriterium = *probe.kriterium;

@@ -262,10 +262,10 @@ private:
 };
 
 /// One walk over the plants.
-class Leser
+class Spaltenleser
 {
 public:
-    Leser(Datenbank &arbeit, const Filterbeschreibung &beschreibung, const std::atomic<bool> &halt)
+    Spaltenleser(Datenbank &arbeit, const Filterbeschreibung &beschreibung, const std::atomic<bool> &halt)
         : arbeit_(arbeit), beschreibung_(beschreibung), sparte_(eintrag(beschreibung.sparte)), halt_(halt)
     {
     }
@@ -474,6 +474,6 @@ private:
 std::shared_ptr<const Trefferspalten> Trefferspalten::lesen(Datenbank &arbeit, const Filterbeschreibung &beschreibung, const std::atomic<bool> &halt)
 {
     auto neu = std::make_shared<Trefferspalten>();
-    Leser(arbeit, beschreibung, halt).lesen(*neu);
+    Spaltenleser(arbeit, beschreibung, halt).lesen(*neu);
     return neu;
 }

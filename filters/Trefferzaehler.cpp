@@ -86,11 +86,6 @@ std::string_view bytes(const QByteArray &utf8)
     return {utf8.constData(), size_t(utf8.size())};
 }
 
-QString textVon(std::string_view utf8)
-{
-    return QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
-}
-
 /// Whether a text means itself where it stands as a pattern, and can be searched for byte by byte.
 bool istSchlicht(const QString &text)
 {
@@ -154,7 +149,7 @@ void Trefferzaehler::texteFragen(size_t k, const Kriteriumzustand &zustand, Antw
     std::vector<std::uint8_t> drin = spalte.werte.enthaelt(bytes(gesucht));
     if (!nadel.isValidUtf16())
         for (std::uint32_t i = 0; i < drin.size(); ++i)
-            drin[i] = textVon(spalte.werte[i]).contains(nadel);
+            drin[i] = QString::fromUtf8(spalte.werte[i]).contains(nadel);
     drin.insert(drin.begin() + Kriteriumspalte::nichtGefragt, 1);
     antwort.passt = spalte.kodes.nachTabelle(drin);
     if (!synonym)
@@ -176,7 +171,7 @@ void Trefferzaehler::texteFragen(size_t k, const Kriteriumzustand &zustand, Antw
         } else {
             QHash<std::uint32_t, QString> gesammelt;
             for (size_t i = 0; i < liste.pflanzen.size(); ++i) {
-                const QString text = textVon(liste.texte[i]);
+                const QString text = QString::fromUtf8(liste.texte[i]);
                 if (!accessLike(u'*' + nadel + u'*', text))
                     continue;
                 gefunden = true;
@@ -187,7 +182,7 @@ void Trefferzaehler::texteFragen(size_t k, const Kriteriumzustand &zustand, Antw
             for (auto eintrag = gesammelt.cbegin(); eintrag != gesammelt.cend(); ++eintrag) {
                 if (eintrag->isEmpty())
                     continue;
-                const QString name = textVon(spalte.werte[spalte.kodes[eintrag.key()] - Kriteriumspalte::ersterText]);
+                const QString name = QString::fromUtf8(spalte.werte[spalte.kodes[eintrag.key()] - Kriteriumspalte::ersterText]);
                 const QString ganz = kriterium.pruefung == Pruefung::SynonymBotanisch ? *eintrag : name + QStringLiteral(", ") + *eintrag;
                 if (ganz.contains(nadel))
                     antwort.passt.setzen(eintrag.key());

@@ -16,7 +16,7 @@ namespace {
 constexpr const char *mnuWeitereMulko[] = {"mnuMulkoTrennstrich", "mnuMulkoSpeichern"};
 
 // clang-format off
-constexpr std::array<Begleitprogramm, anzahlBegleiter> tabelle{{
+constexpr std::array<Begleitprogramm, anzahlBegleiter> programme{{
     {.pfad = &Programm::MulkoPfad, .datei = u"Mulko.exe", .cdOrdner = u"Mulko", .fenstertitel = u"Mulko",
      .mnuInstall = "mnuMulkoInstall", .mnuRun = "mnuMulkoRun", .mnuWeitere = mnuWeitereMulko,
      .timLauf = "timMulko", .timInstall = "timMulkoInstall", .verzeichnis = mulkoVerz,
@@ -37,12 +37,12 @@ constexpr auto bisZurFrage = 15000ms;
 
 std::span<const Begleitprogramm, anzahlBegleiter> begleitprogramme()
 {
-    return tabelle;
+    return programme;
 }
 
 Begleiter::Begleiter(Programm &programm, Befehlsumgebung &umgebung) : programm_(programm), umgebung_(umgebung)
 {
-    for (const Begleitprogramm &begleiter : tabelle) {
+    for (const Begleitprogramm &begleiter : programme) {
         Uhren &beide = uhren(begleiter);
         const auto stellen = [&](QTimer &uhr, const char *name, std::chrono::milliseconds dauer) {
             uhr.setParent(umgebung_.hauptfenster());
@@ -59,7 +59,7 @@ Begleiter::Begleiter(Programm &programm, Befehlsumgebung &umgebung) : programm_(
 
 Begleiter::Uhren &Begleiter::uhren(const Begleitprogramm &begleiter)
 {
-    return uhren_[size_t(&begleiter - tabelle.data())];
+    return uhren_[size_t(&begleiter - programme.data())];
 }
 
 bool Begleiter::vorhanden(const Begleitprogramm &begleiter) const
@@ -77,7 +77,7 @@ void Begleiter::zeigen(const Begleitprogramm &begleiter, bool vorhanden)
 
 void Begleiter::StatusPruefen()
 {
-    for (const Begleitprogramm &begleiter : tabelle) {
+    for (const Begleitprogramm &begleiter : programme) {
         const bool da = vorhanden(begleiter);
         zeigen(begleiter, da);
         if (!da)

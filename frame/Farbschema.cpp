@@ -9,7 +9,7 @@
 namespace {
 
 const QString dienst = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString ort = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString portalpfad = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString schnittstelle = QStringLiteral("org.freedesktop.portal.Settings");
 const QString bereichName = QStringLiteral("org.freedesktop.appearance");
 const QString schluessel = QStringLiteral("color-scheme");
@@ -44,7 +44,7 @@ Farbschema::Farbschema(QObject *eltern) : QObject(eltern)
     qRegisterMetaType<QDBusVariant>(); // else the slot is not found until a message with one has gone out
     // From whoever owns the path: by name, what comes before the bus has told the name's new owner would be dropped.
     if (bus.isConnected())
-        bus.connect({}, ort, schnittstelle, QStringLiteral("SettingChanged"), this, SLOT(portalGemeldet(QString, QString, QDBusVariant)));
+        bus.connect({}, portalpfad, schnittstelle, QStringLiteral("SettingChanged"), this, SLOT(portalGemeldet(QString, QString, QDBusVariant)));
 }
 
 bool Farbschema::dunkel()
@@ -52,7 +52,7 @@ bool Farbschema::dunkel()
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return palette_;
-    QDBusMessage frage = QDBusMessage::createMethodCall(dienst, ort, schnittstelle, QStringLiteral("Read"));
+    QDBusMessage frage = QDBusMessage::createMethodCall(dienst, portalpfad, schnittstelle, QStringLiteral("Read"));
     frage << bereichName << schluessel;
     const QDBusMessage antwort = bus.call(frage, QDBus::Block, geduld);
     if (antwort.type() != QDBusMessage::ReplyMessage || antwort.arguments().isEmpty())

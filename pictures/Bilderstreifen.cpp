@@ -21,7 +21,6 @@ namespace {
 constexpr int bildrand = 30;
 constexpr int ersterOben = 60, textOben = 1580, schritt = 1920, wegJeBild = 2095, abdeckungOben = 60;
 constexpr double wegteiler = 1.35;
-constexpr int radraste = 120; ///< one step of a wheel, eighths of a degree
 constexpr int ohneLeiste = 3; ///< pictures that fit without a bar
 constexpr int eigenerZeiger = 99;
 
@@ -315,8 +314,8 @@ void Bilderstreifen::wheelEvent(QWheelEvent *ereignis)
     if (vscBilder_->isHidden())
         return QFrame::wheelEvent(ereignis);
     radrest_ += ereignis->angleDelta().y() * 3 * vscBilder_->singleStep();
-    const int schritte = radrest_ / radraste;
-    radrest_ -= schritte * radraste;
+    const int schritte = radrest_ / QWheelEvent::DefaultDeltasPerStep;
+    radrest_ -= schritte * QWheelEvent::DefaultDeltasPerStep;
     vscBilder_->setValue(vscBilder_->value() - schritte);
     ereignis->accept();
 }

@@ -13,7 +13,6 @@
 namespace {
 
 constexpr int kachelrand = 8, namensabstand = 4; ///< around a tile; between picture and name
-constexpr int radraste = 120;                    ///< one step of a wheel, eighths of a degree
 constexpr double rundung = 4;
 
 } // namespace
@@ -340,8 +339,8 @@ void Kachelansicht::wheelEvent(QWheelEvent *ereignis)
         return QListView::wheelEvent(ereignis);
     }
     radrest_ += ereignis->angleDelta().y();
-    if (const int schritte = radrest_ / radraste) {
-        radrest_ -= schritte * radraste;
+    if (const int schritte = radrest_ / QWheelEvent::DefaultDeltasPerStep) {
+        radrest_ -= schritte * QWheelEvent::DefaultDeltasPerStep;
         emit groesseGewuenscht(schritte);
     }
     ereignis->accept();

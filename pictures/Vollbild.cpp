@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr double schritt = 0.1, kleinster = 0.1, groesster = 4;
-constexpr int radraste = 120; ///< one step of a wheel, eighths of a degree
+constexpr int raste = QWheelEvent::DefaultDeltasPerStep;
+constexpr double zoomschritt = 0.1, kleinster = 0.1, groesster = 4;
 constexpr double pixelJeAchtelgrad = 0.5;
 
 } // namespace
@@ -151,7 +151,7 @@ void Vollbild::stufe(int richtung)
 {
     const double jetzt = anteil();
     if (jetzt > 0)
-        setAnteil(std::clamp(jetzt + richtung * schritt, std::min(jetzt, kleinster), std::max(jetzt, groesster)));
+        setAnteil(std::clamp(jetzt + richtung * zoomschritt, std::min(jetzt, kleinster), std::max(jetzt, groesster)));
 }
 
 /// No edge leaves more free than it must; what fits is in the middle.
@@ -237,7 +237,7 @@ void Vollbild::wheelEvent(QWheelEvent *ereignis)
 {
     ereignis->accept();
     if (ereignis->modifiers() & Qt::ControlModifier) {
-        for (radrest_ += ereignis->angleDelta().y(); std::abs(radrest_) >= radraste; radrest_ -= radrest_ > 0 ? radraste : -radraste)
+        for (radrest_ += ereignis->angleDelta().y(); std::abs(radrest_) >= raste; radrest_ -= radrest_ > 0 ? raste : -raste)
             stufe(radrest_ > 0 ? 1 : -1);
         return;
     }

@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr QSize bildgroesse(120, 90);
-constexpr double rundung = 6;
+constexpr QSize bildfeldgroesse(120, 90);
+constexpr double randrundung = 6;
 
 } // namespace
 
@@ -21,8 +21,8 @@ Wegknopf::Wegknopf(const QString &bild, const QString &titel, const QString &tex
     setCursor(Qt::PointingHandCursor);
     setAccessibleName(titel);
     setAccessibleDescription(text);
-    auto *feld = new Bildfeld(bildgroesse, this);
-    feld->setFixedSize(bildgroesse);
+    auto *feld = new Bildfeld(bildfeldgroesse, this);
+    feld->setFixedSize(bildfeldgroesse);
     feld->setBild(bild);
     auto *kopf = new QLabel(titel, this);
     QFont schrift = kopf->font();
@@ -57,7 +57,7 @@ void Wegknopf::paintEvent(QPaintEvent *)
     const bool betont = underMouse() || hasFocus();
     maler.setPen(QPen(palette().color(betont ? QPalette::Highlight : QPalette::Mid), 1));
     maler.setBrush(palette().color(isDown() ? QPalette::Button : underMouse() ? QPalette::AlternateBase : QPalette::Base));
-    maler.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), rundung, rundung);
+    maler.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), randrundung, randrundung);
     maler.setRenderHint(QPainter::Antialiasing, false);
     if (hasFocus())
         fokusrahmenMalen(maler, rect().adjusted(3, 3, -3, -3), palette());

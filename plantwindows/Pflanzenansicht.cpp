@@ -24,7 +24,6 @@
 
 namespace {
 
-constexpr int abstand = 10;
 constexpr int namensbreite = 190;  // pixels: the names of the head before the record scrolls sideways
 constexpr int kopfhoehe = 104;     // pixels: record head at the usual size of type
 constexpr int seitenhoehe = 130;   // pixels: what is left of a page before the record as a whole scrolls
@@ -368,7 +367,7 @@ QWidget *Pflanzenansicht::reiterBauen(const Reiter &reiter)
     Seite seite;
     seite.spalten = new Spaltenlayout(blatt);
     seite.spalten->setContentsMargins(2, 8, 2, 2);
-    seite.spalten->setSpacing(abstand);
+    seite.spalten->setSpacing(teilabstand);
     const Ueberschrift *vorige = nullptr;
     for (const Gruppe &gruppe : reiter.gruppen) {
         const bool neu = !gruppe.ueberschrift || gruppe.ueberschrift != std::exchange(vorige, gruppe.ueberschrift);

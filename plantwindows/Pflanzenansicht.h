@@ -16,6 +16,9 @@ class QLabel;
 class QTabWidget;
 class Spaltenlayout;
 
+/// Pixels between the parts of a plant window, and beside them.
+inline constexpr int teilabstand = 10;
+
 /* The view of a record: head, marks and tabs of a description, with the captions, groups and headings that follow what is shown. It
    knows records, not windows. */
 class Pflanzenansicht : public QWidget

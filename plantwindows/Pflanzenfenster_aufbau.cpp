@@ -25,11 +25,10 @@
 
 namespace {
 
-constexpr int abstand = 10;
-constexpr int streifenbreite = 176; // pixels: preview strip
-constexpr int streifenAb = 640;     // pixels: width of a window from which it has room for the strip
-constexpr int kleinsteHoehe = 120;  // pixels: bar, status bar and a strip of the record
-constexpr int zeilenDerListe = 20;  // of the open selector
+constexpr int streifenbreite = 176;       // pixels: preview strip
+constexpr int streifenAb = 640;           // pixels: width of a window from which it has room for the strip
+constexpr int kleinsteFensterhoehe = 120; // pixels: bar, status bar and a strip of the record
+constexpr int zeilenDerListe = 20;        // of the open selector
 
 } // namespace
 
@@ -72,8 +71,8 @@ void Pflanzenfenster::aufbauen()
     connect(fraBilder_, &Bilderstreifen::angeklickt, this, [this](int index) { geschuetztAusfuehren(this, [&] { bildAngeklickt(index); }); });
 
     auto *mitte = new QHBoxLayout;
-    mitte->setContentsMargins(abstand, 6, abstand, 6);
-    mitte->setSpacing(abstand);
+    mitte->setContentsMargins(teilabstand, 6, teilabstand, 6);
+    mitte->setSpacing(teilabstand);
     mitte->addWidget(rolle, 1);
     mitte->addWidget(fraBilder_);
 
@@ -96,7 +95,7 @@ void Pflanzenfenster::groesseAnpassen()
 {
     fraBilder_->setVisible(width() >= streifenAb);
     auto *raster = static_cast<QGridLayout *>(leistenteile_[0]->parentWidget()->layout());
-    const bool zweizeilig = width() < leistenteile_[0]->sizeHint().width() + leistenteile_[1]->sizeHint().width() + 4 * abstand;
+    const bool zweizeilig = width() < leistenteile_[0]->sizeHint().width() + leistenteile_[1]->sizeHint().width() + 4 * teilabstand;
     raster->addWidget(leistenteile_[1], zweizeilig ? 1 : 0, zweizeilig ? 0 : 1, zweizeilig ? Qt::AlignLeft : Qt::Alignment());
     ansicht_->groesseAnpassen(size());
 }
@@ -106,7 +105,7 @@ QSize Pflanzenfenster::minimumSizeHint() const
     int breite = 0;
     for (const QWidget *teil : leistenteile_)
         breite = std::max(breite, teil->minimumSizeHint().width());
-    return {breite + 2 * abstand, kleinsteHoehe};
+    return {breite + 2 * teilabstand, kleinsteFensterhoehe};
 }
 
 void Pflanzenfenster::resizeEvent(QResizeEvent *ereignis)
@@ -125,7 +124,7 @@ QWidget *Pflanzenfenster::leisteBauen()
     picLeiste->installEventFilter(this);
     picLeiste->setAutoFillBackground(true);
     auto *raster = new QGridLayout(picLeiste);
-    raster->setContentsMargins(abstand, 4, abstand, 4);
+    raster->setContentsMargins(teilabstand, 4, teilabstand, 4);
     raster->setSpacing(2);
     raster->setColumnStretch(0, 1);
     for (QWidget *&teil : leistenteile_) {
@@ -206,7 +205,7 @@ QWidget *Pflanzenfenster::statusBauen()
     auto *stbAnzeige = new QWidget(this);
     stbAnzeige->setObjectName(QStringLiteral("stbAnzeige"));
     auto *leiste = new QHBoxLayout(stbAnzeige);
-    leiste->setContentsMargins(abstand, 2, abstand, 4);
+    leiste->setContentsMargins(teilabstand, 2, teilabstand, 4);
     for (int i = 0; i < int(stbAnzeige_.size()); ++i) {
         // Long sentences must not hold the window open: what the window shows, and hints.
         const int anteil = i == 0 ? 3 : i == 1 ? 2 : 0;

@@ -6,11 +6,11 @@
 
 namespace {
 
-constexpr int seitenrand = 8; // pixels: beside a line
-constexpr int luft = 4;       // pixels: above and below it
-constexpr int luecke = 12;    // pixels: between its parts
-constexpr int einzug = 14;    // pixels: of a second line
-constexpr int tintung = 56;   // of 255: the ground of a mark
+constexpr int textrand = 8; // pixels: beside a line
+constexpr int luft = 4;     // pixels: above and below it
+constexpr int luecke = 12;  // pixels: between its parts
+constexpr int einzug = 14;  // pixels: of a second line
+constexpr int tintung = 56; // of 255: the ground of a mark
 
 const QString folgt = QStringLiteral(" → ");
 
@@ -134,7 +134,7 @@ void Suchmaler::paint(QPainter *maler, const QStyleOptionViewItem &option, const
     maler->setClipRect(option.rect);
     if (gewaehlt)
         maler->fillRect(option.rect, farben.color(QPalette::Active, QPalette::Highlight));
-    QRect platz = option.rect.adjusted(seitenrand, luft, -seitenrand, -luft);
+    QRect platz = option.rect.adjusted(textrand, luft, -textrand, -luft);
     const int hoehe = option.fontMetrics.height();
     switch (zeile.art) {
     case Suchzeile::Art::Titel: {

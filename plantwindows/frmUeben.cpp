@@ -1,5 +1,6 @@
 #include "frmUeben.h"
 
+#include "Pflanzenansicht.h"
 #include "controls/Vorlesen.h"
 
 #include <QFrame>
@@ -16,12 +17,11 @@
 
 namespace {
 
-constexpr int seitenrand = 10;       // pixels, as the parts of the window have
-constexpr int feldbreite = 170;      // pixels of a line before the lines stand in more rows
-constexpr int breitesteZeile = 420;  // pixels: no name is longer
-constexpr int einzeilig = 660;       // pixels from which on title and buttons stand side by side
-constexpr int kleinsteHoehe = 64;    // pixels
-constexpr int laengsteAntwort = 200; ///< characters
+constexpr int feldbreite = 170;        // pixels of a line before the lines stand in more rows
+constexpr int breitesteZeile = 420;    // pixels: no name is longer
+constexpr int einzeilig = 660;         // pixels from which on title and buttons stand side by side
+constexpr int kleinsteBlatthoehe = 64; // pixels
+constexpr int laengsteAntwort = 200;   ///< characters
 
 struct Urteilsfarbe
 {
@@ -80,7 +80,7 @@ frmUeben::frmUeben(QWidget *eltern) : QWidget(eltern)
 {
     setObjectName(QStringLiteral("frmUeben"));
     auto *aussen = new QVBoxLayout(this);
-    aussen->setContentsMargins(seitenrand, 0, seitenrand, 2);
+    aussen->setContentsMargins(teilabstand, 0, teilabstand, 2);
     karte_ = new QFrame(this);
     karte_->setProperty("karte", true);
     aussen->addWidget(karte_);
@@ -366,7 +366,7 @@ void frmUeben::bestaetigt(size_t i)
 
 void frmUeben::felderSetzen()
 {
-    const int breite = width() - 2 * seitenrand - 30;
+    const int breite = width() - 2 * teilabstand - 30;
     const int spalten = std::clamp(breite / feldbreite, 1, std::max(1, int(gefragt_)));
     for (int i = 0; i < int(felder_.size()); ++i) {
         raster_->addWidget(felder_[size_t(i)].platz, i / spalten, i % spalten);
@@ -380,9 +380,9 @@ void frmUeben::hoeheAnpassen(int fensterhoehe)
 {
     fensterhoehe_ = fensterhoehe;
     inhalt_->layout()->activate();
-    const int breite = width() - 2 * seitenrand - 8;
+    const int breite = width() - 2 * teilabstand - 8;
     const int bedarf = inhalt_->layout()->hasHeightForWidth() ? inhalt_->layout()->heightForWidth(breite) : inhalt_->sizeHint().height();
-    setFixedHeight(std::min(bedarf + 8, std::max(kleinsteHoehe, fensterhoehe / 2)));
+    setFixedHeight(std::min(bedarf + 8, std::max(kleinsteBlatthoehe, fensterhoehe / 2)));
 }
 
 void frmUeben::resizeEvent(QResizeEvent *ereignis)

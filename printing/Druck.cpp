@@ -13,7 +13,6 @@
 namespace {
 
 // Millimetres on the page.
-constexpr double seitenrand = 15;   // origin of the page inside the printable area
 constexpr double wertspalte = 65;   // origin of the values of a data sheet
 constexpr double labelspalte = -50; // from there
 constexpr double listenrand = 20;
@@ -32,8 +31,6 @@ constexpr int listenZeilen = 68;
 
 /// Characters by which a text without a label is named.
 constexpr qsizetype namensanfang = 30;
-/// Plants between two reports of how far a list is.
-constexpr qsizetype meldeschritt = 64;
 
 /// Longer than any line: such a text need not be measured as a whole.
 constexpr qsizetype nieEineZeile = 1000;

@@ -13,3 +13,5 @@ struct Druckabbruch
 
 /// Called again and again with what is done of how much. Throws Druckabbruch.
 using Druckfortschritt = std::function<void(qsizetype fertig, qsizetype gesamt)>;
+/// Plants between two reports.
+inline constexpr qsizetype meldeschritt = 64;

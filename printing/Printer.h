@@ -6,6 +6,9 @@
 
 #include <limits>
 
+/// Of every printout: the origin of its pages inside the printable area, millimetres.
+inline constexpr double seitenrand = 15;
+
 /* The page that printouts write on: a point that moves over paper. All coordinates are millimetres; the printable area's left
    and top edges lie at ScaleLeft and ScaleTop. What is written becomes a list of pages. */
 class Printer

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr int meldeschritt = 64;
-
 /// Title of a column that has no label in print: what the filter calls it, where it asks for it.
 QString ersatztitel(Sparte sparte, const Spalte &spalte)
 {

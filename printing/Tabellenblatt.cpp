@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr double seitenrand = 15, oben = 15, fuss = 14; // millimetres
+constexpr double oben = 15, fuss = 14; // millimetres
 constexpr double spaltenluft = 2.5, zeilenluft = 0.8;
 constexpr double titelgroesse = 15, kopfgroesse = 12, textgroesse = 9;
 

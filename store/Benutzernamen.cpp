@@ -5,8 +5,6 @@
 
 namespace {
 
-const QString namentabelle = QStringLiteral("Namen_Benutzer_Optionen");
-
 DatenControl namenOeffnen(const Programm &programm)
 {
     DatenControl datBenutzer;

@@ -107,7 +107,7 @@ Suchnamen Suchverzeichnis::namen(size_t pflanze) const
     const auto naechster = [&ort] {
         const std::string_view text(ort);
         ort += text.size() + 1;
-        return QString::fromUtf8(text.data(), qsizetype(text.size()));
+        return QString::fromUtf8(text);
     };
     Suchnamen namen{eintrag.artnr, int(eintrag.bewertung), naechster(), naechster(), {}};
     while (*ort)

@@ -1,5 +1,6 @@
 #include "Uebernahme.h"
 
+#include "Benutzernamen.h"
 #include "Datenbank.h"
 #include "Nebentabellen.h"
 #include "Sparten.h"
@@ -12,15 +13,15 @@ namespace {
 
 using NamenDerSparte = std::array<QString, anzahlEigenschaften>;
 
-const QString namentabelle = QStringLiteral("Namen_Benutzer_Optionen");
-constexpr QStringView bemerkung = u"benu_bemerkung", eigen = u"benu_eigen", name = u"BOT_NAME";
+constexpr QStringView notizspalte = u"benu_bemerkung", eigenspalte = u"benu_eigen", namensspalte = u"BOT_NAME";
 
 bool hatSpalten(Datenbank &db, const QString &tabelle)
 {
     if (!db.hatTabelle(tabelle))
         return false;
     const QStringList spalten = db.Spaltennamen(tabelle);
-    return std::ranges::all_of(std::array{bemerkung, eigen, name}, [&](QStringView s) { return spalten.contains(s, Qt::CaseInsensitive); });
+    return std::ranges::all_of(std::array{notizspalte, eigenspalte, namensspalte},
+                               [&](QStringView s) { return spalten.contains(s, Qt::CaseInsensitive); });
 }
 
 /// Number of the plant of `tabelle` that was `artnr` with the name `alterName`; 0: there is none.

@@ -252,7 +252,7 @@ private:
     {
         if (std::ranges::all_of(text, [](char zeichen) { return uint8_t(zeichen) < 0x80; }))
             return text.data() ? text : std::string_view("");
-        QString gelesen = QString::fromUtf8(text.data(), qsizetype(text.size()));
+        QString gelesen = QString::fromUtf8(text);
         while (gelesen.startsWith(QChar::ByteOrderMark))
             gelesen.remove(0, 1);
         bereinigt = gelesen.toStdString();

@@ -62,7 +62,7 @@ QString zweifelhafterText(Leser &leser, const Tabelle &tabelle, Fortschritt &for
         fortschritt.melden(1);
         for (size_t i = 0; i < tabelle.spalten.size() && gefunden.isEmpty(); ++i)
             if (const Wert wert = zeile.wert(i); wert.gestalt == Gestalt::Text)
-                if (const QString text = QString::fromUtf8(wert.text.data(), qsizetype(wert.text.size())); zweifelhaft(text))
+                if (const QString text = QString::fromUtf8(wert.text); zweifelhaft(text))
                     gefunden = text;
         return gefunden.isEmpty();
     });

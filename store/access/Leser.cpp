@@ -198,7 +198,7 @@ void Leser::katalogLesen()
     durchlaufen(katalog, [&](Zeile &zeile) {
         const int64_t eineArt = zeile.wert(size_t(art)).ganz;
         const std::string_view utf8 = zeile.wert(size_t(name)).text;
-        const QString text = QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
+        const QString text = QString::fromUtf8(utf8);
         if ((eineArt != artTabelle && eineArt != artFremdeQuelle && eineArt != artVerknuepft) || istSystemname(text)
             || (uint32_t(zeile.wert(size_t(merkmale)).ganz) & katalogSystem))
             return true;
@@ -362,7 +362,7 @@ Tabelle Leser::definition(uint32_t nummer, QString name)
         const size_t laenge = jet3() ? d.u8(ort) : d.u16(ort);
         ort += jet3() ? 1 : 2;
         const std::string_view utf8 = text(d.teil(ort, laenge), puffer);
-        spalte.name = QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
+        spalte.name = QString::fromUtf8(utf8);
         ort += laenge;
     }
     tabelle.seiten = datenseiten(nummer, d.u32(g.karte));

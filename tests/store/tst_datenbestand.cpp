@@ -40,7 +40,7 @@ QString accessmarke(const QString &pfad)
         const accessdatei::Durchgang durchgang = leser->durchlaufen(tabelle, [&](accessdatei::Zeile &zeile) {
             if (notiz >= 0) {
                 const std::string_view text = zeile.wert(size_t(notiz)).text;
-                gefunden = QString::fromUtf8(text.data(), qsizetype(text.size()));
+                gefunden = QString::fromUtf8(text);
             }
             return true;
         });

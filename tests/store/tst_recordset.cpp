@@ -339,7 +339,7 @@ private slots:
             ++gesehen;
             nullen += !werte[1].data() && artnr == nummer(4);
             leere += werte[1].data() && werte[1].empty() && artnr == nummer(5);
-            return QString::fromUtf8(werte[0].data(), qsizetype(werte[0].size())) >= name(8);
+            return QString::fromUtf8(werte[0]) >= name(8);
         });
         QCOMPARE(gesehen, 10);
         QCOMPARE(nullen, 1);

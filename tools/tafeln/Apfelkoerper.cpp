@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr double pi = std::numbers::pi;
+using std::numbers::pi;
 constexpr int ringe = 96, laengen = 144;
 
 QVector3D oberflaeche(const Apfelform &f, double phi, double l)

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr double pi = std::numbers::pi;
+using std::numbers::pi;
 const QColor kernhauslinie(0xB9, 0xA8, 0x62);
 
 QPen stift(const QColor &f, double breite, Qt::PenStyle art = Qt::SolidLine)

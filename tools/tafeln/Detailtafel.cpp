@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr double oben = 50, unten = 1050;
+constexpr double teileOben = 50, teileUnten = 1050;
 constexpr double textbreite = 284, textgroesse = 21, abstand = 16;
 constexpr double titelhoehe = 84; ///< below a drawing: title in two lines and bar
 
@@ -296,11 +296,11 @@ void zeilenTeilen(std::vector<Zelle> &spalte, const Steckbrief &s, double x, dou
         gewichte += gewicht(s, z.organ);
     for (const Zelle &z : spalte) {
         noetig.push_back(merkmalhoehe(z) + titelhoehe + 10);
-        hoehen.push_back((unten - oben) * gewicht(s, z.organ) / gewichte);
+        hoehen.push_back((teileUnten - teileOben) * gewicht(s, z.organ) / gewichte);
         fehlt += std::max(0.0, noetig.back() - hoehen.back());
         frei += std::max(0.0, hoehen.back() - noetig.back());
     }
-    double y = oben;
+    double y = teileOben;
     for (size_t i = 0; i < spalte.size(); ++i) {
         const double h = noetig[i] > hoehen[i] ? noetig[i] : hoehen[i] - fehlt * (hoehen[i] - noetig[i]) / std::max(1.0, frei);
         spalte[i].platz = QRectF(x, y, breite, h);

@@ -342,11 +342,11 @@ void ruten(Pflanzenbild &b)
 }
 
 // clang-format off
-constexpr Wuchs woerter[] = {
+constexpr Wuchs gehoelzworte[] = {
     {u"baum", baum}, {u"obstbaum", baum}, {u"strauch", strauch}, {u"zwergstrauch", strauch}, {u"beerenstrauch", strauch},
     {u"nadelbaum", nadelbaum}, {u"nadelstrauch", nadelstrauch}, {u"kletternd", kletternd}, {u"rebe", kletternd}, {u"ruten", ruten}};
 // clang-format on
 
 } // namespace
 
-const std::span<const Wuchs> wuchsGehoelz = woerter;
+const std::span<const Wuchs> wuchsGehoelz = gehoelzworte;

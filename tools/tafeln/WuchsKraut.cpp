@@ -314,7 +314,7 @@ void trieb(Pflanzenbild &b)
 }
 
 // clang-format off
-constexpr Wuchs woerter[] = {
+constexpr Wuchs krautworte[] = {
     {u"rosette", rosette}, {u"horst", horst}, {u"aufrecht", aufrecht}, {u"eintriebig", [](Pflanzenbild &b) { triebe(b, 1, 0); }}, {u"buschig", buschig},
     {u"halbstrauch", buschig}, {u"polster", [](Pflanzenbild &b) { kuppel(b, b.hoehe(), b.halb()); }}, {u"teppich", teppich}, {u"haengend", haengend}, {u"zwiebel", zwiebel}, {u"knolle", knolle},
     {u"sumpf", sumpf}, {u"schwimmblatt", schwimmblatt}, {u"unterwasser", unterwasser}, {u"erdbeere", erdbeere}, {u"sukkulentrosette", sukkulentrosette},
@@ -323,4 +323,4 @@ constexpr Wuchs woerter[] = {
 
 } // namespace
 
-const std::span<const Wuchs> wuchsKraut = woerter;
+const std::span<const Wuchs> wuchsKraut = krautworte;

@@ -241,7 +241,7 @@ void gliederkaktus(Pflanzenbild &b)
 }
 
 // clang-format off
-constexpr Wuchs woerter[] = {
+constexpr Wuchs sonderworte[] = {
     {u"gras", gras}, {u"rohr", rohr}, {u"schirm", schirm}, {u"farn", farn}, {u"schopf", schopf}, {u"flaschenstamm", schopf}, {u"palme", palme},
     {u"zisterne", zisterne}, {u"orchidee", orchidee}, {u"kugelkaktus", kugelkaktus},
     {u"saeulenkaktus", saeulenkaktus}, {u"gliederkaktus", gliederkaktus}};
@@ -249,4 +249,4 @@ constexpr Wuchs woerter[] = {
 
 } // namespace
 
-const std::span<const Wuchs> wuchsSonder = woerter;
+const std::span<const Wuchs> wuchsSonder = sonderworte;

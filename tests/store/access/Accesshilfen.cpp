@@ -48,7 +48,7 @@ bool gleich(const Wert &wert, const QJsonValue &fremd, Typ typ)
         return fremd.toString() == tag;
     }
     case Gestalt::Text: {
-        QString eigener = QString::fromUtf8(wert.text.data(), qsizetype(wert.text.size()));
+        QString eigener = QString::fromUtf8(wert.text);
         const QString anderer = fremd.toString(QStringLiteral("-"));
         // It tells of no empty texts.
         if (eigener.isEmpty() && fremd.isUndefined())
@@ -138,7 +138,7 @@ QString unterschied(const QString &pfad)
 
 QString alsText(const Wert &wert)
 {
-    const QString geschrieben = QString::fromUtf8(wert.text.data(), qsizetype(wert.text.size()));
+    const QString geschrieben = QString::fromUtf8(wert.text);
     switch (wert.gestalt) {
     case Gestalt::Leer: return QStringLiteral("null");
     case Gestalt::Wahrheit: return wert.ganz ? QStringLiteral("True") : QStringLiteral("False");
