@@ -3,6 +3,7 @@
 #include "filters/Filterdialog.h"
 #include "filters/Trefferanzeige.h"
 #include "frame/Ablauf.h"
+#include "frame/Aussehen.h"
 #include "plantwindows/Beschreibung.h"
 #include "plantwindows/Pflanzenfenster.h"
 #include "store/Dateien.h"
@@ -423,6 +424,7 @@ int main(int anzahl, char **argumente)
         return startSelbst();
     if (anzahl == 2 && qstrcmp(argumente[1], "--leer") == 0)
         return leeresFenster();
+    aussehen::anwenden(aussehen::Schema::Hell); // what the user sees is what is measured
     if (anzahl == 3 && qstrcmp(argumente[1], "--sparten") == 0) {
         for (const Sparte sparte : spartenEinerHerkunft())
             Spartenbank(QString::fromLocal8Bit(argumente[2]), sparte).messen();
