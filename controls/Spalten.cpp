@@ -3,6 +3,7 @@
 #include "Textkasten.h"
 
 #include <QGridLayout>
+#include <QScrollArea>
 
 #include <algorithm>
 #include <limits>
@@ -13,6 +14,12 @@ namespace {
 constexpr int hoechstensSpalten = 3;
 
 } // namespace
+
+void durchscheinen(QScrollArea &rolle)
+{
+    rolle.viewport()->setAutoFillBackground(false);
+    rolle.widget()->setAutoFillBackground(false);
+}
 
 Karte::Karte(QWidget *eltern) : QFrame(eltern)
 {

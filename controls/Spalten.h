@@ -6,10 +6,14 @@
 #include <vector>
 
 class QGridLayout;
+class QScrollArea;
 class Textkasten;
 
 /* Cards in columns: as many columns as the width has room for and cards are shown, filled in reading order so that the longest
    column is as short as can be. A card that is hidden leaves no hole. */
+
+/// Lets the card show through that it stands on. It has its widget.
+void durchscheinen(QScrollArea &rolle);
 
 /// A group of controls in a frame.
 class Karte : public QFrame

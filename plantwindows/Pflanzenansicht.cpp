@@ -139,9 +139,8 @@ void Pflanzenansicht::hervorheben(const QStringList &andere)
             continue;
         feld->setProperty("verschieden", anders);
         feld->setAttribute(Qt::WA_StyledBackground, anders);
-        // A style sheet looks at properties once.
-        feld->style()->unpolish(feld);
-        feld->style()->polish(feld);
+        feld->style()->polish(feld); // it looks at properties once
+        feld->update();
     }
 }
 
@@ -304,6 +303,7 @@ QWidget *Pflanzenansicht::kopfBauen()
     rolle->setWidget(namen);
     rolle->setWidgetResizable(true);
     rolle->setFrameShape(QFrame::NoFrame);
+    durchscheinen(*rolle);
     rolle->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     rolle->setMinimumWidth(namensbreite);
     rolle->setFocusPolicy(Qt::NoFocus);

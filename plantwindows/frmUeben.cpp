@@ -1,6 +1,7 @@
 #include "frmUeben.h"
 
 #include "Pflanzenansicht.h"
+#include "controls/Spalten.h"
 #include "controls/Vorlesen.h"
 
 #include <QFrame>
@@ -93,6 +94,7 @@ frmUeben::frmUeben(QWidget *eltern) : QWidget(eltern)
     innen->addWidget(rolle_);
     inhalt_ = new QWidget;
     rolle_->setWidget(inhalt_);
+    durchscheinen(*rolle_);
     auto *zeilen = new QVBoxLayout(inhalt_);
     zeilen->setContentsMargins(10, 6, 10, 6);
     zeilen->setSpacing(6);
