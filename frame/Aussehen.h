@@ -10,7 +10,7 @@ namespace aussehen {
 
 enum class Schema { Hell, Dunkel };
 
-/// Style, palette and style sheet of the program; again at any time to change the scheme.
+/// Style and palette of the program; again at any time to change the scheme.
 void anwenden(Schema schema = Schema::Hell);
 Schema schema();
 /// The colours of a scheme, for a window that stands on a picture with colours of its own.

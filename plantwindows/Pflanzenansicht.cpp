@@ -195,14 +195,13 @@ void Pflanzenansicht::groesseAnpassen(QSize fenster)
     if (stufe == schriftstufe_)
         return;
     schriftstufe_ = stufe;
-    const double punkt = QApplication::font(this).pointSizeF() * stufe;
-    // Set one by one: below a style sheet a font is not inherited. The marks beside the head keep their places and sizes.
-    for (QWidget *control : findChildren<QWidget *>())
-        if (!tafel_->isAncestorOf(control)) {
-            QFont schrift = control->font();
-            schrift.setPointSizeF(punkt);
-            control->setFont(schrift);
-        }
+    const double ueblich = QApplication::font(this).pointSizeF(), punkt = ueblich * stufe;
+    // All that lies in it inherits its size but the marks beside the head, which keep their places and sizes.
+    for (const auto &[teil, groesse] : {std::pair<QWidget *, double>(this, punkt), {tafel_, ueblich}}) {
+        QFont schrift = teil->font();
+        schrift.setPointSizeF(groesse);
+        teil->setFont(schrift);
+    }
     for (const auto &element : elemente_)
         element->schriftgroesse(punkt);
     for (const Rahmen &rahmen : rahmen_)

@@ -1,4 +1,5 @@
 #include "controls/Steuerelemente.h"
+#include "controls/Textkasten.h"
 #include "frame/Aussehen.h"
 #include "frame/Farbschema.h"
 #include "plantwindows/Pflanzenfenster.h"
@@ -9,6 +10,7 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
+#include <QGroupBox>
 #include <QProcess>
 #include <QSemaphore>
 #include <QSignalSpy>
@@ -104,6 +106,7 @@ private slots:
     void allesIstLesbar_data();
     void allesIstLesbar();
     void farbfelderBleibenWahr();
+    void markenWerdenGemalt();
     void ohnePortalZaehltDiePalette_data();
     void ohnePortalZaehltDiePalette();
     void portalEntscheidet_data();
@@ -182,6 +185,98 @@ void TestFarbschema::farbfelderBleibenWahr()
         zelle.setBackColor(0x2040f0); // red f0, green 40, blue 20
         QCOMPARE(zelle.grab().toImage().pixelColor(20, 20), QColor(0xf0, 0x40, 0x20));
     }
+}
+
+/// What rooms mark by properties is seen, in both schemes and after a change from one to the other.
+void TestFarbschema::markenWerdenGemalt()
+{
+    struct Farben
+    {
+        aussehen::Schema schema;
+        QColor karte, rand, titel, anders, fokus;
+    };
+    const Farben farben[] = {{aussehen::Schema::Hell, 0xffffff, 0xd5dcd0, 0x2f6b3a, 0xfdf0c4, 0x233326},
+                             {aussehen::Schema::Dunkel, 0x262d28, 0x3c463f, 0x8fd19a, 0x433c1d, 0xe3e9e1}};
+    aussehen::anwenden(farben[1].schema);
+    QWidget fenster;
+    auto *aussen = new QVBoxLayout(&fenster);
+    auto *karte = new QFrame(&fenster);
+    karte->setProperty("karte", true);
+    aussen->addWidget(karte);
+    auto *innen = new QVBoxLayout(karte);
+    const auto schild = [&](const char *marke) {
+        auto *neu = new QLabel(u"MMMMMM"_s, karte);
+        neu->setProperty(marke, true);
+        innen->addWidget(neu);
+        return neu;
+    };
+    QLabel *gruppentitel = schild("gruppentitel"), *feldtitel = schild("feldtitel"), *verschieden = schild("verschieden"),
+           *gross = schild("gruppentitel");
+    verschieden->setAttribute(Qt::WA_StyledBackground);
+    QFont schrift = gross->font();
+    schrift.setPointSizeF(30);
+    gross->setFont(schrift);
+    auto *kasten = new Textkasten(karte), *anders = new Textkasten(karte);
+    anders->setProperty("verschieden", true);
+    auto *gruppe = new QGroupBox(u"MMMMMM"_s, &fenster);
+    gruppe->setProperty("karte", true);
+    auto *ingruppe = new QVBoxLayout(gruppe);
+    ingruppe->addWidget(new QCheckBox(u"Kästchen"_s, gruppe));
+    for (QWidget *teil : {kasten, anders})
+        innen->addWidget(teil);
+    aussen->addWidget(gruppe);
+    fenster.resize(300, 500);
+    fenster.show();
+    QApplication::setActiveWindow(&fenster);
+    for (const Farben &gilt : farben) {
+        aussehen::anwenden(gilt.schema);
+        QCoreApplication::processEvents();
+        fenster.setFocus();
+        QImage bild = fenster.grab().toImage();
+        const auto farbe = [&](const QWidget *teil, QPoint stelle) { return bild.pixelColor(teil->mapTo(&fenster, stelle)); };
+        const auto hat = [&](const QWidget *teil, QColor gesucht) {
+            for (int y = 0; y < teil->height(); ++y)
+                for (int x = 0; x < teil->width(); ++x)
+                    if (farbe(teil, {x, y}) == gesucht)
+                        return true;
+            return false;
+        };
+        const QColor grund = QApplication::palette().color(QPalette::Window);
+        for (const QWidget *eine : std::initializer_list<const QWidget *>{karte, gruppe}) {
+            QCOMPARE(farbe(eine, {0, 0}), grund); // rounded
+            QCOMPARE(farbe(eine, {eine->width() / 2, 0}), gilt.rand);
+            QCOMPARE(farbe(eine, {eine->width() - 5, eine->height() / 2}), gilt.karte);
+        }
+        QVERIFY(hat(gruppentitel, gilt.titel));
+        QVERIFY(hat(gruppe, gilt.titel));
+        QVERIFY(hat(feldtitel, QApplication::palette().color(QPalette::PlaceholderText)));
+        QVERIFY(!hat(feldtitel, gilt.titel));
+        QCOMPARE(farbe(verschieden, {verschieden->width() - 3, verschieden->height() / 2}), gilt.anders);
+        QCOMPARE(farbe(anders->viewport(), {anders->viewport()->width() / 2, 2}), gilt.anders);
+        QCOMPARE(farbe(kasten->viewport(), {kasten->viewport()->width() / 2, 2}), QApplication::palette().color(QPalette::Base));
+        QCOMPARE(farbe(kasten, {kasten->width() / 2, 0}), gilt.rand);
+        kasten->setFocus();
+        QVERIFY(kasten->hasFocus());
+        bild = fenster.grab().toImage();
+        for (const int tiefe : {0, 1})
+            QCOMPARE(farbe(kasten, {kasten->width() / 2, tiefe}), gilt.fokus);
+    }
+    // The weight is a title's own, its size is not, unless it was given one.
+    QVERIFY(gruppentitel->font().bold());
+    QVERIFY(gross->font().bold());
+    QVERIFY(!feldtitel->font().bold());
+    schrift = karte->font();
+    schrift.setPointSizeF(17);
+    karte->setFont(schrift);
+    QCOMPARE(gruppentitel->font().pointSizeF(), 17.0);
+    QCOMPARE(gross->font().pointSizeF(), 30.0);
+    QVERIFY(gruppentitel->font().bold());
+    // A title that is wider than what stands below it has room.
+    QVERIFY(gruppe->minimumSizeHint().width() > QFontMetrics(gruppentitel->font()).horizontalAdvance(u"MM"_s));
+    // What no longer differs looks as before.
+    anders->setProperty("verschieden", false);
+    anders->style()->polish(anders);
+    QCOMPARE(anders->grab().toImage().pixelColor(anders->width() / 2, 6), QApplication::palette().color(QPalette::Base));
 }
 
 void TestFarbschema::ohnePortalZaehltDiePalette_data()

@@ -216,7 +216,7 @@ void TestHauptfenster::hintergrundFuelltDieFlaeche()
 
 void TestHauptfenster::dialogeImAussehenDesHauses()
 {
-    const QString stilVorher = qApp->style()->objectName(), blattVorher = qApp->styleSheet();
+    const QString stilVorher = qApp->style()->objectName();
     const QPalette farbenVorher = QApplication::palette();
     aussehen::anwenden();
     probe_->programm.AktiveSparte = u"Topf"_s;
@@ -240,7 +240,6 @@ void TestHauptfenster::dialogeImAussehenDesHauses()
                 gruen = gruen || bild.pixelColor(x, y) == QColor(0x2f, 0x6b, 0x3a);
         QVERIFY2(gruen, qPrintable(dialog->objectName()));
     }
-    qApp->setStyleSheet(blattVorher);
     QApplication::setPalette(farbenVorher);
     QApplication::setStyle(stilVorher);
 }
