@@ -7,6 +7,7 @@
 #include "store/Nebentabellen.h"
 #include "store/Schema.h"
 #include "store/Text.h"
+#include "tests/Faelle.h"
 #include "tests/Hilfen.h"
 
 #include <QFile>
@@ -247,7 +248,7 @@ void TestTreffer::zufall()
         return gleich(soll, ist);
     };
     int einige = 0, keine = 0;
-    for (int i = 0; i < 25; ++i) {
+    for (int i = 0; i < faelle(15, 25); ++i) {
         const Filterzustand zustand = zufallszustand(beschreibung, zufall, 1 + i % 5);
         QVERIFY(pruefen(ganzer, zustand));
         const Trefferstand treffer = ganzer.zaehlen(zustand);
