@@ -21,7 +21,7 @@ if [ -n "${FLOX_DANEBEN:-}" ]; then
 fi
 # Databases are copied and made durable by the thousand: in memory, where it has room for them.
 ort=${TMPDIR:-/tmp}
-frei=$(df --output=avail /dev/shm 2>/dev/null | tail -1)
+frei=$(df --output=avail /dev/shm 2>/dev/null | tail -1) || frei=0
 [ "${frei:-0}" -lt 4000000 ] || ort=/dev/shm
 TMPDIR=$ort ctest --test-dir build/sanitize --output-on-failure -j3
 echo "--- tested; $SECONDS s"

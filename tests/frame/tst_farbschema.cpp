@@ -1,3 +1,4 @@
+#include "controls/Spalten.h"
 #include "controls/Steuerelemente.h"
 #include "controls/Textkasten.h"
 #include "frame/Aussehen.h"
@@ -218,6 +219,11 @@ void TestFarbschema::markenWerdenGemalt()
     gross->setFont(schrift);
     auto *kasten = new Textkasten(karte), *anders = new Textkasten(karte);
     anders->setProperty("verschieden", true);
+    auto *rolle = new QScrollArea(karte);
+    rolle->setWidget(new QWidget);
+    rolle->setWidgetResizable(true);
+    durchscheinen(*rolle);
+    innen->addWidget(rolle);
     auto *gruppe = new QGroupBox(u"MMMMMM"_s, &fenster);
     gruppe->setProperty("karte", true);
     auto *ingruppe = new QVBoxLayout(gruppe);
@@ -247,6 +253,7 @@ void TestFarbschema::markenWerdenGemalt()
             QCOMPARE(farbe(eine, {eine->width() / 2, 0}), gilt.rand);
             QCOMPARE(farbe(eine, {eine->width() - 5, eine->height() / 2}), gilt.karte);
         }
+        QCOMPARE(farbe(rolle->widget(), rolle->widget()->rect().center()), gilt.karte);
         QVERIFY(hat(gruppentitel, gilt.titel));
         QVERIFY(hat(gruppe, gilt.titel));
         QVERIFY(hat(feldtitel, QApplication::palette().color(QPalette::PlaceholderText)));
@@ -272,7 +279,10 @@ void TestFarbschema::markenWerdenGemalt()
     QCOMPARE(gross->font().pointSizeF(), 30.0);
     QVERIFY(gruppentitel->font().bold());
     // A title that is wider than what stands below it has room.
-    QVERIFY(gruppe->minimumSizeHint().width() > QFontMetrics(gruppentitel->font()).horizontalAdvance(u"MM"_s));
+    gruppe->setTitle(u"M"_s.repeated(60));
+    schrift = gruppe->font();
+    schrift.setBold(true);
+    QVERIFY(gruppe->minimumSizeHint().width() >= QFontMetrics(schrift).horizontalAdvance(gruppe->title()));
     // What no longer differs looks as before.
     anders->setProperty("verschieden", false);
     anders->style()->polish(anders);
