@@ -193,12 +193,13 @@ void TestAufbau::grosseFensterSetzenGroesser()
     const auto punkt = [&](const char *name) { return probe.finde(QString::fromLatin1(name))->font().pointSizeF(); };
     probe.fenster->resize(800, 540);
     QCoreApplication::processEvents();
-    const double text = punkt("lblFamilie"), name = punkt("lblBotName");
+    const double text = punkt("lblFamilie"), name = punkt("lblBotName"), marke = punkt("lblBewertungZahl");
     const QSize monat = probe.zelle(u"lblAngMonat"_s, 0)->sizeHint();
     probe.fenster->resize(1300, 860);
     QCoreApplication::processEvents();
     QVERIFY(punkt("lblFamilie") >= 1.3 * text && punkt("lblBotName") >= 1.3 * name);
     QVERIFY(probe.zelle(u"lblAngMonat"_s, 0)->sizeHint().width() > monat.width());
+    QCOMPARE(punkt("lblBewertungZahl"), marke); // the marks keep their places
     QVERIFY(probe.finde(u"lblBotName"_s)->font().bold() && probe.finde(u"lblBotName"_s)->font().italic());
     probe.fenster->resize(800, 540);
     QCoreApplication::processEvents();

@@ -1,6 +1,6 @@
 #include "Schaden.h"
 
-#include "store/access/Format.h"
+#include "store/access/Seiten.h"
 
 #include <algorithm>
 #include <cstring>
@@ -14,8 +14,6 @@ uint32_t lies32(const uint8_t *ort)
 {
     return lies16(ort) | lies16(ort + 2) << 16;
 }
-
-constexpr uint32_t langwertmarke = 0x4C41564C;
 
 } // namespace
 
@@ -117,7 +115,7 @@ void Schaden::seitenkopf()
     switch (bis(5)) {
     case 0: s[0] = uint8_t(bis(8)); break;
     case 1: schreibe16(s + 2, eineZahl()); break;
-    case 2: schreibe32(s + 4, eins(4) ? langwertmarke : eineZahl()); break;
+    case 2: schreibe32(s + 4, eins(4) ? besitzerLangwerte : eineZahl()); break;
     case 3: schreibe16(s + (jet3_ ? 8 : 12), eineZahl()); break;
     case 4: // one page over another
         std::memmove(ort(bis(seiten_)), s, seite_);
@@ -209,7 +207,7 @@ void Schaden::kette()
     const size_t erste = bis(seiten_);
     for (size_t i = 0; i < seiten_; ++i) {
         const size_t seite = (erste + i) % seiten_;
-        if (!seite || *ort(seite) != seiteDaten || lies32(ort(seite) + 4) != langwertmarke)
+        if (!seite || *ort(seite) != seiteDaten || lies32(ort(seite) + 4) != besitzerLangwerte)
             continue;
         const size_t nummer = bis(lies16(ort(seite) + (jet3_ ? 8 : 12)));
         if (const Zeile z = zeile(seite, nummer); z.bis >= z.von + 4)
