@@ -50,6 +50,14 @@ QString grundtabelle(Sparte sparte)
     return schema::haupttabelle(satz) ? satz.toString() : satz.mid(satz.indexOf(u'_') + 1).toString();
 }
 
+QString flags(int laenge, std::initializer_list<int> stellen)
+{
+    QString text(laenge, u'0');
+    for (const int stelle : stellen)
+        text[stelle - 1] = u'1';
+    return text;
+}
+
 Meldungsfaenger::Meldungsfaenger()
 {
     takt_.setInterval(1);

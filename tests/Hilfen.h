@@ -27,6 +27,9 @@ std::vector<Sparte> spartenEinerHerkunft();
 /// The table that the rows of a Sparte's main recordset stand in.
 QString grundtabelle(Sparte sparte);
 
+/// Flag string of `laenge` with "1" at the given positions, counted from 1.
+QString flags(int laenge, std::initializer_list<int> stellen = {});
+
 /// Answers every message box that opens while it lives with its default button and keeps what it said.
 class Meldungsfaenger : public QObject
 {

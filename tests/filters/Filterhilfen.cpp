@@ -531,14 +531,6 @@ bool Datensatz::passt(const Zustand &zustand, Filterumgebung umgebung, qint64 ar
     return passt(Filterpruefung(zustand.beschreibung, zustand.werte, std::move(umgebung)), artnr);
 }
 
-QString flags(int laenge, std::initializer_list<int> stellen)
-{
-    QString text(laenge, u'0');
-    for (const int stelle : stellen)
-        text[stelle - 1] = u'1';
-    return text;
-}
-
 bool laden(const Filterbeschreibung &beschreibung, const QByteArray &inhalt, Filterzustand &zustand)
 {
     return filterLesen(beschreibung, inhalt, [&](int k, bool zweites, int element, int wert, const QString &text) {

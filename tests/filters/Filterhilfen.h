@@ -2,6 +2,7 @@
 
 #include "filters/Filterdatei.h"
 #include "filters/Filterpruefung.h"
+#include "tests/Hilfen.h"
 
 #include <QHash>
 #include <QString>
@@ -122,8 +123,13 @@ private:
     QHash<QString, QByteArray> werte_;
 };
 
-/// Flag string of `laenge` with "1" at the given positions, counted from 1.
-QString flags(int laenge, std::initializer_list<int> stellen = {});
+/// Two marks that dialogs and files made for tests show as pictures.
+inline constexpr Symbol probemarken[] = {{"iliEigenschaften/schmuck", u"", u"Blattschmuck", nullptr, "iliEigenschaften/schmuc_n"},
+                                         {"iliEigenschaften/gift", u"", u"giftig", nullptr, "iliEigenschaften/gift_n"}};
+/// What makes a sound description wrong.
+using Tabellenaenderung = void (*)(std::vector<Kriterium> &, Filterbeschreibung &);
+Q_DECLARE_METATYPE(Tabellenaenderung)
+
 /// Applies a file to a state, as a dialog would; false after a read error.
 bool laden(const Filterbeschreibung &beschreibung, const QByteArray &inhalt, Filterzustand &zustand);
 

@@ -4,6 +4,7 @@
 #include "store/Laufordner.h"
 #include "tests/store/Rechte.h"
 #include "tests/store/Datenhilfen.h"
+#include "tests/Testprogramm.h"
 
 using namespace Qt::StringLiterals;
 
@@ -246,5 +247,5 @@ void TestAusfall::notizOhneKopie()
     QCOMPARE(probe_->arbeit(u"benu_bemerkung = 'ohne Kopie' AND benu_eigen = '1    '"_s), QList<qint64>{artnr});
 }
 
-QTEST_MAIN(TestAusfall)
+FLOX_TEST(tst_ausfall, TestAusfall)
 #include "tst_ausfall.moc"

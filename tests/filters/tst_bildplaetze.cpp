@@ -4,6 +4,7 @@
 #include "store/Fehler.h"
 #include "store/Recordset.h"
 #include "tests/Hilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QSet>
 #include <QTest>
@@ -215,5 +216,5 @@ void TestBildplaetze::fehlendesBrichtAb()
     QVERIFY_THROWS_EXCEPTION(Fehler, plaetze(Sparte::Topf));
 }
 
-QTEST_GUILESS_MAIN(TestBildplaetze)
+FLOX_TEST(tst_bildplaetze, TestBildplaetze)
 #include "tst_bildplaetze.moc"

@@ -1,4 +1,7 @@
+#include "Filterhilfen.h"
+
 #include "filters/Filterdatei.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -8,14 +11,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr Symbol marken[] = {{"iliEigenschaften/schmuck", u"", u"Blattschmuck", nullptr, "iliEigenschaften/schmuc_n"},
-                             {"iliEigenschaften/gift", u"", u"giftig", nullptr, "iliEigenschaften/gift_n"}};
 constexpr const char *felder[] = {"blaschmuck", "giftig"};
 constexpr QStringView monate[] = {u"Januar", u"Februar", u"März"};
 
 // clang-format off
-constexpr Kriterium kriterien[] = {
-    {.pruefung = Pruefung::AlleWahr, .titel = u"Marken", .a = {.art = Steuerung::Bilder, .control = "imgEigen", .anzahl = 2, .zeile = 1, .bilder = marken, .form = Dateiform::Bildname},
+constexpr Kriterium formen[] = {
+    {.pruefung = Pruefung::AlleWahr, .titel = u"Marken", .a = {.art = Steuerung::Bilder, .control = "imgEigen", .anzahl = 2, .zeile = 1, .bilder = probemarken, .form = Dateiform::Bildname},
      .felder = felder},
     {.pruefung = Pruefung::WortImText, .titel = u"Lager",
      .a = {.art = Steuerung::Liste, .control = "cboLager", .zeile = 3, .worte = monate, .eintraege = Eintraege::Worte, .alle = u"-- Alle --", .form = Dateiform::Index},
@@ -24,31 +25,31 @@ constexpr Kriterium kriterien[] = {
     {.pruefung = Pruefung::Flags, .titel = u"Boden", .a = {.art = Steuerung::Kaestchen, .control = "chkBoden", .anzahl = 2, .zeile = 9, .form = Dateiform::Wahrheit}, .feld = "bodenart"},
 };
 // clang-format on
-constexpr Filterbeschreibung beschreibung{
-    .sparte = Sparte::Stauden, .reiter = {}, .kriterien = kriterien, .zeilen = 10, .ladeFilter = {}, .speicherFilter = {}};
+constexpr Filterbeschreibung mitFormen{
+    .sparte = Sparte::Stauden, .reiter = {}, .kriterien = formen, .zeilen = 10, .ladeFilter = {}, .speicherFilter = {}};
 
 /// The state that a file's lines give; nothing where a line cannot be read.
 std::optional<Filterzustand> gelesen(const QStringList &zeilen)
 {
-    Filterzustand zustand = vorgabe(beschreibung);
-    const bool ganz = filterLesen(beschreibung, (zeilen.join(u"\r\n"_s) + u"\r\n"_s).toLatin1(),
-                                  [&](int k, bool zweites, int element, int wert, const QString &text) {
-        Kriteriumzustand &kriterium = zustand.kriterien[size_t(k)];
-        Teilzustand &teil = zweites ? kriterium.b : kriterium.a;
-        if (teil.werte.empty())
-            teil.text = text;
-        else
-            teil.werte[size_t(element)] = wert;
-    });
+    Filterzustand zustand = vorgabe(mitFormen);
+    const bool ganz =
+        filterLesen(mitFormen, (zeilen.join(u"\r\n"_s) + u"\r\n"_s).toLatin1(), [&](int k, bool zweites, int element, int wert, const QString &text) {
+            Kriteriumzustand &kriterium = zustand.kriterien[size_t(k)];
+            Teilzustand &teil = zweites ? kriterium.b : kriterium.a;
+            if (teil.werte.empty())
+                teil.text = text;
+            else
+                teil.werte[size_t(element)] = wert;
+        });
     return ganz ? std::optional(zustand) : std::nullopt;
 }
 
 QStringList geschrieben(const Filterzustand &zustand)
 {
-    return QString::fromLatin1(filterSchreiben(beschreibung, zustand)).split(u"\r\n"_s, Qt::SkipEmptyParts);
+    return QString::fromLatin1(filterSchreiben(mitFormen, zustand)).split(u"\r\n"_s, Qt::SkipEmptyParts);
 }
 
-const QStringList vorgabezeilen{u"schmuc_n"_s, u"gift_n"_s, u" 0 "_s, u" 0 "_s, u" 0 "_s, u" 0 "_s, u" 0 "_s, u" 0 "_s, u"False"_s, u"False"_s};
+const QStringList formvorgaben{u"schmuc_n"_s, u"gift_n"_s, u" 0 "_s, u" 0 "_s, u" 0 "_s, u" 0 "_s, u" 0 "_s, u" 0 "_s, u"False"_s, u"False"_s};
 
 } // namespace
 
@@ -57,8 +58,8 @@ class TestDateiformen : public QObject
     Q_OBJECT
 
 private slots:
-    void tabelle() { QCOMPARE(filterfehler(beschreibung), QString()); }
-    void vorgaben() { QCOMPARE(geschrieben(vorgabe(beschreibung)), vorgabezeilen); }
+    void tabelle() { QCOMPARE(filterfehler(mitFormen), QString()); }
+    void vorgaben() { QCOMPARE(geschrieben(vorgabe(mitFormen)), formvorgaben); }
     void bildnamen_data();
     void bildnamen();
     void listenplatz_data();
@@ -82,7 +83,7 @@ void TestDateiformen::bildnamen_data()
 void TestDateiformen::bildnamen()
 {
     QFETCH(QString, zeile);
-    QStringList zeilen = vorgabezeilen;
+    QStringList zeilen = formvorgaben;
     zeilen[0] = zeile;
     const std::optional<Filterzustand> zustand = gelesen(zeilen);
     QVERIFY(zustand);
@@ -108,7 +109,7 @@ void TestDateiformen::listenplatz()
 {
     QFETCH(QString, zeile);
     QFETCH(QString, text);
-    QStringList zeilen = vorgabezeilen;
+    QStringList zeilen = formvorgaben;
     zeilen[2] = zeile;
     const std::optional<Filterzustand> zustand = gelesen(zeilen);
     QCOMPARE(bool(zustand), !text.isNull());
@@ -121,12 +122,12 @@ void TestDateiformen::listenplatz()
 /// They keep what a file says of them and count, test and restrict nothing.
 void TestDateiformen::nurInDerDatei()
 {
-    QStringList zeilen = vorgabezeilen;
+    QStringList zeilen = formvorgaben;
     zeilen[6] = zeilen[7] = u"-1 "_s;
     const std::optional<Filterzustand> zustand = gelesen(zeilen);
     QVERIFY(zustand);
     QCOMPARE(geschrieben(*zustand), zeilen);
-    const Kriterium &licht = kriterien[2];
+    const Kriterium &licht = formen[2];
     QCOMPARE(anzahlGewaehlt(licht.a, zustand->kriterien[2].a), 0);
     QVERIFY(!aktiv(licht, zustand->kriterien[2]));
     // All of those that can be selected are all.
@@ -138,12 +139,12 @@ void TestDateiformen::nurInDerDatei()
 
 void TestDateiformen::ueberzaehligeFallenAuf()
 {
-    std::vector<Kriterium> tabelle(std::begin(kriterien), std::end(kriterien));
+    std::vector<Kriterium> tabelle(std::begin(formen), std::end(formen));
     tabelle[2].a.ueberzaehlig = 1;
-    Filterbeschreibung b = beschreibung;
+    Filterbeschreibung b = mitFormen;
     b.kriterien = tabelle;
     QCOMPARE(filterfehler(b), u"chkLicht: mehr Kästchen als Wörter"_s);
 }
 
-QTEST_GUILESS_MAIN(TestDateiformen)
+FLOX_TEST(tst_dateiformen, TestDateiformen)
 #include "tst_dateiformen.moc"

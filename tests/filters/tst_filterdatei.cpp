@@ -1,6 +1,7 @@
 #include "Filterhilfen.h"
 
 #include "tests/Hilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -300,5 +301,5 @@ void TestFilterdatei::ohneBildStehtNirgends()
     }
 }
 
-QTEST_GUILESS_MAIN(TestFilterdatei)
+FLOX_TEST(tst_filterdatei, TestFilterdatei)
 #include "tst_filterdatei.moc"

@@ -2,6 +2,7 @@
 
 #include "tests/Faelle.h"
 #include "tests/Hilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -157,5 +158,5 @@ void TestFilterdateiZufall::beliebigeBytes()
     }
 }
 
-QTEST_GUILESS_MAIN(TestFilterdateiZufall)
+FLOX_TEST(tst_filterdatei_zufall, TestFilterdateiZufall)
 #include "tst_filterdatei_zufall.moc"

@@ -1,6 +1,7 @@
 #include "Filterprobe.h"
 
 #include "filters/Filtername.h"
+#include "tests/Testprogramm.h"
 
 #include <QApplication>
 #include <QDir>
@@ -275,5 +276,5 @@ void TestFilterdateifrage::sperreWirdGezeigt()
     QVERIFY(!apfel->filterdialog()->findChild<QLabel *>(u"lblHinweis"_s)->isHidden());
 }
 
-QTEST_MAIN(TestFilterdateifrage)
+FLOX_TEST(tst_filterdateifrage, TestFilterdateifrage)
 #include "tst_filterdateifrage.moc"

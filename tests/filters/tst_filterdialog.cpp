@@ -1,5 +1,7 @@
 #include "Filterprobe.h"
 
+#include "tests/Testprogramm.h"
+
 #include <QApplication>
 #include <QScreen>
 
@@ -649,5 +651,5 @@ void TestFilterdialog::allesMitDerTastaturErreichbar()
     }
 }
 
-QTEST_MAIN(TestFilterdialog)
+FLOX_TEST(tst_filterdialog, TestFilterdialog)
 #include "tst_filterdialog.moc"

@@ -1,6 +1,7 @@
 #include "Filterprobe.h"
 
 #include "frame/Aussehen.h"
+#include "tests/Testprogramm.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -261,5 +262,5 @@ void TestFilterdialogAnsicht::fehlerInDerPflanze()
     QCOMPARE(meldungen.texte, QStringList{u"Das Feld 'MAXHOEHE' der Pflanze %1 enthält keine Zahl: \"hoch\"."_s.arg(pflanze)});
 }
 
-QTEST_MAIN(TestFilterdialogAnsicht)
+FLOX_TEST(tst_filterdialog_ansicht, TestFilterdialogAnsicht)
 #include "tst_filterdialog_ansicht.moc"

@@ -1,5 +1,7 @@
 #include "Filterprobe.h"
 
+#include "tests/Testprogramm.h"
+
 #include <QApplication>
 #include <QMessageBox>
 
@@ -323,5 +325,5 @@ void TestFilterdialogDateien::parkdateiIstEineGewoehnlicheDatei()
     QCOMPARE(probe_->pflanzen(), probe_->arbeit(u"BOT_NAME LIKE '*Ficus*' AND bewertung >= 5"_s));
 }
 
-QTEST_MAIN(TestFilterdialogDateien)
+FLOX_TEST(tst_filterdialog_dateien, TestFilterdialogDateien)
 #include "tst_filterdialog_dateien.moc"

@@ -1,5 +1,7 @@
 #include "Filterprobe.h"
 
+#include "tests/Testprogramm.h"
+
 #include <QAccessible>
 #include <QApplication>
 #include <QFrame>
@@ -181,5 +183,5 @@ void TestFilterdialogZugang::tabFolgtDemLesen()
     }
 }
 
-QTEST_MAIN(TestFilterdialogZugang)
+FLOX_TEST(tst_filterdialog_zugang, TestFilterdialogZugang)
 #include "tst_filterdialog_zugang.moc"

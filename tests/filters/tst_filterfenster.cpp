@@ -1,6 +1,7 @@
 #include "Filterprobe.h"
 
 #include "frame/mdiZentral.h"
+#include "tests/Testprogramm.h"
 
 #include <QAction>
 #include <QApplication>
@@ -570,5 +571,5 @@ void TestFilterfenster::namenAusDemHauptfenster()
     QVERIFY(zentral.findChild<QAction *>(u"mnuMulkoSpeichern"_s)->isEnabled());
 }
 
-QTEST_MAIN(TestFilterfenster)
+FLOX_TEST(tst_filterfenster, TestFilterfenster)
 #include "tst_filterfenster.moc"

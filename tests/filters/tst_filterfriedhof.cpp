@@ -1,6 +1,7 @@
 #include "Filterprobe.h"
 
 #include "filters/Filterlauf.h"
+#include "tests/Testprogramm.h"
 
 #include <QFile>
 
@@ -12,9 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList laubfarben{u"hellgrün"_s, u"dunkelgrün"_s, u"weißgrün"_s, u"gelb"_s,     u"gelbgrün"_s,    u"rotbraun"_s,
-                             u"blaugrün"_s, u"silbrig"_s,    u"grau"_s,     u"graublau"_s, u"graugrün"_s,    u"gestreift"_s,
-                             u"gefleckt"_s, u"filzig"_s,     u"orange"_s,   u"rot"_s,      u"bläulich rot"_s};
+const QStringList laubfarbenStauden{u"hellgrün"_s, u"dunkelgrün"_s, u"weißgrün"_s, u"gelb"_s,     u"gelbgrün"_s,    u"rotbraun"_s,
+                                    u"blaugrün"_s, u"silbrig"_s,    u"grau"_s,     u"graublau"_s, u"graugrün"_s,    u"gestreift"_s,
+                                    u"gefleckt"_s, u"filzig"_s,     u"orange"_s,   u"rot"_s,      u"bläulich rot"_s};
 const QStringList laubfarbenGehoelze{u"hellgrün"_s, u"dunkelgrün"_s, u"gelbgrün"_s,     u"weißgrün"_s, u"gelb"_s,      u"orange"_s,  u"rot"_s,
                                      u"graugrün"_s, u"blaugrün"_s,   u"bläulich rot"_s, u"graugrün"_s, u"gestreift"_s, u"gefleckt"_s};
 // clang-format off
@@ -84,10 +85,10 @@ bool naiv(const Zustand &z, const Zeile &zeile, const QMap<QString, QString> &fa
     if (!flags("lblFrMonat", holz ? f("fruchtzeit") : je("fruchtzeit", "")))
         return false;
     const QString laub = je("blattfarbe", "laubfarb");
-    const QStringList &worte = holz ? laubfarbenGehoelze : laubfarben;
+    const QStringList &worte = holz ? laubfarbenGehoelze : laubfarbenStauden;
     if (!einesVon("chkLaubFarbe", [&](int i) {
             for (int p = 0; p < std::min(laub.size(), worte.size()); ++p)
-                if (laub[p] == u'1' && worte[p] == laubfarben[i])
+                if (laub[p] == u'1' && worte[p] == laubfarbenStauden[i])
                     return true;
             return false;
         }))
@@ -259,7 +260,7 @@ void TestFilterFriedhof::beschriftungen()
             alle += wortVon(b, *k, k->a, i).toString();
         return alle;
     };
-    QCOMPARE(worte("chkLaubFarbe"), laubfarben);
+    QCOMPARE(worte("chkLaubFarbe"), laubfarbenStauden);
     QCOMPARE(worte("chkHabitus"), wuchsformen);
     QCOMPARE(worte("chkLaubZeit"), (QStringList{u"sommergrün"_s, u"wintergrün"_s, u"immergrün"_s, u"Herbstfärbung!"_s}));
     QCOMPARE(worte("chkKalk"), (QStringList{u"sauer"_s, u"neutral"_s, u"basisch"_s}));
@@ -425,5 +426,5 @@ void TestFilterFriedhof::staudenSchliessen()
     QCOMPARE(probe.pflanzen(), gefiltert); // the run of the reset dialog
 }
 
-QTEST_MAIN(TestFilterFriedhof)
+FLOX_TEST(tst_filterfriedhof, TestFilterFriedhof)
 #include "tst_filterfriedhof.moc"

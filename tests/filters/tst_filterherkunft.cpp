@@ -1,7 +1,10 @@
+#include "Filterhilfen.h"
+
 #include "filters/Filterlauf.h"
 #include "filters/Filterpruefung.h"
 #include "store/Schema.h"
 #include "tests/Hilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QFile>
 #include <QTest>
@@ -309,14 +312,11 @@ void TestHerkunft::felder()
     QVERIFY(!spalteVon(beschreibung, nullptr));
 }
 
-using Aenderung = void (*)(std::vector<Kriterium> &, Filterbeschreibung &);
-Q_DECLARE_METATYPE(Aenderung)
-
 void TestHerkunft::fehlerFallenAuf_data()
 {
-    QTest::addColumn<Aenderung>("aenderung");
+    QTest::addColumn<Tabellenaenderung>("aenderung");
     QTest::addColumn<QString>("meldung");
-    const auto zeile = [](const char *name, Aenderung aenderung, const QString &meldung) { QTest::newRow(name) << aenderung << meldung; };
+    const auto zeile = [](const char *name, Tabellenaenderung aenderung, const QString &meldung) { QTest::newRow(name) << aenderung << meldung; };
     using K = std::vector<Kriterium>;
     using B = Filterbeschreibung;
     zeile("unverändert", [](K &, B &) {}, {});
@@ -351,7 +351,7 @@ void TestHerkunft::fehlerFallenAuf_data()
 
 void TestHerkunft::fehlerFallenAuf()
 {
-    QFETCH(const Aenderung, aenderung);
+    QFETCH(const Tabellenaenderung, aenderung);
     Filterbeschreibung b = beschreibung;
     std::vector<Kriterium> tabelle(std::begin(kriterien), std::end(kriterien));
     aenderung(tabelle, b);
@@ -359,5 +359,5 @@ void TestHerkunft::fehlerFallenAuf()
     QTEST(filterfehler(b), "meldung");
 }
 
-QTEST_GUILESS_MAIN(TestHerkunft)
+FLOX_TEST(tst_filterherkunft, TestHerkunft)
 #include "tst_filterherkunft.moc"

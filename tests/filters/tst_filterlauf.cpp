@@ -6,6 +6,7 @@
 #include "store/Schema.h"
 #include "tests/Faelle.h"
 #include "tests/Hilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QFile>
 #include <QSet>
@@ -589,5 +590,5 @@ void TestFilterlauf::arbeitsdatenbankBleibt()
     QVERIFY(inhalt() == vorher);
 }
 
-QTEST_GUILESS_MAIN(TestFilterlauf)
+FLOX_TEST(tst_filterlauf, TestFilterlauf)
 #include "tst_filterlauf.moc"

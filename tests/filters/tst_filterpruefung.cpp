@@ -2,6 +2,7 @@
 
 #include "store/Fehler.h"
 #include "tests/Hilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -712,5 +713,5 @@ void TestFilterpruefung::dieErstePruefungEntscheidet()
     QVERIFY(!ohneBewertung.passt(z, u, 1));
 }
 
-QTEST_GUILESS_MAIN(TestFilterpruefung)
+FLOX_TEST(tst_filterpruefung, TestFilterpruefung)
 #include "tst_filterpruefung.moc"

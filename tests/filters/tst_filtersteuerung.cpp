@@ -5,6 +5,7 @@
 #include "filters/Filterziel.h"
 #include "store/Kollation.h"
 #include "tests/Hilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -25,8 +26,6 @@ namespace {
 constexpr QStringView reiter[] = {u"Eins"};
 constexpr QStringView dauer[] = {u"kurz", u"lang", u"sehr lang"};
 constexpr QStringView schmuckwort[] = {u"Blattschmuck"};
-constexpr Symbol marken[] = {{"iliEigenschaften/schmuck", u"", u"Blattschmuck", nullptr, "iliEigenschaften/schmuc_n"},
-                             {"iliEigenschaften/gift", u"", u"giftig", nullptr, "iliEigenschaften/gift_n"}};
 constexpr const char *markenfelder[] = {"blaschmuck", "giftig"};
 constexpr const char *schmuckfeld[] = {"blaschmuck"};
 
@@ -47,7 +46,7 @@ constexpr Filterbeschreibung mitListen{.sparte = Sparte::Obst, .reiter = reiter,
 
 constexpr Kriterium gruppen[] = {
     {.pruefung = Pruefung::AlleWahr, .titel = u"Marken",
-     .a = {.art = Steuerung::Bilder, .control = "imgEigen", .anzahl = 2, .zeile = 1, .bilder = marken, .form = Dateiform::Bildname},
+     .a = {.art = Steuerung::Bilder, .control = "imgEigen", .anzahl = 2, .zeile = 1, .bilder = probemarken, .form = Dateiform::Bildname},
          .felder = markenfelder, .reiter = 0},
     {.pruefung = Pruefung::Flags, .titel = u"Licht", .a = {.art = Steuerung::Kaestchen, .control = "chkLicht", .anzahl = 5, .zeile = 3,
      .ueberzaehlig = 2}, .feld = "licht",
@@ -343,5 +342,5 @@ void TestFiltersteuerung::groesseDatei()
     dialog_.reset();
 }
 
-QTEST_MAIN(TestFiltersteuerung)
+FLOX_TEST(tst_filtersteuerung, TestFiltersteuerung)
 #include "tst_filtersteuerung.moc"

@@ -1,6 +1,7 @@
 #include "Filterhilfen.h"
 
 #include "tests/Hilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -93,14 +94,11 @@ void TestKriterien::reihenfolgeDerPruefungen()
     }
 }
 
-using Aenderung = void (*)(std::vector<Kriterium> &, Filterbeschreibung &);
-Q_DECLARE_METATYPE(Aenderung)
-
 void TestKriterien::fehlerFallenAuf_data()
 {
-    QTest::addColumn<Aenderung>("aenderung");
+    QTest::addColumn<Tabellenaenderung>("aenderung");
     QTest::addColumn<QString>("meldung");
-    const auto zeile = [](const char *name, Aenderung aenderung, const QString &meldung) { QTest::newRow(name) << aenderung << meldung; };
+    const auto zeile = [](const char *name, Tabellenaenderung aenderung, const QString &meldung) { QTest::newRow(name) << aenderung << meldung; };
     zeile("unverändert", [](std::vector<Kriterium> &, Filterbeschreibung &) {}, {});
     zeile(
         "Feld", [](std::vector<Kriterium> &k, Filterbeschreibung &) { k[3].feld = "FARBE"; }, u"kein Feld FARBE"_s);
@@ -131,7 +129,7 @@ void TestKriterien::fehlerFallenAuf_data()
 
 void TestKriterien::fehlerFallenAuf()
 {
-    QFETCH(const Aenderung, aenderung);
+    QFETCH(const Tabellenaenderung, aenderung);
     Filterbeschreibung b = *filterbeschreibung(Sparte::Topf);
     std::vector<Kriterium> kriterien(b.kriterien.begin(), b.kriterien.end());
     aenderung(kriterien, b);
@@ -149,5 +147,5 @@ void TestKriterien::ohneTabelle()
             QCOMPARE(b->sparte, e.sparte);
 }
 
-QTEST_GUILESS_MAIN(TestKriterien)
+FLOX_TEST(tst_kriterien, TestKriterien)
 #include "tst_kriterien.moc"

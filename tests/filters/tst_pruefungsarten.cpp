@@ -1,4 +1,5 @@
 #include "filters/Filterpruefung.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -8,16 +9,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr const char *marken[] = {"schnitt", "heimisch", "giftig"};
+constexpr const char *wahrheitsfelder[] = {"schnitt", "heimisch", "giftig"};
 constexpr QStringView markenworte[] = {u"Schnitt", u"heimisch", u"giftig"};
 constexpr QStringView wuchs[] = {u"kugelförmig", u"Überhängend", u"horstig"};
 
 // clang-format off
 constexpr Kriterium alleWahr{.pruefung = Pruefung::AlleWahr, .titel = u"Marken", .a = {.art = Steuerung::Kaestchen, .control = "chkA", .anzahl = 3, .zeile = 1, .worte = markenworte},
-                             .felder = marken};
+                             .felder = wahrheitsfelder};
 constexpr Kriterium einsWahr{.pruefung = Pruefung::EinsWahr, .titel = u"Marken", .a = {.art = Steuerung::Kaestchen, .control = "chkA", .anzahl = 3, .zeile = 1, .worte = markenworte},
-                             .felder = marken};
-constexpr Kriterium gleich{.pruefung = Pruefung::Gleich, .titel = u"Art", .a = {.art = Steuerung::Liste, .control = "cboA", .zeile = 1, .alle = u"-- Alle --"}, .feld = "DTNAM"};
+                             .felder = wahrheitsfelder};
+constexpr Kriterium gleichesWort{.pruefung = Pruefung::Gleich, .titel = u"Art", .a = {.art = Steuerung::Liste, .control = "cboA", .zeile = 1, .alle = u"-- Alle --"}, .feld = "DTNAM"};
 constexpr Kriterium listenwort{.pruefung = Pruefung::WortImText, .titel = u"Lager", .a = {.art = Steuerung::Liste, .control = "cboA", .zeile = 1, .alle = u"-- Alle --"}, .feld = "sonstiges"};
 constexpr Kriterium kaestchenwort{.pruefung = Pruefung::WortImText, .titel = u"Wuchs", .a = {.art = Steuerung::Kaestchen, .control = "chkA", .anzahl = 3, .zeile = 1, .worte = wuchs}, .feld = "wuchsform"};
 constexpr Kriterium keine{.pruefung = Pruefung::Keine, .titel = u"Kennziffer", .a = {.control = "txtA", .zeile = 1}, .feld = "kennziffer"};
@@ -69,10 +70,10 @@ void TestPruefungsarten::passt_data()
     zeile("eins wahr: zwei, eines", einsWahr, {0, 2}, {}, {nein, ja}, true, true);
     zeile("eins wahr: zwei, keines", einsWahr, {0, 2}, {}, {nein, nein}, true, false);
     zeile("eins wahr: alle gewählt", einsWahr, {0, 1, 2}, {}, {nein, nein, nein}, false, true);
-    zeile("gleich: alle", gleich, {}, alle, {u"Birne"_s}, false, true);
-    zeile("gleich: ja", gleich, {}, u"Birne"_s, {u"Birne"_s}, true, true);
-    zeile("gleich: nicht der Anfang", gleich, {}, u"Birne"_s, {u"Birnen"_s}, true, false);
-    zeile("gleich: nicht die Schreibung", gleich, {}, u"Birne"_s, {u"birne"_s}, true, false);
+    zeile("gleich: alle", gleichesWort, {}, alle, {u"Birne"_s}, false, true);
+    zeile("gleich: ja", gleichesWort, {}, u"Birne"_s, {u"Birne"_s}, true, true);
+    zeile("gleich: nicht der Anfang", gleichesWort, {}, u"Birne"_s, {u"Birnen"_s}, true, false);
+    zeile("gleich: nicht die Schreibung", gleichesWort, {}, u"Birne"_s, {u"birne"_s}, true, false);
     zeile("Listenwort: alle", listenwort, {}, alle, {u""_s}, false, true);
     zeile("Listenwort: ja", listenwort, {}, u"Dezember"_s, {u"Oktober bis DEZEMBER"_s}, true, true);
     zeile("Listenwort: nein", listenwort, {}, u"Januar"_s, {u"Oktober bis Dezember"_s}, true, false);
@@ -140,5 +141,5 @@ void TestPruefungsarten::tabellen()
     }
 }
 
-QTEST_GUILESS_MAIN(TestPruefungsarten)
+FLOX_TEST(tst_pruefungsarten, TestPruefungsarten)
 #include "tst_pruefungsarten.moc"

@@ -9,6 +9,7 @@
 #include "store/Text.h"
 #include "tests/Faelle.h"
 #include "tests/Hilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QFile>
 #include <QRandomGenerator>
@@ -454,5 +455,5 @@ void TestTreffer::zeile()
     QCOMPARE(pflanzenwort(0), u"keine Pflanze"_s);
 }
 
-QTEST_GUILESS_MAIN(TestTreffer)
+FLOX_TEST(tst_treffer, TestTreffer)
 #include "tst_treffer.moc"

@@ -2,6 +2,7 @@
 
 #include "controls/Steuerelemente.h"
 #include "filters/Trefferanzeige.h"
+#include "tests/Testprogramm.h"
 
 #include <QAccessible>
 #include <QElapsedTimer>
@@ -264,5 +265,5 @@ void TestTrefferanzeige::schliessenBeimLesen()
     QCOMPARE(gelesen(), pflanzenwort(size_t(probe_->pflanzen().size())));
 }
 
-QTEST_MAIN(TestTrefferanzeige)
+FLOX_TEST(tst_trefferanzeige, TestTrefferanzeige)
 #include "tst_trefferanzeige.moc"

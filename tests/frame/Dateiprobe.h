@@ -6,6 +6,9 @@
 
 #include <QDir>
 
+/// What the status bar says while a subset is loaded.
+inline const QString teilmengensatz = QStringLiteral("Sie arbeiten mit einer Teilmenge der Flox-Datenbank!");
+
 /* A main window in the folder of its program, with its messages caught: for tests of files that the user chooses. */
 class Dateiprobe : public Rahmenprobe
 {

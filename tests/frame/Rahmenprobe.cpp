@@ -2,6 +2,7 @@
 
 #include "frame/Flaeche.h"
 #include "plantwindows/Pflanzenfenster.h"
+#include "tests/store/Datenhilfen.h"
 
 #include <QMdiSubWindow>
 #include <QSignalSpy>
@@ -10,6 +11,13 @@
 Ablage::Ablage()
 {
     qputenv("XDG_CONFIG_HOME", ordner_.path().toUtf8());
+}
+
+void programmSchreiben(const QString &pfad, const QByteArray &inhalt, bool ausfuehrbar)
+{
+    QDir().mkpath(QFileInfo(pfad).path());
+    schreiben(pfad, inhalt);
+    QFile::setPermissions(pfad, QFile::ReadOwner | QFile::WriteOwner | (ausfuehrbar ? QFile::ExeOwner : QFile::Permissions()));
 }
 
 void Rahmenprobe::laden()

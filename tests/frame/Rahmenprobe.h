@@ -21,6 +21,9 @@ private:
     QTemporaryDir ordner_;
 };
 
+/// Another program in a folder, which is made; what cannot be executed is a file like any other.
+void programmSchreiben(const QString &pfad, const QByteArray &inhalt, bool ausfuehrbar = true);
+
 /// A main window on a program folder and settings of its own.
 class Rahmenprobe
 {

@@ -11,6 +11,7 @@
 #include "store/access/Format.h"
 #include "tests/store/Datenhilfen.h"
 #include "tests/store/access/Accesshilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -29,7 +30,6 @@ namespace {
 
 constexpr size_t seitenbytes = 4096;
 constexpr auto ohneGross = QRegularExpression::CaseInsensitiveOption;
-const QString teilmengensatz = u"Sie arbeiten mit einer Teilmenge der Flox-Datenbank!"_s;
 
 /// Every value of a table, row by row; in the order of the rows' numbers where they have any.
 QStringList alles(Datenbank &db, const QString &tabelle)
@@ -594,5 +594,5 @@ private:
     std::unique_ptr<Dateiprobe> probe_;
 };
 
-QTEST_MAIN(TestAccessdateien)
+FLOX_TEST(tst_accessdateien, TestAccessdateien)
 #include "tst_accessdateien.moc"

@@ -8,6 +8,7 @@
 #include "pictures/frmUebersicht.h"
 #include "printing/frmDrucken.h"
 #include "printing/frmTabelle.h"
+#include "tests/Testprogramm.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -549,5 +550,5 @@ void TestAufgaben::listeAlsTabelle()
     QCOMPARE(zeilen.size(), anzahl + 1);
 }
 
-QTEST_MAIN(TestAufgaben)
+FLOX_TEST(tst_aufgaben, TestAufgaben)
 #include "tst_aufgaben.moc"

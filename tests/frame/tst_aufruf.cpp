@@ -5,6 +5,7 @@
 #include "filters/Filterdialog.h"
 #include "frame/Aufruf.h"
 #include "plantwindows/Pflanzenfenster.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QProcess>
@@ -187,5 +188,5 @@ void TestAufruf::wasNichtGehtWirdGesagt()
     QCOMPARE(probe.titel(), QStringList());
 }
 
-QTEST_MAIN(TestAufruf)
+FLOX_TEST(tst_aufruf, TestAufruf)
 #include "tst_aufruf.moc"

@@ -4,6 +4,7 @@
 #include "frame/Menue.h"
 #include "plantwindows/Beschreibung.h"
 #include "store/Fehler.h"
+#include "tests/Testprogramm.h"
 
 #include <QMenuBar>
 #include <QTest>
@@ -166,5 +167,5 @@ private:
     Befehle befehle_{programm_, umgebung_};
 };
 
-QTEST_MAIN(TestBefehle)
+FLOX_TEST(tst_befehle, TestBefehle)
 #include "tst_befehle.moc"

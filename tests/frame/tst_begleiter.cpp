@@ -5,6 +5,7 @@
 #include "frame/Inidatei.h"
 #include "frame/Registry.h"
 #include "frame/frmInstall.h"
+#include "tests/Testprogramm.h"
 
 #include <QComboBox>
 #include <QMenu>
@@ -16,15 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// A script that tells its folder.
-constexpr char melder[] = "#!/bin/sh\npwd -P > \"$(dirname \"$0\")/neu\"\nmv \"$(dirname \"$0\")/neu\" \"$(dirname \"$0\")/bericht\"\n";
-
-void schreiben(const QString &pfad, const QByteArray &inhalt = melder)
-{
-    QFile datei(pfad);
-    if (!QDir().mkpath(QFileInfo(pfad).path()) || !datei.open(QIODevice::WriteOnly) || datei.write(inhalt) != inhalt.size())
-        qFatal("cannot write the test file");
-    datei.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-}
+constexpr char ortmelder[] = "#!/bin/sh\npwd -P > \"$(dirname \"$0\")/neu\"\nmv \"$(dirname \"$0\")/neu\" \"$(dirname \"$0\")/bericht\"\n";
 
 /// Where a script worked; empty: it has not run.
 QString bericht(const QString &ordner)
@@ -137,7 +130,7 @@ private slots:
                 return QString();
             QDir().mkpath(ort(name));
             if (datei != u"-")
-                schreiben(ort(name) + u'/' + datei);
+                programmSchreiben(ort(name) + u'/' + datei, ortmelder);
             return ort(name) + u'\\';
         };
         const QString mulkoPfad = pfad(u"m"_s, mulko), editorPfad = pfad(u"e"_s, editor);
@@ -176,11 +169,11 @@ private slots:
         QFETCH(int, welcher);
         const Begleitprogramm &begleiter = begleitprogramme()[size_t(welcher)];
         const QString werkzeuge = ort(u"werkzeuge"_s), heim = ort(u"Begleiter heim"_s), hier = QDir::currentPath();
-        schreiben(werkzeuge + u"/wmctrl"_s,
-                  "#!/bin/sh\necho \"$2\" > \"$(dirname \"$0\")/neu\"\nmv \"$(dirname \"$0\")/neu\" \"$(dirname \"$0\")/bericht\"\n");
+        programmSchreiben(werkzeuge + u"/wmctrl"_s,
+                          "#!/bin/sh\necho \"$2\" > \"$(dirname \"$0\")/neu\"\nmv \"$(dirname \"$0\")/neu\" \"$(dirname \"$0\")/bericht\"\n");
         const QByteArray vorher = qgetenv("PATH");
         qputenv("PATH", werkzeuge.toLocal8Bit() + ':' + vorher);
-        schreiben(heim + u'/' + begleiter.datei.toString().toLower());
+        programmSchreiben(heim + u'/' + begleiter.datei.toString().toLower(), ortmelder);
         probe_->programm.*begleiter.pfad = heim + u'\\';
         probe_->laden();
         probe_->waehlen(begleiter.mnuRun);
@@ -196,7 +189,7 @@ private slots:
     void aufrufScheitert()
     {
         const QString heim = ort(u"heim"_s);
-        schreiben(heim + u"/Mulko.exe"_s, "MZ");
+        programmSchreiben(heim + u"/Mulko.exe"_s, "MZ");
         QVERIFY(QFile::setPermissions(heim + u"/Mulko.exe"_s, QFile::ReadOwner));
         probe_->programm.MulkoPfad = heim + u'\\';
         probe_->laden();
@@ -226,7 +219,7 @@ private slots:
         const Begleitprogramm &begleiter = begleitprogramme()[size_t(welcher)];
         const QString hier = QDir::currentPath(), setup = ort(u"cd"_s) + u'/' + (welcher == 0 ? u"Mulko"_s : u"FLOX-EDITOR"_s);
         cdEinlegen();
-        schreiben(setup + u"/SETUP.EXE"_s);
+        programmSchreiben(setup + u"/SETUP.EXE"_s, ortmelder);
         probe_->laden();
         probe_->zentrale->setLaufwerke([this] { return laufwerke(); });
         const Kastenhand hand;
@@ -248,7 +241,7 @@ private slots:
         hand.davor = [&] {
             if (hand.kaesten.size() == 2) {
                 cdEinlegen();
-                schreiben(ort(u"cd/Mulko"_s) + u"/setup"_s);
+                programmSchreiben(ort(u"cd/Mulko"_s) + u"/setup"_s, ortmelder);
             }
         };
         probe_->waehlen("mnuMulkoInstall");
@@ -297,7 +290,7 @@ private slots:
     {
         cdEinlegen();
         QVERIFY(QFile::remove(ort(u"cd"_s) + u"/Winflox3.ico"_s));
-        schreiben(ort(u"cd/Mulko"_s) + u"/setup.exe"_s);
+        programmSchreiben(ort(u"cd/Mulko"_s) + u"/setup.exe"_s, ortmelder);
         probe_->laden();
         probe_->zentrale->setLaufwerke([this] { return laufwerke(); });
         const Kastenhand hand({QMessageBox::Cancel});
@@ -354,7 +347,7 @@ private slots:
         QVERIFY(uhr(begleiter.timInstall)->isActive());
         QVERIFY(hand.kaesten.empty() && (probe_->programm.*begleiter.pfad).isEmpty());
 
-        schreiben(heim + u'/' + begleiter.datei.toString());
+        programmSchreiben(heim + u'/' + begleiter.datei.toString(), ortmelder);
         vonAussen({{begleiterSchluessel.toString(), wert, heim}});
         fragen(begleiter.timInstall);
         QVERIFY(!uhr(begleiter.timInstall)->isActive());
@@ -392,8 +385,8 @@ private slots:
         Kastenhand hand({QMessageBox::Cancel, QMessageBox::Cancel});
         probe_->waehlen("mnuMulkoInstall");
         probe_->waehlen("mnuFloxEditorInstall");
-        schreiben(ort(u"m"_s) + u"/mulko"_s);
-        schreiben(ort(u"e"_s) + u"/flox-editor"_s);
+        programmSchreiben(ort(u"m"_s) + u"/mulko"_s, ortmelder);
+        programmSchreiben(ort(u"e"_s) + u"/flox-editor"_s, ortmelder);
         vonAussen(
             {{begleiterSchluessel.toString(), u"Mulko-Verz"_s, ort(u"m"_s)}, {begleiterSchluessel.toString(), u"FLOX-Editor-Verz"_s, ort(u"e"_s)}});
         QDialog form(probe_->zentrale.get());
@@ -430,7 +423,7 @@ private:
     void cdEinlegen()
     {
         for (const QString &marke : {u"stauden/arm.jpg"_s, u"Gehoelze/Abi.JPG"_s, u"Winflox3.ico"_s})
-            schreiben(ort(u"cd"_s) + u'/' + marke, "x");
+            programmSchreiben(ort(u"cd"_s) + u'/' + marke, "x");
     }
 
     /// A floppy, a volume that is no CD, and the one that becomes it.
@@ -473,5 +466,5 @@ private:
     std::optional<QTemporaryDir> ordner_;
 };
 
-QTEST_MAIN(TestBegleiter)
+FLOX_TEST(tst_begleiter, TestBegleiter)
 #include "tst_begleiter.moc"

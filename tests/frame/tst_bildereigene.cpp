@@ -3,6 +3,7 @@
 
 #include "pictures/Bilderstreifen.h"
 #include "tests/pictures/Laufprobe.h"
+#include "tests/Testprogramm.h"
 
 #include <QLabel>
 
@@ -126,5 +127,5 @@ private:
     std::optional<Rahmenprobe> probe_;
 };
 
-QTEST_MAIN(TestBildereigene)
+FLOX_TEST(tst_bildereigene, TestBildereigene)
 #include "tst_bildereigene.moc"

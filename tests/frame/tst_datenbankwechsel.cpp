@@ -1,3 +1,4 @@
+#include "Dateiprobe.h"
 #include "Handgriffe.h"
 #include "Rahmenprobe.h"
 
@@ -17,6 +18,7 @@
 #include "tests/Faelle.h"
 #include "tests/store/Dateistoerung.h"
 #include "tests/store/Datenhilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -30,7 +32,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString teilmengensatz = u"Sie arbeiten mit einer Teilmenge der Flox-Datenbank!"_s;
 const QString startsatz = u"Sie arbeiten mit Datenbanken die vom Benutzer geändert wurden!"_s;
 
 } // namespace
@@ -575,5 +576,5 @@ private:
     std::unique_ptr<Rahmenprobe> probe_;
 };
 
-QTEST_MAIN(TestDatenbankwechsel)
+FLOX_TEST(tst_datenbankwechsel, TestDatenbankwechsel)
 #include "tst_datenbankwechsel.moc"

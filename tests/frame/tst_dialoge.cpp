@@ -6,6 +6,7 @@
 #include "frame/frmStart.h"
 #include "plantwindows/Beschreibung.h"
 #include "plantwindows/Pflanzenfenster.h"
+#include "tests/Testprogramm.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -336,5 +337,5 @@ void TestDialoge::startZeit()
     QTRY_VERIFY(fertig.count() >= 1);
 }
 
-QTEST_MAIN(TestDialoge)
+FLOX_TEST(tst_dialoge, TestDialoge)
 #include "tst_dialoge.moc"

@@ -7,6 +7,7 @@
 #include "printing/Seitenvorschau.h"
 #include "tests/Dateiwahl.h"
 #include "tests/printing/Druckhilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -389,5 +390,5 @@ void TestDrucken::zweiNacheinander()
     QVERIFY(erstes != zweites);
 }
 
-QTEST_MAIN(TestDrucken)
+FLOX_TEST(tst_drucken, TestDrucken)
 #include "tst_drucken.moc"

@@ -2,6 +2,7 @@
 
 #include "frame/Einstellungen.h"
 #include "frame/Registry.h"
+#include "tests/Testprogramm.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -518,5 +519,5 @@ void TestEinstellungen::beschaedigteDatei()
     }
 }
 
-QTEST_GUILESS_MAIN(TestEinstellungen)
+FLOX_TEST(tst_einstellungen, TestEinstellungen)
 #include "tst_einstellungen.moc"

@@ -11,6 +11,7 @@
 #include "store/Teilmenge.h"
 #include "tests/store/Datenhilfen.h"
 #include "tests/store/Rechte.h"
+#include "tests/Testprogramm.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -453,5 +454,5 @@ private:
     std::unique_ptr<Dateiprobe> probe_;
 };
 
-QTEST_MAIN(TestExport)
+FLOX_TEST(tst_export, TestExport)
 #include "tst_export.moc"

@@ -4,6 +4,7 @@
 #include "frame/Aussehen.h"
 #include "frame/Farbschema.h"
 #include "plantwindows/Pflanzenfenster.h"
+#include "tests/Testprogramm.h"
 #include "Rahmenprobe.h"
 
 #include <QApplication>
@@ -347,5 +348,5 @@ void TestFarbschema::fensterFolgen()
     QTRY_COMPARE(helligkeit(), hell);
 }
 
-QTEST_MAIN(TestFarbschema)
+FLOX_TEST(tst_farbschema, TestFarbschema)
 #include "tst_farbschema.moc"

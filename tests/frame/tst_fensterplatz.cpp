@@ -5,6 +5,7 @@
 #include "frame/Flaeche.h"
 #include "frame/frmDBWahl.h"
 #include "plantwindows/Pflanzenfenster.h"
+#include "tests/Testprogramm.h"
 
 #include <QMdiSubWindow>
 #include <QSignalSpy>
@@ -238,5 +239,5 @@ void TestFensterplatz::dunkleUmgebung()
     QApplication::setPalette(vorher);
 }
 
-QTEST_MAIN(TestFensterplatz)
+FLOX_TEST(tst_fensterplatz, TestFensterplatz)
 #include "tst_fensterplatz.moc"

@@ -4,6 +4,7 @@
 #include "controls/Steuerelemente.h"
 #include "filters/Filterdialog.h"
 #include "frame/Flaeche.h"
+#include "tests/Testprogramm.h"
 
 #include <QLineEdit>
 #include <QMenu>
@@ -291,5 +292,5 @@ void TestFenstersperre::ungeschlossenesFensterRaeumtAuf()
     QCOMPARE(QDir(probe_->ordner.pfad()).entryList(QDir::Files), QStringList{u"flox-demo.mdb"_s});
 }
 
-QTEST_MAIN(TestFenstersperre)
+FLOX_TEST(tst_fenstersperre, TestFenstersperre)
 #include "tst_fenstersperre.moc"

@@ -1,5 +1,6 @@
 #include "frame/Fenstertabelle.h"
 #include "plantwindows/Pflanzenfenster.h"
+#include "tests/Testprogramm.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -78,5 +79,5 @@ void TestFenstertabelle::letztesFenster()
     QTEST(FensterZahlPruefen(tabellen), "letztes");
 }
 
-QTEST_GUILESS_MAIN(TestFenstertabelle)
+FLOX_TEST(tst_fenstertabelle, TestFenstertabelle)
 #include "tst_fenstertabelle.moc"

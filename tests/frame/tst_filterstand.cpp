@@ -2,6 +2,7 @@
 #include "Rahmenprobe.h"
 
 #include "filters/Filterdialog.h"
+#include "tests/Testprogramm.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -101,5 +102,5 @@ private:
     int alle_ = 0;
 };
 
-QTEST_MAIN(TestFilterstand)
+FLOX_TEST(tst_filterstand, TestFilterstand)
 #include "tst_filterstand.moc"

@@ -9,6 +9,7 @@
 #include "plantwindows/Pflanzenfenster.h"
 #include "printing/Druckgeraet.h"
 #include "printing/frmDrucken.h"
+#include "tests/Testprogramm.h"
 
 #include <QPainter>
 #include <QGroupBox>
@@ -244,5 +245,5 @@ void TestHauptfenster::dialogeImAussehenDesHauses()
     QApplication::setStyle(stilVorher);
 }
 
-QTEST_MAIN(TestHauptfenster)
+FLOX_TEST(tst_hauptfenster, TestHauptfenster)
 #include "tst_hauptfenster.moc"

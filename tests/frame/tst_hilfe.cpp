@@ -10,6 +10,7 @@
 #include "frame/frmHilfe.h"
 #include "frame/frmStart.h"
 #include "plantwindows/Beschreibung.h"
+#include "tests/Testprogramm.h"
 
 #include <QHelpContentModel>
 #include <QHelpContentWidget>
@@ -640,5 +641,5 @@ void TestHilfe::endetMitDemProgramm()
         QVERIFY(oben->objectName() != u"frmHilfe");
 }
 
-QTEST_MAIN(TestHilfe)
+FLOX_TEST(tst_hilfe, TestHilfe)
 #include "tst_hilfe.moc"

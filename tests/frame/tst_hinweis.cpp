@@ -2,6 +2,7 @@
 
 #include "frame/Einstellungen.h"
 #include "frame/frmHinweis.h"
+#include "tests/Testprogramm.h"
 
 #include <QCheckBox>
 #include <QPushButton>
@@ -13,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString dateien[] = {{}, u"dbspeichern.htt"_s, u"dbladen.htt"_s};
+const QString hinweisdateien[] = {{}, u"dbspeichern.htt"_s, u"dbladen.htt"_s};
 
 } // namespace
 
@@ -27,7 +28,7 @@ private slots:
     {
         probe_ = std::make_unique<Rahmenprobe>();
         for (int nummer : {frmHinweis::speichern, frmHinweis::laden})
-            QVERIFY(QFile::copy(QStringLiteral(FLOX_PROGRAMM) + u'/' + dateien[nummer], probe_->ordner.pfad(dateien[nummer])));
+            QVERIFY(QFile::copy(QStringLiteral(FLOX_PROGRAMM) + u'/' + hinweisdateien[nummer], probe_->ordner.pfad(hinweisdateien[nummer])));
     }
 
     void aufbau()
@@ -102,7 +103,7 @@ private slots:
     {
         QFETCH(QString, inhalt);
         QFETCH(QString, meldung);
-        const QString pfad = probe_->ordner.pfad(dateien[frmHinweis::laden]);
+        const QString pfad = probe_->ordner.pfad(hinweisdateien[frmHinweis::laden]);
         QVERIFY(QFile::remove(pfad));
         if (!inhalt.isNull()) {
             QFile datei(pfad);
@@ -119,7 +120,7 @@ private slots:
 
     void dateiMitAndererSchreibung()
     {
-        QVERIFY(QFile::rename(probe_->ordner.pfad(dateien[1]), probe_->ordner.pfad(u"DBSPEICHERN.HTT"_s)));
+        QVERIFY(QFile::rename(probe_->ordner.pfad(hinweisdateien[1]), probe_->ordner.pfad(u"DBSPEICHERN.HTT"_s)));
         auto form = oeffnen(frmHinweis::speichern);
         QVERIFY(text(*form)->toPlainText().startsWith(u"Datenbanken speichern unter"));
     }
@@ -208,5 +209,5 @@ private:
     std::unique_ptr<Rahmenprobe> probe_;
 };
 
-QTEST_MAIN(TestHinweis)
+FLOX_TEST(tst_hinweis, TestHinweis)
 #include "tst_hinweis.moc"

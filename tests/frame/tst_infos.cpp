@@ -3,6 +3,7 @@
 
 #include "frame/Registry.h"
 #include "frame/frmInfos.h"
+#include "tests/Testprogramm.h"
 
 #include <QClipboard>
 #include <QLabel>
@@ -107,5 +108,5 @@ private:
     std::unique_ptr<Rahmenprobe> probe_;
 };
 
-QTEST_MAIN(TestInfos)
+FLOX_TEST(tst_infos, TestInfos)
 #include "tst_infos.moc"

@@ -4,6 +4,7 @@
 #include "frame/Inidatei.h"
 #include "frame/Registry.h"
 #include "tests/store/Datenhilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QElapsedTimer>
 #include <QLockFile>
@@ -182,5 +183,5 @@ void TestInidatei::zweiProgramme()
     }
 }
 
-QTEST_GUILESS_MAIN(TestInidatei)
+FLOX_TEST(tst_inidatei, TestInidatei)
 #include "tst_inidatei.moc"

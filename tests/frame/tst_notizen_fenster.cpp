@@ -5,6 +5,7 @@
 #include "filters/Filterdialog.h"
 #include "frame/Flaeche.h"
 #include "frame/Registry.h"
+#include "tests/Testprogramm.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -241,5 +242,5 @@ void TestNotizenFenster::endeOhneFrageHebtAuf()
     QCOMPARE(aufgehoben().size(), 1);
 }
 
-QTEST_MAIN(TestNotizenFenster)
+FLOX_TEST(tst_notizen_fenster, TestNotizenFenster)
 #include "tst_notizen_fenster.moc"

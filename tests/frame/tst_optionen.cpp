@@ -9,6 +9,7 @@
 #include "pictures/frmBilder.h"
 #include "plantwindows/Pflanzenfenster.h"
 #include "store/Wertelisten.h"
+#include "tests/Testprogramm.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -333,5 +334,5 @@ private:
     std::unique_ptr<Rahmenprobe> probe_;
 };
 
-QTEST_MAIN(TestOptionen)
+FLOX_TEST(tst_optionen, TestOptionen)
 #include "tst_optionen.moc"

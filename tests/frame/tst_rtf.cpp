@@ -1,4 +1,5 @@
 #include "frame/Rtf.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -102,5 +103,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRtf)
+FLOX_TEST(tst_rtf, TestRtf)
 #include "tst_rtf.moc"

@@ -1,6 +1,8 @@
-#include "frame/System.h"
+#include "Rahmenprobe.h"
 
+#include "frame/System.h"
 #include "store/Pfade.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,14 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void schreiben(const QString &pfad, const QByteArray &inhalt, bool ausfuehrbar = true)
-{
-    QFile datei(pfad);
-    if (!datei.open(QIODevice::WriteOnly) || datei.write(inhalt) != inhalt.size())
-        qFatal("cannot write the test file");
-    datei.setPermissions(QFile::ReadOwner | QFile::WriteOwner | (ausfuehrbar ? QFile::ExeOwner : QFile::Permissions()));
-}
 
 QString gelesen(const QString &pfad)
 {
@@ -118,7 +112,7 @@ private slots:
         const QTemporaryDir ordner;
         for (const QString &datei : vorhanden) {
             QVERIFY(QDir().mkpath(QFileInfo(ordner.filePath(datei)).path()));
-            schreiben(ordner.filePath(datei), "x");
+            programmSchreiben(ordner.filePath(datei), "x");
         }
         for (const QString &wurzel : {ordner.path(), ordner.path() + u'\\', ordner.path() + u"/"_s}) {
             QStringList namen;
@@ -137,7 +131,7 @@ private slots:
         const QTemporaryDir ordner;
         const QString programm = ordner.filePath(u"Mein Programm"_s), vorher = QDir::currentPath();
         QVERIFY(QDir().mkpath(programm));
-        schreiben(programm + u"/SETUP.EXE"_s, melder("exe"));
+        programmSchreiben(programm + u"/SETUP.EXE"_s, melder("exe"));
         QVERIFY(programmStarten(QString(programm).replace(u'/', u'\\') + u'\\', u"setup.exe"_s));
         QTRY_COMPARE(gelesen(programm + u"/bericht"_s), u"exe "_s + QFileInfo(programm).canonicalFilePath());
         QCOMPARE(QDir::currentPath(), vorher);
@@ -147,8 +141,8 @@ private slots:
     void naechsteDateiWennDieErsteNichtGeht()
     {
         const QTemporaryDir ordner;
-        schreiben(ordner.filePath(u"mulko.exe"_s), "MZ", false);
-        schreiben(ordner.filePath(u"mulko"_s), melder("script"));
+        programmSchreiben(ordner.filePath(u"mulko.exe"_s), "MZ", false);
+        programmSchreiben(ordner.filePath(u"mulko"_s), melder("script"));
         QVERIFY(programmStarten(ordner.path(), u"Mulko.exe"_s));
         QTRY_VERIFY(gelesen(ordner.filePath(u"bericht"_s)).startsWith(u"script "));
     }
@@ -157,7 +151,7 @@ private slots:
     {
         const QTemporaryDir ordner;
         QVERIFY(!programmStarten(ordner.path(), u"mulko.exe"_s));
-        schreiben(ordner.filePath(u"mulko.exe"_s), "MZ", false);
+        programmSchreiben(ordner.filePath(u"mulko.exe"_s), "MZ", false);
         QVERIFY(!programmStarten(ordner.path(), u"mulko.exe"_s));
         QVERIFY(!programmStarten({}, u"mulko.exe"_s));
     }
@@ -166,8 +160,8 @@ private slots:
     {
         const QTemporaryDir ordner;
         const QByteArray vorher = qgetenv("PATH");
-        schreiben(ordner.filePath(u"wmctrl"_s),
-                  "#!/bin/sh\necho \"$#:$1:$2\" > \"$(dirname \"$0\")/neu\"\nmv \"$(dirname \"$0\")/neu\" \"$(dirname \"$0\")/bericht\"\n");
+        programmSchreiben(ordner.filePath(u"wmctrl"_s),
+                          "#!/bin/sh\necho \"$#:$1:$2\" > \"$(dirname \"$0\")/neu\"\nmv \"$(dirname \"$0\")/neu\" \"$(dirname \"$0\")/bericht\"\n");
         qputenv("PATH", ordner.path().toLocal8Bit() + ':' + vorher);
         fensterAktivieren(u"Flox-Editor"_s);
         QTRY_COMPARE(gelesen(ordner.filePath(u"bericht"_s)), u"2:-a:Flox-Editor"_s);
@@ -178,5 +172,5 @@ private slots:
 #endif
 };
 
-QTEST_GUILESS_MAIN(TestSystem)
+FLOX_TEST(tst_system, TestSystem)
 #include "tst_system.moc"

@@ -11,6 +11,7 @@
 #include "printing/Seitenvorschau.h"
 #include "tests/Dateiwahl.h"
 #include "tests/printing/Druckhilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QApplication>
 #include <QGroupBox>
@@ -194,5 +195,5 @@ private:
     std::unique_ptr<Rahmenprobe> probe_;
 };
 
-QTEST_MAIN(TestUebungsblatt)
+FLOX_TEST(tst_uebungsblatt, TestUebungsblatt)
 #include "tst_uebungsblatt.moc"

@@ -7,6 +7,7 @@
 #include "frame/Aussehen.h"
 #include "frame/Flaeche.h"
 #include "plantwindows/Elemente.h"
+#include "tests/Testprogramm.h"
 
 #include <QLabel>
 #include <QMessageBox>
@@ -521,5 +522,5 @@ void TestVergleich::zufall()
     }
 }
 
-QTEST_MAIN(TestVergleich)
+FLOX_TEST(tst_vergleich, TestVergleich)
 #include "tst_vergleich.moc"

@@ -8,6 +8,7 @@
 #include "plantwindows/frmPruefung.h"
 #include "plantwindows/frmSuche.h"
 #include "printing/frmTabelle.h"
+#include "tests/Testprogramm.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -300,5 +301,5 @@ void TestVorlesen::bilderzahlWirdAngesagt()
     QVERIFY2(wurdeGesagt(u"lblAnzahl: "_s + lblAnzahl->text()), qPrintable(gehoert.join(u'|')));
 }
 
-QTEST_MAIN(TestVorlesen)
+FLOX_TEST(tst_vorlesen, TestVorlesen)
 #include "tst_vorlesen.moc"

@@ -5,6 +5,7 @@
 #include "frame/Ablauf.h"
 #include "frame/Flaeche.h"
 #include "frame/frmDBWahl.h"
+#include "tests/Testprogramm.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -166,5 +167,5 @@ void TestWahl::schildUndProgrammfenster()
     QTEST(offene(), "fenster");
 }
 
-QTEST_MAIN(TestWahl)
+FLOX_TEST(tst_wahl, TestWahl)
 #include "tst_wahl.moc"

@@ -6,6 +6,7 @@
 #include "frame/Registry.h"
 #include "plantwindows/Beschreibung.h"
 #include "plantwindows/Pflanzenfenster.h"
+#include "tests/Testprogramm.h"
 
 #include <QCheckBox>
 #include <QImage>
@@ -593,5 +594,5 @@ void TestZentral::unlesbareDatenbank()
     QCOMPARE(meldungen.texte.size(), 2);
 }
 
-QTEST_MAIN(TestZentral)
+FLOX_TEST(tst_zentral, TestZentral)
 #include "tst_zentral.moc"

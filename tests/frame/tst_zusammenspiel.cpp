@@ -7,6 +7,7 @@
 #include "frame/Flaeche.h"
 #include "frame/frmDBWahl.h"
 #include "tests/Faelle.h"
+#include "tests/Testprogramm.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -466,5 +467,5 @@ void TestZusammenspiel::wanderung()
     }
 }
 
-QTEST_MAIN(TestZusammenspiel)
+FLOX_TEST(tst_zusammenspiel, TestZusammenspiel)
 #include "tst_zusammenspiel.moc"

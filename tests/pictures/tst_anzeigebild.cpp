@@ -2,6 +2,7 @@
 
 #include "pictures/Anzeigebild.h"
 #include "pictures/Bildlader.h"
+#include "tests/Testprogramm.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
@@ -137,5 +138,5 @@ private:
     Bildordner ordner_;
 };
 
-QTEST_GUILESS_MAIN(TestAnzeigebild)
+FLOX_TEST(tst_anzeigebild, TestAnzeigebild)
 #include "tst_anzeigebild.moc"

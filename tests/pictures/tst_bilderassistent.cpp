@@ -6,6 +6,7 @@
 #include "pictures/frmBilderSuche.h"
 #include "store/Pfade.h"
 #include "tests/frame/Handgriffe.h"
+#include "tests/Testprogramm.h"
 
 #include <QFileSystemModel>
 #include <QLabel>
@@ -584,5 +585,5 @@ private:
     QString schild_;
 };
 
-QTEST_MAIN(TestBilderassistent)
+FLOX_TEST(tst_bilderassistent, TestBilderassistent)
 #include "tst_bilderassistent.moc"

@@ -3,6 +3,7 @@
 #include "controls/Steuerelemente.h"
 #include "pictures/Bildlader.h"
 #include "pictures/frmBilder.h"
+#include "tests/Testprogramm.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -340,5 +341,5 @@ void tst_bilderfenster::wheel()
     QCOMPARE(fenster_->Zoomfaktor(), 100);
 }
 
-QTEST_MAIN(tst_bilderfenster)
+FLOX_TEST(tst_bilderfenster, tst_bilderfenster)
 #include "tst_bilderfenster.moc"

@@ -2,6 +2,7 @@
 #include "Bildprobe.h"
 
 #include "pictures/Bilderstreifen.h"
+#include "tests/Testprogramm.h"
 
 #include <QLabel>
 #include <QScrollBar>
@@ -236,5 +237,5 @@ void tst_bilderhand::onlyTheEndMarkMissing()
     QCOMPARE(text(0), QStringLiteral("Text fast"));
 }
 
-QTEST_MAIN(tst_bilderhand)
+FLOX_TEST(tst_bilderhand, tst_bilderhand)
 #include "tst_bilderhand.moc"

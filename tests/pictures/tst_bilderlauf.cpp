@@ -5,6 +5,7 @@
 #include "pictures/cDIBSection.h"
 #include "pictures/mIntelJPEGLibrary.h"
 #include "tests/store/Datenhilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QRandomGenerator>
 #include <QTimer>
@@ -379,5 +380,5 @@ private:
     std::optional<Bilderbaum> baum_;
 };
 
-QTEST_GUILESS_MAIN(TestBilderlauf)
+FLOX_TEST(tst_bilderlauf, TestBilderlauf)
 #include "tst_bilderlauf.moc"

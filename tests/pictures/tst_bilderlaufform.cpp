@@ -5,6 +5,7 @@
 #include "store/Pfade.h"
 #include "tests/frame/Handgriffe.h"
 #include "tests/store/Datenhilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -314,5 +315,5 @@ private:
     Programm programm_;
 };
 
-QTEST_MAIN(TestBilderlaufform)
+FLOX_TEST(tst_bilderlaufform, TestBilderlaufform)
 #include "tst_bilderlaufform.moc"

@@ -1,5 +1,7 @@
 #include "Bildprobe.h"
 
+#include "tests/Testprogramm.h"
+
 #include <QTest>
 
 /* The rules by which a plant's picture row becomes pictures. */
@@ -227,5 +229,5 @@ void tst_bilderliste::localPreviewsComeFirst()
     QVERIFY2(bilder.at(0).vorhanden && bilder[0].pfad.contains(u"vorschau"), qPrintable(bilder[0].pfad));
 }
 
-QTEST_MAIN(tst_bilderliste)
+FLOX_TEST(tst_bilderliste, tst_bilderliste)
 #include "tst_bilderliste.moc"

@@ -3,6 +3,7 @@
 #include "pictures/Bilderstreifen.h"
 #include "pictures/Namensband.h"
 #include "tools/tafeln/Tafel.h"
+#include "tests/Testprogramm.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -230,5 +231,5 @@ void tst_bilderstreifen::covered()
     QTRY_COMPARE(bild(0), vorher);
 }
 
-QTEST_MAIN(tst_bilderstreifen)
+FLOX_TEST(tst_bilderstreifen, tst_bilderstreifen)
 #include "tst_bilderstreifen.moc"

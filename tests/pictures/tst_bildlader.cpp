@@ -2,6 +2,7 @@
 
 #include "pictures/Bildlader.h"
 #include "pictures/Flaechenmittel.h"
+#include "tests/Testprogramm.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -249,5 +250,5 @@ private:
     Bildordner ordner_;
 };
 
-QTEST_GUILESS_MAIN(TestBildlader)
+FLOX_TEST(tst_bildlader, TestBildlader)
 #include "tst_bildlader.moc"

@@ -1,6 +1,7 @@
 #include "Bildhilfen.h"
 
 #include "pictures/Bildlader.h"
+#include "tests/Testprogramm.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -264,5 +265,5 @@ private:
     Bildordner ordner_;
 };
 
-QTEST_GUILESS_MAIN(TestBildschaeden)
+FLOX_TEST(tst_bildschaeden, TestBildschaeden)
 #include "tst_bildschaeden.moc"

@@ -2,6 +2,7 @@
 
 #include "pictures/cDIBSection.h"
 #include "store/Fehler.h"
+#include "tests/Testprogramm.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -270,5 +271,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestDIBSection)
+FLOX_TEST(tst_cdibsection, TestDIBSection)
 #include "tst_cdibsection.moc"

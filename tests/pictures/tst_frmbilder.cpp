@@ -2,6 +2,7 @@
 
 #include "controls/Steuerelemente.h"
 #include "pictures/frmBilder.h"
+#include "tests/Testprogramm.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -436,5 +437,5 @@ void tst_frmbilder::openedMaximised()
     QTRY_COMPARE(teil("picBildAnzeige")->width(), pixel(fenster_->width() * 15.0 - 325));
 }
 
-QTEST_MAIN(tst_frmbilder)
+FLOX_TEST(tst_frmbilder, tst_frmbilder)
 #include "tst_frmbilder.moc"

@@ -2,6 +2,7 @@
 
 #include "pictures/cDIBSection.h"
 #include "store/Fehler.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -10,25 +11,25 @@
 namespace {
 
 /// Values of one channel, the row that comes first in memory first.
-using Tafel = std::vector<std::vector<int>>;
+using Werte = std::vector<std::vector<int>>;
 
-void fuelle(cDIBSection &dib, int kanal, const Tafel &werte)
+void fuelle(cDIBSection &dib, int kanal, const Werte &werte)
 {
     for (size_t y = 0; y < werte.size(); ++y)
         for (size_t x = 0; x < werte[y].size(); ++x)
             dib.DIBSectionBitsPtr()[y * size_t(dib.BytesPerScanLine()) + x * 3 + size_t(kanal)] = uchar(werte[y][x]);
 }
 
-Tafel gelesen(const cDIBSection &dib, int kanal)
+Werte gelesen(const cDIBSection &dib, int kanal)
 {
-    Tafel werte(size_t(dib.Height()), std::vector<int>(size_t(dib.Width())));
+    Werte werte(size_t(dib.Height()), std::vector<int>(size_t(dib.Width())));
     for (size_t y = 0; y < werte.size(); ++y)
         for (size_t x = 0; x < werte[y].size(); ++x)
             werte[y][x] = dib.DIBSectionBitsPtr()[y * size_t(dib.BytesPerScanLine()) + x * 3 + size_t(kanal)];
     return werte;
 }
 
-std::unique_ptr<cDIBSection> bitmap(const Tafel &blau, const Tafel &gruen, const Tafel &rot)
+std::unique_ptr<cDIBSection> bitmap(const Werte &blau, const Werte &gruen, const Werte &rot)
 {
     auto dib = std::make_unique<cDIBSection>();
     if (!dib->Create(qint32(blau[0].size()), qint32(blau.size())))
@@ -41,7 +42,7 @@ std::unique_ptr<cDIBSection> bitmap(const Tafel &blau, const Tafel &gruen, const
 
 } // namespace
 
-Q_DECLARE_METATYPE(Tafel)
+Q_DECLARE_METATYPE(Werte)
 
 /* Pixels of Resample, computed by hand. */
 class TestResample : public QObject
@@ -51,33 +52,33 @@ class TestResample : public QObject
 private slots:
     void einKanal_data()
     {
-        QTest::addColumn<Tafel>("quelle");
-        QTest::addColumn<Tafel>("ziel");
+        QTest::addColumn<Werte>("quelle");
+        QTest::addColumn<Werte>("ziel");
         // Step 1/4 each way; 130.5, 90.5 and the like go to the even neighbour, after each of the passes.
-        QTest::newRow("2x2 to 4x4, a") << Tafel{{10, 110}, {50, 151}}
-                                       << Tafel{{10, 35, 60, 85}, {20, 45, 70, 95}, {30, 55, 80, 105}, {40, 65, 90, 116}};
-        QTest::newRow("2x2 to 4x4, b") << Tafel{{20, 120}, {60, 255}}
-                                       << Tafel{{20, 45, 70, 95}, {30, 61, 92, 123}, {40, 77, 114, 151}, {50, 93, 136, 178}};
-        QTest::newRow("2x2 to 4x4, c") << Tafel{{30, 130}, {70, 0}} << Tafel{{30, 55, 80, 105}, {40, 54, 69, 84}, {50, 54, 58, 61}, {60, 53, 46, 39}};
+        QTest::newRow("2x2 to 4x4, a") << Werte{{10, 110}, {50, 151}}
+                                       << Werte{{10, 35, 60, 85}, {20, 45, 70, 95}, {30, 55, 80, 105}, {40, 65, 90, 116}};
+        QTest::newRow("2x2 to 4x4, b") << Werte{{20, 120}, {60, 255}}
+                                       << Werte{{20, 45, 70, 95}, {30, 61, 92, 123}, {40, 77, 114, 151}, {50, 93, 136, 178}};
+        QTest::newRow("2x2 to 4x4, c") << Werte{{30, 130}, {70, 0}} << Werte{{30, 55, 80, 105}, {40, 54, 69, 84}, {50, 54, 58, 61}, {60, 53, 46, 39}};
         // Step 3/2: halving takes the middle between two pixels.
-        QTest::newRow("4x4 to 2x2") << Tafel{{0, 10, 20, 30}, {40, 50, 60, 70}, {80, 90, 100, 110}, {120, 130, 140, 150}} << Tafel{{0, 15}, {60, 75}};
-        QTest::newRow("3x3 to 2x2") << Tafel{{1, 2, 3}, {4, 5, 6}, {7, 8, 9}} << Tafel{{1, 2}, {4, 5}};
-        QTest::newRow("5x2 to 3x3") << Tafel{{0, 30, 60, 90, 120}, {9, 39, 69, 99, 129}} << Tafel{{0, 40, 80}, {3, 43, 83}, {6, 46, 86}};
-        QTest::newRow("2x4 to 4x2") << Tafel{{0, 100}, {10, 110}, {30, 130}, {200, 220}} << Tafel{{0, 25, 50, 75}, {20, 45, 70, 95}};
-        QTest::newRow("4x2 to 1x1") << Tafel{{77, 1, 2, 3}, {4, 5, 6, 7}} << Tafel{{77}};
-        QTest::newRow("2x2 to 3x1") << Tafel{{0, 255}, {9, 9}} << Tafel{{0, 85, 170}};
-        QTest::newRow("same width") << Tafel{{8, 4}, {0, 6}, {200, 100}} << Tafel{{8, 6}, {0, 3}};
+        QTest::newRow("4x4 to 2x2") << Werte{{0, 10, 20, 30}, {40, 50, 60, 70}, {80, 90, 100, 110}, {120, 130, 140, 150}} << Werte{{0, 15}, {60, 75}};
+        QTest::newRow("3x3 to 2x2") << Werte{{1, 2, 3}, {4, 5, 6}, {7, 8, 9}} << Werte{{1, 2}, {4, 5}};
+        QTest::newRow("5x2 to 3x3") << Werte{{0, 30, 60, 90, 120}, {9, 39, 69, 99, 129}} << Werte{{0, 40, 80}, {3, 43, 83}, {6, 46, 86}};
+        QTest::newRow("2x4 to 4x2") << Werte{{0, 100}, {10, 110}, {30, 130}, {200, 220}} << Werte{{0, 25, 50, 75}, {20, 45, 70, 95}};
+        QTest::newRow("4x2 to 1x1") << Werte{{77, 1, 2, 3}, {4, 5, 6, 7}} << Werte{{77}};
+        QTest::newRow("2x2 to 3x1") << Werte{{0, 255}, {9, 9}} << Werte{{0, 85, 170}};
+        QTest::newRow("same width") << Werte{{8, 4}, {0, 6}, {200, 100}} << Werte{{8, 6}, {0, 3}};
     }
     void einKanal()
     {
-        QFETCH(Tafel, quelle);
-        QFETCH(Tafel, ziel);
-        const Tafel leer(quelle.size(), std::vector<int>(quelle[0].size()));
+        QFETCH(Werte, quelle);
+        QFETCH(Werte, ziel);
+        const Werte leer(quelle.size(), std::vector<int>(quelle[0].size()));
         for (int kanal = 0; kanal < 3; ++kanal) {
             const auto dib = bitmap(kanal == 0 ? quelle : leer, kanal == 1 ? quelle : leer, kanal == 2 ? quelle : leer);
             const auto neu = dib->Resample(qint32(ziel.size()), qint32(ziel[0].size()));
             QVERIFY(neu);
-            const Tafel nichts(ziel.size(), std::vector<int>(ziel[0].size()));
+            const Werte nichts(ziel.size(), std::vector<int>(ziel[0].size()));
             for (int c = 0; c < 3; ++c)
                 QCOMPARE(gelesen(*neu, c), c == kanal ? ziel : nichts);
             QCOMPARE(gelesen(*dib, kanal), quelle);
@@ -131,7 +132,7 @@ private slots:
             const float schrittX = float(von.width() - 1) / float(nach.width());
             const float schrittY = float(von.height() - 1) / float(nach.height());
             for (int kanal = 0; kanal < 3; ++kanal) {
-                const Tafel quelle = gelesen(dib, kanal), ziel = gelesen(*neu, kanal);
+                const Werte quelle = gelesen(dib, kanal), ziel = gelesen(*neu, kanal);
                 for (int y = 0; y < nach.height(); ++y)
                     for (int x = 0; x < nach.width(); ++x) {
                         const float yf = float(y) * schrittY, xf = float(x) * schrittX;
@@ -146,5 +147,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestResample)
+FLOX_TEST(tst_resample, TestResample)
 #include "tst_resample.moc"

@@ -2,6 +2,7 @@
 
 #include "pictures/cDIBSection.h"
 #include "pictures/mIntelJPEGLibrary.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QFile>
@@ -149,5 +150,5 @@ private:
     Bildordner ordner_;
 };
 
-QTEST_GUILESS_MAIN(TestSaveJPG)
+FLOX_TEST(tst_savejpg, TestSaveJPG)
 #include "tst_savejpg.moc"

@@ -6,6 +6,7 @@
 #include "pictures/frmUebersicht.h"
 #include "store/Datenbank.h"
 #include "store/Pfade.h"
+#include "tests/Testprogramm.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -608,5 +609,5 @@ void TestUebersicht::vorleser()
         QVERIFY(!form.findChild<QWidget *>(QLatin1String(name))->accessibleName().isEmpty());
 }
 
-QTEST_MAIN(TestUebersicht)
+FLOX_TEST(tst_uebersicht, TestUebersicht)
 #include "tst_uebersicht.moc"

@@ -126,14 +126,6 @@ void Fensterprobe::mausBewegen(QWidget *control, QPoint stelle)
 namespace {
 
 /// A flag string with "1" at the given positions, counted from 1.
-QString flags(int laenge, std::initializer_list<int> stellen)
-{
-    QString text(laenge, u'0');
-    for (const int stelle : stellen)
-        text[stelle - 1] = u'1';
-    return text;
-}
-
 QList<int> gefaerbt(Fensterprobe &probe, const QString &stamm)
 {
     return probe.stellen(stamm, [](QWidget *zelle) { return zelle->property("BackColor").toInt() != farbeKnopf; });

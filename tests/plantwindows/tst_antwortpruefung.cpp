@@ -1,5 +1,6 @@
 #include "plantwindows/Antwortpruefung.h"
 #include "plantwindows/Aufgabe.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -264,5 +265,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestAntwortpruefung)
+FLOX_TEST(tst_antwortpruefung, TestAntwortpruefung)
 #include "tst_antwortpruefung.moc"

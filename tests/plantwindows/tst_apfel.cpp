@@ -1,6 +1,7 @@
 #include "Fensterprobe.h"
 
 #include "plantwindows/Elementtexte.h"
+#include "tests/Testprogramm.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -21,7 +22,7 @@ struct Listenzeile
     const char *feld, *control, *titel;
 };
 
-constexpr Listenzeile listen[] = {
+constexpr Listenzeile apfellisten[] = {
     {"haltbark", "lblHaltbar", "Label6"},    {"fruchtgr", "lblFrGroess", "Label4"},    {"form_l", "lblFormLaen", "Label5"},
     {"form_q", "lblFormQuer", "Label7"},     {"fruchtrel", "lblFrRelief", "Label9"},   {"aussehen", "lblAussGrif", "Label16"},
     {"druck", "lblDruckfes", "Label17"},     {"grundfarbe", "lblGrundFar", "Label1"},  {"deckfarbe", "lblDeckFarb", "Label10"},
@@ -38,7 +39,7 @@ constexpr Listenzeile listen[] = {
     {"fl_farbe", "lblFrFlFarb", "Label40"},  {"fl_strukt", "lblFrFlStru", "Label46"},  {"fl_duft", "lblFrFlDuft", "Label48"},
     {"geschmack", "lblFrFlGesc", "Label50"},
 };
-static_assert(std::size(listen) == 43);
+static_assert(std::size(apfellisten) == 43);
 
 } // namespace
 
@@ -92,7 +93,7 @@ void TestApfel::init()
 void TestApfel::beschreibungHatAlleListen()
 {
     QStringList verlangt, beschrieben;
-    for (const Listenzeile &zeile : listen)
+    for (const Listenzeile &zeile : apfellisten)
         verlangt += u"%1 %2 %3"_s.arg(QLatin1String(zeile.feld), QLatin1String(zeile.control), QLatin1String(zeile.titel));
     for (const Element *e : alleElemente(*fensterbeschreibung(Sparte::Apfel)))
         if (e->muster == Muster::Liste) {
@@ -109,7 +110,7 @@ void TestApfel::jedeListe_data()
     QTest::addColumn<QString>("feld");
     QTest::addColumn<QString>("control");
     QTest::addColumn<QString>("titel");
-    for (const Listenzeile &zeile : listen)
+    for (const Listenzeile &zeile : apfellisten)
         QTest::newRow(zeile.feld) << QString::fromLatin1(zeile.feld) << QString::fromLatin1(zeile.control) << QString::fromLatin1(zeile.titel);
 }
 
@@ -401,5 +402,5 @@ void TestApfel::notiz()
     probe_->klick("cmdFirst");
 }
 
-QTEST_MAIN(TestApfel)
+FLOX_TEST(tst_apfel, TestApfel)
 #include "tst_apfel.moc"

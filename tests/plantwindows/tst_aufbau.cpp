@@ -4,6 +4,7 @@
 #include "controls/Textkasten.h"
 #include "plantwindows/Elemente.h"
 #include "tests/Faelle.h"
+#include "tests/Testprogramm.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -347,5 +348,5 @@ void TestAufbau::notizMitLangerZeile()
     QVERIFY(probe.arbeitLesen(artnr, u"benu_bemerkung"_s) == lang);
 }
 
-QTEST_MAIN(TestAufbau)
+FLOX_TEST(tst_aufbau, TestAufbau)
 #include "tst_aufbau.moc"

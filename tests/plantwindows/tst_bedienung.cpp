@@ -1,6 +1,7 @@
 #include "Fensterprobe.h"
 
 #include "frame/Aussehen.h"
+#include "tests/Testprogramm.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -406,5 +407,5 @@ void TestBedienung::ordnungMitFokusInDerAuswahl()
     QCOMPARE(gezeigt, 0); // no other plant in between
 }
 
-QTEST_MAIN(TestBedienung)
+FLOX_TEST(tst_bedienung, TestBedienung)
 #include "tst_bedienung.moc"

@@ -1,5 +1,7 @@
 #include "Fensterprobe.h"
 
+#include "tests/Testprogramm.h"
+
 #include <QDir>
 #include <QElapsedTimer>
 #include <QImage>
@@ -104,5 +106,5 @@ void TestBilderordner::sechsFehlendeInGrossemOrdner()
     QVERIFY2(mit < 2 * ohne + 2 * lesen, qPrintable(u"%1 us, without %2, the folder %3"_s.arg(mit / 1000).arg(ohne / 1000).arg(lesen / 1000)));
 }
 
-QTEST_MAIN(TestBilderordner)
+FLOX_TEST(tst_bilderordner, TestBilderordner)
 #include "tst_bilderordner.moc"

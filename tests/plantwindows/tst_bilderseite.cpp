@@ -2,6 +2,7 @@
 
 #include "filters/Filterdialog.h"
 #include "pictures/frmUebersicht.h"
+#include "tests/Testprogramm.h"
 
 #include <QApplication>
 #include <QDir>
@@ -218,5 +219,5 @@ void TestBilderseite::fensterGehtBeimLaden()
     QCoreApplication::processEvents();
 }
 
-QTEST_MAIN(TestBilderseite)
+FLOX_TEST(tst_bilderseite, TestBilderseite)
 #include "tst_bilderseite.moc"

@@ -1,6 +1,7 @@
 #include "Fensterprobe.h"
 
 #include "plantwindows/Elementtexte.h"
+#include "tests/Testprogramm.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -262,5 +263,5 @@ void TestElemente::falscheBeschreibungen()
     QVERIFY2(teil.isEmpty() ? fehler.isEmpty() : fehler.contains(teil), qPrintable(u"'%1' should name '%2'"_s.arg(fehler, teil)));
 }
 
-QTEST_MAIN(TestElemente)
+FLOX_TEST(tst_elemente, TestElemente)
 #include "tst_elemente.moc"

@@ -2,6 +2,7 @@
 
 #include "plantwindows/Knopfzustaende.h"
 #include "store/Fehler.h"
+#include "tests/Testprogramm.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -683,5 +684,5 @@ void TestFensterrahmen::esPasstInsKleinsteFenster()
     QVERIFY2(klein.width() <= 1000 && klein.height() <= 620, qPrintable(u"%1 x %2"_s.arg(klein.width()).arg(klein.height())));
 }
 
-QTEST_MAIN(TestFensterrahmen)
+FLOX_TEST(tst_fensterrahmen, TestFensterrahmen)
 #include "tst_fensterrahmen.moc"

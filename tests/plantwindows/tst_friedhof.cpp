@@ -2,6 +2,7 @@
 
 #include "pictures/Bilderliste.h"
 #include "tests/Friedhofszeilen.h"
+#include "tests/Testprogramm.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -361,5 +362,5 @@ void TestFriedhof::bilderordner()
     }
 }
 
-QTEST_MAIN(TestFriedhof)
+FLOX_TEST(tst_friedhof, TestFriedhof)
 #include "tst_friedhof.moc"

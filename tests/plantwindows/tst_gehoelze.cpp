@@ -1,5 +1,7 @@
 #include "Fensterprobe.h"
 
+#include "tests/Testprogramm.h"
+
 #include <QSignalSpy>
 #include <QTest>
 
@@ -197,5 +199,5 @@ private:
     std::unique_ptr<Fensterprobe> probe_;
 };
 
-QTEST_MAIN(TestGehoelze)
+FLOX_TEST(tst_gehoelze, TestGehoelze)
 #include "tst_gehoelze.moc"

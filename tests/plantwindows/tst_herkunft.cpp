@@ -2,6 +2,7 @@
 
 #include "plantwindows/Elemente.h"
 #include "plantwindows/Gemeinsam.h"
+#include "tests/Testprogramm.h"
 
 #include <QLabel>
 #include <QTest>
@@ -226,5 +227,5 @@ void TestHerkunft::ortDesGeparktenFilters()
     QCOMPARE(friedhof.tempFilter.toString() + u"1"_s + friedhof.filterEndung.toString(), u"\\TempFilterFh1.fff"_s);
 }
 
-QTEST_MAIN(TestHerkunft)
+FLOX_TEST(tst_herkunft, TestHerkunft)
 #include "tst_herkunft.moc"

@@ -5,6 +5,7 @@
 #include "plantwindows/Gemeinsam.h"
 
 #include "controls/Bilder.h"
+#include "tests/Testprogramm.h"
 
 #include <QCheckBox>
 #include <QPointer>
@@ -17,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr Element kopf[] = {
+constexpr Element probenkopf[] = {
     {.muster = Muster::BotName, .control = "lblBotName", .feld = "BOT_NAME"},
     {.muster = Muster::DtName, .control = "lblDtName", .feld = "DTNAM", .titeltext = u"Deutscher Name:"},
 };
@@ -27,7 +28,7 @@ class Kleinfenster
 {
 public:
     Kleinfenster(Sparte sparte, std::span<const Gruppe> gruppen, std::span<const Element> tafel = {}, const QString &bilderordner = {})
-        : reiter_{u"Test", gruppen}, beschreibung_{.sparte = sparte, .kopf = kopf, .tafel = tafel, .reiter = {&reiter_, 1}}
+        : reiter_{u"Test", gruppen}, beschreibung_{.sparte = sparte, .kopf = probenkopf, .tafel = tafel, .reiter = {&reiter_, 1}}
     {
         if (const QString fehler = beschreibungsfehler(beschreibung_); !fehler.isEmpty())
             qFatal("%s", qPrintable(fehler));
@@ -260,11 +261,11 @@ void TestMuster::einBildNachStelle()
 
 namespace {
 
-constexpr Anhang anPflanzart[] = {{"immergruen", u"immergrün"}, {"giftig", u"giftig!"}};
+constexpr Anhang anArt[] = {{"immergruen", u"immergrün"}, {"giftig", u"giftig!"}};
 constexpr Anhang anHoehe[] = {{"UNSCHEINBA", u"(unscheinbar)", u" "}};
 // clang-format off
 constexpr Element mitAnhang[] = {
-    {.muster = Muster::Liste, .control = "lblPflanzart", .feld = "pflanzart", .titel = "Label36", .anhang = anPflanzart},
+    {.muster = Muster::Liste, .control = "lblPflanzart", .feld = "pflanzart", .titel = "Label36", .anhang = anArt},
     {.muster = Muster::VonBisMeter, .control = "lblBluetHoehe", .feld = "BLMINH", .feld2 = "BLMAXH", .titeltext = u"Höhe:", .titel = "labelBl",
      .einheit = u" m", .anhang = anHoehe},
 };
@@ -496,5 +497,5 @@ void TestMuster::bildMitEigenerForm()
     }
 }
 
-QTEST_MAIN(TestMuster)
+FLOX_TEST(tst_muster, TestMuster)
 #include "tst_muster.moc"

@@ -1,6 +1,7 @@
 #include "Fensterprobe.h"
 
 #include "filters/Filterdialog.h"
+#include "tests/Testprogramm.h"
 
 #include <QComboBox>
 #include <QTest>
@@ -80,5 +81,5 @@ void TestNebentabellen::familieImFilter()
     QVERIFY(probe.fenster->Anzahl > 1);
 }
 
-QTEST_MAIN(TestNebentabellen)
+FLOX_TEST(tst_nebentabellen, TestNebentabellen)
 #include "tst_nebentabellen.moc"

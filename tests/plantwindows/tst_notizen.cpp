@@ -1,6 +1,7 @@
 #include "Fensterprobe.h"
 
 #include "store/Fehler.h"
+#include "tests/Testprogramm.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -420,5 +421,5 @@ void TestNotizen::pflanzeNichtMehrInDerArbeitsdatenbank()
     QCOMPARE(gespeichert(artnr_), u"Notiz/     |(kein Datensatz)/(kein Datensatz)"_s);
 }
 
-QTEST_MAIN(TestNotizen)
+FLOX_TEST(tst_notizen, TestNotizen)
 #include "tst_notizen.moc"

@@ -1,5 +1,6 @@
 #include "Fensterprobe.h"
 #include "tests/frame/Handgriffe.h"
+#include "tests/Testprogramm.h"
 
 #include <QCheckBox>
 #include <QPlainTextEdit>
@@ -323,5 +324,5 @@ void TestNotizenSicher::ohneDatenNochZuSpeichern()
     QCOMPARE(arbeit(), u"trotzdem"_s);
 }
 
-QTEST_MAIN(TestNotizenSicher)
+FLOX_TEST(tst_notizen_sicher, TestNotizenSicher)
 #include "tst_notizen_sicher.moc"

@@ -1,5 +1,7 @@
 #include "Fensterprobe.h"
 
+#include "tests/Testprogramm.h"
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
@@ -263,5 +265,5 @@ void TestNotizenTastatur::allesOhneMaus()
     QCOMPARE(probe_->arbeitLesen(artnr_, u"benu_eigen"_s), u" 1   "_s);
 }
 
-QTEST_MAIN(TestNotizenTastatur)
+FLOX_TEST(tst_notizen_tastatur, TestNotizenTastatur)
 #include "tst_notizen_tastatur.moc"

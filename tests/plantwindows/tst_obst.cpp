@@ -1,5 +1,7 @@
 #include "Fensterprobe.h"
 
+#include "tests/Testprogramm.h"
+
 #include <QSignalSpy>
 #include <QTest>
 
@@ -9,14 +11,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Zeile
+struct Obstzeile
 {
     const char *feld, *control, *titel;
     const char *rahmen, *rahmentitel; ///< the group that closes with it
 };
 
 /// Words under a caption.
-constexpr Zeile listen[] = {
+constexpr Obstzeile obstlisten[] = {
     {"WUCHS", "lblObWuchs", "Label4", "SSFrame1", "Label38"},
     {"BLATT", "lblObBlatt", "Label5", "SSFrame1", "Label38"},
     {"FRUHOL", "lblObFruchtholz", "Label7", "SSFrame1", "Label38"},
@@ -51,9 +53,9 @@ constexpr Zeile listen[] = {
     {"LAGEIG", "lblObLagereignung", "Label32", nullptr, nullptr},
     {"LAGKRANK", "lblObLagerkrankheiten", "Label50", nullptr, nullptr},
 };
-static_assert(std::size(listen) == 33);
+static_assert(std::size(obstlisten) == 33);
 
-constexpr Zeile texte[] = {
+constexpr Obstzeile obsttexte[] = {
     {"synonym", "lblSynonyme", "LabelSyn", nullptr, nullptr},
     {"HK", "lblHerkunft", "Label2", nullptr, nullptr},
     {"ABSTAMM", "lblAbstammung", "Label8", nullptr, nullptr},
@@ -91,9 +93,9 @@ private slots:
     void nichtsBleibtStehen()
     {
         Fensterprobe::Werte voll;
-        for (const Zeile &zeile : listen)
+        for (const Obstzeile &zeile : obstlisten)
             voll[QString::fromLatin1(zeile.feld)] = u"1111111"_s;
-        for (const Zeile &zeile : texte)
+        for (const Obstzeile &zeile : obsttexte)
             voll[QString::fromLatin1(zeile.feld)] = u"Altwert"_s;
         probe_->setzen(voll);
         for (const QString &name : rahmen + ueberschriften)
@@ -101,8 +103,8 @@ private slots:
         probe_->leeren();
         for (const QString &name : rahmen + ueberschriften)
             QVERIFY2(!probe_->gezeigt(name), qPrintable(name));
-        for (const std::span<const Zeile> zeilen : {std::span<const Zeile>(listen), std::span<const Zeile>(texte)})
-            for (const Zeile &zeile : zeilen) {
+        for (const std::span<const Obstzeile> zeilen : {std::span<const Obstzeile>(obstlisten), std::span<const Obstzeile>(obsttexte)})
+            for (const Obstzeile &zeile : zeilen) {
                 QCOMPARE(probe_->text(QString::fromLatin1(zeile.control)), QString());
                 QVERIFY(!zeile.titel || !probe_->gezeigt(QString::fromLatin1(zeile.titel)));
             }
@@ -110,17 +112,17 @@ private slots:
 
     void jedeZeile_data()
     {
-        QTest::addColumn<const Zeile *>("zeile");
+        QTest::addColumn<const Obstzeile *>("zeile");
         QTest::addColumn<bool>("liste");
-        for (const Zeile &zeile : listen)
+        for (const Obstzeile &zeile : obstlisten)
             QTest::newRow(zeile.feld) << &zeile << true;
-        for (const Zeile &zeile : texte)
+        for (const Obstzeile &zeile : obsttexte)
             QTest::newRow(zeile.feld) << &zeile << false;
     }
     /// One field alone: its text, its caption, its group and the group's title; no other group.
     void jedeZeile()
     {
-        QFETCH(const Zeile *, zeile);
+        QFETCH(const Obstzeile *, zeile);
         QFETCH(bool, liste);
         const QString feld = QString::fromLatin1(zeile->feld), control = QString::fromLatin1(zeile->control);
         if (liste) {
@@ -211,5 +213,5 @@ private:
     std::unique_ptr<Fensterprobe> probe_;
 };
 
-QTEST_MAIN(TestObst)
+FLOX_TEST(tst_obst, TestObst)
 #include "tst_obst.moc"

@@ -4,6 +4,7 @@
 #include "plantwindows/Uebung.h"
 #include "plantwindows/frmPruefung.h"
 #include "store/Lernstand.h"
+#include "tests/Testprogramm.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -154,5 +155,5 @@ void TestPruefung::pruefungAbgebrochen()
     QVERIFY(!QFile::exists(standdatei(probe)));
 }
 
-QTEST_MAIN(TestPruefung)
+FLOX_TEST(tst_pruefung, TestPruefung)
 #include "tst_pruefung.moc"

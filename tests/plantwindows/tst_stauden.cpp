@@ -1,5 +1,7 @@
 #include "Fensterprobe.h"
 
+#include "tests/Testprogramm.h"
+
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
@@ -277,5 +279,5 @@ private:
     std::unique_ptr<Fensterprobe> probe_;
 };
 
-QTEST_MAIN(TestStauden)
+FLOX_TEST(tst_stauden, TestStauden)
 #include "tst_stauden.moc"

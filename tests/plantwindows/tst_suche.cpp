@@ -5,6 +5,7 @@
 #include "plantwindows/Suchliste.h"
 #include "plantwindows/frmSuche.h"
 #include "tests/store/Datenhilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QAction>
 #include <QApplication>
@@ -595,5 +596,5 @@ void TestSuche::vieleTreffer()
     QCOMPARE(form()->findChild<QLabel *>(u"lblSuche"_s)->text().section(u' ', 0, 0).toInt(), 60 + rest.section(u' ', 2, 2).toInt());
 }
 
-QTEST_MAIN(TestSuche)
+FLOX_TEST(tst_suche, TestSuche)
 #include "tst_suche.moc"

@@ -1,6 +1,7 @@
 #include "Fensterprobe.h"
 
 #include "plantwindows/Elementtexte.h"
+#include "tests/Testprogramm.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -603,5 +604,5 @@ void TestTopfpflanzen::reiter()
     QCOMPARE(titel, (QStringList{u"Blatt/Blüte"_s, u"Standort/Verwendung"_s, u"Sorten"_s, u"Krankheiten/Pflege"_s, u"Benutzer / Ausbildung"_s}));
 }
 
-QTEST_MAIN(TestTopfpflanzen)
+FLOX_TEST(tst_topfpflanzen, TestTopfpflanzen)
 #include "tst_topfpflanzen.moc"

@@ -7,6 +7,7 @@
 #include "plantwindows/frmUeben.h"
 #include "store/Lernstand.h"
 #include "store/Pfade.h"
+#include "tests/Testprogramm.h"
 
 #include <QAction>
 #include <QApplication>
@@ -633,5 +634,5 @@ void TestUeben::kleinesFenster()
     QVERIFY(!probe.fenster->namenVerdeckt());
 }
 
-QTEST_MAIN(TestUeben)
+FLOX_TEST(tst_ueben, TestUeben)
 #include "tst_ueben.moc"

@@ -1,4 +1,5 @@
 #include "plantwindows/Uebung.h"
+#include "tests/Testprogramm.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -82,5 +83,5 @@ void TestUebung::uhr()
     QCOMPARE(uhrtext(uhr.vergangen()), u"20:00"_s);
 }
 
-QTEST_GUILESS_MAIN(TestUebung)
+FLOX_TEST(tst_uebung, TestUebung)
 #include "tst_uebung.moc"

@@ -2,6 +2,7 @@
 
 #include "filters/Filterdialog.h"
 #include "plantwindows/Verlauf.h"
+#include "tests/Testprogramm.h"
 
 #include <QAction>
 #include <QApplication>
@@ -149,5 +150,5 @@ void TestVerlauf::notizBleibt()
     QCOMPARE(probe.arbeitLesen(zweite, u"benu_bemerkung"_s), u"im Schatten"_s);
 }
 
-QTEST_MAIN(TestVerlauf)
+FLOX_TEST(tst_verlauf, TestVerlauf)
 #include "tst_verlauf.moc"

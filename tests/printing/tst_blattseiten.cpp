@@ -4,6 +4,7 @@
 #include "store/Nebentabellen.h"
 #include "store/Text.h"
 #include "tests/Faelle.h"
+#include "tests/Testprogramm.h"
 
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -430,5 +431,5 @@ void TestBlattseiten::jedeSparte()
     }
 }
 
-QTEST_MAIN(TestBlattseiten)
+FLOX_TEST(tst_blattseiten, TestBlattseiten)
 #include "tst_blattseiten.moc"

@@ -1,5 +1,7 @@
 #include "Blattprobe.h"
 
+#include "tests/Testprogramm.h"
+
 #include <QSignalSpy>
 #include <QTest>
 
@@ -484,5 +486,5 @@ void TestDatenblatt::benutzernamen()
     QCOMPARE(alleZeilen(probe.blatt()), blattanfang(sparte).eintrag(label, u"im Haus, am See, im Katalog"_s).zeilen());
 }
 
-QTEST_MAIN(TestDatenblatt)
+FLOX_TEST(tst_datenblatt, TestDatenblatt)
 #include "tst_datenblatt.moc"

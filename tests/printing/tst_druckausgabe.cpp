@@ -1,5 +1,7 @@
 #include "Dialogprobe.h"
 
+#include "tests/Testprogramm.h"
+
 #include <QApplication>
 
 using namespace Qt::StringLiterals;
@@ -353,5 +355,5 @@ void TestDruckausgabe::langerTextAbgebrochen()
     QVERIFY(offen());
 }
 
-QTEST_MAIN(TestDruckausgabe)
+FLOX_TEST(tst_druckausgabe, TestDruckausgabe)
 #include "tst_druckausgabe.moc"

@@ -1,5 +1,6 @@
 #include "Druckhilfen.h"
 #include "printing/mdlDruck.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -539,5 +540,5 @@ private:
     std::shared_ptr<Datenbank> arbeit_;
 };
 
-QTEST_MAIN(TestDruckfeld)
+FLOX_TEST(tst_druckfeld, TestDruckfeld)
 #include "tst_druckfeld.moc"

@@ -3,6 +3,7 @@
 #include "printing/Kriteriendruck.h"
 #include "printing/mdlDruck.h"
 #include "tests/filters/Filterhilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -207,5 +208,5 @@ void TestDruckFriedhof::kriterien()
     QTEST(gedruckt, "zeilen");
 }
 
-QTEST_MAIN(TestDruckFriedhof)
+FLOX_TEST(tst_druckfriedhof, TestDruckFriedhof)
 #include "tst_druckfriedhof.moc"

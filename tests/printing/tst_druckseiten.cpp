@@ -1,5 +1,7 @@
 #include "Druckhilfen.h"
 
+#include "tests/Testprogramm.h"
+
 #include <QImage>
 #include <QPainter>
 #include <QTest>
@@ -468,5 +470,5 @@ private slots:
     void leereSeite() { QVERIFY(tinte(gemalt({}, 6), 6).isNull()); }
 };
 
-QTEST_MAIN(TestDruckseiten)
+FLOX_TEST(tst_druckseiten, TestDruckseiten)
 #include "tst_druckseiten.moc"

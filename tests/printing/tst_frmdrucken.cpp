@@ -1,6 +1,7 @@
 #include "Dialogprobe.h"
 
 #include "printing/mdlDruck.h"
+#include "tests/Testprogramm.h"
 
 #include <QApplication>
 #include <QGroupBox>
@@ -463,5 +464,5 @@ void TestFrmDrucken::systemdruckerNenntFreieDatei()
     QCOMPARE(boxen.gesagt, QStringList());
 }
 
-QTEST_MAIN(TestFrmDrucken)
+FLOX_TEST(tst_frmdrucken, TestFrmDrucken)
 #include "tst_frmdrucken.moc"

@@ -1,6 +1,7 @@
 #include "Druckhilfen.h"
 #include "printing/Kriteriendruck.h"
 #include "tests/filters/Filterhilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -276,7 +277,7 @@ constexpr QStringView laub[] = {u"grau", u"orange"};
 constexpr QStringView zeiten[] = {u"sommergrün", u"immergrün"};
 constexpr const char *immergruen[] = {nullptr, "immergruen"};
 // clang-format off
-constexpr Kriterium kodierte[] = {
+constexpr Kriterium kodierteKriterien[] = {
     {.pruefung = Pruefung::Flags, .titel = {}, .a = {.art = Steuerung::Option, .control = "optTyp", .anzahl = 10, .ohneWahl = true},
      .feld = "pflanzart",
      .gilt = Seite::Erste},
@@ -297,7 +298,7 @@ constexpr Kriterium kodierte[] = {
 };
 // clang-format on
 constexpr Filterbeschreibung mitKodierten{
-    .sparte = Sparte::Friedhof, .reiter = {}, .kriterien = kodierte, .zeilen = 0, .ladeFilter = {}, .speicherFilter = {}};
+    .sparte = Sparte::Friedhof, .reiter = {}, .kriterien = kodierteKriterien, .zeilen = 0, .ladeFilter = {}, .speicherFilter = {}};
 
 /// What print tells of a filter, criterion by criterion.
 class TestKriteriendruck : public QObject
@@ -679,7 +680,7 @@ private slots:
     {
         QCOMPARE(filterfehler(mitKodierten), QString());
         std::vector<Druckzeile> tabelle;
-        for (const Kriterium &k : kodierte)
+        for (const Kriterium &k : kodierteKriterien)
             tabelle.push_back({u"", k.a.control});
         Filterzustand z = ::vorgabe(mitKodierten);
         for (const auto &[kriterium, i] : {std::pair(0, 4), {1, 13}, {3, 0}, {3, 1}, {4, 0}, {4, 1}, {5, 6}})
@@ -744,5 +745,5 @@ private:
     Programm programm_;
 };
 
-QTEST_MAIN(TestKriteriendruck)
+FLOX_TEST(tst_kriteriendruck, TestKriteriendruck)
 #include "tst_kriteriendruck.moc"

@@ -1,5 +1,6 @@
 #include "printing/mdlDruck.h"
 #include "tests/Hilfen.h"
+#include "tests/Testprogramm.h"
 #include "Seitenpruefung.h"
 
 #include <QSignalSpy>
@@ -610,5 +611,5 @@ void TestListe::seitenbegrenzung()
     }
 }
 
-QTEST_MAIN(TestListe)
+FLOX_TEST(tst_liste, TestListe)
 #include "tst_liste.moc"

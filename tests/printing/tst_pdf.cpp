@@ -3,6 +3,7 @@
 #include "printing/Druckgeraet.h"
 #include "store/Fehler.h"
 #include "tests/store/Datenhilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QImage>
@@ -418,5 +419,5 @@ void TestPdf::geraetVersagt()
     QVERIFY(!seitenMalen(seiten(1), nirgends));
 }
 
-QTEST_MAIN(TestPdf)
+FLOX_TEST(tst_pdf, TestPdf)
 #include "tst_pdf.moc"

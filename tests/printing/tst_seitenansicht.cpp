@@ -1,5 +1,7 @@
 #include "Dialogprobe.h"
 
+#include "tests/Testprogramm.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QProgressDialog>
@@ -301,5 +303,5 @@ void TestSeitenansicht::ordnerDerWegIst()
     QCOMPARE(gezeigt, QDir(dateiordner()).absolutePath());
 }
 
-QTEST_MAIN(TestSeitenansicht)
+FLOX_TEST(tst_seitenansicht, TestSeitenansicht)
 #include "tst_seitenansicht.moc"

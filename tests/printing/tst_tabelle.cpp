@@ -4,6 +4,7 @@
 #include "printing/Datenblatt.h"
 #include "printing/Tabelle.h"
 #include "store/Text.h"
+#include "tests/Testprogramm.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -391,5 +392,5 @@ void TestTabelle::kopie()
     QCOMPARE(ohneLeerraum(zellen), text);
 }
 
-QTEST_MAIN(TestTabelle)
+FLOX_TEST(tst_tabelle, TestTabelle)
 #include "tst_tabelle.moc"

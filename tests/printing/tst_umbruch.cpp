@@ -1,5 +1,7 @@
 #include "Druckhilfen.h"
 
+#include "tests/Testprogramm.h"
+
 #include <QTest>
 
 #include <random>
@@ -361,5 +363,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestUmbruch)
+FLOX_TEST(tst_umbruch, TestUmbruch)
 #include "tst_umbruch.moc"

@@ -1,5 +1,7 @@
 #include "Datenhilfen.h"
 
+#include "tests/Testprogramm.h"
+
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -86,5 +88,5 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(TestAbbruch)
+FLOX_TEST(tst_abbruch, TestAbbruch)
 #include "tst_abbruch.moc"

@@ -3,6 +3,7 @@
 
 #include "store/Recordset.h"
 #include "store/Schema.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -220,5 +221,5 @@ private:
     std::shared_ptr<Datenbank> db_;
 };
 
-QTEST_GUILESS_MAIN(TestAbfrageFriedhof)
+FLOX_TEST(tst_abfrage_friedhof, TestAbfrageFriedhof)
 #include "tst_abfrage_friedhof.moc"

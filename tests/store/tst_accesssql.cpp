@@ -3,6 +3,7 @@
 
 #include "store/AccessSql.h"
 #include "store/Recordset.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -287,5 +288,5 @@ private:
     std::shared_ptr<Datenbank> db_;
 };
 
-QTEST_GUILESS_MAIN(TestAccessSql)
+FLOX_TEST(tst_accesssql, TestAccessSql)
 #include "tst_accesssql.moc"

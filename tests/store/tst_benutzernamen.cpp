@@ -4,6 +4,7 @@
 
 #include "store/Benutzernamen.h"
 #include "store/Sparten.h"
+#include "tests/Testprogramm.h"
 
 #include <QFile>
 #include <QTest>
@@ -158,5 +159,5 @@ private:
     Programm programm_;
 };
 
-QTEST_GUILESS_MAIN(TestBenutzernamen)
+FLOX_TEST(tst_benutzernamen, TestBenutzernamen)
 #include "tst_benutzernamen.moc"

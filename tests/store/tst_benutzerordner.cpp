@@ -7,6 +7,7 @@
 #include "store/Dateien.h"
 #include "store/Datenbestand.h"
 #include "store/Uebernahme.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -249,5 +250,5 @@ private:
     std::optional<QTemporaryDir> heim_;
 };
 
-QTEST_GUILESS_MAIN(TestBenutzerordner)
+FLOX_TEST(tst_benutzerordner, TestBenutzerordner)
 #include "tst_benutzerordner.moc"

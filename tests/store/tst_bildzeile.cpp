@@ -2,6 +2,7 @@
 
 #include "store/Bildzeile.h"
 #include "store/Recordset.h"
+#include "tests/Testprogramm.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -108,5 +109,5 @@ private:
     std::shared_ptr<Datenbank> db_;
 };
 
-QTEST_GUILESS_MAIN(TestBildzeile)
+FLOX_TEST(tst_bildzeile, TestBildzeile)
 #include "tst_bildzeile.moc"

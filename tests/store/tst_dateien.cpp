@@ -4,6 +4,7 @@
 #include "store/Dateien.h"
 #include "store/Fehler.h"
 #include "store/Pfade.h"
+#include "tests/Testprogramm.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -376,5 +377,5 @@ private:
     std::optional<QTemporaryDir> ordner_;
 };
 
-QTEST_GUILESS_MAIN(TestDateien)
+FLOX_TEST(tst_dateien, TestDateien)
 #include "tst_dateien.moc"

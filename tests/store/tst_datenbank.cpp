@@ -3,6 +3,7 @@
 
 #include "store/Recordset.h"
 #include "store/Schema.h"
+#include "tests/Testprogramm.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -334,5 +335,5 @@ private:
     std::shared_ptr<Datenbank> db_;
 };
 
-QTEST_GUILESS_MAIN(TestDatenbank)
+FLOX_TEST(tst_datenbank, TestDatenbank)
 #include "tst_datenbank.moc"

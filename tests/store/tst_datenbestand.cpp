@@ -6,6 +6,7 @@
 #include "store/Schema.h"
 #include "store/access/Leser.h"
 #include "tests/Faelle.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QProcess>
@@ -587,5 +588,5 @@ private:
     Programm programm_;
 };
 
-QTEST_GUILESS_MAIN(TestDatenbestand)
+FLOX_TEST(tst_datenbestand, TestDatenbestand)
 #include "tst_datenbestand.moc"

@@ -2,6 +2,7 @@
 
 #include "store/Kollation.h"
 #include "store/Recordset.h"
+#include "tests/Testprogramm.h"
 
 #include <QCoreApplication>
 #include <QProcess>
@@ -81,7 +82,7 @@ private slots:
         for (const char *name : {"LC_ALL", "LANG", "LANGUAGE"})
             umgebung.insert(QString::fromLatin1(name), sprache);
         selbst.setProcessEnvironment(umgebung);
-        selbst.start(QCoreApplication::applicationFilePath(), {u"reihenfolge"_s, u"gleich"_s});
+        selbst.start(QCoreApplication::applicationFilePath(), {u"tst_kollation"_s, u"reihenfolge"_s, u"gleich"_s});
         QVERIFY(selbst.waitForFinished(60000));
         QVERIFY2(selbst.exitStatus() == QProcess::NormalExit && selbst.exitCode() == 0, selbst.readAllStandardOutput().constData());
     }
@@ -110,5 +111,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestKollation)
+FLOX_TEST(tst_kollation, TestKollation)
 #include "tst_kollation.moc"

@@ -4,6 +4,7 @@
 
 #include "store/Laufordner.h"
 #include "store/Dateien.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QFile>
@@ -167,5 +168,5 @@ private:
     Programm programm_;
 };
 
-QTEST_GUILESS_MAIN(TestLaufordner)
+FLOX_TEST(tst_laufordner, TestLaufordner)
 #include "tst_laufordner.moc"

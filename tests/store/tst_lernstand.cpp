@@ -1,6 +1,7 @@
 #include "Dateistoerung.h"
 #include "store/Dateien.h"
 #include "store/Lernstand.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QFile>
@@ -271,5 +272,5 @@ private:
     QString pfad_;
 };
 
-QTEST_GUILESS_MAIN(TestLernstand)
+FLOX_TEST(tst_lernstand, TestLernstand)
 #include "tst_lernstand.moc"

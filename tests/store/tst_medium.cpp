@@ -1,5 +1,6 @@
 #include "store/Medium.h"
 #include "store/Pfade.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -220,5 +221,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestMedium)
+FLOX_TEST(tst_medium, TestMedium)
 #include "tst_medium.moc"

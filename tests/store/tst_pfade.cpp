@@ -1,4 +1,5 @@
 #include "store/Pfade.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -99,5 +100,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPfade)
+FLOX_TEST(tst_pfade, TestPfade)
 #include "tst_pfade.moc"

@@ -1,4 +1,5 @@
 #include "store/Schema.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -151,5 +152,5 @@ void TestPositionen::alleListenPassen()
     QVERIFY(marken > 0);
 }
 
-QTEST_GUILESS_MAIN(TestPositionen)
+FLOX_TEST(tst_positionen, TestPositionen)
 #include "tst_positionen.moc"

@@ -2,6 +2,7 @@
 
 #include "store/DatenControl.h"
 #include "store/Fehler.h"
+#include "tests/Testprogramm.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -533,5 +534,5 @@ private:
     std::shared_ptr<Datenbank> db_;
 };
 
-QTEST_GUILESS_MAIN(TestRecordset)
+FLOX_TEST(tst_recordset, TestRecordset)
 #include "tst_recordset.moc"

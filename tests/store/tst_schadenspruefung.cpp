@@ -5,6 +5,7 @@
 #include "store/Fehler.h"
 #include "store/Recordset.h"
 #include "store/Schadenspruefung.h"
+#include "tests/Testprogramm.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -151,5 +152,5 @@ private:
     std::optional<Datenordner> ordner_;
 };
 
-QTEST_GUILESS_MAIN(TestSchadenspruefung)
+FLOX_TEST(tst_schadenspruefung, TestSchadenspruefung)
 #include "tst_schadenspruefung.moc"

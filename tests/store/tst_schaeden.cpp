@@ -6,6 +6,7 @@
 #include "store/Schema.h"
 #include "store/Sparten.h"
 #include "tests/Faelle.h"
+#include "tests/Testprogramm.h"
 
 #include <QFile>
 #include <QTest>
@@ -186,5 +187,5 @@ private:
     int gelesen_ = 0, verweigert_ = 0;
 };
 
-QTEST_GUILESS_MAIN(TestSchaeden)
+FLOX_TEST(tst_schaeden, TestSchaeden)
 #include "tst_schaeden.moc"

@@ -5,6 +5,7 @@
 #include "store/Recordset.h"
 #include "store/Schema.h"
 #include "store/Sparten.h"
+#include "tests/Testprogramm.h"
 
 #include <QSet>
 #include <QTest>
@@ -288,5 +289,5 @@ private:
     std::shared_ptr<Datenbank> db_;
 };
 
-QTEST_GUILESS_MAIN(TestSchema)
+FLOX_TEST(tst_schema, TestSchema)
 #include "tst_schema.moc"

@@ -4,6 +4,7 @@
 #include "store/Dateien.h"
 #include "store/Programm.h"
 #include "store/Sicherungen.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -193,5 +194,5 @@ private:
     QDateTime zeit_;
 };
 
-QTEST_GUILESS_MAIN(TestSicherungen)
+FLOX_TEST(tst_sicherungen, TestSicherungen)
 #include "tst_sicherungen.moc"

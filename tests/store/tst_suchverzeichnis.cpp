@@ -4,6 +4,7 @@
 #include "store/Schema.h"
 #include "store/Suchbau.h"
 #include "tests/Faelle.h"
+#include "tests/Testprogramm.h"
 
 #include <QRandomGenerator>
 #include <QRegularExpression>
@@ -675,5 +676,5 @@ void TestSuchverzeichnis::auszuege()
              treffer);
 }
 
-QTEST_GUILESS_MAIN(TestSuchverzeichnis)
+FLOX_TEST(tst_suchverzeichnis, TestSuchverzeichnis)
 #include "tst_suchverzeichnis.moc"

@@ -4,6 +4,7 @@
 
 #include "store/Schema.h"
 #include "store/Teilmenge.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QFile>
@@ -192,5 +193,5 @@ private:
     std::optional<Datenordner> ordner_;
 };
 
-QTEST_GUILESS_MAIN(TestTeilmenge)
+FLOX_TEST(tst_teilmenge, TestTeilmenge)
 #include "tst_teilmenge.moc"

@@ -1,4 +1,5 @@
 #include "store/Text.h"
+#include "tests/Testprogramm.h"
 
 #include <QLocale>
 #include <QTest>
@@ -270,5 +271,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestText)
+FLOX_TEST(tst_text, TestText)
 #include "tst_text.moc"

@@ -1,5 +1,6 @@
 #include "store/Positionen.h"
 #include "store/Schema.h"
+#include "tests/Testprogramm.h"
 
 #include <QSet>
 #include <QTest>
@@ -300,5 +301,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestWertelisten)
+FLOX_TEST(tst_wertelisten, TestWertelisten)
 #include "tst_wertelisten.moc"

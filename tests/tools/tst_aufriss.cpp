@@ -2,6 +2,7 @@
 #include "tests/Hilfen.h"
 #include "tools/tafeln/Farben.h"
 #include "tools/tafeln/Tafeln.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -55,5 +56,5 @@ void TestAufriss::nichtsLiegtAufeinander()
     QCOMPARE(beschriftet, tafeln); // nothing is free of faults for being empty
 }
 
-QTEST_MAIN(TestAufriss)
+FLOX_TEST(tst_aufriss, TestAufriss)
 #include "tst_aufriss.moc"

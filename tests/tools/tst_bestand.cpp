@@ -4,6 +4,7 @@
 #include "store/Text.h"
 #include "tests/store/Datenordner.h"
 #include "tests/store/Datenhilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QRegularExpression>
 #include <QSet>
@@ -214,5 +215,5 @@ private:
     std::shared_ptr<Datenbank> db_;
 };
 
-QTEST_GUILESS_MAIN(TestBestand)
+FLOX_TEST(tst_bestand, TestBestand)
 #include "tst_bestand.moc"

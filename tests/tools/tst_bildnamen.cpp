@@ -1,5 +1,6 @@
 #include "store/Bildnamen.h"
 #include "tools/Pflanzendaten.h"
+#include "tests/Testprogramm.h"
 
 #include <QTemporaryDir>
 #include <QSignalSpy>
@@ -107,5 +108,5 @@ void TestBildnamen::doppelt()
     QCOMPARE(gemeldet, falsch);
 }
 
-QTEST_GUILESS_MAIN(TestBildnamen)
+FLOX_TEST(tst_bildnamen, TestBildnamen)
 #include "tst_bildnamen.moc"

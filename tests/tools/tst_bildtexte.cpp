@@ -1,5 +1,6 @@
 #include "store/Recordset.h"
 #include "tests/store/Datenordner.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -70,5 +71,5 @@ private:
     std::shared_ptr<Datenbank> db_;
 };
 
-QTEST_GUILESS_MAIN(TestBildtexte)
+FLOX_TEST(tst_bildtexte, TestBildtexte)
 #include "tst_bildtexte.moc"

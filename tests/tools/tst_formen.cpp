@@ -3,6 +3,7 @@
 #include "tools/tafeln/Pfad.h"
 #include "tools/tafeln/Tafel.h"
 #include "tools/tafeln/Tafelinhalt.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -404,5 +405,5 @@ void TestFormen::jedePflanzeAnders()
     QVERIFY2(gleiche.isEmpty(), qPrintable(gleiche.join(u'\n')));
 }
 
-QTEST_MAIN(TestFormen)
+FLOX_TEST(tst_formen, TestFormen)
 #include "tst_formen.moc"

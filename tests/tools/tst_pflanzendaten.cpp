@@ -2,6 +2,7 @@
 #include "store/Recordset.h"
 #include "tests/store/Datenhilfen.h"
 #include "tools/Pflanzendaten.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -278,5 +279,5 @@ private:
     std::optional<QTemporaryDir> ordner_;
 };
 
-QTEST_GUILESS_MAIN(TestPflanzendaten)
+FLOX_TEST(tst_pflanzendaten, TestPflanzendaten)
 #include "tst_pflanzendaten.moc"

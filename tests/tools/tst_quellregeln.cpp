@@ -2,6 +2,7 @@
 #include "tests/store/Datenhilfen.h"
 #include "tools/Pflanzendaten.h"
 #include "tools/tafeln/Form.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QTest>
@@ -232,5 +233,5 @@ void TestQuellregeln::gelieferte()
     QVERIFY(pflanzen > 1700);
 }
 
-QTEST_GUILESS_MAIN(TestQuellregeln)
+FLOX_TEST(tst_quellregeln, TestQuellregeln)
 #include "tst_quellregeln.moc"

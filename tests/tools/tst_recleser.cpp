@@ -1,5 +1,6 @@
 #include "tests/store/Datenhilfen.h"
 #include "tools/RecLeser.h"
+#include "tests/Testprogramm.h"
 
 #include <QTest>
 
@@ -82,5 +83,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRecLeser)
+FLOX_TEST(tst_recleser, TestRecLeser)
 #include "tst_recleser.moc"

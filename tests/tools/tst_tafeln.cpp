@@ -1,4 +1,5 @@
 #include "tests/store/Datenordner.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QImage>
@@ -134,5 +135,5 @@ void TestTafeln::ohneDatenbank()
     QVERIFY2(meldung.contains(QStringLiteral("wurde nicht gefunden")), qPrintable(meldung));
 }
 
-QTEST_MAIN(TestTafeln)
+FLOX_TEST(tst_tafeln, TestTafeln)
 #include "tst_tafeln.moc"

@@ -2,6 +2,7 @@
 #include "store/Schema.h"
 #include "tests/store/Datenordner.h"
 #include "tests/store/Datenhilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QFile>
@@ -150,5 +151,5 @@ private:
     std::optional<Datenordner> ordner_;
 };
 
-QTEST_GUILESS_MAIN(TestWerkzeuge)
+FLOX_TEST(tst_werkzeuge, TestWerkzeuge)
 #include "tst_werkzeuge.moc"

@@ -32,6 +32,7 @@ std::vector<uint8_t> bytes(const QString &pfad);
 /// 1252, "õ" and "ü" in 850.
 std::vector<uint8_t> jet3Datei();
 
+inline const accessdatei::Wert leer;
 accessdatei::Wert text(std::string_view utf8);
 accessdatei::Wert ganz(int64_t zahl);
 accessdatei::Wert komma(double zahl);

@@ -8,6 +8,7 @@
 #include "store/access/Austausch.h"
 #include "tests/store/Datenhilfen.h"
 #include "tests/store/Datenordner.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QTest>
@@ -19,12 +20,11 @@ using namespace accessdatei;
 using accessprobe::datum;
 using accessprobe::ganz;
 using accessprobe::komma;
+using accessprobe::leer;
 using accessprobe::text;
 using accessprobe::wahr;
 
 namespace {
-
-const Wert leer;
 
 /// Every row of a table or query as SQLite writes its values, with their kinds.
 QStringList abbild(Datenbank &db, const QString &tabelle)
@@ -376,5 +376,5 @@ private:
     QString datei_, ziel_;
 };
 
-QTEST_GUILESS_MAIN(TestAccessaustausch)
+FLOX_TEST(tst_accessaustausch, TestAccessaustausch)
 #include "tst_accessaustausch.moc"

@@ -3,6 +3,7 @@
 #include "store/Fehler.h"
 #include "store/access/Austausch.h"
 #include "tests/store/Datenhilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -405,5 +406,5 @@ private:
     size_t drei_ = 0, dreiZeilen_ = 0;
 };
 
-QTEST_GUILESS_MAIN(TestAccessleser)
+FLOX_TEST(tst_accessleser, TestAccessleser)
 #include "tst_accessleser.moc"

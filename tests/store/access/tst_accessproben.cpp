@@ -1,6 +1,7 @@
 #include "Accesshilfen.h"
 
 #include "store/Fehler.h"
+#include "tests/Testprogramm.h"
 
 #include <QDir>
 #include <QFile>
@@ -69,5 +70,5 @@ private:
     QString ordner_;
 };
 
-QTEST_GUILESS_MAIN(TestAccessproben)
+FLOX_TEST(tst_accessproben, TestAccessproben)
 #include "tst_accessproben.moc"

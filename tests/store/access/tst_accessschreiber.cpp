@@ -3,6 +3,7 @@
 
 #include "store/Fehler.h"
 #include "tests/store/Datenhilfen.h"
+#include "tests/Testprogramm.h"
 
 #include <QCryptographicHash>
 #include <QFile>
@@ -17,12 +18,11 @@ using namespace accessdatei;
 using accessprobe::datum;
 using accessprobe::ganz;
 using accessprobe::komma;
+using accessprobe::leer;
 using accessprobe::text;
 using accessprobe::wahr;
 
 namespace {
-
-const Wert leer;
 
 /// A table of its number, a text, a memo, a number, a day and a boolean.
 Tabellenform gemischt(const QString &name)
@@ -404,5 +404,5 @@ private:
     QString pfad_;
 };
 
-QTEST_GUILESS_MAIN(TestAccessschreiber)
+FLOX_TEST(tst_accessschreiber, TestAccessschreiber)
 #include "tst_accessschreiber.moc"
