@@ -11,8 +11,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/* The one who takes speaks first: what answers has an event loop that runs. Then comes the file, then the receipt. Who gives up waiting for
-   the greeting has sent nothing; only a file that was sent and not received in time may be opened after all. */
+/* The one who takes speaks first: what answers has an event loop that runs. Then comes the file, then the receipt. Who gives up goes, and
+   a file whose giver is gone is not opened: it has told its user that it was not done. */
 const QByteArray gruss = QByteArrayLiteral("flox 1\n"), quittung = QByteArrayLiteral("ja\n");
 constexpr QDataStream::Version fassung = QDataStream::Qt_6_0;
 constexpr qint64 laengste = 1 << 16; ///< bytes of a message; longer than any path
@@ -63,7 +63,8 @@ void Uebergabe::lesen(QLocalSocket *gast)
         return;
     }
     gast->write(quittung);
-    gast->flush();
+    if (!gast->flush())
+        return;
     gast->disconnectFromServer();
     // Opening may show boxes: not from here.
     QTimer::singleShot(0, this, [this, datei] { annehmen_(datei); });

@@ -29,5 +29,5 @@ private:
 };
 
 /// Hands a file to the run that takes at `ort`, and waits for its answer: up to `frist` where one is there, a moment where none is.
-/// False: it has not been taken. One that stopped between its greeting and its receipt may still take it later.
+/// False: it has not been taken, and will not be.
 [[nodiscard]] bool uebergeben(const QString &ort, const QString &datei, std::chrono::milliseconds frist = std::chrono::seconds(10));

@@ -51,6 +51,7 @@ class TestSperren : public QObject
 private slots:
     void init();
     void zweiterStart();
+    void ersterEndetGerade();
     void ordnerMitStrich();
     void sperreNebenDerDatenbank_data();
     void sperreNebenDerDatenbank();
@@ -78,6 +79,9 @@ private:
     };
     /// Starts the program there, by another user on demand; it runs until it is destroyed.
     Start starten(const Programmkopie &kopie, bool andererBenutzer = false);
+    Start anlassen(const Programmkopie &kopie, bool andererBenutzer = false);
+    /// Until it has said all that a start has to say.
+    static void abwarten(Start &start);
     Programmkopie kopie(const QString &name)
     {
         return Programmkopie(temp_->filePath(name), true, QCoreApplication::applicationFilePath().toStdString());
@@ -109,6 +113,13 @@ void TestSperren::init()
 
 TestSperren::Start TestSperren::starten(const Programmkopie &kopie, bool andererBenutzer)
 {
+    Start start = anlassen(kopie, andererBenutzer);
+    abwarten(start);
+    return start;
+}
+
+TestSperren::Start TestSperren::anlassen(const Programmkopie &kopie, bool andererBenutzer)
+{
     const QString heim = heim_[andererBenutzer]->path();
     Start start;
     start.prozess = std::make_unique<QProcess>();
@@ -129,13 +140,17 @@ TestSperren::Start TestSperren::starten(const Programmkopie &kopie, bool anderer
         });
     }
     start.prozess->start();
+    return start;
+}
+
+void TestSperren::abwarten(Start &start)
+{
     while (!start.prozess->canReadLine())
         if (!start.prozess->waitForReadyRead(60000))
             qFatal("The program does not start: %s", start.prozess->readAllStandardError().constData());
     QStringList antwort = QString::fromUtf8(start.prozess->readLine()).trimmed().replace(u'\r', u'\n').split(u'\v');
     start.ergebnis = Ablauf::Ergebnis(antwort.takeFirst().toInt());
     start.meldungen = antwort;
-    return start;
 }
 
 void TestSperren::zweiterStart()
@@ -152,6 +167,29 @@ void TestSperren::zweiterStart()
     erster.prozess->closeWriteChannel();
     QVERIFY(erster.prozess->waitForFinished(60000));
     QVERIFY(!QFile::exists(sperre(ordner)));
+}
+
+/// A run that does not take anything any more, but still holds its lock: the next one waits for its end and takes its place.
+void TestSperren::ersterEndetGerade()
+{
+    const Programmkopie ordner = kopie(u"a"_s);
+    QString datei;
+    {
+        const Start erster = starten(ordner);
+        const QStringList sperren = QDir(heim_[0]->path()).entryList({u"flox-*.lock"_s});
+        QCOMPARE(sperren.size(), 1);
+        datei = heim_[0]->filePath(sperren.first());
+        erster.prozess->closeWriteChannel();
+        QVERIFY(erster.prozess->waitForFinished(60000));
+    }
+    QLockFile sperre(datei);
+    QVERIFY(sperre.tryLock());
+    Start zweiter = anlassen(ordner);
+    QVERIFY(!zweiter.prozess->waitForReadyRead(1500)); // it gives up after three seconds
+    sperre.unlock();
+    abwarten(zweiter);
+    QCOMPARE(int(zweiter.ergebnis), int(Ablauf::Ergebnis::Laeuft));
+    QCOMPARE(zweiter.meldungen, QStringList());
 }
 
 void TestSperren::ordnerMitStrich()

@@ -11,6 +11,7 @@
 #include "tests/Fensterverwaltung.h"
 #include "tests/store/Rechte.h"
 
+#include <QDataStream>
 #include <QDir>
 #include <QLocalServer>
 #include <QLocalSocket>
@@ -46,6 +47,7 @@ private slots:
     void niemandDa_data();
     void niemandDa();
     void werNichtAntwortet();
+    void werAufgibt();
     void unfug_data();
     void unfug();
     void nurDerselbeBenutzer();
@@ -176,6 +178,35 @@ void TestUebergabe::werNichtAntwortet()
     QVERIFY(fremder.listen(ort() + u'2'));
     connect(&fremder, &QLocalServer::newConnection, &fremder, [&] { fremder.nextPendingConnection()->write("guten Tag\n"); });
     QVERIFY(!nebenherUebergeben(ort() + u'2', u"/x"_s));
+}
+
+/// One that stops between its greeting and its receipt: whoever has given up meanwhile is not surprised by his file later.
+void TestUebergabe::werAufgibt()
+{
+    QStringList gekommen;
+    Uebergabe nehmer(ort(), [&](const QString &eine) { gekommen += eine; });
+    std::promise<void> gegruesst, steht;
+    std::future<void> gruss = gegruesst.get_future();
+    std::future<bool> ergebnis = std::async(std::launch::async, [&, weiter = steht.get_future()] {
+        QLocalSocket geber;
+        geber.connectToServer(ort());
+        if (!geber.waitForReadyRead(20000))
+            return false;
+        gegruesst.set_value();
+        weiter.wait_for(20s);
+        QByteArray nachricht;
+        QDataStream strom(&nachricht, QIODevice::WriteOnly);
+        strom.setVersion(QDataStream::Qt_6_0);
+        strom << u"/zu spät"_s;
+        geber.write(nachricht);
+        return geber.flush();
+    });
+    QVERIFY(QTest::qWaitFor([&] { return gruss.wait_for(0s) == std::future_status::ready; }, 20000));
+    // From here on no event loop runs until the other one is gone.
+    steht.set_value();
+    QVERIFY(ergebnis.get());
+    QVERIFY(nebenherUebergeben(ort(), u"/x"_s));
+    QTRY_COMPARE(gekommen, QStringList{u"/x"_s});
 }
 
 void TestUebergabe::unfug_data()
