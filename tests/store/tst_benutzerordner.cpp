@@ -5,6 +5,7 @@
 
 #include "store/Benutzerordner.h"
 #include "store/Dateien.h"
+#include "store/Dateisperren.h"
 #include "store/Datenbestand.h"
 #include "store/Uebernahme.h"
 #include "tests/Testprogramm.h"
@@ -14,7 +15,49 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <cerrno>
+#include <cstdarg>
+#include <fcntl.h>
+#include <sqlite3.h>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A volume that knows no locks of files, as far as the engine sees it.
+class Sperrenlos
+{
+public:
+    Sperrenlos() { setzen(reinterpret_cast<sqlite3_syscall_ptr>(&ohne)); }
+    ~Sperrenlos()
+    {
+        setzen(nullptr); // the system's own
+        sperrenloseLaufwerkeDulden();
+    }
+    Sperrenlos(const Sperrenlos &) = delete;
+    Sperrenlos &operator=(const Sperrenlos &) = delete;
+
+private:
+    static int ohne(int datei, int befehl, ...)
+    {
+        va_list weitere;
+        va_start(weitere, befehl);
+        void *angabe = va_arg(weitere, void *);
+        va_end(weitere);
+        if (befehl != F_SETLK && befehl != F_GETLK)
+            return fcntl(datei, befehl, angabe);
+        errno = ENOLCK;
+        return -1;
+    }
+    static void setzen(sqlite3_syscall_ptr ruf)
+    {
+        sqlite3_vfs *schicht = sqlite3_vfs_find("unix");
+        if (!schicht || schicht->xSetSystemCall(schicht, "fcntl", ruf) != SQLITE_OK)
+            qFatal("The engine's calls cannot be exchanged.");
+    }
+};
+
+} // namespace
 
 /* A program that is installed for all, the folder of one of its users, and new data that cost him nothing. */
 class TestBenutzerordner : public QObject
@@ -94,6 +137,40 @@ private slots:
         QVERIFY(bericht.neueDaten);
         QCOMPARE(bericht.pflanzen, 1);
         QCOMPARE(bericht.ohnePflanze, QString());
+    }
+
+    /// One that knows no locks: the program's own beside the database has to do.
+    void heimOhneSperren()
+    {
+        const QString datei = eigener(u"flox-demo.mdb"_s), notiz = u"SELECT benu_bemerkung FROM Obst WHERE benu_bemerkung <> ''"_s;
+        const auto merken = [&](const QString &text) {
+            Datenbank::OpenDatabase(datei)->Execute(u"UPDATE Obst SET benu_bemerkung = ? WHERE ARTNR = (SELECT min(ARTNR) FROM Obst)"_s, {text});
+        };
+        (void)einrichten();
+        {
+            const Sperrenlos laufwerk;
+            QVERIFY(fehlerVon([&] { merken(u"geht nicht"_s); }).contains(u"von einem anderen Programm benutzt"_s));
+            sperrenloseLaufwerkeDulden();
+            merken(u"eins"_s);
+            QCOMPARE(werte(*Datenbank::OpenDatabase(datei), notiz), QStringList{u"eins"_s});
+            neueVersion();
+            const benutzerordner::Bericht bericht = einrichten();
+            QVERIFY(bericht.neueDaten);
+            QCOMPARE(bericht.pflanzen, 1);
+            QCOMPARE(werte(*Datenbank::OpenDatabase(datei), notiz), QStringList{u"eins"_s});
+        }
+        // Where there are locks, they hold: here another program's on the bytes that the engine locks.
+        QFile andere(datei);
+        QVERIFY(andere.open(QIODevice::ReadWrite));
+        struct flock sperre
+        {
+            .l_type = F_WRLCK, .l_whence = SEEK_SET, .l_start = 0x40000000, .l_len = 512, .l_pid = 0
+        };
+        QCOMPARE(fcntl(andere.handle(), F_OFD_SETLK, &sperre), 0);
+        QVERIFY(fehlerVon([&] { merken(u"zwei"_s); }).contains(u"von einem anderen Programm benutzt"_s));
+        andere.close();
+        merken(u"zwei"_s);
+        QCOMPARE(werte(*Datenbank::OpenDatabase(datei), notiz), QStringList{u"zwei"_s});
     }
 
     /// The program was moved to another place.
