@@ -32,16 +32,7 @@ constexpr Filterbeschreibung mitFormen{
 std::optional<Filterzustand> gelesen(const QStringList &zeilen)
 {
     Filterzustand zustand = vorgabe(mitFormen);
-    const bool ganz =
-        filterLesen(mitFormen, (zeilen.join(u"\r\n"_s) + u"\r\n"_s).toLatin1(), [&](int k, bool zweites, int element, int wert, const QString &text) {
-            Kriteriumzustand &kriterium = zustand.kriterien[size_t(k)];
-            Teilzustand &teil = zweites ? kriterium.b : kriterium.a;
-            if (teil.werte.empty())
-                teil.text = text;
-            else
-                teil.werte[size_t(element)] = wert;
-        });
-    return ganz ? std::optional(zustand) : std::nullopt;
+    return laden(mitFormen, (zeilen.join(u"\r\n"_s) + u"\r\n"_s).toLatin1(), zustand) ? std::optional(zustand) : std::nullopt;
 }
 
 QStringList geschrieben(const Filterzustand &zustand)
