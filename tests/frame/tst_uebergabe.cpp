@@ -85,6 +85,7 @@ private:
     }
     /// Past the splash, to the chooser or the main window.
     void starten(Ablauf &ablauf, bool hauptfenster);
+    void verkleinertStarten(Ablauf &ablauf);
     /// A filter file, as the dialog writes it.
     QString gespeichert(const QString &name, const std::function<void(Filterdialog &)> &setzen);
     /// White flowers.
@@ -328,6 +329,15 @@ void TestUebergabe::starten(Ablauf &ablauf, bool hauptfenster)
     QTRY_COMPARE(QApplication::activeWindow(), &ablauf.zentrale());
 }
 
+void TestUebergabe::verkleinertStarten(Ablauf &ablauf)
+{
+    starten(ablauf, true);
+    if (QTest::currentTestFailed())
+        return;
+    ablauf.zentrale().showMinimized();
+    QTRY_VERIFY(QApplication::activeWindow() != &ablauf.zentrale());
+}
+
 QString TestUebergabe::filterdatei()
 {
     return gespeichert(u"weiß.fft"_s,
@@ -470,11 +480,9 @@ void TestUebergabe::wasGeradeLaeuft()
 void TestUebergabe::ohneDatei()
 {
     Ablauf ablauf;
-    starten(ablauf, true);
+    verkleinertStarten(ablauf);
     if (QTest::currentTestFailed())
         return;
-    ablauf.zentrale().showMinimized();
-    QTRY_VERIFY(QApplication::activeWindow() != &ablauf.zentrale());
     zweiterStart({});
     QTRY_COMPARE(QApplication::activeWindow(), &ablauf.zentrale());
     QVERIFY(!ablauf.zentrale().isMinimized());
@@ -514,11 +522,9 @@ void TestUebergabe::wasZuBerichtigenIst()
     const QString datei =
         gespeichert(u"falsch.fft"_s, [](Filterdialog &dialog) { dialog.findChild<QLineEdit *>(u"txtMinHoehe"_s)->setText(u"hoch"_s); });
     Ablauf ablauf;
-    starten(ablauf, true);
+    verkleinertStarten(ablauf);
     if (QTest::currentTestFailed())
         return;
-    ablauf.zentrale().showMinimized();
-    QTRY_VERIFY(QApplication::activeWindow() != &ablauf.zentrale());
     Meldungsfaenger meldungen;
     zweiterStart({datei});
     QTRY_COMPARE_WITH_TIMEOUT(meldungen.texte.size(), 1, 30000);
