@@ -63,7 +63,8 @@ void Uebergabe::lesen(QLocalSocket *gast)
         return;
     }
     gast->write(quittung);
-    if (!gast->flush())
+    gast->flush();
+    if (gast->state() != QLocalSocket::ConnectedState)
         return;
     gast->disconnectFromServer();
     // Opening may show boxes: not from here.

@@ -250,8 +250,7 @@ std::string_view Anweisung::bytes(int spalte) const
 
 Datenbank::Datenbank(const QString &pfad, int schalter) : pfad_(pfad)
 {
-    static const bool geduldet = (sperrenloseLaufwerkeDulden(), true); // once, whichever thread comes first
-    Q_UNUSED(geduldet)
+    [[maybe_unused]] static const bool geduldet = (sperrenloseLaufwerkeDulden(), true); // once, whichever thread comes first
     const int ergebnis = sqlite3_open_v2(pfad.toUtf8().constData(), &db_, schalter | SQLITE_OPEN_PRIVATECACHE, nullptr);
     if (ergebnis != SQLITE_OK) {
         const auto schliessen = [](sqlite3 *db) { sqlite3_close_v2(db); };

@@ -147,11 +147,15 @@ private slots:
             Datenbank::OpenDatabase(datei)->Execute(u"UPDATE Obst SET benu_bemerkung = ? WHERE ARTNR = (SELECT min(ARTNR) FROM Obst)"_s, {text});
         };
         (void)einrichten();
+        merken(u"null"_s);
         {
             const Sperrenlos laufwerk;
             QVERIFY(fehlerVon([&] { merken(u"geht nicht"_s); }).contains(u"von einem anderen Programm benutzt"_s));
             sperrenloseLaufwerkeDulden();
+            // What a run that broke off has left is looked at by another call.
+            schreiben(datei + u"-journal"_s, QByteArray(1024, 'x'));
             merken(u"eins"_s);
+            QVERIFY(!QFile::exists(datei + u"-journal"_s));
             QCOMPARE(werte(*Datenbank::OpenDatabase(datei), notiz), QStringList{u"eins"_s});
             neueVersion();
             const benutzerordner::Bericht bericht = einrichten();
@@ -162,10 +166,7 @@ private slots:
         // Where there are locks, they hold: here another program's on the bytes that the engine locks.
         QFile andere(datei);
         QVERIFY(andere.open(QIODevice::ReadWrite));
-        struct flock sperre
-        {
-            .l_type = F_WRLCK, .l_whence = SEEK_SET, .l_start = 0x40000000, .l_len = 512, .l_pid = 0
-        };
+        struct flock sperre = {.l_type = F_WRLCK, .l_whence = SEEK_SET, .l_start = 0x40000000, .l_len = 512, .l_pid = 0};
         QCOMPARE(fcntl(andere.handle(), F_OFD_SETLK, &sperre), 0);
         QVERIFY(fehlerVon([&] { merken(u"zwei"_s); }).contains(u"von einem anderen Programm benutzt"_s));
         andere.close();
