@@ -123,18 +123,21 @@ QString hinterLinks(const QString &pfad)
 }
 
 constexpr qint64 block = 1 << 20; // bytes
+constexpr char trenner = '\0';    ///< of the targets in a note
+
+} // namespace
 
 /// Holds the note about a target while it is written. A note that cannot be kept does not hinder the writing.
-class Schreibnotiz
+class Beidatei::Notiz
 {
 public:
-    explicit Schreibnotiz(const QString &ziel) : ziel_(QFileInfo(ziel).absoluteFilePath().toUtf8())
+    explicit Notiz(const QString &ziel) : ziel_(QFileInfo(ziel).absoluteFilePath().toUtf8())
     {
         const QMutexLocker halten(&sperre());
         laufende() += ziel_;
         festhalten();
     }
-    ~Schreibnotiz()
+    ~Notiz()
     {
         const QMutexLocker halten(&sperre());
         if (!bleibt_)
@@ -143,10 +146,8 @@ public:
     }
     /// What could not be removed is left to the next run.
     void bleiben() { bleibt_ = true; }
-    Schreibnotiz(const Schreibnotiz &) = delete;
-    Schreibnotiz &operator=(const Schreibnotiz &) = delete;
-
-    static constexpr char trenner = '\0';
+    Notiz(const Notiz &) = delete;
+    Notiz &operator=(const Notiz &) = delete;
 
 private:
     static QMutex &sperre()
@@ -174,8 +175,6 @@ private:
     QByteArray ziel_;
     bool bleibt_ = false;
 };
-
-} // namespace
 
 namespace {
 
@@ -228,11 +227,6 @@ void kopiereUeber(const QString &quelle, const QString &ziel)
         return nach.error() == QFileDevice::NoError;
     });
 }
-
-class Beidatei::Notiz : public Schreibnotiz
-{
-    using Schreibnotiz::Schreibnotiz;
-};
 
 Beidatei::Beidatei(const QString &ziel)
     : gewuenscht_(ziel), ziel_(hinterLinks(ziel)), datei_(std::make_unique<QFile>()), notiz_(std::make_unique<Notiz>(ziel_))
@@ -411,7 +405,7 @@ void schreibresteFegen()
     QFile datei(schreibmerker());
     if (schreibmerker().isEmpty() || !datei.open(QIODevice::ReadOnly))
         return;
-    const QByteArrayList ziele = datei.readAll().split(Schreibnotiz::trenner);
+    const QByteArrayList ziele = datei.readAll().split(trenner);
     datei.close();
     // The name that a safe file has until it is whole; a database may have its journal with it.
     static const QRegularExpression rest(QStringLiteral("^\\.[A-Za-z]{6}(-journal)?$"));
